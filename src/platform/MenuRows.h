@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/Menu.h"
+
+#include <vector>
+
+namespace tavrel {
+
+/// Whether the Option key is held while a menu is open.
+enum class OptionKey { up, down };
+
+/// An entry stands in for the one right before it while Option is held, when it is marked as an
+/// alternate, has the same key equivalent and another modifier mask.
+[[nodiscard]] bool isAlternateOf(const MenuItem& alternate, const MenuItem& partner);
+
+/// The entries to show, in order: hidden ones left out, and of each pair of partners the one that
+/// the Option key asks for. An alternate without a partner shows like any other entry.
+[[nodiscard]] std::vector<const MenuItem*> visibleRows(const Menu& menu, OptionKey option);
+
+} // namespace tavrel

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "base/PropertyList.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+/// The kinds of data a pasteboard holds, by the names the platform gives them.
+namespace pasteboardType {
+inline constexpr const char* string = "NSStringPboardType";
+inline constexpr const char* rtf = "NSRTFPboardType";
+inline constexpr const char* rtfd = "NSRTFDPboardType";
+inline constexpr const char* html = "NSHTMLPboardType";
+inline constexpr const char* pdf = "NSPDFPboardType";
+inline constexpr const char* tiff = "NSTIFFPboardType";
+inline constexpr const char* pict = "NSPICTPboardType";
+inline constexpr const char* url = "NSURLPboardType";
+inline constexpr const char* filenames = "NSFilenamesPboardType";
+inline constexpr const char* pathFinderFilenames = "PathFinderFilenamesPboardType";
+} // namespace pasteboardType
+
+/// One pasteboard: an ordered list of types, and data for some of them.
+class Pasteboard {
+public:
+  virtual ~Pasteboard() = default;
+
+  /// In the order they were declared.
+  [[nodiscard]] virtual std::vector<std::string> types() = 0;
+
+  /// Replaces everything by these types, without data. Moves the change count.
+  virtual void declareTypes(const std::vector<std::string>& types) = 0;
+
+  /// Data of a declared type; false for a type that is not declared. Leaves the change count.
+  virtual bool setData(Bytes data, const std::string& type) = 0;
+
+  /// Nothing when the type is missing or has no data.
+  [[nodiscard]] virtual std::optional<Bytes> data(const std::string& type) = 0;
+
+  /// A string travels as its UTF-8 data, a property list as an XML property list.
+  virtual bool setString(const std::string& text, const std::string& type) = 0;
+  [[nodiscard]] virtual std::optional<std::string> string(const std::string& type) = 0;
+  virtual bool setPropertyList(const PropertyList& list, const std::string& type) = 0;
+  [[nodiscard]] virtual std::optional<PropertyList> propertyList(const std::string& type) = 0;
+
+  /// Grows whenever the contents are replaced, by whomever.
+  [[nodiscard]] virtual std::int64_t changeCount() = 0;
+};
+
+/// The pasteboards by name. A named pasteboard comes into being when it is first asked for and
+/// lives, with its contents, as long as the application.
+class Pasteboards {
+public:
+  virtual ~Pasteboards() = default;
+  [[nodiscard]] virtual Pasteboard& named(const std::string& name) = 0;
+};
+
+} // namespace tavrel
