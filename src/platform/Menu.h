@@ -29,13 +29,13 @@ enum class MenuItemState { off, on };
 
 /// One entry of a menu: plain data that a presenter shows.
 struct MenuItem {
-  std::string title;
+  std::string title{};
   MenuAction action = MenuAction::none;
-  std::string keyEquivalent;                     ///< empty: none
-  std::uint32_t keyEquivalentModifierMask = 0;   ///< interface form (base/Modifiers.h)
-  std::shared_ptr<Menu> submenu;                 ///< null: none
-  std::optional<PropertyList> representedObject; ///< a record, a path or bookmark data
-  std::optional<Image> image;
+  std::string keyEquivalent{};                     ///< empty: none
+  std::uint32_t keyEquivalentModifierMask = 0;     ///< interface form (base/Modifiers.h)
+  std::shared_ptr<Menu> submenu{};                 ///< null: none
+  std::optional<PropertyList> representedObject{}; ///< a record, a path or bookmark data
+  std::optional<Image> image{};
   MenuItemState state = MenuItemState::off;
   int indentation = 0; ///< levels
   bool hidden = false; ///< takes no part in layout or key matching

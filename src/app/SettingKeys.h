@@ -1,0 +1,23 @@
+#pragma once
+
+namespace tavrel {
+
+/// The keys of the preference domain that the application reads.
+inline constexpr const char* TVR_MenuTree = "TVR_MenuTree";
+inline constexpr const char* TVR_DoFolderBrowsing = "TVR_DoFolderBrowsing";
+inline constexpr const char* TVR_DoBrowsePackage = "TVR_DoBrowsePackage";
+inline constexpr const char* TVR_ShowRunningMenu = "TVR_ShowRunningMenu";
+inline constexpr const char* TVR_DisplayIcons = "TVR_DisplayIcons";
+inline constexpr const char* TVR_ShowRecentItems = "TVR_ShowRecentItems";
+inline constexpr const char* TVR_DoTavrelSetting = "TVR_DoTavrelSetting";
+inline constexpr const char* TVR_LongPressInterval = "TVR_LongPressInterval";
+inline constexpr const char* TVR2_EnablePopupMenu = "TVR2_EnablePopupMenu";
+inline constexpr const char* TVR2_EnableContextMenu = "TVR2_EnableContextMenu";
+inline constexpr const char* TVR2_EnableStatusMenuBar = "TVR2_EnableStatusMenuBar";
+inline constexpr const char* TVR2_PopupStartType = "TVR2_PopupStartType";
+inline constexpr const char* TVR2_PopupShortcutString = "TVR2_PopupShortcutString";
+inline constexpr const char* TVR2_PopupShortcutModifier = "TVR2_PopupShortcutModifier";
+inline constexpr const char* TVR2_PopupShortcutKeyCode = "TVR2_PopupShortcutKeyCode";
+inline constexpr const char* TVR2_OpenTerminalWithCmdKey = "TVR2_OpenTerminalWithCmdKey";
+
+} // namespace tavrel

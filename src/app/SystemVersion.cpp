@@ -1,0 +1,7 @@
+#include "app/SystemVersion.h"
+
+namespace tavrel {
+
+std::int32_t gOsVersion = 0;
+
+} // namespace tavrel

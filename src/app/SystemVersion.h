@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tavrel {
+
+/// The system's version as a BCD number, asked once at launch.
+extern std::int32_t gOsVersion;
+
+/// 10.4: recent items exist, links can be looked at without being followed.
+[[nodiscard]] inline bool hasRecentItems() {
+  return gOsVersion >= 0x1040;
+}
+
+/// 10.6: files are found again through bookmarks.
+[[nodiscard]] inline bool hasBookmarks() {
+  return gOsVersion > 0x105F;
+}
+
+} // namespace tavrel

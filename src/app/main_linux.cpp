@@ -1,0 +1,53 @@
+#include "app/CommandLine.h"
+#include "app/TVApplication.h"
+#include "app/TVController.h"
+#include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/SingleInstance.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace {
+
+/// The end of the event stream: Qt has handled every event by itself.
+class QtEvents final : public tavrel::EventTarget {
+public:
+  void sendEvent(const tavrel::Event&) override {}
+};
+
+int run(int argc, char** argv) {
+  QApplication qt(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  tavrel::SingleInstance instance;
+  if (!instance.isFirst()) {
+    std::fputs("tavrel: it is running already in this session\n", stderr);
+    return 0;
+  }
+  tavrel::LinuxDesktop desktop;
+  tavrel::installPlatform(desktop.ports());
+  QtEvents base;
+  tavrel::TVApplication application(base);
+  tavrel::TVController controller(application);
+  controller.applicationWillFinishLaunching();
+  return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const std::span<const char* const> arguments(argv + 1, static_cast<std::size_t>(argc - 1));
+  switch (tavrel::commandFromArguments(arguments)) {
+  case tavrel::Command::start:
+    return run(argc, argv);
+  case tavrel::Command::help:
+    std::fputs(tavrel::helpText().c_str(), stdout);
+    return 0;
+  case tavrel::Command::version:
+    std::puts("tavrel " TAVREL_VERSION);
+    return 0;
+  case tavrel::Command::misuse:
+    std::fputs(tavrel::helpText().c_str(), stderr);
+    return 2;
+  }
+}

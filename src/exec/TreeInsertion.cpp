@@ -1,0 +1,37 @@
+#include "app/PreferenceStore.h"
+#include "app/SettingKeys.h"
+#include "app/TVController.h"
+#include "menu/ItemRecord.h"
+#include "menu/PathHelpers.h"
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "platform/Preferences.h"
+
+namespace tavrel {
+
+namespace {
+// A kind that no record can hold still gets its place in the tree, as a record without keys.
+PropertyList recordOfFile(const std::string& path) {
+  const std::string clean = cleanedUpPath(path);
+  const std::string type = itemTypeFromPath(clean);
+  if (!isFileType(itemTypeFromName(type)))
+    return PropertyList::Dictionary{};
+  return PropertyList::Dictionary{
+      {TVR_MenuItemType, type},
+      {TVR_MenuItemTitle, platform().files.displayName(clean)},
+      {TVR_MenuItemURL, fileUrlForPath(clean)},
+      {TVR_MenuItemTree, PropertyList::Array{}},
+  };
+}
+} // namespace
+
+void TVController::insertFileItemsToPlist(const std::vector<std::string>& paths) {
+  PropertyList::Array tree = menuRootArray ? *menuRootArray->array() : PropertyList::Array{};
+  for (const std::string& path : paths)
+    tree.push_back(recordOfFile(path));
+  TVR_SetObjectForKey(tree, TVR_MenuTree);
+  platform().preferences.synchronize(preferenceDomain);
+  needToRecreateMenu = true;
+}
+
+} // namespace tavrel

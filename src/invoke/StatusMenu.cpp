@@ -1,0 +1,84 @@
+#include "app/TVApplication.h"
+#include "app/TVController.h"
+#include "base/PathString.h"
+#include "exec/ExecutingScript.h"
+#include "exec/OptionKeyFlag.h"
+#include "invoke/KeyState.h"
+#include "platform/Applications.h"
+#include "platform/Images.h"
+#include "platform/Platform.h"
+#include "selection/PrivatePasteboard.h"
+
+namespace tavrel {
+
+namespace {
+constexpr double variableLength = -1.0;
+constexpr const char* normalIcon = "TavrelBarIcon";
+constexpr const char* openIcon = "TavrelBarIcon2";
+constexpr const char* popupIcon = "TavrelBarIcon3";
+
+void setIcon(StatusItem& item, const char* name) {
+  if (const auto image = platform().images.named(name))
+    item.setImage(*image);
+}
+} // namespace
+
+void TVController::createStatusMenu() {
+  needToRecreateMenu = false;
+  statusMenu.removeAll();
+  createContextMenu(statusMenu, menuRootArray ? *menuRootArray->array() : PropertyList::Array{}, 0);
+}
+
+void TVController::activateStatusMenu() {
+  if (statusItem)
+    return;
+  statusItem = platform().statusBar.addItem(variableLength);
+  setIcon(*statusItem, normalIcon);
+  statusItem->setHighlightMode(true);
+  statusItem->setMenu(&statusMenu);
+}
+
+void TVController::deactivateStatusMenu() {
+  statusItem.reset();
+}
+
+void TVController::menuWillOpen(Menu& menu) {
+  if (&menu == &statusMenu && statusItem)
+    setIcon(*statusItem, popupPanel.visible ? popupIcon : openIcon);
+}
+
+void TVController::menuDidClose(Menu& menu) {
+  if (&menu == &statusMenu && statusItem)
+    setIcon(*statusItem, normalIcon);
+}
+
+void TVController::menuNeedsUpdate(Menu& menu) {
+  if (gExecutingScript || &menu != &statusMenu)
+    return;
+  recordFrontApplication();
+  filesSelected = isSelectionFiles();
+  if (needToRecreateMenu)
+    createStatusMenu();
+}
+
+void TVController::recordFrontApplication() {
+  const auto front = platform().applications.active();
+  const std::string path = front ? front->path.value_or("") : "";
+  hostName = deletingPathExtension(lastPathComponent(path));
+  application_.setHostName(hostName);
+}
+
+void TVController::menuItemChosen(MenuItem& item) {
+  if (item.action == MenuAction::statusMenuDidSelected)
+    statusMenuDidSelected(item);
+  else if (item.action == MenuAction::fileItemDidSelected)
+    fileItemDidSelected(item);
+}
+
+void TVController::statusMenuDidSelected(MenuItem& menuItem) {
+  sOptionKeyPressed = CheckOptionKey();
+  if (menuItem.representedObject)
+    executeItem(*menuItem.representedObject, false, &menuItem);
+}
+
+} // namespace tavrel

@@ -1,0 +1,43 @@
+#include "menu/FileVisibility.h"
+
+#include "app/SystemVersion.h"
+#include "base/PathString.h"
+#include "platform/Files.h"
+#include "platform/Platform.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <string_view>
+
+namespace tavrel {
+
+namespace {
+constexpr std::array<std::string_view, 10> systemPaths{
+    "/var",      "/tmp",         "/dev",
+    "/etc",      "/mach",        "/automount",
+    "/mach.sym", "/mach_kernel", "/Desktop Folder",
+    "/Network"};
+
+// Looking at a link instead of through it came with 10.4, as recent items did.
+FinalLink finalLink() {
+  return gOsVersion >= 0x1040 ? FinalLink::keep : FinalLink::follow;
+}
+} // namespace
+
+bool isInvisibleFile(const std::string& path) {
+  const auto information = platform().files.information(path, finalLink());
+  return information && (information->flags & itemFlag::invisible) != 0;
+}
+
+bool isHiddenSystemFile(const std::string& path) {
+  const std::string name = lastPathComponent(path);
+  assert(!name.empty());
+  if (name.starts_with('.'))
+    return true;
+  if (gOsVersion < 0x1040 && name == "Print Center.app")
+    return true;
+  return std::find(systemPaths.begin(), systemPaths.end(), path) != systemPaths.end();
+}
+
+} // namespace tavrel

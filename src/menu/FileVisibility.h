@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace tavrel {
+
+/// Whether the file carries the invisible flag; false when it cannot be asked.
+[[nodiscard]] bool isInvisibleFile(const std::string& path);
+
+/// Whether folder browsing never lists the file. The last component must not be empty: callers
+/// pass names from directory listings.
+[[nodiscard]] bool isHiddenSystemFile(const std::string& path);
+
+} // namespace tavrel

@@ -1,0 +1,77 @@
+#include "menu/MenuBuilder.h"
+
+#include "menu/ItemRecord.h"
+#include "menu/MenuTitles.h"
+#include "menu/RecordEntry.h"
+
+namespace tavrel {
+
+namespace {
+
+// One menu being filled. Levels wait in a list, not on the stack: a tree may be of any depth.
+struct Level {
+  Menu* menu;
+  const PropertyList::Array* records;
+  std::size_t next = 0;
+};
+
+RecordPlace placeOf(const std::vector<Level>& levels) {
+  RecordPlace place;
+  for (const Level& level : levels)
+    place.push_back(level.next);
+  return place;
+}
+
+Menu& addGroup(Menu& menu, const std::string& title, const PropertyList& record,
+               const MenuBuild& build) {
+  MenuItem group;
+  group.title = title;
+  group.representedObject = record;
+  group.submenu = std::make_shared<Menu>(groupMenuTitle);
+  group.submenu->delegate = build.delegate;
+  return *menu.add(std::move(group)).submenu;
+}
+
+void addRecord(std::vector<Level>& levels, const PropertyList& record, const std::string& title,
+               const MenuBuild& build) {
+  Menu& menu = *levels.back().menu;
+  const ItemType type = itemType(record);
+  if (type == ItemType::spacer) {
+    menu.addSeparator().representedObject = record;
+  } else if (type == ItemType::group) {
+    Menu& submenu = addGroup(menu, title, record, build);
+    if (const auto* children = record.arrayFor(TVR_MenuItemTree))
+      levels.push_back({&submenu, children});
+  } else {
+    addRecordEntry(menu, record, title, build);
+  }
+}
+
+} // namespace
+
+std::string recordPlaceText(const RecordPlace& place) {
+  std::string text;
+  for (std::size_t number : place)
+    text.append(text.empty() ? "" : ".").append(std::to_string(number));
+  return text;
+}
+
+std::optional<RecordPlace> buildRecords(Menu& menu, const PropertyList::Array& records,
+                                        const MenuBuild& build) {
+  std::vector<Level> levels{{&menu, &records}};
+  while (!levels.empty()) {
+    Level& level = levels.back();
+    if (level.next == level.records->size()) {
+      levels.pop_back();
+      continue;
+    }
+    const PropertyList& record = (*level.records)[level.next++];
+    const std::string* title = record.stringFor(TVR_MenuItemTitle);
+    if (!title)
+      return placeOf(levels);
+    addRecord(levels, record, *title, build);
+  }
+  return std::nullopt;
+}
+
+} // namespace tavrel

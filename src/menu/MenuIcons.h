@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Image.h"
+#include "platform/Menu.h"
+
+#include <optional>
+#include <string>
+
+namespace tavrel {
+
+/// Whether menus show icons; the setting `TVR_DisplayIcons`.
+extern bool showIcon;
+
+/// Icons shared by the submenus, 16 by 16 points.
+extern std::optional<Image> serverIcon;
+extern std::optional<Image> blankIcon;
+
+/// The controller's own icons: four of 16 by 16 points, two badges at their natural size.
+struct MenuImages {
+  std::optional<Image> servicesIcon;
+  std::optional<Image> urlIcon;
+  std::optional<Image> prefIcon;
+  std::optional<Image> addToTVRMIcon;
+  std::optional<Image> service_mark_image;
+  std::optional<Image> move_badge_image;
+};
+
+/// Loads what is still missing, by name from the resources; a missing image stays missing.
+void loadMenuImages(MenuImages& images);
+
+/// Gives an entry the icon of the file at a path, with a badge over it when there is one. An entry
+/// whose path has no icon is marked "?? " and disabled. Does nothing while icons are not shown.
+void setMenuItemIconWithBadge(MenuItem& item, const std::optional<std::string>& path,
+                              const std::optional<Image>& badge);
+void setMenuItemIcon(MenuItem& item, const std::optional<std::string>& path);
+
+/// An image with a badge over it, or the image alone when there is no badge.
+[[nodiscard]] Image badged(Image image, const std::optional<Image>& badge);
+
+} // namespace tavrel

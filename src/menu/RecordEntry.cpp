@@ -1,0 +1,98 @@
+#include "menu/RecordEntry.h"
+
+#include "app/SystemVersion.h"
+#include "base/Modifiers.h"
+#include "base/Numbers.h"
+#include "menu/ItemRecord.h"
+#include "menu/PathHelpers.h"
+#include "platform/Images.h"
+#include "platform/Platform.h"
+
+namespace tavrel {
+
+namespace {
+
+void setShortcut(MenuItem& item, const PropertyList& record) {
+  const std::string* key = record.stringFor(TVR_MenuItemShortcutString);
+  if (!key || key->empty())
+    return;
+  item.keyEquivalent = *key;
+  const PropertyList* mask = record.find(TVR_MenuItemShortcutModifier);
+  item.keyEquivalentModifierMask =
+      mask ? static_cast<std::uint32_t>(int32Value(*mask).value_or(0)) : 0;
+}
+
+void setServiceIcon(MenuItem& item, const PropertyList& record, const MenuImages& images) {
+  const std::string* provider = record.stringFor(TVR_MenuItemPath);
+  if (hasBookmarks() && provider)
+    item.image = serviceMenuIconForPath(*provider, images);
+  else
+    item.image = images.servicesIcon;
+}
+
+std::optional<Image> recordIcon(const PropertyList& record) {
+  const Bytes* data = record.dataFor(TVR_MenuItemIcon);
+  auto image = data ? platform().images.fromData(*data) : std::nullopt;
+  return image ? std::optional(resized(*std::move(image), menuIconSize)) : std::nullopt;
+}
+
+void setUrlIcon(MenuItem& item, const PropertyList& record, const MenuImages& images) {
+  item.image = record.dataFor(TVR_MenuItemIcon) ? recordIcon(record) : images.urlIcon;
+}
+
+void addFolderAlternate(Menu& menu, const MenuItem& folder, const std::string& title,
+                        const std::optional<std::string>& path, const MenuBuild& build) {
+  MenuItem alternate;
+  alternate.title = title;
+  alternate.action = MenuAction::statusMenuDidSelected;
+  alternate.representedObject = folder.representedObject;
+  alternate.keyEquivalentModifierMask = modifier::option;
+  alternate.isAlternate = true;
+  alternate.hidden = true;
+  setMenuItemIconWithBadge(alternate, path, build.images.move_badge_image);
+  menu.add(std::move(alternate));
+}
+
+bool isBrowsable(DirectoryKind kind, const MenuBuild& build) {
+  return kind == DirectoryKind::folder || (kind == DirectoryKind::package && build.browsePackage);
+}
+
+void addFileParts(Menu& menu, MenuItem& item, const std::string& title, const MenuBuild& build) {
+  const auto path = fullPathForItem(*item.representedObject);
+  setMenuItemIcon(item, path);
+  const DirectoryKind kind = path ? isDirectory(*path, CleanUp::first) : DirectoryKind::none;
+  if (build.browseFolder) {
+    if (!isBrowsable(kind, build))
+      return;
+    item.submenu = std::make_shared<Menu>(*path);
+    item.submenu->delegate = build.delegate;
+  }
+  if (kind == DirectoryKind::folder)
+    addFolderAlternate(menu, item, title, path, build);
+}
+
+} // namespace
+
+std::optional<Image> serviceMenuIconForPath(const std::string& path, const MenuImages& images) {
+  auto icon = platform().images.iconForFile(path);
+  if (!icon)
+    return std::nullopt;
+  return badged(resized(*std::move(icon), menuIconSize), images.service_mark_image);
+}
+
+void addRecordEntry(Menu& menu, const PropertyList& record, const std::string& title,
+                    const MenuBuild& build) {
+  MenuItem& item = menu.add({.title = title});
+  item.action = MenuAction::statusMenuDidSelected;
+  item.representedObject = record;
+  setShortcut(item, record);
+  const ItemType type = itemType(record);
+  if (type == ItemType::services && showIcon)
+    setServiceIcon(item, record, build.images);
+  else if (type == ItemType::url && showIcon)
+    setUrlIcon(item, record, build.images);
+  else
+    addFileParts(menu, item, title, build);
+}
+
+} // namespace tavrel

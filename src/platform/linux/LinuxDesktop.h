@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Event.h"
+#include "platform/Platform.h"
+
+#include <memory>
+
+namespace tavrel {
+
+/// The whole Linux desktop: one of each adapter, alive as long as this is.
+class LinuxDesktop final {
+public:
+  /// Needs a QApplication.
+  LinuxDesktop();
+  ~LinuxDesktop();
+  LinuxDesktop(const LinuxDesktop&) = delete;
+  LinuxDesktop& operator=(const LinuxDesktop&) = delete;
+
+  [[nodiscard]] Platform& ports() { return ports_; }
+
+private:
+  struct Adapters;
+  std::unique_ptr<Adapters> adapters_;
+  Platform ports_;
+};
+
+} // namespace tavrel

@@ -1,0 +1,20 @@
+#pragma once
+
+namespace tavrel {
+
+/// Holds the program's name on the session bus, which one process of a session can hold.
+class SingleInstance final {
+public:
+  SingleInstance();
+  ~SingleInstance();
+  SingleInstance(const SingleInstance&) = delete;
+  SingleInstance& operator=(const SingleInstance&) = delete;
+
+  /// False when another process holds the name. Without a session bus every process is the first.
+  [[nodiscard]] bool isFirst() const { return first_; }
+
+private:
+  bool first_ = true;
+};
+
+} // namespace tavrel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/memory/MemoryApplications.h"
+#include "platform/memory/MemoryBundle.h"
+#include "platform/memory/MemoryClock.h"
+#include "platform/memory/MemoryFiles.h"
+#include "platform/memory/MemoryImages.h"
+#include "platform/memory/MemoryKeyboard.h"
+#include "platform/memory/MemoryNotificationCenter.h"
+#include "platform/memory/MemoryPasteboards.h"
+#include "platform/memory/MemoryPreferences.h"
+#include "platform/memory/MemoryPresenter.h"
+#include "platform/memory/MemoryRichText.h"
+#include "platform/memory/MemorySounds.h"
+#include "platform/memory/MemoryStatusBar.h"
+#include "platform/memory/MemorySystemLog.h"
+#include "platform/memory/MemoryWorkspace.h"
+
+namespace tavrel {
+
+/// A whole desktop made of plain values, one of each adapter.
+struct MemoryDesktop {
+  MemoryApplications applications;
+  MemoryBundle bundle;
+  MemoryClock clock;
+  MemoryFiles files;
+  MemoryImages images{files};
+  MemoryKeyboard keyboard;
+  MemoryNotificationCenter notifications{Delivery::atOnce};
+  MemoryNotificationCenter distributedNotifications{Delivery::later};
+  MemoryPasteboards pasteboards;
+  MemoryPreferences preferences;
+  MemoryPresenter presenter;
+  MemoryRichText richText;
+  MemorySounds sounds;
+  MemoryStatusBar statusBar{presenter};
+  MemorySystemLog log;
+  MemoryWorkspace workspace;
+
+  Platform ports{applications, bundle,      clock,         files,
+                 images,       keyboard,    notifications, distributedNotifications,
+                 pasteboards,  preferences, presenter,     richText,
+                 sounds,       statusBar,   log,           workspace};
+};
+
+} // namespace tavrel
