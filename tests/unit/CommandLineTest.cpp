@@ -11,7 +11,9 @@ Command commandOf(const std::vector<const char*>& arguments) {
   return commandFromArguments(arguments);
 }
 
-TEST(CommandLine, NoArgumentStartsTheProgram) { EXPECT_EQ(commandOf({}), Command::start); }
+TEST(CommandLine, NoArgumentStartsTheProgram) {
+  EXPECT_EQ(commandOf({}), Command::start);
+}
 
 TEST(CommandLine, HelpAndVersionStandAlone) {
   EXPECT_EQ(commandOf({"--help"}), Command::help);
