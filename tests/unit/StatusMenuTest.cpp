@@ -1,0 +1,140 @@
+#include "support/CoreTest.h"
+
+namespace tavrel {
+namespace {
+
+class StatusMenu : public ControllerTest {
+protected:
+  StatusMenu() {
+    for (const char* name : {"TavrelBarIcon", "TavrelBarIcon2", "TavrelBarIcon3"})
+      desktop.images.control.resources[name] = {16, 16};
+    desktop.files.control.addFile("/docs/a.txt");
+    setTree({fileRecord("document file", "Letter", "file:///docs/a.txt")});
+    controller.applicationWillFinishLaunching();
+  }
+
+  std::vector<std::string> iconsShown() {
+    std::vector<std::string> names;
+    for (const Image& image : desktop.statusBar.control.items.at(0)->images)
+      names.push_back(pictureNames(image).at(0));
+    return names;
+  }
+
+  void clickWith(std::function<void(OpenMenu&)> person) {
+    desktop.presenter.control.person = std::move(person);
+    desktop.statusBar.click();
+  }
+};
+
+TEST_F(StatusMenu, ActivatingTwiceLeavesOneItem) {
+  controller.activateStatusMenu();
+  controller.activateStatusMenu();
+  EXPECT_EQ(desktop.statusBar.control.items.size(), 1U);
+}
+
+TEST_F(StatusMenu, DeactivatingWithoutAnItemIsHarmless) {
+  controller.deactivateStatusMenu();
+  controller.deactivateStatusMenu();
+  EXPECT_TRUE(desktop.statusBar.control.items.empty());
+  controller.menuWillOpen(controller.statusMenu);
+  controller.menuDidClose(controller.statusMenu);
+  controller.activateStatusMenu();
+  EXPECT_EQ(desktop.statusBar.control.items.size(), 1U);
+}
+
+TEST_F(StatusMenu, AnItemSwitchedOffStillLeavesTheMenuToThePopup) {
+  controller.deactivateStatusMenu();
+  bool opened = false;
+  desktop.presenter.control.person = [&](OpenMenu& open) {
+    opened = open.row("Letter") != nullptr;
+  };
+  desktop.presenter.popUp(controller.statusMenu, {10, 10}, MenuFont::standard);
+  EXPECT_TRUE(opened);
+}
+
+TEST_F(StatusMenu, TheIconShowsTheMenuOpenAndClosed) {
+  clickWith([this](OpenMenu&) {
+    EXPECT_THAT(iconsShown(),
+                ::testing::ElementsAre("resource TavrelBarIcon", "resource TavrelBarIcon2"));
+  });
+  EXPECT_EQ(iconsShown().back(), "resource TavrelBarIcon");
+}
+
+TEST_F(StatusMenu, TheIconTellsAPopUpFromAMenuBarOpening) {
+  controller.popupPanel.visible = true;
+  desktop.presenter.control.person = [this](OpenMenu&) {
+    EXPECT_EQ(iconsShown().back(), "resource TavrelBarIcon3");
+  };
+  desktop.presenter.popUp(controller.statusMenu, {10, 10}, MenuFont::standard);
+  EXPECT_EQ(iconsShown().back(), "resource TavrelBarIcon");
+}
+
+TEST_F(StatusMenu, ASubmenuLeavesTheIconAlone) {
+  Menu other;
+  controller.menuWillOpen(other);
+  controller.menuDidClose(other);
+  EXPECT_EQ(iconsShown().size(), 1U);
+}
+
+TEST_F(StatusMenu, OpeningRecordsTheFrontApplicationByItsFileName) {
+  desktop.applications.control.start("Editor", "/Applications/Text Edit.app");
+  clickWith(nullptr);
+  EXPECT_EQ(controller.hostName, "Text Edit");
+  EXPECT_EQ(application.hostAppName(), "Text Edit");
+}
+
+TEST_F(StatusMenu, WithoutAFrontApplicationTheHostNameIsEmpty) {
+  clickWith(nullptr);
+  EXPECT_EQ(controller.hostName, "");
+}
+
+TEST_F(StatusMenu, OpeningNoticesCapturedFiles) {
+  capture({"/docs/a.txt"}, pasteboardType::pathFinderFilenames);
+  clickWith(nullptr);
+  EXPECT_TRUE(controller.filesSelected);
+  privatePasteboard().declareTypes({pasteboardType::string});
+  clickWith(nullptr);
+  EXPECT_FALSE(controller.filesSelected);
+}
+
+TEST_F(StatusMenu, WhileAScriptRunsNothingIsPrepared) {
+  desktop.applications.control.start("Editor", "/Applications/Editor.app");
+  gExecutingScript = true;
+  controller.needToRecreateMenu = true;
+  clickWith(nullptr);
+  EXPECT_EQ(controller.hostName, "");
+  EXPECT_TRUE(controller.needToRecreateMenu);
+}
+
+TEST_F(StatusMenu, AChangedTreeIsRebuiltOnceWhenTheMenuNextOpens) {
+  controller.needToRecreateMenu = true;
+  const std::shared_ptr<MenuItem> before = controller.statusMenu.items[0];
+  clickWith(nullptr);
+  const std::shared_ptr<MenuItem> rebuilt = controller.statusMenu.items[0];
+  EXPECT_NE(rebuilt, before);
+  EXPECT_FALSE(controller.needToRecreateMenu);
+  clickWith(nullptr);
+  EXPECT_EQ(controller.statusMenu.items[0], rebuilt);
+}
+
+TEST_F(StatusMenu, RebuildingReplacesEveryEntry) {
+  const std::string before = menuText(controller.statusMenu, MenuTextDetail::everything);
+  controller.createStatusMenu();
+  EXPECT_EQ(menuText(controller.statusMenu, MenuTextDetail::everything), before);
+}
+
+TEST_F(StatusMenu, AChosenEntryReachesTheDispatcherWithoutOption) {
+  sOptionKeyPressed = true;
+  clickWith([](OpenMenu& open) { EXPECT_TRUE(open.choose({"Letter"})); });
+  EXPECT_FALSE(sOptionKeyPressed);
+  EXPECT_THAT(desktop.workspace.control.openedFiles, ::testing::ElementsAre("/docs/a.txt"));
+}
+
+TEST_F(StatusMenu, AnEntryChosenWithOptionReachesTheDispatcherWithIt) {
+  hold(keyCode::option);
+  clickWith([](OpenMenu& open) { EXPECT_TRUE(open.choose({"Letter"})); });
+  EXPECT_TRUE(sOptionKeyPressed);
+}
+
+} // namespace
+} // namespace tavrel
