@@ -1,0 +1,118 @@
+#include "platform/linux/LinuxPreferences.h"
+
+#include "base/PathString.h"
+
+#include <QLoggingCategory>
+
+#include <cstdlib>
+
+namespace tavrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(preferencesLog, "tavrel.preferences")
+
+void say(const std::string& path, const std::string& what) {
+  qCWarning(preferencesLog, "%s: %s", path.c_str(), what.c_str());
+}
+
+// A domain's name becomes a file's name: it must be able to.
+bool isFileName(const std::string& domain) {
+  return !domain.empty() && domain != "." && domain != ".." &&
+         domain.find('/') == std::string::npos && domain.find('\0') == std::string::npos;
+}
+
+std::string pathOf(const std::string& folder, const std::string& domain) {
+  return appendingPathComponent(folder, domain + ".plist");
+}
+
+PreferenceFile readAloud(const std::string& path) {
+  PreferenceFile file = readPreferenceFile(path);
+  if (!file.problem.empty())
+    say(path, file.problem + "; it counts as empty and is left alone");
+  return file;
+}
+
+void apply(PropertyList::Dictionary& values, const std::string& key,
+           const std::optional<PropertyList>& value) {
+  if (value)
+    values.insert_or_assign(key, *value);
+  else
+    values.erase(key);
+}
+
+bool makeWay(const PreferenceFile& file, const std::string& path) {
+  if (file.state == PreferenceFileState::unreadable)
+    return false;
+  if (file.state != PreferenceFileState::malformed)
+    return true;
+  const auto aside = moveAside(path);
+  say(path, aside ? "kept as " + *aside : "cannot be moved aside; nothing is written");
+  return aside.has_value();
+}
+
+bool write(const std::string& path, const PropertyList::Dictionary& values, PropertyListForm form) {
+  const auto bytes = encodePropertyList(values, form);
+  const std::string problem = bytes ? replaceFile(path, *bytes) : "nests too deep to be written";
+  if (!problem.empty())
+    say(path, problem + "; nothing is written");
+  return problem.empty();
+}
+
+} // namespace
+
+std::string preferenceFolder() {
+  const char* configured = std::getenv("XDG_CONFIG_HOME");
+  if (configured && configured[0] == '/')
+    return configured;
+  const char* home = std::getenv("HOME");
+  return appendingPathComponent(home ? home : "/", ".config");
+}
+
+LinuxPreferences::~LinuxPreferences() {
+  for (const auto& [name, domain] : domains_)
+    if (!domain.pending.empty())
+      synchronize(name);
+}
+
+LinuxPreferences::Domain& LinuxPreferences::opened(const std::string& name) {
+  const auto [place, added] = domains_.try_emplace(name);
+  if (added && isFileName(name))
+    place->second.values = readAloud(pathOf(folder_, name)).values;
+  else if (added)
+    say(name, "cannot name a preference file");
+  return place->second;
+}
+
+std::optional<PropertyList> LinuxPreferences::value(const std::string& domain,
+                                                    const std::string& key) {
+  const auto& values = opened(domain).values;
+  const auto found = values.find(key);
+  return found == values.end() ? std::nullopt : std::optional(found->second);
+}
+
+void LinuxPreferences::setValue(const std::string& domain, const std::string& key,
+                                std::optional<PropertyList> value) {
+  Domain& changed = opened(domain);
+  apply(changed.values, key, value);
+  changed.pending.insert_or_assign(key, std::move(value));
+}
+
+bool LinuxPreferences::synchronize(const std::string& name) {
+  Domain& domain = opened(name);
+  if (!isFileName(name))
+    return domain.pending.empty();
+  const std::string path = pathOf(folder_, name);
+  PreferenceFile file = readAloud(path);
+  for (const auto& [key, value] : domain.pending)
+    apply(file.values, key, value);
+  domain.values = file.values;
+  if (domain.pending.empty())
+    return true;
+  if (!makeWay(file, path) || !write(path, file.values, file.form))
+    return false;
+  domain.pending.clear();
+  return true;
+}
+
+} // namespace tavrel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Preferences.h"
+#include "platform/linux/PreferenceFile.h"
+
+#include <map>
+
+namespace tavrel {
+
+/// Domains as property-list files: NAME.plist in one folder. A file that is no property list reads
+/// as empty and is never overwritten: a write first moves it aside. Each trouble is one line on
+/// standard error.
+class LinuxPreferences final : public Preferences {
+public:
+  /// The folder need not exist yet.
+  explicit LinuxPreferences(std::string folder) : folder_(std::move(folder)) {}
+  /// Writes what is still pending.
+  ~LinuxPreferences() override;
+
+  std::optional<PropertyList> value(const std::string& domain, const std::string& key) override;
+  void setValue(const std::string& domain, const std::string& key,
+                std::optional<PropertyList> value) override;
+  bool synchronize(const std::string& domain) override;
+
+private:
+  using Changes = std::map<std::string, std::optional<PropertyList>>;
+  struct Domain {
+    PropertyList::Dictionary values;
+    Changes pending;
+  };
+  Domain& opened(const std::string& domain);
+
+  std::string folder_;
+  std::map<std::string, Domain> domains_;
+};
+
+/// $XDG_CONFIG_HOME, or ~/.config when it is not set or not absolute.
+[[nodiscard]] std::string preferenceFolder();
+
+} // namespace tavrel
