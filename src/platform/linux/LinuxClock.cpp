@@ -1,0 +1,66 @@
+#include "platform/linux/LinuxClock.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <thread>
+
+namespace tavrel {
+
+namespace {
+// From 1970-01-01 to 2001-01-01, both GMT.
+constexpr double referenceDate = 978307200.0;
+
+using Seconds = std::chrono::duration<double>;
+
+double realSeconds() {
+  return Seconds(std::chrono::system_clock::now().time_since_epoch()).count() - referenceDate;
+}
+
+std::chrono::milliseconds milliseconds(double seconds) {
+  constexpr double longest = 24 * 86400.0; // a timer of Qt counts milliseconds in 32 bits
+  return std::chrono::ceil<std::chrono::milliseconds>(Seconds(std::clamp(seconds, 0.0, longest)));
+}
+} // namespace
+
+LinuxClock::LinuxClock() : start_(std::chrono::steady_clock::now()), startSeconds_(realSeconds()) {}
+
+LinuxClock::~LinuxClock() = default;
+
+double LinuxClock::now() {
+  return startSeconds_ + Seconds(std::chrono::steady_clock::now() - start_).count();
+}
+
+void LinuxClock::sleep(double seconds) {
+  std::this_thread::sleep_for(Seconds(seconds));
+}
+
+TimerId LinuxClock::schedule(double seconds, std::function<void()> action) {
+  const TimerId id = ++last_;
+  auto timer = std::make_unique<QTimer>();
+  timer->setSingleShot(true);
+  timer->setTimerType(Qt::PreciseTimer);
+  QObject::connect(timer.get(), &QTimer::timeout, [this, id, call = std::move(action)] {
+    const auto kept = call; // the timer, and this very function, goes first
+    fire(id);
+    kept();
+  });
+  timer->start(milliseconds(seconds));
+  timers_.emplace(id, std::move(timer));
+  return id;
+}
+
+void LinuxClock::cancel(TimerId timer) {
+  timers_.erase(timer);
+}
+
+// A timer that fires is on the stack: it may only be deleted later.
+void LinuxClock::fire(TimerId timer) {
+  const auto found = timers_.find(timer);
+  if (found == timers_.end())
+    return;
+  found->second.release()->deleteLater();
+  timers_.erase(found);
+}
+
+} // namespace tavrel

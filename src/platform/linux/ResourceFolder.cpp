@@ -1,0 +1,27 @@
+#include "platform/linux/ResourceFolder.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace tavrel {
+
+namespace {
+namespace fs = std::filesystem;
+
+fs::path installedFolder() {
+  std::error_code error;
+  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  return error ? fs::path() : program.parent_path().parent_path() / "share" / "tavrel";
+}
+} // namespace
+
+std::string resourceFolder() {
+  const char* named = std::getenv("TAVREL_RESOURCES");
+  if (named && named[0] != '\0')
+    return named;
+  std::error_code ignored;
+  const fs::path installed = installedFolder();
+  return fs::is_directory(installed, ignored) ? installed.string() : TAVREL_SOURCE_RESOURCES;
+}
+
+} // namespace tavrel

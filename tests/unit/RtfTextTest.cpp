@@ -1,0 +1,56 @@
+#include "base/RtfText.h"
+
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+TEST(RtfText, TheWordsStandWithoutTheirAttributes) {
+  EXPECT_EQ(textOfRtf("{\\rtf1\\ansi{\\fonttbl{\\f0 Helvetica;}}\\f0\\fs24 Hello \\b bold\\b0 .}"),
+            "Hello bold.");
+}
+
+TEST(RtfText, ParagraphsAndTabsAreKept) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 one\\par two\\line\\tab three}"), "one\ntwo\n\tthree");
+  EXPECT_EQ(textOfRtf("{\\rtf1 one\\\ntwo\r\n}"), "one\ntwo");
+}
+
+TEST(RtfText, EscapedBracesAndBackslashesAreText) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 \\{a\\\\b\\}}"), "{a\\b}");
+}
+
+TEST(RtfText, BytesAreWindows1252) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 caf\\'e9 \\'80\\'81}"), "caf\u00E9 \u20AC\uFFFD");
+}
+
+TEST(RtfText, UnicodeCharactersReplaceWhatStandsInForThem) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 \\u8364?x}"), "\u20ACx");
+  EXPECT_EQ(textOfRtf("{\\rtf1\\uc2 \\u8364\\'3f?x}"), "\u20ACx");
+  EXPECT_EQ(textOfRtf("{\\rtf1\\uc0 \\u-10179\\u-8704 x}"), "\U0001F600x");
+  EXPECT_EQ(textOfRtf("{\\rtf1\\uc0 \\u-8704 x}"), "\uFFFDx");
+}
+
+TEST(RtfText, IgnoredGroupsAndBinaryDataAreSkipped) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 a{\\*\\unknown hidden}{\\pict\\bin3 }}}}b}"), "ab");
+}
+
+TEST(RtfText, WhatIsNoRtfHasNoWords) {
+  for (const char* text : {"", "plain", "{\\rt", "\\rtf1"})
+    EXPECT_EQ(textOfRtf(text), std::nullopt) << text;
+}
+
+TEST(RtfText, ABrokenDocumentHasTheWordsUpToThere) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 one {\\b two"), "one two");
+  EXPECT_EQ(textOfRtf("{\\rtf1 one\\"), "one");
+  EXPECT_EQ(textOfRtf("{\\rtf1 one}}}} more"), "one");
+  EXPECT_EQ(textOfRtf("{\\rtf1 \\bin99999 x"), "");
+  EXPECT_EQ(textOfRtf("{\\rtf1 \\'"), "");
+}
+
+TEST(RtfText, AHundredThousandGroupsCostNoStack) {
+  const std::string deep(100'000, '{');
+  EXPECT_EQ(textOfRtf("{\\rtf1 " + deep + "x"), "x");
+}
+
+} // namespace
+} // namespace tavrel
