@@ -1,0 +1,80 @@
+#include "platform/linux/LinuxImages.h"
+
+#include "platform/linux/FileIcons.h"
+#include "platform/linux/ImageContents.h"
+#include "platform/linux/ItemKind.h"
+#include "platform/linux/LinuxImage.h"
+
+#include <QPainter>
+
+namespace tavrel {
+
+namespace {
+/// The image in the middle of a place, as large as its proportions allow.
+void paintFitted(QPainter& painter, QSizeF place, const Image& image, qreal dpr) {
+  const QSizeF natural(image.size.width, image.size.height);
+  const QSizeF size = natural.scaled(place, Qt::KeepAspectRatio);
+  painter.translate((place.width() - size.width()) / 2, (place.height() - size.height()) / 2);
+  paintImage(painter, resized(image, {size.width(), size.height()}), dpr);
+}
+
+/// Finds its icon when it is first drawn: most entries of a long menu never are.
+class FileIconContent final : public LinuxImageContent {
+public:
+  FileIconContent(std::string path, std::shared_ptr<FileIcons> icons)
+      : path_(std::move(path)), icons_(std::move(icons)) {}
+
+  void paint(QPainter& painter, QSizeF pointSize, qreal dpr) const override {
+    if (!found_)
+      found_ = icons_->find(path_);
+    if (!found_->layers.empty())
+      paintFitted(painter, pointSize, *found_, dpr);
+  }
+
+private:
+  std::string path_;
+  std::shared_ptr<FileIcons> icons_;
+  mutable std::optional<Image> found_;
+};
+
+/// A bare desktop names no theme, or only the empty one that all others build on.
+void ensureIconTheme() {
+  const QString theme = QIcon::themeName();
+  if (theme.isEmpty() || theme == QStringLiteral("hicolor"))
+    QIcon::setThemeName(QStringLiteral("Adwaita"));
+  if (QIcon::fallbackThemeName().isEmpty() ||
+      QIcon::fallbackThemeName() == QStringLiteral("hicolor"))
+    QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+}
+
+} // namespace
+
+LinuxImages::LinuxImages(std::string resourceFolder)
+    : resourceFolder_(std::move(resourceFolder)),
+      icons_(std::make_shared<FileIcons>(resourceFolder_)) {
+  ensureIconTheme();
+}
+
+std::optional<Image> LinuxImages::named(const std::string& name) {
+  if (name.empty() || name.find('/') != std::string::npos)
+    return std::nullopt;
+  if (const auto known = named_.find(name); known != named_.end())
+    return known->second;
+  auto image = imageFromFile(resourceFolder_ + '/' + name + ".svg");
+  if (!image)
+    image = imageFromFile(resourceFolder_ + '/' + name + ".png");
+  return named_[name] = std::move(image);
+}
+
+std::optional<Image> LinuxImages::fromData(const Bytes& data) {
+  return imageFromData(
+      QByteArray(reinterpret_cast<const char*>(data.data()), static_cast<qsizetype>(data.size())));
+}
+
+std::optional<Image> LinuxImages::iconForFile(const std::string& path) {
+  if (!path.starts_with('/') || !fileStatus(path, LinkMode::follow))
+    return std::nullopt;
+  return Image{{{std::make_shared<FileIconContent>(path, icons_), menuIconSize}}, menuIconSize};
+}
+
+} // namespace tavrel
