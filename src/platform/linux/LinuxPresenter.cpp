@@ -1,0 +1,67 @@
+#include "platform/linux/LinuxPresenter.h"
+
+#include "platform/linux/MenuSession.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <cmath>
+#include <utility>
+
+namespace tavrel {
+
+namespace {
+/// The lowest row of pixels of the main screen is 0 for the ports and this for the toolkit.
+int bottomRow() {
+  return QGuiApplication::primaryScreen()->geometry().bottom();
+}
+
+int leftColumn() {
+  return QGuiApplication::primaryScreen()->geometry().left();
+}
+
+int distance(const QRect& area, QPoint point) {
+  const QPoint nearest(std::clamp(point.x(), area.left(), area.right()),
+                       std::clamp(point.y(), area.top(), area.bottom()));
+  return (point - nearest).manhattanLength();
+}
+
+/// The point itself when a screen shows it, else the nearest one that a screen shows.
+QPoint onScreen(QPoint point) {
+  const auto screens = QGuiApplication::screens();
+  const auto* nearest = *std::min_element(screens.begin(), screens.end(), [&](auto* a, auto* b) {
+    return distance(a->geometry(), point) < distance(b->geometry(), point);
+  });
+  const QRect area = nearest->geometry();
+  return {std::clamp(point.x(), area.left(), area.right()),
+          std::clamp(point.y(), area.top(), area.bottom())};
+}
+
+int pixel(double value) {
+  constexpr double farthest = 1e6;
+  return std::isnan(value) ? 0
+                           : static_cast<int>(std::lround(std::clamp(value, -farthest, farthest)));
+}
+} // namespace
+
+void LinuxPresenter::popUp(Menu& menu, Point where, MenuFont font) {
+  popUpAt(menu, {leftColumn() + pixel(where.x), bottomRow() - pixel(where.y)}, font);
+}
+
+void LinuxPresenter::popUpAt(Menu& menu, QPoint topLeft, MenuFont font) {
+  if (std::exchange(open_, true))
+    return;
+  MenuSession session(menu, font);
+  session.run(onScreen(topLeft));
+  open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
+  session.finish(target_);
+}
+
+Point LinuxPresenter::pointerLocation() {
+  const QPoint pointer = QCursor::pos();
+  return {static_cast<double>(pointer.x() - leftColumn()),
+          static_cast<double>(bottomRow() - pointer.y())};
+}
+
+} // namespace tavrel

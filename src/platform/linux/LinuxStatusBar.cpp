@@ -1,0 +1,107 @@
+#include "platform/linux/LinuxStatusBar.h"
+
+#include "platform/linux/ImageIcon.h"
+#include "platform/linux/LinuxPresenter.h"
+#include "platform/linux/NotifierItem.h"
+#include "platform/linux/TrayLog.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+#include <chrono>
+
+namespace tavrel {
+
+namespace {
+constexpr std::chrono::seconds panelStartTime{10}; ///< what a session's panel may take to come up
+
+/// Below an icon of a panel at the top; at the upper edge of an icon further down, from where a
+/// menu without room below turns upwards.
+QPoint besideIcon(const QRect& icon) {
+  const QScreen* screen = QGuiApplication::screenAt(icon.center());
+  const QRect area = screen ? screen->geometry() : icon;
+  const bool upperHalf = icon.center().y() < area.center().y();
+  return upperHalf ? QPoint(icon.left(), icon.bottom() + 1) : icon.topLeft();
+}
+
+class LinuxStatusItem final : public StatusItem {
+public:
+  explicit LinuxStatusItem(LinuxPresenter& presenter)
+      : presenter_(presenter),
+        notifier_([this] { openMenu(QCursor::pos()); }, [this] { settle(); }) {
+    QObject::connect(&settling_, &QTimer::timeout, &settling_, [this] { chooseArea(); });
+    QObject::connect(&complaint_, &QTimer::timeout, &complaint_, [this] { complainWhenUnseen(); });
+    settling_.setSingleShot(true);
+    complaint_.setSingleShot(true);
+    complaint_.start(panelStartTime);
+    settle();
+  }
+
+  void setImage(const Image& image) override {
+    icon_ = iconFromImage(image);
+    notifier_.setIcon(icon_);
+    if (tray_)
+      tray_->setIcon(icon_);
+  }
+
+  void setHighlightMode(bool) override {}
+  void setMenu(Menu* menu) override { menu_ = menu; }
+
+private:
+  void settle();
+  void chooseArea();
+  void enterTray();
+  void complainWhenUnseen();
+  void openMenu(QPoint where);
+
+  LinuxPresenter& presenter_;
+  Menu* menu_ = nullptr;
+  QIcon icon_;
+  QTimer settling_;
+  QTimer complaint_;
+  std::unique_ptr<QSystemTrayIcon> tray_;
+  NotifierItem notifier_;
+};
+
+/// Later, never inside the call that brought the news: it may come from the icon to be removed.
+void LinuxStatusItem::settle() {
+  settling_.start(0);
+}
+
+void LinuxStatusItem::chooseArea() {
+  if (notifier_.host() == NotifierHost::present)
+    tray_.reset();
+  else if (notifier_.host() == NotifierHost::noWatcher && !tray_)
+    enterTray();
+}
+
+void LinuxStatusItem::enterTray() {
+  tray_ = std::make_unique<QSystemTrayIcon>(icon_);
+  tray_->setToolTip(QStringLiteral("Tavrel"));
+  QObject::connect(tray_.get(), &QSystemTrayIcon::activated, &settling_, [this] {
+    QTimer::singleShot(0, &settling_, [this] {
+      openMenu(besideIcon(tray_ ? tray_->geometry() : QRect(QCursor::pos(), QSize())));
+    });
+  });
+  tray_->show();
+}
+
+void LinuxStatusItem::complainWhenUnseen() {
+  if (notifier_.host() != NotifierHost::present && (!tray_ || tray_->geometry().isEmpty()))
+    qCWarning(trayLog) << "no panel shows status icons: the icon appears when one is started";
+}
+
+void LinuxStatusItem::openMenu(QPoint where) {
+  if (menu_)
+    presenter_.popUpAt(*menu_, where, MenuFont::standard);
+}
+} // namespace
+
+std::unique_ptr<StatusItem> LinuxStatusBar::addItem(double) {
+  return std::make_unique<LinuxStatusItem>(presenter_);
+}
+
+} // namespace tavrel

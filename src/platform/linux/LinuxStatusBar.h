@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/StatusBar.h"
+
+namespace tavrel {
+
+class LinuxPresenter;
+
+/// Items in a StatusNotifierItem host where one runs, else in an XEmbed tray. An item moves to
+/// whichever appears, also when the panel restarts.
+class LinuxStatusBar final : public StatusBar {
+public:
+  /// The presenter shows the items' menus; it must outlive the status bar and its items.
+  explicit LinuxStatusBar(LinuxPresenter& presenter) : presenter_(presenter) {}
+
+  [[nodiscard]] std::unique_ptr<StatusItem> addItem(double length) override;
+
+private:
+  LinuxPresenter& presenter_;
+};
+
+} // namespace tavrel

@@ -1,0 +1,143 @@
+#include "platform/linux/MenuSession.h"
+
+#include "platform/linux/ServerRoundTrip.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWindow>
+
+#include <algorithm>
+#include <chrono>
+
+namespace tavrel {
+
+namespace {
+constexpr std::chrono::milliseconds grabRetry{30};
+constexpr double smallFontShare = 11.0 / 13.0; ///< small system font to menu font
+
+OptionKey optionIn(Qt::KeyboardModifiers modifiers) {
+  return modifiers.testFlag(Qt::AltModifier) ? OptionKey::down : OptionKey::up;
+}
+
+bool isModifierKey(int key) {
+  return (key >= Qt::Key_Shift && key <= Qt::Key_Alt) || key == Qt::Key_AltGr ||
+         (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R);
+}
+
+QFont menuFont(MenuFont size) {
+  QFont font = QApplication::font("QMenu");
+  if (size == MenuFont::small && font.pointSizeF() > 0)
+    font.setPointSizeF(font.pointSizeF() * smallFontShare);
+  else if (size == MenuFont::small)
+    font.setPixelSize(static_cast<int>(font.pixelSize() * smallFontShare));
+  return font;
+}
+
+std::shared_ptr<Menu> unowned(Menu& menu) {
+  return {std::shared_ptr<Menu>(), &menu};
+}
+
+void tellClosed(Menu& menu) {
+  if (menu.delegate)
+    menu.delegate->menuDidClose(menu);
+}
+} // namespace
+
+MenuSession::MenuSession(Menu& menu, MenuFont font) : root_(*this, unowned(menu)) {
+  root_.setStyle(&style_);
+  root_.setFont(menuFont(font));
+  grabTimer_.setInterval(grabRetry);
+  connect(&grabTimer_, &QTimer::timeout, this, &MenuSession::takeGrabs);
+}
+
+MenuSession::~MenuSession() = default;
+
+void MenuSession::run(QPoint topLeft) {
+  option_ = optionIn(QGuiApplication::queryKeyboardModifiers());
+  openLevel(root_);
+  setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
+  qApp->installEventFilter(this);
+  grabTimer_.start();
+  root_.exec(topLeft);
+  grabTimer_.stop();
+  qApp->removeEventFilter(this);
+  waitForServer();
+}
+
+void MenuSession::openLevel(MenuPopup& level) {
+  levels_.push_back(&level);
+  Menu& menu = level.menu();
+  if (menu.delegate)
+    menu.delegate->menuWillOpen(menu);
+  if (menu.delegate)
+    menu.delegate->menuNeedsUpdate(menu);
+  level.fill(option_);
+}
+
+void MenuSession::submenuOpens(MenuPopup& level) {
+  tellClosedLevels();
+  openLevel(level);
+}
+
+/// Whether an entry was chosen shows only when the whole menu has closed; until then nobody is
+/// told.
+void MenuSession::submenuCloses(MenuPopup& level) {
+  if (std::erase(levels_, &level) == 0)
+    return;
+  closed_.push_back(level.sharedMenu());
+  QTimer::singleShot(0, this, [this] {
+    if (root_.isVisible() && !chosen_)
+      tellClosedLevels();
+  });
+}
+
+void MenuSession::tellClosedLevels() {
+  for (const auto& menu : std::exchange(closed_, {}))
+    tellClosed(*menu);
+}
+
+void MenuSession::entryChosen(std::shared_ptr<MenuItem> item) {
+  if (!chosen_)
+    chosen_ = std::move(item);
+  root_.close();
+}
+
+void MenuSession::finish(MenuActionTarget* target) {
+  if (chosen_ && target)
+    target->menuItemChosen(*chosen_);
+  tellClosedLevels();
+  tellClosed(root_.menu());
+}
+
+bool MenuSession::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::MouseMove)
+    setOption(optionIn(static_cast<QMouseEvent*>(event)->modifiers()));
+  if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
+    return false;
+  setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
+  return isModifierKey(static_cast<QKeyEvent*>(event)->key());
+}
+
+void MenuSession::setOption(OptionKey option) {
+  if (std::exchange(option_, option) == option)
+    return;
+  for (MenuPopup* level : std::vector(levels_))
+    level->follow(option);
+}
+
+/// Another program whose own menu is open holds keyboard and pointer: ours works once it lets go.
+void MenuSession::takeGrabs() {
+  QWindow* window = root_.windowHandle();
+  if (!window || !root_.isVisible())
+    return;
+  const bool buttonsUp = !pointerButtonIsDown();
+  const bool keyboard = window->setKeyboardGrabEnabled(true);
+  window->setMouseGrabEnabled(true);
+  if (keyboard && buttonsUp) {
+    grabTimer_.stop();
+    setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
+  }
+}
+
+} // namespace tavrel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/MenuActionTarget.h"
+#include "platform/Presenter.h"
+#include "platform/linux/MenuPopup.h"
+#include "platform/linux/MenuStyle.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace tavrel {
+
+/// One menu from its opening to the end of what was chosen.
+class MenuSession final : public QObject, private MenuPopupOwner {
+public:
+  MenuSession(Menu& menu, MenuFont font);
+  ~MenuSession() override;
+
+  /// Shows the menu with its top left corner at a place of the desktop (the toolkit's coordinates)
+  /// and returns when it is gone from the screen and its grabs are released.
+  void run(QPoint topLeft);
+  /// Dispatches the chosen entry, then tells every level that it has closed.
+  void finish(MenuActionTarget* target);
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void submenuOpens(MenuPopup& level) override;
+  void submenuCloses(MenuPopup& level) override;
+  void entryChosen(std::shared_ptr<MenuItem> item) override;
+
+  void openLevel(MenuPopup& level);
+  void tellClosedLevels();
+  void setOption(OptionKey option);
+  void takeGrabs();
+
+  MenuStyle style_;
+  MenuPopup root_;
+  std::vector<MenuPopup*> levels_;            ///< those open, outermost first
+  std::vector<std::shared_ptr<Menu>> closed_; ///< and those not told so yet, innermost first
+  std::shared_ptr<MenuItem> chosen_;
+  OptionKey option_ = OptionKey::up;
+  QTimer grabTimer_;
+};
+
+} // namespace tavrel
