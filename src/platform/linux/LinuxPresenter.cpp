@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -46,14 +47,15 @@ int pixel(double value) {
 } // namespace
 
 void LinuxPresenter::popUp(Menu& menu, Point where, MenuFont font) {
-  popUpAt(menu, {leftColumn() + pixel(where.x), bottomRow() - pixel(where.y)}, font);
+  const QPoint topLeft(leftColumn() + pixel(where.x), bottomRow() - pixel(where.y));
+  popUpBeside(menu, QRect(topLeft, QSize(0, 0)), font);
 }
 
-void LinuxPresenter::popUpAt(Menu& menu, QPoint topLeft, MenuFont font) {
+void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font) {
   if (std::exchange(open_, true))
     return;
   MenuSession session(menu, font);
-  session.run(onScreen(topLeft));
+  session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
   open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
   session.finish(target_);
 }

@@ -2,7 +2,7 @@
 
 #include "platform/Presenter.h"
 
-#include <QPoint>
+#include <QRect>
 
 namespace tavrel {
 
@@ -12,8 +12,8 @@ public:
   void popUp(Menu& menu, Point where, MenuFont font) override;
   [[nodiscard]] Point pointerLocation() override;
 
-  /// `popUp` at a place in the toolkit's coordinates (origin at the top left).
-  void popUpAt(Menu& menu, QPoint topLeft, MenuFont font);
+  /// `popUp` beside an anchor in the toolkit's coordinates (origin at the top left).
+  void popUpBeside(Menu& menu, const QRect& anchor, MenuFont font);
 
 private:
   MenuActionTarget* target_ = nullptr;

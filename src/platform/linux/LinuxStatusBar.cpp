@@ -6,8 +6,7 @@
 #include "platform/linux/TrayLog.h"
 
 #include <QCursor>
-#include <QGuiApplication>
-#include <QScreen>
+#include <QRect>
 #include <QSystemTrayIcon>
 #include <QTimer>
 
@@ -18,20 +17,14 @@ namespace tavrel {
 namespace {
 constexpr std::chrono::seconds panelStartTime{10}; ///< what a session's panel may take to come up
 
-/// Below an icon of a panel at the top; at the upper edge of an icon further down, from where a
-/// menu without room below turns upwards.
-QPoint besideIcon(const QRect& icon) {
-  const QScreen* screen = QGuiApplication::screenAt(icon.center());
-  const QRect area = screen ? screen->geometry() : icon;
-  const bool upperHalf = icon.center().y() < area.center().y();
-  return upperHalf ? QPoint(icon.left(), icon.bottom() + 1) : icon.topLeft();
+QRect pointer() {
+  return {QCursor::pos(), QSize(0, 0)};
 }
 
 class LinuxStatusItem final : public StatusItem {
 public:
   explicit LinuxStatusItem(LinuxPresenter& presenter)
-      : presenter_(presenter),
-        notifier_([this] { openMenu(QCursor::pos()); }, [this] { settle(); }) {
+      : presenter_(presenter), notifier_([this] { openMenu(pointer()); }, [this] { settle(); }) {
     QObject::connect(&settling_, &QTimer::timeout, &settling_, [this] { chooseArea(); });
     QObject::connect(&complaint_, &QTimer::timeout, &complaint_, [this] { complainWhenUnseen(); });
     settling_.setSingleShot(true);
@@ -55,7 +48,7 @@ private:
   void chooseArea();
   void enterTray();
   void complainWhenUnseen();
-  void openMenu(QPoint where);
+  void openMenu(const QRect& anchor);
 
   LinuxPresenter& presenter_;
   Menu* menu_ = nullptr;
@@ -82,9 +75,7 @@ void LinuxStatusItem::enterTray() {
   tray_ = std::make_unique<QSystemTrayIcon>(icon_);
   tray_->setToolTip(QStringLiteral("Tavrel"));
   QObject::connect(tray_.get(), &QSystemTrayIcon::activated, &settling_, [this] {
-    QTimer::singleShot(0, &settling_, [this] {
-      openMenu(besideIcon(tray_ ? tray_->geometry() : QRect(QCursor::pos(), QSize())));
-    });
+    QTimer::singleShot(0, &settling_, [this] { openMenu(tray_ ? tray_->geometry() : pointer()); });
   });
   tray_->show();
 }
@@ -94,9 +85,9 @@ void LinuxStatusItem::complainWhenUnseen() {
     qCWarning(trayLog) << "no panel shows status icons: the icon appears when one is started";
 }
 
-void LinuxStatusItem::openMenu(QPoint where) {
+void LinuxStatusItem::openMenu(const QRect& anchor) {
   if (menu_)
-    presenter_.popUpAt(*menu_, where, MenuFont::standard);
+    presenter_.popUpBeside(*menu_, anchor, MenuFont::standard);
 }
 } // namespace
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -38,6 +39,18 @@ std::shared_ptr<Menu> unowned(Menu& menu) {
   return {std::shared_ptr<Menu>(), &menu};
 }
 
+/// Below the anchor where there is room, else above it, else as far up as it must go.
+QPoint placeFor(QSize menu, const QRect& anchor) {
+  const QScreen* screen = QGuiApplication::screenAt(anchor.topLeft());
+  const QRect area = screen ? screen->availableGeometry() : anchor;
+  const int above = anchor.top() - menu.height();
+  const int lowest = area.bottom() + 1 - menu.height();
+  const int rightmost = area.right() + 1 - menu.width();
+  const int below = anchor.top() + anchor.height();
+  return {std::max(area.left(), std::min(anchor.left(), rightmost)),
+          below <= lowest ? below : std::max(area.top(), above >= area.top() ? above : lowest)};
+}
+
 void tellClosed(Menu& menu) {
   if (menu.delegate)
     menu.delegate->menuDidClose(menu);
@@ -53,13 +66,13 @@ MenuSession::MenuSession(Menu& menu, MenuFont font) : root_(*this, unowned(menu)
 
 MenuSession::~MenuSession() = default;
 
-void MenuSession::run(QPoint topLeft) {
+void MenuSession::run(const QRect& anchor) {
   option_ = optionIn(QGuiApplication::queryKeyboardModifiers());
   openLevel(root_);
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
   qApp->installEventFilter(this);
   grabTimer_.start();
-  root_.exec(topLeft);
+  root_.exec(placeFor(root_.sizeHint(), anchor));
   grabTimer_.stop();
   qApp->removeEventFilter(this);
   waitForServer();

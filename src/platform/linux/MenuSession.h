@@ -16,9 +16,9 @@ public:
   MenuSession(Menu& menu, MenuFont font);
   ~MenuSession() override;
 
-  /// Shows the menu with its top left corner at a place of the desktop (the toolkit's coordinates)
-  /// and returns when it is gone from the screen and its grabs are released.
-  void run(QPoint topLeft);
+  /// Shows the menu below an anchor (a point is an anchor without a size) or, without room there,
+  /// above it; returns when it is gone from the screen and its grabs are released.
+  void run(const QRect& anchor);
   /// Dispatches the chosen entry, then tells every level that it has closed.
   void finish(MenuActionTarget* target);
 

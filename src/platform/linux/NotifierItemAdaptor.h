@@ -2,7 +2,6 @@
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusArgument>
-#include <QDBusObjectPath>
 #include <QIcon>
 #include <QList>
 
@@ -49,7 +48,6 @@ class NotifierItemAdaptor final : public QDBusAbstractAdaptor {
   Q_PROPERTY(QString AttentionMovieName READ none)
   Q_PROPERTY(tavrel::NotifierToolTip ToolTip READ toolTip)
   Q_PROPERTY(bool ItemIsMenu READ itemIsMenu)
-  Q_PROPERTY(QDBusObjectPath Menu READ menu)
 
 public:
   NotifierItemAdaptor(QObject* item, std::function<void()> activated);
@@ -81,8 +79,6 @@ private:
   [[nodiscard]] NotifierPixmaps noPixmaps() const { return {}; }
   [[nodiscard]] NotifierToolTip toolTip() const { return {{}, {}, title(), {}}; }
   [[nodiscard]] bool itemIsMenu() const { return false; }
-  [[nodiscard]] QDBusObjectPath menu() const { return QDBusObjectPath("/NO_DBUSMENU"); }
-
   std::function<void()> activated_;
   NotifierPixmaps pixmaps_;
 };
