@@ -1,5 +1,5 @@
 #include "base/Modifiers.h"
-#include "platform/linux/LinuxImage.h"
+#include "platform/linux/LinuxImages.h"
 #include "platform/linux/LinuxPresenter.h"
 #include "platform/linux/LinuxStatusBar.h"
 
@@ -16,10 +16,9 @@
 namespace tavrel {
 namespace {
 
-Image picture(const char* svg, Size size) {
-  auto content = std::make_shared<StubContent>();
-  content->svg = svg;
-  return {{{content, size}}, size};
+Image picture(std::string_view svg, Size size) {
+  static LinuxImages images{std::string()};
+  return resized(images.fromData(Bytes(svg.begin(), svg.end())).value_or(Image{}), size);
 }
 
 Image document() {
