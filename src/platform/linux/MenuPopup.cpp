@@ -184,8 +184,11 @@ void MenuPopup::mouseReleaseEvent(QMouseEvent* event) {
     QMenu::mouseReleaseEvent(event);
 }
 
-/// A submenu opens as its key goes up: what fills it may look whether a key is down.
+/// A submenu opens as its key goes up: what fills it may look whether a key is down. Escape closes
+/// with Option held, too.
 void MenuPopup::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    return pressKey(Qt::Key_Escape);
   const QAction* action = activeAction();
   const bool submenu = action && action->isEnabled() && action->menu();
   if (!submenu || !isOpeningKey(event->key()))
@@ -201,7 +204,11 @@ void MenuPopup::keyReleaseEvent(QKeyEvent* event) {
   const bool sideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
   if (!sideways && choose(activeAction()))
     return;
-  QKeyEvent press(QEvent::KeyPress, event->key(), event->modifiers());
+  pressKey(event->key());
+}
+
+void MenuPopup::pressKey(int key) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
   QMenu::keyPressEvent(&press);
 }
 

@@ -59,6 +59,7 @@ private:
   [[nodiscard]] MenuPopup* submenuOf(const MenuItem& item);
   [[nodiscard]] std::shared_ptr<MenuItem> itemOf(const QAction* action) const;
   [[nodiscard]] bool isOpeningKey(int key) const;
+  void pressKey(int key);
   bool choose(const QAction* action);
 
   MenuPopupOwner& owner_;

@@ -1,0 +1,203 @@
+#include "contract/StatusBarContract.h"
+#include "platform/linux/LinuxImages.h"
+#include "platform/linux/LinuxPresenter.h"
+#include "platform/linux/LinuxStatusBar.h"
+#include "support/Desktop.h"
+#include "support/Panels.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QPixmap>
+#include <QScreen>
+#include <QTimer>
+
+namespace tavrel {
+namespace {
+
+constexpr QRgb colours[] = {0xFFFF0080, 0xFF00FF40};
+
+Image plainPicture(QRgb colour) {
+  const auto svg = QStringLiteral("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 16 16'>"
+                                  "<rect width='16' height='16' fill='#%1'/></svg>")
+                       .arg(colour & 0xFFFFFF, 6, 16, QLatin1Char('0'))
+                       .toUtf8();
+  LinuxImages images{std::string()};
+  return images.fromData(Bytes(svg.begin(), svg.end())).value_or(Image{});
+}
+
+QRect colouredArea(QRgb colour) {
+  const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+  QRect area;
+  for (int y = 0; y < screen.height(); ++y)
+    for (int x = 0; x < screen.width(); ++x)
+      if (screen.pixel(x, y) == colour)
+        area |= QRect(x, y, 1, 1);
+  return area;
+}
+
+bool isOpen() {
+  return QApplication::activePopupWidget() != nullptr;
+}
+
+void press(const char* key) {
+  handle({QStringLiteral("key"), QString::fromLatin1(key)});
+}
+
+/// A person with a pointer who finds the item by its colour.
+class PanelWorld {
+public:
+  PanelWorld() {
+    handle({QStringLiteral("mousemove"), QStringLiteral("640"), QStringLiteral("400")});
+    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { act(); });
+    watch_.start(5);
+  }
+
+  StatusBar& statusBar() { return statusBar_; }
+  Presenter& presenter() { return presenter_; }
+  Image picture(std::size_t which) { return plainPicture(colours[which]); }
+  bool shows(std::size_t which) {
+    return eventually([&] { return !colouredArea(colours[which]).isEmpty(); });
+  }
+  bool isEmpty() {
+    return eventually([] { return colouredArea(colours[0]).isEmpty(); });
+  }
+  void click(int button = 1) { choose({}, button); }
+  void choose(const std::string& title, int button = 1) {
+    title_ = QString::fromStdString(title);
+    const int before = closed_;
+    const QPoint place = colouredArea(colours[0]).center();
+    handle({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
+            QStringLiteral("click"), QString::number(button)});
+    EXPECT_TRUE(eventually([&] { return closed_ > before; })) << "no menu opened";
+  }
+
+  std::function<void()> whileOpen = [] {};
+
+private:
+  void act() {
+    if (!isOpen() || acting_)
+      return;
+    acting_ = true;
+    whileOpen();
+    if (!title_.isEmpty())
+      press("Down");
+    press(title_.isEmpty() ? "Escape" : "Return");
+    EXPECT_TRUE(eventually([] { return !isOpen(); }));
+    acting_ = false;
+    QTimer::singleShot(0, &watch_, [this] { ++closed_; });
+  }
+
+  LinuxPresenter presenter_;
+  LinuxStatusBar statusBar_{presenter_};
+  QTimer watch_;
+  QString title_;
+  int closed_ = 0;
+  bool acting_ = false;
+};
+
+/// A panel that knows the old tray alone.
+class TrayWorld : public PanelWorld {
+  TrayPanel panel_;
+};
+
+/// A panel that is a host of notifier items.
+class HostWorld : public PanelWorld {
+  HostPanel panel_;
+};
+
+using Worlds = ::testing::Types<TrayWorld, HostWorld>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, StatusBarContract, Worlds);
+
+class PanelsComeAndGo : public ::testing::Test {
+protected:
+  PanelsComeAndGo() {
+    menu.delegate = &diary;
+    MenuItem& open = menu.add({});
+    open.title = "Open";
+    item = world.statusBar().addItem(-1.0);
+    item->setImage(world.picture(0));
+    item->setMenu(&menu);
+  }
+  void expectClickable() {
+    EXPECT_TRUE(world.shows(0));
+    diary.lines.clear();
+    world.click();
+    EXPECT_EQ(diary.lines.size(), 3U);
+  }
+
+  MenuDiary diary;
+  Menu menu{"menu"};
+  PanelWorld world;
+  std::unique_ptr<StatusItem> item;
+};
+
+TEST_F(PanelsComeAndGo, TheItemWaitsForATray) {
+  EXPECT_TRUE(world.isEmpty());
+  const TrayPanel panel;
+  expectClickable();
+}
+
+TEST_F(PanelsComeAndGo, TheItemComesBackWhenTheTrayRestarts) {
+  {
+    const TrayPanel panel;
+    expectClickable();
+  }
+  EXPECT_TRUE(world.isEmpty());
+  const TrayPanel panel;
+  expectClickable();
+}
+
+TEST_F(PanelsComeAndGo, TheItemWaitsForAHost) {
+  EXPECT_TRUE(world.isEmpty());
+  const HostPanel panel;
+  expectClickable();
+}
+
+TEST_F(PanelsComeAndGo, TheItemComesBackWhenTheHostRestarts) {
+  {
+    const HostPanel panel;
+    expectClickable();
+  }
+  EXPECT_TRUE(world.isEmpty());
+  const HostPanel panel;
+  expectClickable();
+}
+
+TEST_F(PanelsComeAndGo, TheItemMovesToAHostThatAppearsAndBackToTheTray) {
+  const TrayPanel tray;
+  expectClickable();
+  const int middle = QGuiApplication::primaryScreen()->geometry().center().y();
+  EXPECT_GT(colouredArea(colours[0]).top(), middle);
+  {
+    const HostPanel host;
+    EXPECT_TRUE(eventually([&] {
+      const QRect area = colouredArea(colours[0]);
+      return !area.isEmpty() && area.bottom() < middle;
+    })) << "the host's panel is at the top, the tray's at the bottom";
+    expectClickable();
+  }
+  EXPECT_TRUE(eventually([&] { return colouredArea(colours[0]).top() > middle; }));
+  expectClickable();
+}
+
+TEST_F(PanelsComeAndGo, EveryButtonOpensTheMenuFromATray) {
+  const TrayPanel panel;
+  EXPECT_TRUE(world.shows(0));
+  for (const int button : {1, 2, 3})
+    world.click(button);
+  EXPECT_EQ(diary.lines.size(), 9U);
+}
+
+TEST_F(PanelsComeAndGo, TheMenuOpensBesideTheIconAndClearOfIt) {
+  const TrayPanel panel;
+  EXPECT_TRUE(world.shows(0));
+  QRect place;
+  world.whileOpen = [&] { place = QApplication::activePopupWidget()->geometry(); };
+  world.click();
+  const QRect icon = colouredArea(colours[0]);
+  EXPECT_LE(place.bottom(), icon.top());
+  EXPECT_LE(std::abs(place.left() - icon.left()), icon.width());
+}
+
+} // namespace
+} // namespace tavrel
