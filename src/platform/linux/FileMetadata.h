@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace tavrel {
+
+/// Gives an open file or folder what another one carries beside its contents: extended attributes,
+/// owner, permissions, times. What the destination's file system cannot hold is left out; any other
+/// trouble with the person's own attributes is an error. Set-user bits go only with their owner.
+[[nodiscard]] std::error_code copyMetadata(int from, const struct stat& status, int to);
+
+/// The same for what cannot be opened: symbolic links, pipes, sockets, devices.
+void copyNodeMetadata(const struct stat& status, int folder, const std::string& name);
+
+} // namespace tavrel
