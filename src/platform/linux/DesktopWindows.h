@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+/// An X11 window; 0 for none.
+using WindowId = std::uint32_t;
+
+enum class WindowKind { ordinary, dock, desktop };
+
+/// What tells which application a window belongs to; empty texts and 0 for what it does not tell.
+struct WindowFacts {
+  WindowKind kind = WindowKind::ordinary;
+  std::int32_t pid = 0;      ///< of a process on this machine
+  std::string instance;      ///< first part of WM_CLASS
+  std::string windowClass;   ///< second part of WM_CLASS
+  std::string applicationId; ///< _GTK_APPLICATION_ID or _KDE_NET_WM_DESKTOP_FILE
+};
+
+/// The windows of the session, as the window manager lists them (EWMH 1.5), over a connection of
+/// its own. Without an X server, or when it goes, there are none.
+class DesktopWindows {
+public:
+  DesktopWindows();
+  ~DesktopWindows();
+
+  /// Oldest first.
+  [[nodiscard]] std::vector<WindowId> windows();
+  /// Bottom first.
+  [[nodiscard]] std::vector<WindowId> stacking();
+  [[nodiscard]] WindowId activeWindow();
+  [[nodiscard]] WindowFacts facts(WindowId window);
+
+  /// Asks the window manager as a person's own wish; false when there is none that can.
+  bool activate(WindowId window);
+
+  /// Now, by the server's clock, in milliseconds; 0 without a server.
+  [[nodiscard]] std::uint32_t serverTime();
+
+  /// Sends a message of the startup notification protocol (0.1) to whom it may concern.
+  void broadcastStartup(const std::string& message);
+
+private:
+  struct Connection;
+  std::unique_ptr<Connection> connection_; ///< null without a server
+};
+
+} // namespace tavrel

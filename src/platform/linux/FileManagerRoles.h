@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/linux/ApplicationRegistry.h"
+
+#include <optional>
+
+namespace tavrel {
+
+/// The file managers that scripts and settings know by name. Entries of our own stand for them,
+/// with the name under the key X-Tavrel-Role.
+enum class FileManagerRole { finder, pathFinder };
+
+/// As the entries of the roles are named: "Finder", "Path Finder".
+[[nodiscard]] std::string nameOf(FileManagerRole role);
+
+/// The role that an entry of our own stands for; nothing for every other entry.
+[[nodiscard]] std::optional<FileManagerRole> roleOfEntry(const DesktopEntry& entry);
+
+/// Who plays a role: the default application for folders is the Finder, the next file manager in
+/// line Path Finder. Null when there is none.
+[[nodiscard]] const InstalledApplication* playerOf(FileManagerRole role,
+                                                   const ApplicationRegistry& registry);
+
+/// The role an application is seen in: every file manager but the second is the Finder.
+[[nodiscard]] std::optional<FileManagerRole> rolePlayedBy(const InstalledApplication& application,
+                                                          const ApplicationRegistry& registry);
+
+} // namespace tavrel
