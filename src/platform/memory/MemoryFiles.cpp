@@ -56,6 +56,25 @@ std::string joined(const std::string& folder, const std::string& rest) {
   return rest.starts_with('/') ? rest : appendingPathComponent(folder, rest);
 }
 
+/// False when nothing else follows.
+bool skipSeparators(std::string& rest) {
+  rest.erase(0, rest.find_first_not_of('/'));
+  return !rest.empty();
+}
+
+std::string takeName(std::string& rest) {
+  const std::string name = rest.substr(0, rest.find('/'));
+  rest.erase(0, name.size());
+  return name;
+}
+
+/// One name further from a folder without links on the way to it.
+std::string stepped(const std::string& folder, const std::string& name) {
+  if (name == "..")
+    return folder == "/" ? folder : deletingLastPathComponent(folder);
+  return name == "." ? folder : appendingPathComponent(folder, name);
+}
+
 } // namespace
 
 MemoryFiles::Control::Control() {
@@ -117,33 +136,26 @@ void MemoryFiles::Control::move(const std::string& from, const std::string& to) 
 }
 
 const MemoryFiles::Entry* MemoryFiles::find(const std::string& path, FinalLink link) const {
-  std::string done;
+  if (!path.starts_with('/'))
+    return nullptr;
+  std::string done = "/";
   std::string rest = path;
-  for (int links = 0; !rest.empty();) {
-    const std::size_t start = rest.find_first_not_of('/');
-    if (start == std::string::npos)
-      break;
-    const std::size_t end = std::min(rest.find('/', start), rest.size());
-    const std::string name = rest.substr(start, end - start);
-    rest.erase(0, end);
-    if (name == ".." || name == ".") {
-      done = name == ".." ? done.substr(0, std::min(done.rfind('/'), done.size())) : done;
-      continue;
-    }
-    const auto found = control.nodes.find(done + '/' + name);
+  for (int links = 0; skipSeparators(rest);) {
+    const std::string name = takeName(rest);
+    const auto found = control.nodes.find(stepped(done, name));
     if (found == control.nodes.end())
       return nullptr;
-    const bool last = rest.find_first_not_of('/') == std::string::npos;
-    if (found->second.kind != Node::Kind::symlink || (last && link == FinalLink::keep)) {
+    const bool kept = rest.empty() && link == FinalLink::keep;
+    if (found->second.kind != Node::Kind::symlink || kept) {
       done = found->first;
       continue;
     }
     if (++links > mostLinks)
       return nullptr;
     rest = joined(done, found->second.target) + rest;
-    done.clear();
+    done = "/";
   }
-  const auto found = control.nodes.find(done.empty() ? "/" : done);
+  const auto found = control.nodes.find(done);
   return found == control.nodes.end() ? nullptr : &*found;
 }
 

@@ -1,0 +1,149 @@
+#include "platform/linux/FileBookmark.h"
+
+#include "base/PathString.h"
+
+#include <charconv>
+#include <deque>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <set>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+namespace tavrel {
+
+namespace {
+constexpr std::string_view heading = "tavrel bookmark 1\n";
+constexpr int mostLevels = 3;
+constexpr int mostNames = 20'000;
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+
+template <class Number> bool takeNumber(std::string_view& text, char end, Number& number) {
+  const auto [next, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || next == text.data() + text.size() || *next != end)
+    return false;
+  text.remove_prefix(static_cast<std::size_t>(next - text.data()) + 1);
+  return true;
+}
+
+/// Goes through folders level by level, so that the nearest places come first.
+class Search {
+public:
+  explicit Search(const FileIdentity& wanted) : wanted_(wanted) {}
+
+  void add(const std::string& folder, int level = 0) {
+    const auto identity = fileIdentity(folder);
+    if (identity && seen_.insert({identity->device, identity->inode}).second)
+      pending_.push_back({folder, level});
+  }
+
+  std::optional<std::string> run() {
+    while (!pending_.empty() && names_ < mostNames) {
+      const Place place = std::move(pending_.front());
+      pending_.pop_front();
+      if (auto found = lookThrough(place))
+        return found;
+    }
+    return std::nullopt;
+  }
+
+private:
+  struct Place {
+    std::string folder;
+    int level;
+  };
+
+  std::optional<std::string> lookThrough(const Place& place) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(place.folder.c_str()), ::closedir);
+    while (const dirent* name = folder ? ::readdir(folder.get()) : nullptr) {
+      if (++names_ > mostNames)
+        return std::nullopt;
+      std::string path = appendingPathComponent(place.folder, name->d_name);
+      if (isWanted(*name, path))
+        return path;
+      if (name->d_type == DT_DIR && name->d_name[0] != '.' && place.level + 1 < mostLevels)
+        add(path, place.level + 1);
+    }
+    return std::nullopt;
+  }
+
+  /// The number in the listing decides nearly always, without a look at the file.
+  bool isWanted(const dirent& name, const std::string& path) const {
+    if (name.d_ino != wanted_.inode)
+      return false;
+    const auto identity = fileIdentity(path);
+    return identity && sameFile(*identity, wanted_);
+  }
+
+  FileIdentity wanted_;
+  std::deque<Place> pending_;
+  std::set<std::pair<std::uint64_t, std::uint64_t>> seen_;
+  int names_ = 0;
+};
+
+std::string nearestFolder(std::string folder) {
+  while (folder.size() > 1 && !fileIdentity(folder))
+    folder = deletingLastPathComponent(folder);
+  return folder;
+}
+
+} // namespace
+
+bool sameFile(const FileIdentity& a, const FileIdentity& b) {
+  if (a.inode != b.inode || a.birth != b.birth)
+    return false;
+  return a.birth != 0 || a.device == b.device;
+}
+
+std::optional<FileIdentity> fileIdentity(const std::string& path) {
+  struct statx status {};
+  constexpr unsigned int wanted = STATX_INO | STATX_BTIME;
+  if (path.find('\0') != std::string::npos ||
+      ::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
+    return std::nullopt;
+  const bool born = (status.stx_mask & STATX_BTIME) != 0;
+  return FileIdentity{
+      makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino,
+      born ? status.stx_btime.tv_sec * nanosecondsPerSecond + status.stx_btime.tv_nsec : 0};
+}
+
+Bytes bookmarkData(const FileBookmark& bookmark) {
+  const std::string text = std::string(heading) + std::to_string(bookmark.identity.device) + ' ' +
+                           std::to_string(bookmark.identity.inode) + ' ' +
+                           std::to_string(bookmark.identity.birth) + '\n' + bookmark.path;
+  return {text.begin(), text.end()};
+}
+
+std::optional<FileBookmark> bookmarkFromData(const Bytes& data) {
+  std::string_view text(reinterpret_cast<const char*>(data.data()), data.size());
+  if (!text.starts_with(heading))
+    return std::nullopt;
+  text.remove_prefix(heading.size());
+  FileBookmark bookmark;
+  FileIdentity& identity = bookmark.identity;
+  if (!takeNumber(text, ' ', identity.device) || !takeNumber(text, ' ', identity.inode) ||
+      !takeNumber(text, '\n', identity.birth) || !text.starts_with('/'))
+    return std::nullopt;
+  bookmark.path = text;
+  return bookmark;
+}
+
+std::optional<std::string> findBookmarked(const FileBookmark& bookmark,
+                                          const std::vector<std::string>& folders) {
+  const auto there = fileIdentity(bookmark.path);
+  if (there && sameFile(*there, bookmark.identity))
+    return bookmark.path;
+  const std::string folder = nearestFolder(deletingLastPathComponent(bookmark.path));
+  Search search(bookmark.identity);
+  search.add(folder);
+  search.add(deletingLastPathComponent(folder));
+  for (const std::string& other : folders)
+    search.add(other);
+  if (auto found = search.run())
+    return found;
+  return there ? std::optional(bookmark.path) : std::nullopt;
+}
+
+} // namespace tavrel
