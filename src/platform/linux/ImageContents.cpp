@@ -1,6 +1,7 @@
 #include "platform/linux/ImageContents.h"
 
 #include "platform/linux/BoundedFile.h"
+#include "platform/linux/DrawingReferences.h"
 #include "platform/linux/LinuxImage.h"
 
 #include <QBuffer>
@@ -70,7 +71,7 @@ Image imageOf(std::shared_ptr<const LinuxImageContent> content, Size size) {
 
 std::optional<Image> drawingFrom(const QByteArray& data) {
   auto drawing = std::make_unique<QSvgRenderer>();
-  if (!drawing->load(data) || drawing->defaultSize().isEmpty())
+  if (showsOtherFiles(data) || !drawing->load(data) || drawing->defaultSize().isEmpty())
     return std::nullopt;
   const Size size = sizeOf(drawing->defaultSize());
   return imageOf(std::make_shared<DrawingContent>(std::move(drawing)), size);
