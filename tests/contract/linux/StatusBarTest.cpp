@@ -43,6 +43,15 @@ void press(const char* key) {
   handle({QStringLiteral("key"), QString::fromLatin1(key)});
 }
 
+/// Panels want one.
+class WindowManager final : public ::testing::Environment {
+  void SetUp() override { program_.emplace(QStringLiteral("openbox")); }
+  void TearDown() override { program_.reset(); }
+  std::optional<Program> program_;
+};
+[[maybe_unused]] const auto* windowManager =
+    ::testing::AddGlobalTestEnvironment(new WindowManager);
+
 /// A person with a pointer who finds the item by its colour.
 class PanelWorld {
 public:
