@@ -81,11 +81,11 @@ void MenuPopup::fill(OptionKey option) {
   columns_ = columnsOf(*menu_);
   setProperty(markWidthProperty, markWidth(columns_));
   setMinimumWidth(0);
-  if (others != shown) {
-    mirror(others, Rows::every);
-    setMinimumWidth(sizeHint().width());
-  }
-  mirror(shown, Rows::every);
+  mirror(others, Rows::every);
+  if (others == shown)
+    return;
+  setMinimumWidth(sizeHint().width());
+  mirror(shown, Rows::changed);
 }
 
 void MenuPopup::follow(OptionKey option) {
@@ -97,7 +97,7 @@ void MenuPopup::mirror(const Items& items, Rows rows) {
     const QScopedValueRollback mirroring(mirroring_, true);
     resizeTo(items.size());
     for (std::size_t i = 0; i < items.size(); ++i)
-      if (rows == Rows::every || rows_[i].item != items[i])
+      if (rows == Rows::every || (rows_[i].item != items[i] && !hasOpenSubmenu(rows_[i])))
         setRow(rows_[i], items[i]);
   }
   layOut();
@@ -113,6 +113,12 @@ void MenuPopup::resizeTo(std::size_t count) {
     rows_.push_back({action, nullptr});
     addAction(action);
   }
+}
+
+/// Such a row stays as it is: Option goes down for an entry further in.
+bool MenuPopup::hasOpenSubmenu(const Row& row) {
+  const QMenu* submenu = row.action->menu();
+  return submenu && submenu->isVisible();
 }
 
 void MenuPopup::setRow(Row& row, const std::shared_ptr<MenuItem>& item) {

@@ -54,6 +54,7 @@ private:
 
   void mirror(const Items& items, Rows rows);
   void resizeTo(std::size_t count);
+  [[nodiscard]] static bool hasOpenSubmenu(const Row& row);
   void setRow(Row& row, const std::shared_ptr<MenuItem>& item);
   void layOut();
   [[nodiscard]] MenuPopup* submenuOf(const MenuItem& item);

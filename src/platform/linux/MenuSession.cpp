@@ -100,8 +100,10 @@ void MenuSession::submenuCloses(MenuPopup& level) {
     return;
   closed_.push_back(level.sharedMenu());
   QTimer::singleShot(0, this, [this] {
-    if (root_.isVisible() && !chosen_)
-      tellClosedLevels();
+    if (!root_.isVisible() || chosen_)
+      return;
+    tellClosedLevels();
+    followOption();
   });
 }
 
@@ -133,10 +135,13 @@ bool MenuSession::eventFilter(QObject*, QEvent* event) {
 }
 
 void MenuSession::setOption(OptionKey option) {
-  if (std::exchange(option_, option) == option)
-    return;
-  for (MenuPopup* level : std::vector(levels_))
-    level->follow(option);
+  if (std::exchange(option_, option) != option)
+    followOption();
+}
+
+void MenuSession::followOption() {
+  for (MenuPopup* level : levels_)
+    level->follow(option_);
 }
 
 /// Another program whose own menu is open holds keyboard and pointer: ours works once it lets go.

@@ -33,6 +33,7 @@ private:
   void openLevel(MenuPopup& level);
   void tellClosedLevels();
   void setOption(OptionKey option);
+  void followOption();
   void takeGrabs();
 
   MenuStyle style_;

@@ -304,6 +304,25 @@ TEST_F(LinuxPresenterTest, TheHighlightAndTheWidthStayAsOptionGoesDown) {
   popUp();
 }
 
+TEST_F(LinuxPresenterTest, AnOpenSubmenuStaysOpenForTheAlternatesInside) {
+  MenuItem& folder = add(menu, "Folder");
+  folder.submenu = std::make_shared<Menu>("inner");
+  add(*folder.submenu, "Inside");
+  addAlternate(*folder.submenu, "Move inside");
+  addAlternate(menu, "Move");
+  world.person = [](MenuHands& hands) {
+    QMenu* outer = openLevel();
+    EXPECT_TRUE(hands.openSubmenu("Folder"));
+    hands.holdOption();
+    EXPECT_THAT(hands.rows(), ElementsAre("Move inside"));
+    EXPECT_EQ(titleOf(outer->actions().front()), "Folder");
+    hands.closeSubmenu();
+    EXPECT_TRUE(eventually([&] { return titleOf(outer->actions().front()) == "Move"; }));
+    hands.releaseOption();
+  };
+  popUp();
+}
+
 TEST_F(LinuxPresenterTest, ThousandsOfAlternatesComeAndGoAtOnce) {
   for (int pair = 0; pair < 3000; ++pair) {
     add(menu, "Open " + std::to_string(pair));

@@ -49,8 +49,7 @@ class WindowManager final : public ::testing::Environment {
   void TearDown() override { program_.reset(); }
   std::optional<Program> program_;
 };
-[[maybe_unused]] const auto* windowManager =
-    ::testing::AddGlobalTestEnvironment(new WindowManager);
+[[maybe_unused]] const auto* windowManager = ::testing::AddGlobalTestEnvironment(new WindowManager);
 
 /// A person with a pointer who finds the item by its colour.
 class PanelWorld {
