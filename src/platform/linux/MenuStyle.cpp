@@ -1,5 +1,6 @@
 #include "platform/linux/MenuStyle.h"
 
+#include <QPainter>
 #include <QStyleOptionMenuItem>
 #include <QWidget>
 
@@ -22,6 +23,13 @@ QStyleOptionMenuItem plainEntry(const QStyleOptionMenuItem& entry, const QWidget
   plain.checked = false;
   plain.maxIconWidth = std::max(plain.maxIconWidth, markWidth(menu) + aroundMarks);
   return plain;
+}
+/// In the colour of the text, thinned: the usual one is lost on a dark ground.
+void drawSeparator(const QStyleOptionMenuItem& entry, QPainter& painter) {
+  QColor colour = entry.palette.color(QPalette::Active, QPalette::Text);
+  colour.setAlphaF(0.25F);
+  const QRect& room = entry.rect;
+  painter.fillRect(room.left() + 5, room.center().y(), room.width() - 10, 1, colour);
 }
 } // namespace
 
@@ -54,6 +62,8 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, 
   const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
   if (element != CE_MenuItem || !entry)
     return QProxyStyle::drawControl(element, option, painter, widget);
+  if (entry->menuItemType == QStyleOptionMenuItem::Separator)
+    return drawSeparator(*entry, *painter);
   const QStyleOptionMenuItem plain = plainEntry(*entry, widget);
   QProxyStyle::drawControl(element, &plain, painter, widget);
 }

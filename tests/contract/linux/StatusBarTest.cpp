@@ -6,6 +6,7 @@
 #include "support/Panels.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QPixmap>
 #include <QScreen>
@@ -32,6 +33,20 @@ QRect colouredArea(QRgb colour) {
     for (int x = 0; x < screen.width(); ++x)
       if (screen.pixel(x, y) == colour)
         area |= QRect(x, y, 1, 1);
+  return area;
+}
+
+/// Where the icon is once the panel has stopped arranging itself.
+QRect settledArea(QRgb colour) {
+  QRect area;
+  QElapsedTimer still;
+  still.start();
+  EXPECT_TRUE(eventually([&] {
+    const QRect before = std::exchange(area, colouredArea(colour));
+    if (area != before || area.isEmpty())
+      still.restart();
+    return still.hasExpired(100);
+  })) << "the icon is not there or does not come to rest";
   return area;
 }
 
@@ -73,10 +88,12 @@ public:
   void choose(const std::string& title, int button = 1) {
     title_ = QString::fromStdString(title);
     const int before = closed_;
-    const QPoint place = colouredArea(colours[0]).center();
+    const QPoint place = settledArea(colours[0]).center();
     handle({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
             QStringLiteral("click"), QString::number(button)});
-    EXPECT_TRUE(eventually([&] { return closed_ > before; })) << "no menu opened";
+    const bool opened = eventually([&] { return closed_ > before; });
+    EXPECT_TRUE(opened) << "no menu opened";
+    if (!opened) QProcess::execute("import", {"-window","root", QString("/tmp/shots-menu/fail-%1.png").arg(QCoreApplication::applicationPid())});
   }
 
   std::function<void()> whileOpen = [] {};
