@@ -30,6 +30,8 @@ QString oneLine(const std::string& title) {
 }
 
 QString elided(QString text, const QFontMetrics& metrics, int maximumWidth) {
+  if (text.size() * metrics.height() <= maximumWidth)
+    return text; // too short to need measuring, as most are
   if (text.size() > longestShaped)
     text = text.left(longestShaped / 2) + QChar(0x2026) + text.right(longestShaped / 2);
   return metrics.elidedText(text, Qt::ElideMiddle, maximumWidth);

@@ -95,24 +95,24 @@ void MenuPopup::follow(OptionKey option) {
 void MenuPopup::mirror(const Items& items, Rows rows) {
   {
     const QScopedValueRollback mirroring(mirroring_, true);
-    resizeTo(items.size());
-    for (std::size_t i = 0; i < items.size(); ++i)
+    for (; rows_.size() > items.size(); rows_.pop_back())
+      delete rows_.back().action;
+    for (std::size_t i = 0; i < rows_.size(); ++i)
       if (rows == Rows::every || (rows_[i].item != items[i] && !hasOpenSubmenu(rows_[i])))
         setRow(rows_[i], items[i]);
+    while (rows_.size() < items.size())
+      appendRow(items[rows_.size()]);
   }
   layOut();
 }
 
-void MenuPopup::resizeTo(std::size_t count) {
-  for (; rows_.size() > count; rows_.pop_back())
-    delete rows_.back().action;
-  while (rows_.size() < count) {
-    auto* action = new QAction(this);
-    action->setData(static_cast<qulonglong>(rows_.size()));
-    connect(action, &QAction::triggered, this, [this, action] { choose(action); });
-    rows_.push_back({action, nullptr});
-    addAction(action);
-  }
+void MenuPopup::appendRow(const std::shared_ptr<MenuItem>& item) {
+  auto* action = new QAction(this);
+  action->setData(static_cast<qulonglong>(rows_.size()));
+  connect(action, &QAction::triggered, this, [this, action] { choose(action); });
+  rows_.push_back({action, item});
+  setRow(rows_.back(), item);
+  addAction(action);
 }
 
 /// Such a row stays as it is: Option goes down for an entry further in.

@@ -53,7 +53,7 @@ private:
   enum class Rows { every, changed };
 
   void mirror(const Items& items, Rows rows);
-  void resizeTo(std::size_t count);
+  void appendRow(const std::shared_ptr<MenuItem>& item);
   [[nodiscard]] static bool hasOpenSubmenu(const Row& row);
   void setRow(Row& row, const std::shared_ptr<MenuItem>& item);
   void layOut();
