@@ -172,11 +172,12 @@ WindowId DesktopWindows::activeWindow() {
   return told.empty() ? 0 : told.front();
 }
 
-WindowFacts DesktopWindows::facts(WindowId window) {
+std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {
   WindowFacts facts;
   if (!connection_)
-    return facts;
+    return std::nullopt;
   const Connection& x = *connection_;
+  facts.client = window & ~xcb_get_setup(x.xcb)->resource_id_mask;
   const auto type = x.ask(window, x.atoms[windowType]);
   const auto pid = x.ask(window, x.atoms[processId]);
   const auto machine = x.ask(window, XCB_ATOM_WM_CLIENT_MACHINE);
@@ -184,7 +185,8 @@ WindowFacts DesktopWindows::facts(WindowId window) {
   const auto gtk = x.ask(window, x.atoms[gtkApplicationId]);
   const auto kde = x.ask(window, x.atoms[kdeDesktopFile]);
 
-  for (const std::uint32_t each : numbersOf(x.answer(type).get()))
+  const auto types = x.answer(type);
+  for (const std::uint32_t each : numbersOf(types.get()))
     if (each == x.atoms[typeDock] || each == x.atoms[typeDesktop])
       facts.kind = each == x.atoms[typeDock] ? WindowKind::dock : WindowKind::desktop;
   const std::vector<std::uint32_t> told = numbersOf(x.answer(pid).get());
@@ -201,7 +203,7 @@ WindowFacts DesktopWindows::facts(WindowId window) {
   const std::string file = firstPart(textOf(x.answer(kde).get()));
   if (facts.applicationId.empty())
     facts.applicationId = file;
-  return facts;
+  return types ? std::optional(facts) : std::nullopt;
 }
 
 bool DesktopWindows::activate(WindowId window) {

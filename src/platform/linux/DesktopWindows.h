@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@ enum class WindowKind { ordinary, dock, desktop };
 struct WindowFacts {
   WindowKind kind = WindowKind::ordinary;
   std::int32_t pid = 0;      ///< of a process on this machine
+  std::uint32_t client = 0;  ///< the X11 client that made the window
   std::string instance;      ///< first part of WM_CLASS
   std::string windowClass;   ///< second part of WM_CLASS
   std::string applicationId; ///< _GTK_APPLICATION_ID or _KDE_NET_WM_DESKTOP_FILE
@@ -33,7 +35,8 @@ public:
   /// Bottom first.
   [[nodiscard]] std::vector<WindowId> stacking();
   [[nodiscard]] WindowId activeWindow();
-  [[nodiscard]] WindowFacts facts(WindowId window);
+  /// Nothing when the window is gone.
+  [[nodiscard]] std::optional<WindowFacts> facts(WindowId window);
 
   /// Asks the window manager as a person's own wish; false when there is none that can.
   bool activate(WindowId window);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tavrel {
+
+/// The program a process runs, as an absolute path; empty when it cannot be asked (another
+/// person's) or is gone.
+[[nodiscard]] std::string executableOf(std::int32_t pid);
+
+/// When a process started, in clock ticks since the machine did; 0 when it is gone.
+[[nodiscard]] std::uint64_t startTimeOf(std::int32_t pid);
+
+} // namespace tavrel

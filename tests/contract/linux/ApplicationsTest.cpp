@@ -1,0 +1,237 @@
+#include "ApplicationsContract.h"
+
+#include "FakeApplications.h"
+#include "platform/linux/LinuxApplications.h"
+#include "platform/linux/WindowMatch.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <gmock/gmock.h>
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Real windows of real processes.
+class LinuxWorld {
+public:
+  LinuxWorld() {
+    EXPECT_TRUE(eventually([&] { return windows_.windows().empty(); }));
+  }
+  ~LinuxWorld() {
+    for (const auto& process : processes_) {
+      process->kill();
+      process->waitForFinished();
+    }
+  }
+
+  Applications& applications() { return applications_; }
+
+  RunningApplication start(const std::string& name) {
+    addEntry(name);
+    run(name, {"ordinary"});
+    EXPECT_TRUE(eventually([&] { return isInFront(name) && isListed(name); })) << name;
+    return applications_.active().value_or(RunningApplication());
+  }
+
+  void end(const RunningApplication& application) {
+    for (const auto& process : processes_)
+      if (process->processId() == application.processIdentifier) {
+        process->kill();
+        process->waitForFinished();
+      }
+    EXPECT_TRUE(eventually(
+        [&] { return !applications_.processInformation(application.serialNumber).has_value(); }));
+  }
+
+  bool eventually(const std::function<bool()>& condition) {
+    return waitFor(condition, [] { QCoreApplication::processEvents(); });
+  }
+
+  void addEntry(const std::string& name, const std::string& lines = {}) {
+    fakes.addEntry(name, "Exec=" + (fakes.programs() / name).string() + " %U\n" + lines);
+  }
+
+  /// Starts a program of that name with such windows.
+  std::int32_t run(const std::string& name, const QStringList& kinds) {
+    const fs::path program = fakes.programs() / name;
+    if (!fs::exists(program))
+      fs::create_symlink(TAVREL_WINDOW_APPLICATION, program);
+    processes_.push_back(std::make_unique<QProcess>());
+    processes_.back()->start(QString::fromStdString(program.string()), kinds);
+    EXPECT_TRUE(processes_.back()->waitForStarted());
+    return static_cast<std::int32_t>(processes_.back()->processId());
+  }
+
+  bool isInFront(const std::string& name) {
+    const auto active = applications_.active();
+    return active && active->name == name;
+  }
+
+  bool isListed(const std::string& name) {
+    return std::ranges::any_of(applications_.launched(),
+                               [&](const auto& each) { return each.name == name; });
+  }
+
+  DesktopWindows& windows() { return windows_; }
+  FakeApplications fakes;
+
+private:
+  DesktopWindows windows_;
+  ApplicationRegistry registry_{fakes.folders()};
+  LinuxApplications applications_{registry_, windows_, "/roles"};
+  std::vector<std::unique_ptr<QProcess>> processes_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, ApplicationsContract, LinuxWorld);
+
+class LinuxApplicationsTest : public ::testing::Test {
+protected:
+  LinuxWorld world;
+  Applications& applications = world.applications();
+};
+
+TEST_F(LinuxApplicationsTest, AnApplicationIsKnownByTheNameAndPathOfItsEntry) {
+  world.addEntry("alpha", "Name[en]=Ignored\n");
+  const RunningApplication alpha = world.start("alpha");
+  EXPECT_EQ(alpha.path, world.fakes.data() / "applications/alpha.desktop");
+}
+
+TEST_F(LinuxApplicationsTest, AnApplicationWithoutAnEntryIsKnownByItsProgram) {
+  const std::int32_t pid = world.run("nobody", {"ordinary"});
+  EXPECT_TRUE(world.eventually([&] { return applications.active().has_value(); }));
+  const RunningApplication active = applications.active().value_or(RunningApplication());
+  EXPECT_EQ(active.processIdentifier, pid);
+  EXPECT_EQ(active.path, TAVREL_WINDOW_APPLICATION);
+  EXPECT_EQ(active.name, fs::path(TAVREL_WINDOW_APPLICATION).filename());
+}
+
+TEST_F(LinuxApplicationsTest, AnApplicationOfManyWindowsIsListedOnce) {
+  world.addEntry("alpha");
+  world.run("alpha", {"ordinary", "ordinary", "ordinary"});
+  EXPECT_TRUE(world.eventually([&] { return world.windows().windows().size() == 3; }));
+  EXPECT_EQ(applications.launched().size(), 1U);
+}
+
+TEST_F(LinuxApplicationsTest, DocksAndBareDesktopsAreNoApplications) {
+  world.addEntry("panel");
+  world.addEntry("wallpaper");
+  world.run("panel", {"dock"});
+  world.run("wallpaper", {"desktop"});
+  EXPECT_TRUE(world.eventually([&] { return world.windows().windows().size() == 2; }));
+  EXPECT_TRUE(applications.launched().empty());
+}
+
+TEST_F(LinuxApplicationsTest, TheFileManagerIsTheFinderAlsoByItsDesktop) {
+  world.addEntry("manager", "MimeType=inode/directory;\n");
+  const std::int32_t pid = world.run("manager", {"desktop"});
+  EXPECT_TRUE(world.eventually([&] { return applications.launched().size() == 1; }));
+  const RunningApplication finder = applications.launched().at(0);
+  EXPECT_EQ(finder.name, "Finder");
+  EXPECT_EQ(finder.path, "/roles/Finder.desktop");
+  EXPECT_EQ(finder.processIdentifier, pid);
+  applications.bringToFront(finder.serialNumber);
+  EXPECT_TRUE(world.eventually([&] { return world.isInFront("Finder"); }));
+}
+
+TEST_F(LinuxApplicationsTest, TheSecondFileManagerIsPathFinderAndOthersAreTheFinder) {
+  std::size_t count = 0;
+  for (const char* name : {"a", "b", "c"}) {
+    world.addEntry(name, "MimeType=inode/directory;\nCategories=System;FileManager;\n");
+    world.run(name, {"ordinary"});
+    ++count;
+    EXPECT_TRUE(world.eventually([&] { return applications.launched().size() == count; }));
+  }
+  std::vector<std::string> names;
+  for (const RunningApplication& each : applications.launched())
+    names.push_back(each.name.value_or(""));
+  EXPECT_THAT(names, ::testing::ElementsAre("Finder", "Path Finder", "Finder"));
+}
+
+TEST_F(LinuxApplicationsTest, InformationTellsOfTheProcess) {
+  const RunningApplication alpha = world.start("alpha");
+  const auto information = applications.processInformation(alpha.serialNumber);
+  ASSERT_TRUE(information);
+  EXPECT_EQ(information->find("pid")->integer(), alpha.processIdentifier);
+  EXPECT_EQ(*information->stringFor("BundlePath"), *alpha.path);
+  EXPECT_EQ(*information->stringFor("CFBundleExecutable"), TAVREL_WINDOW_APPLICATION);
+}
+
+TEST_F(LinuxApplicationsTest, ANumberThatNobodyHasIsRefused) {
+  EXPECT_FALSE(applications.bringToFront({0, 0}));
+  EXPECT_FALSE(applications.bringToFront({7, 7}));
+  EXPECT_FALSE(applications.processInformation({0, 1}));
+}
+
+/// What windows tell, matched with entries.
+class WindowMatch : public ::testing::Test {
+protected:
+  std::string match(const WindowFacts& window, const std::string& executable = {}) {
+    registry.refresh();
+    const InstalledApplication* found = applicationOf(window, executable, registry);
+    return found == nullptr ? "" : found->id;
+  }
+  static WindowFacts window(const std::string& windowClass, const std::string& id = {}) {
+    WindowFacts facts;
+    facts.windowClass = windowClass;
+    facts.applicationId = id;
+    return facts;
+  }
+  void add(const std::string& name, const std::string& exec, const std::string& lines = {}) {
+    fakes.addEntry(name, "Exec=" + exec + "\n" + lines);
+  }
+
+  FakeApplications fakes;
+  ApplicationRegistry registry{fakes.folders()};
+};
+
+TEST_F(WindowMatch, TheIdThatTheWindowNamesCountsFirst) {
+  add("org.example.Editor", "x");
+  add("editor", "x");
+  EXPECT_EQ(match(window("editor", "org.example.Editor")), "org.example.Editor.desktop");
+  EXPECT_EQ(match(window("", "org.example.Editor.desktop")), "org.example.Editor.desktop");
+  EXPECT_EQ(match(window("", (fakes.data() / "applications/editor.desktop").string())),
+            "editor.desktop");
+}
+
+TEST_F(WindowMatch, TheClassOfTheEntryCountsBeforeItsId) {
+  add("editor", "x");
+  add("other", "x", "StartupWMClass=Editor\n");
+  EXPECT_EQ(match(window("Editor")), "other.desktop");
+}
+
+TEST_F(WindowMatch, TheClassMayBeTheId) {
+  add("Editor", "x");
+  EXPECT_EQ(match(window("editor")), "Editor.desktop");
+}
+
+TEST_F(WindowMatch, TheClassOrTheProgramMayBeTheEntrysProgram) {
+  add("one", "/usr/bin/editor %F");
+  EXPECT_EQ(match(window("Editor")), "one.desktop");
+  EXPECT_EQ(match(window("Something"), "/opt/bin/editor"), "one.desktop");
+}
+
+TEST_F(WindowMatch, TheClassMayBeTheEndOfTheId) {
+  add("org.example.Editor", "x");
+  EXPECT_EQ(match(window("editor")), "org.example.Editor.desktop");
+}
+
+TEST_F(WindowMatch, AnInterpreterIsNobodysProgram) {
+  add("python3.11", "/usr/bin/python3.11");
+  EXPECT_EQ(match(window("Something"), "/usr/bin/python3.11"), "");
+}
+
+TEST_F(WindowMatch, AnEntryOfMenusIsPreferredToAHelper) {
+  add("a-helper", "editor --setup", "NoDisplay=true\n");
+  add("b", "editor");
+  EXPECT_EQ(match(window("editor")), "b.desktop");
+}
+
+TEST_F(WindowMatch, NothingFitsAWindowThatTellsNothing) {
+  add("a", "");
+  EXPECT_EQ(match(window("")), "");
+}
+
+} // namespace
+} // namespace tavrel

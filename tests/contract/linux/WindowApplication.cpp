@@ -1,0 +1,26 @@
+// An application with windows for tests: a window for each argument, "ordinary", "dock" or
+// "desktop". It ends with whoever started it. Its name, and the class of its windows, is that of
+// the file it was started by.
+#include <QApplication>
+#include <QWidget>
+#include <memory>
+#include <sys/prctl.h>
+#include <vector>
+
+#include <csignal>
+
+int main(int argc, char** argv) {
+  ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+  QApplication application(argc, argv);
+  std::vector<std::unique_ptr<QWidget>> windows;
+  for (const QString& kind : application.arguments().mid(1)) {
+    windows.push_back(std::make_unique<QWidget>());
+    windows.back()->winId(); // only a window that is there takes a type
+    windows.back()->setAttribute(Qt::WA_X11NetWmWindowTypeDock, kind == QStringLiteral("dock"));
+    windows.back()->setAttribute(Qt::WA_X11NetWmWindowTypeDesktop,
+                                 kind == QStringLiteral("desktop"));
+    windows.back()->resize(200, 100);
+    windows.back()->show();
+  }
+  return application.exec();
+}
