@@ -11,7 +11,8 @@ bool isFileManager(const InstalledApplication& application) {
   return std::ranges::find(categories, "FileManager") != categories.end();
 }
 
-/// The default for folders whatever it is, then those that call themselves file managers.
+} // namespace
+
 std::vector<const InstalledApplication*> fileManagers(const ApplicationRegistry& registry) {
   std::vector<const InstalledApplication*> handlers = registry.handlersOf("inode/directory");
   std::vector<const InstalledApplication*> managers;
@@ -28,8 +29,6 @@ std::vector<const InstalledApplication*> fileManagers(const ApplicationRegistry&
   return managers;
 }
 
-} // namespace
-
 std::string nameOf(FileManagerRole role) {
   return role == FileManagerRole::finder ? "Finder" : "Path Finder";
 }
@@ -42,15 +41,15 @@ std::optional<FileManagerRole> roleOfEntry(const DesktopEntry& entry) {
   return std::nullopt;
 }
 
-const InstalledApplication* playerOf(FileManagerRole role, const ApplicationRegistry& registry) {
-  const std::vector<const InstalledApplication*> managers = fileManagers(registry);
+const InstalledApplication* playerOf(FileManagerRole role,
+                                     const std::vector<const InstalledApplication*>& managers) {
   const std::size_t place = role == FileManagerRole::finder ? 0 : 1;
   return place < managers.size() ? managers[place] : nullptr;
 }
 
-std::optional<FileManagerRole> rolePlayedBy(const InstalledApplication& application,
-                                            const ApplicationRegistry& registry) {
-  const std::vector<const InstalledApplication*> managers = fileManagers(registry);
+std::optional<FileManagerRole>
+rolePlayedBy(const InstalledApplication& application,
+             const std::vector<const InstalledApplication*>& managers) {
   const auto found = std::ranges::find(managers, &application);
   if (found == managers.end())
     return isFileManager(application) ? std::optional(FileManagerRole::finder) : std::nullopt;

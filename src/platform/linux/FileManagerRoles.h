@@ -16,13 +16,19 @@ enum class FileManagerRole { finder, pathFinder };
 /// The role that an entry of our own stands for; nothing for every other entry.
 [[nodiscard]] std::optional<FileManagerRole> roleOfEntry(const DesktopEntry& entry);
 
-/// Who plays a role: the default application for folders is the Finder, the next file manager in
-/// line Path Finder. Null when there is none.
-[[nodiscard]] const InstalledApplication* playerOf(FileManagerRole role,
-                                                   const ApplicationRegistry& registry);
+/// Those who play the roles, the Finder first: the default application for folders, whatever it is,
+/// then all that call themselves file managers.
+[[nodiscard]] std::vector<const InstalledApplication*>
+fileManagers(const ApplicationRegistry& registry);
+
+/// Who plays a role: the first is the Finder, the next in line Path Finder. Null when there is
+/// none.
+[[nodiscard]] const InstalledApplication*
+playerOf(FileManagerRole role, const std::vector<const InstalledApplication*>& managers);
 
 /// The role an application is seen in: every file manager but the second is the Finder.
-[[nodiscard]] std::optional<FileManagerRole> rolePlayedBy(const InstalledApplication& application,
-                                                          const ApplicationRegistry& registry);
+[[nodiscard]] std::optional<FileManagerRole>
+rolePlayedBy(const InstalledApplication& application,
+             const std::vector<const InstalledApplication*>& managers);
 
 } // namespace tavrel

@@ -35,27 +35,29 @@ void describeProgram(RunningApplication& application, const WindowFacts& facts,
 
 } // namespace
 
-std::optional<RunningApplication> LinuxApplications::ownerOf(WindowId window) {
+std::optional<RunningApplication> LinuxApplications::ownerOf(WindowId window,
+                                                             const FileManagers& managers) {
   const std::optional<WindowFacts> facts = windows_.facts(window);
   if (!facts || facts->kind == WindowKind::dock)
     return std::nullopt;
   RunningApplication application;
   application.processIdentifier = facts->pid;
   application.serialNumber = serialOf(*facts);
-  const bool isFileManager = describe(application, *facts);
+  const bool isFileManager = describe(application, *facts, managers);
   if (facts->kind == WindowKind::desktop && !isFileManager)
     return std::nullopt;
   return application;
 }
 
-bool LinuxApplications::describe(RunningApplication& application, const WindowFacts& facts) {
+bool LinuxApplications::describe(RunningApplication& application, const WindowFacts& facts,
+                                 const FileManagers& managers) {
   const std::string executable = executableOf(facts.pid);
   const InstalledApplication* known = applicationOf(facts, executable, registry_);
   if (known == nullptr) {
     describeProgram(application, facts, executable);
     return false;
   }
-  const auto role = rolePlayedBy(*known, registry_);
+  const auto role = rolePlayedBy(*known, managers);
   application.name = role ? nameOf(*role) : known->entry->name(messagesLocale());
   application.path = role ? rolesFolder_ + "/" + nameOf(*role) + ".desktop" : known->path;
   return role.has_value();
@@ -66,14 +68,15 @@ std::optional<RunningApplication> LinuxApplications::active() {
   if (window == 0)
     return std::nullopt;
   registry_.refresh();
-  return ownerOf(window);
+  return ownerOf(window, fileManagers(registry_));
 }
 
 std::vector<RunningApplication> LinuxApplications::launched() {
   registry_.refresh();
+  const FileManagers managers = fileManagers(registry_);
   std::vector<RunningApplication> result;
   for (const WindowId window : windows_.windows())
-    if (std::optional<RunningApplication> owner = ownerOf(window)) {
+    if (std::optional<RunningApplication> owner = ownerOf(window, managers)) {
       const bool known = std::ranges::find(result, owner->serialNumber,
                                            &RunningApplication::serialNumber) != result.end();
       if (!known)

@@ -6,6 +6,7 @@
 namespace tavrel {
 
 class ApplicationRegistry;
+struct InstalledApplication;
 
 /// The processes that have windows, each with the desktop entry of its application. File managers
 /// are seen in their roles: under the name and entry of the Finder, the second as Path Finder. A
@@ -28,9 +29,13 @@ public:
   processInformation(ProcessSerialNumber process) override;
 
 private:
-  [[nodiscard]] std::optional<RunningApplication> ownerOf(WindowId window);
+  using FileManagers = std::vector<const InstalledApplication*>;
+
+  [[nodiscard]] std::optional<RunningApplication> ownerOf(WindowId window,
+                                                          const FileManagers& managers);
   /// Fills in name and path; true for a file manager.
-  bool describe(RunningApplication& application, const WindowFacts& facts);
+  bool describe(RunningApplication& application, const WindowFacts& facts,
+                const FileManagers& managers);
 
   ApplicationRegistry& registry_;
   DesktopWindows& windows_;

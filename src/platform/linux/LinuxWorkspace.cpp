@@ -139,7 +139,7 @@ LinuxWorkspace::Refusal LinuxWorkspace::launch(const DesktopEntry& entry, const 
                                                const std::vector<std::string>& urls) {
   registry_.refresh();
   if (const auto role = roleOfEntry(entry)) {
-    const InstalledApplication* player = playerOf(*role, registry_);
+    const InstalledApplication* player = playerOf(*role, fileManagers(registry_));
     return player == nullptr ? Refusal("no file manager is installed")
                              : launcher_.launch(*player->entry, player->id, player->path, urls);
   }
