@@ -5,7 +5,6 @@
 #include "platform/linux/FileBookmark.h"
 #include "platform/linux/ItemKind.h"
 #include "platform/linux/LinkEntry.h"
-#include "platform/linux/SymbolicLinks.h"
 #include "platform/linux/UserFolders.h"
 
 #include <dirent.h>
@@ -90,7 +89,7 @@ std::string LinuxFiles::displayName(const std::string& path) {
 
 std::string LinuxFiles::resolveSymlinks(const std::string& path) {
   std::string expanded = path.starts_with('~') ? expandingTilde(path, homeDirectory()) : path;
-  return withoutSymbolicLinks(std::move(expanded));
+  return symbolicLinks_.resolved(std::move(expanded));
 }
 
 std::optional<std::string> LinuxFiles::resolveAlias(const std::string& path) {

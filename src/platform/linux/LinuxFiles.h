@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/linux/HiddenNames.h"
+#include "platform/linux/SymbolicLinks.h"
 
 namespace tavrel {
 
@@ -24,6 +25,7 @@ public:
 
 private:
   HiddenNames hiddenNames_;
+  SymbolicLinks symbolicLinks_;
 };
 
 } // namespace tavrel

@@ -11,6 +11,7 @@
 namespace tavrel {
 
 namespace {
+constexpr std::chrono::milliseconds kept{100};
 
 /// One question to the kernel answers for all components; walking them takes one for each. Where
 /// the kernel does not know the question the answer is true.
@@ -20,19 +21,45 @@ bool mayHoldLinks(const std::string& path) {
   how.resolve = RESOLVE_NO_SYMLINKS;
   const long file = ::syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how);
   if (file < 0)
-    return errno != ENOENT;
+    return true;
   ::close(static_cast<int>(file));
   return false;
 }
 
+/// Of the thing at the path itself; what is missing is none.
+bool isLink(const std::string& path) {
+  char target = 0;
+  return ::readlink(path.c_str(), &target, sizeof target) >= 0;
+}
+
 } // namespace
 
-std::string withoutSymbolicLinks(std::string path) {
-  if (path.find('\0') != std::string::npos || !mayHoldLinks(path))
+std::string SymbolicLinks::resolved(std::string path) {
+  if (path.find('\0') != std::string::npos || isWithoutLinks(path))
     return path;
   const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(path.c_str(), nullptr),
                                                         std::free);
   return resolved ? std::string(resolved.get()) : path;
+}
+
+bool SymbolicLinks::isWithoutLinks(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos || path.ends_with('/') || path.ends_with("/.") ||
+      path.ends_with("/.."))
+    return !mayHoldLinks(path);
+  return isFolderWithoutLinks(std::string_view(path).substr(0, slash + 1)) && !isLink(path);
+}
+
+bool SymbolicLinks::isFolderWithoutLinks(std::string_view folder) {
+  const auto now = std::chrono::steady_clock::now();
+  if (folder == folder_ && now - checked_ < kept)
+    return true;
+  std::string asked(folder);
+  if (mayHoldLinks(asked))
+    return false;
+  folder_ = std::move(asked);
+  checked_ = now;
+  return true;
 }
 
 } // namespace tavrel
