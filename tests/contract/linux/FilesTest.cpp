@@ -1,81 +1,9 @@
-#include "contract/FilesContract.h"
-
-#include "platform/linux/LinuxFiles.h"
-
-#include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sys/inotify.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "contract/linux/LinuxFilesFixture.h"
 
 namespace tavrel {
 namespace {
 
-namespace fs = std::filesystem;
-using ::testing::ElementsAre;
-using ::testing::SizeIs;
-using ::testing::UnorderedElementsAre;
-
-class LinuxWorld {
-public:
-  Files& files() { return files_; }
-  std::string root() const { return root_; }
-  std::string home() const { return std::getenv("HOME"); }
-
-  void addFile(const std::string& path) { write(path, "text"); }
-  void addFolder(const std::string& path) { fs::create_directories(path); }
-  void addPackage(const std::string& path) { addFolder(path); }
-  void addApplication(const std::string& path) { addFolder(path); }
-  void addScript(const std::string& path) { addFile(path); }
-  void addSymlink(const std::string& path, const std::string& target) {
-    fs::create_symlink(target, path);
-  }
-  void addAlias(const std::string& path, const std::string& target) {
-    write(path,
-          "[Desktop Entry]\nType=Link\nName=x\nURL=" + fileUrlOfPath(target, PathIs::file) + "\n");
-  }
-  void write(const std::string& path, const std::string& content) {
-    fs::create_directories(fs::path(path).parent_path());
-    std::ofstream(path, std::ios::binary) << content;
-  }
-  void remove(const std::string& path) { fs::remove_all(path); }
-  void move(const std::string& from, const std::string& to) { fs::rename(from, to); }
-
-private:
-  QTemporaryDir folder_;
-  std::string root_ = QFileInfo(folder_.path()).canonicalFilePath().toStdString();
-  LinuxFiles files_;
-};
-
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, FilesContract, LinuxWorld);
-
-class LinuxFilesTest : public FilesContract<LinuxWorld> {
-protected:
-  std::string write(const std::string& name, const std::string& content) {
-    world.write(at(name), content);
-    return at(name);
-  }
-  std::string writeExecutable(const std::string& name, const std::string& content) {
-    const std::string path = write(name, content);
-    fs::permissions(path, fs::perms::owner_all);
-    return path;
-  }
-  std::string writeEntry(const std::string& name, const std::string& lines) {
-    return write(name, "[Desktop Entry]\n" + lines);
-  }
-};
-
-// A position-independent program as the kernel sees its start.
-const std::string program("\x7F"
-                          "ELF\2\1\1\0\0\0\0\0\0\0\0\0\3\0",
-                          18);
 
 TEST_F(LinuxFilesTest, ProgramsAreApplicationsAndPlainFiles) {
   constexpr std::uint32_t application = itemFlag::plainFile | itemFlag::nativeApplication;
@@ -190,126 +118,6 @@ TEST_F(LinuxFilesTest, DotNamesBackupsAndNamesTheFolderHidesAreInvisible) {
     EXPECT_FALSE(flags(name, FinalLink::keep) & itemFlag::invisible) << name;
 }
 
-TEST_F(LinuxFilesTest, NamesOfAnyBytesTravel) {
-  const std::string longest(255, 'n');
-  for (const std::string& name : {std::string("line\nfeed"), std::string("\xE9t\xE9"), longest,
-                                  std::string(" "), std::string("-rf"), std::string("\\")}) {
-    world.addFile(at(name));
-    EXPECT_TRUE(files().exists(at(name))) << name;
-    EXPECT_EQ(flags(name), itemFlag::plainFile) << name;
-    EXPECT_EQ(files().displayName(at(name)), name);
-    EXPECT_EQ(files().resolveSymlinks(at(name)), at(name));
-  }
-  EXPECT_THAT(files().list(world.root()), SizeIs(6));
-  EXPECT_FALSE(files().exists(at(longest + 'n')));
-}
-
-TEST_F(LinuxFilesTest, APathWithAZeroByteIsNoPath) {
-  world.addFile(at("a"));
-  const std::string path = at("a") + std::string("\0b", 2);
-  EXPECT_FALSE(files().exists(path));
-  EXPECT_FALSE(files().bookmark(path));
-  EXPECT_EQ(files().resolveSymlinks(path), path);
-}
-
-TEST_F(LinuxFilesTest, ATooLongPathIsNotThere) {
-  const std::string path = "/" + std::string(100'000, 'a');
-  EXPECT_FALSE(files().exists(path));
-  EXPECT_EQ(files().resolveSymlinks(path), path);
-  EXPECT_FALSE(files().information(path, FinalLink::follow));
-}
-
-/// Counts how often files in a folder are opened.
-class OpenCounter {
-public:
-  explicit OpenCounter(const std::string& folder) {
-    inotify_add_watch(watch_, folder.c_str(), IN_OPEN);
-  }
-  ~OpenCounter() { close(watch_); }
-  int count() {
-    alignas(inotify_event) char events[4096];
-    int opened = 0;
-    for (ssize_t got; (got = read(watch_, events, sizeof events)) > 0;)
-      for (const char* at = events; at < events + got;) {
-        const auto* event = reinterpret_cast<const inotify_event*>(at);
-        opened += event->len > 0 ? 1 : 0; // no name: the folder itself
-        at += sizeof(inotify_event) + event->len;
-      }
-    return opened;
-  }
-
-private:
-  int watch_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-};
-
-TEST_F(LinuxFilesTest, PipesAndSocketsAreNeverOpened) {
-  for (const char* name : {"pipe", "pipe.desktop", "pipe.applescript"})
-    ASSERT_EQ(mkfifo(at(name).c_str(), 0777), 0);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  at("socket").copy(address.sun_path, sizeof address.sun_path - 1);
-  const int socketFile = socket(AF_UNIX, SOCK_STREAM, 0);
-  ASSERT_EQ(bind(socketFile, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-  OpenCounter opened(world.root());
-  for (const char* name : {"pipe", "pipe.desktop", "pipe.applescript", "socket"}) {
-    EXPECT_EQ(flags(name), itemFlag::plainFile) << name;
-    EXPECT_EQ(typeCode(name), 0U) << name;
-    EXPECT_EQ(files().kind(at(name)), FileKind::plain);
-    EXPECT_FALSE(files().resolveAlias(at(name)));
-    EXPECT_EQ(files().displayName(at(name)), name);
-  }
-  EXPECT_EQ(opened.count(), 0);
-  close(socketFile);
-}
-
-TEST_F(LinuxFilesTest, FilesWhoseNameAndModeDecideAreNotOpened) {
-  world.addFile(at("a.txt"));
-  world.addScript(at("b.applescript"));
-  write("c.AppImage", program);
-  writeExecutable("d.so", program);
-  OpenCounter opened(world.root());
-  for (const char* name : {"a.txt", "b.applescript", "c.AppImage", "d.so"}) {
-    EXPECT_NE(flags(name), 0xFFFFFFFF);
-    EXPECT_EQ(files().kind(at(name)), FileKind::plain);
-  }
-  EXPECT_EQ(opened.count(), 0);
-}
-
-TEST_F(LinuxFilesTest, ADeviceIsAPlainFile) {
-  EXPECT_EQ(files().information("/dev/zero", FinalLink::follow)->flags, itemFlag::plainFile);
-}
-
-TEST_F(LinuxFilesTest, AnEntryOfAHundredMegabytesIsAPlainFile) {
-  writeEntry("big.desktop", "Type=Application\nName=Big\n");
-  fs::resize_file(at("big.desktop"), 100 << 20);
-  EXPECT_EQ(flags("big.desktop"), itemFlag::plainFile);
-  EXPECT_EQ(files().displayName(at("big.desktop")), "big.desktop");
-  EXPECT_FALSE(files().resolveAlias(at("big.desktop")));
-}
-
-/// Runs as another person, so that permissions count even where the tests run as root.
-template <class Question> bool asNobody(Question question) {
-  const pid_t child = fork();
-  if (child == 0) {
-    const bool changed = getuid() != 0 || (setgid(65534) == 0 && setuid(65534) == 0);
-    _exit(changed && question() ? 0 : 1);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-TEST_F(LinuxFilesTest, AFolderThatMayNotBeReadIsEmptyAndItsFilesAreNotThere) {
-  world.addFile(at("locked/file"));
-  fs::permissions(at("locked"), fs::perms::none);
-  EXPECT_TRUE(asNobody([&] {
-    return files().list(at("locked")).empty() && !files().exists(at("locked/file")) &&
-           !files().information(at("locked/file"), FinalLink::follow) &&
-           files().resolveSymlinks(at("locked/file")) == at("locked/file");
-  }));
-  fs::permissions(at("locked"), fs::perms::owner_all);
-}
-
 TEST_F(LinuxFilesTest, ABookmarkFollowsAFileIntoAFolderOfThePerson) {
   world.addFile(at("far/away/file"));
   const std::string documents = world.home() + "/Documents/deep";
@@ -337,13 +145,6 @@ TEST_F(LinuxFilesTest, ABookmarkOfAnAncestorThatIsGoneIsLookedForInWhatIsLeft) {
   world.move(at("a/b/c/file"), at("file"));
   world.remove(at("a"));
   EXPECT_EQ(bookmarked(*bookmark), at("file"));
-}
-
-TEST_F(LinuxFilesTest, DamagedBookmarksLeadNowhere) {
-  world.addFile(at("file"));
-  const Bytes whole = files().bookmark(at("file")).value();
-  for (std::size_t length = 0; length < whole.size() - at("file").size(); ++length)
-    EXPECT_FALSE(bookmarked(Bytes(whole.begin(), whole.begin() + static_cast<long>(length))));
 }
 
 TEST_F(LinuxFilesTest, TheHomeFolderHasNoTrailingSlash) {
