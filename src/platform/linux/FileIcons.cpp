@@ -3,10 +3,13 @@
 #include "platform/linux/ImageContents.h"
 
 #include <QIcon>
+#include <QLoggingCategory>
 
 namespace tavrel {
 
 namespace {
+Q_LOGGING_CATEGORY(imagesLog, "tavrel.images")
+
 QIcon firstInTheme(const QStringList& names) {
   for (const QString& name : names)
     if (const QIcon icon = QIcon::fromTheme(name); !icon.isNull())
@@ -33,7 +36,11 @@ Image FileIcons::generic(GenericIcon icon) {
   const char* name = icon == GenericIcon::folder        ? "/genericFolder.svg"
                      : icon == GenericIcon::application ? "/genericApplication.svg"
                                                         : "/genericFile.svg";
-  return generic_[icon] = imageFromFile(resourceFolder_ + name).value_or(Image{});
+  const auto image = imageFromFile(resourceFolder_ + name);
+  if (!image)
+    qCWarning(imagesLog, "no picture %s%s: is the program installed whole?",
+              resourceFolder_.c_str(), name);
+  return generic_[icon] = image.value_or(Image{});
 }
 
 } // namespace tavrel

@@ -107,12 +107,15 @@ TEST_F(HostileFiles, FilesWhoseNameAndModeDecideAreNotOpened) {
   world.addScript(at("b.applescript"));
   write("c.AppImage", program);
   writeExecutable("d.so", program);
+  writeExecutable("undecided", "text");
   OpenCounter opened(world.root());
   for (const char* name : {"a.txt", "b.applescript", "c.AppImage", "d.so"}) {
     EXPECT_NE(flags(name), 0xFFFFFFFF);
     EXPECT_EQ(files().kind(at(name)), FileKind::plain);
   }
   EXPECT_EQ(opened.count(), 0);
+  EXPECT_EQ(flags("undecided"), itemFlag::plainFile);
+  EXPECT_EQ(opened.count(), 1);
 }
 
 TEST_F(HostileFiles, ADeviceIsAPlainFile) {
@@ -127,15 +130,34 @@ TEST_F(HostileFiles, AnEntryOfAHundredMegabytesIsAPlainFile) {
   EXPECT_FALSE(files().resolveAlias(at("big.desktop")));
 }
 
+/// A folder that everybody may enter, unlike those made for one person's tests.
+class SharedFolder {
+public:
+  SharedFolder() { fs::permissions(path, fs::perms(0755)); }
+  ~SharedFolder() {
+    fs::permissions(path + "/locked", fs::perms::owner_all);
+    fs::remove_all(path);
+  }
+  std::string path = [] {
+    std::string name = "/tmp/tavrel-shared.XXXXXX";
+    return mkdtemp(name.data()) ? name : std::string();
+  }();
+};
+
 TEST_F(HostileFiles, AFolderThatMayNotBeReadIsEmptyAndItsFilesAreNotThere) {
-  world.addFile(at("locked/file"));
-  fs::permissions(at("locked"), fs::perms::none);
+  const SharedFolder shared;
+  const std::string locked = shared.path + "/locked";
+  world.addFile(locked + "/file");
+  const auto isThere = [&] { return files().exists(locked + "/file"); };
+  fs::permissions(locked, fs::perms(0755));
+  EXPECT_TRUE(asNobody(isThere));
+  fs::permissions(locked, fs::perms::none);
+  EXPECT_FALSE(asNobody(isThere));
   EXPECT_TRUE(asNobody([&] {
-    return files().list(at("locked")).empty() && !files().exists(at("locked/file")) &&
-           !files().information(at("locked/file"), FinalLink::follow) &&
-           files().resolveSymlinks(at("locked/file")) == at("locked/file");
+    return files().list(locked).empty() && files().kind(locked) == FileKind::directory &&
+           !files().information(locked + "/file", FinalLink::follow) &&
+           files().resolveSymlinks(locked + "/file") == locked + "/file";
   }));
-  fs::permissions(at("locked"), fs::perms::owner_all);
 }
 
 TEST_F(HostileFiles, DamagedBookmarksLeadNowhere) {

@@ -14,6 +14,7 @@ namespace tavrel {
 
 class LinuxWorld {
 public:
+  ~LinuxWorld() { std::filesystem::remove_all(root_); } // names of any bytes, too
   Files& files() { return files_; }
   std::string root() const { return root_; }
   std::string home() const { return std::getenv("HOME"); }
