@@ -28,7 +28,8 @@ private:
 
 bool isRegular(const std::string& path) {
   struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  return path.find('\0') == std::string::npos && ::stat(path.c_str(), &status) == 0 &&
+         S_ISREG(status.st_mode);
 }
 
 /// Its size; nothing when it is no regular file. Asked again after opening: another thing may

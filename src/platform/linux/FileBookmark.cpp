@@ -33,10 +33,9 @@ class Search {
 public:
   explicit Search(const FileIdentity& wanted) : wanted_(wanted) {}
 
-  void add(const std::string& folder, int level = 0) {
-    const auto identity = fileIdentity(folder);
-    if (identity && seen_.insert({identity->device, identity->inode}).second)
-      pending_.push_back({folder, level});
+  void add(const std::string& folder) {
+    if (const auto identity = fileIdentity(folder))
+      add({folder, identity->device, 0}, *identity);
   }
 
   std::optional<std::string> run() {
@@ -52,8 +51,21 @@ public:
 private:
   struct Place {
     std::string folder;
+    std::uint64_t device;
     int level;
   };
+
+  void add(Place place, const FileIdentity& identity) {
+    if (seen_.insert({identity.device, identity.inode}).second)
+      pending_.push_back(std::move(place));
+  }
+
+  /// A moved file stays on its file system: others, which may be slow or far away, are left alone.
+  void descend(const Place& place, const std::string& path) {
+    const auto identity = place.level + 1 < mostLevels ? fileIdentity(path) : std::nullopt;
+    if (identity && identity->device == place.device)
+      add({path, place.device, place.level + 1}, *identity);
+  }
 
   std::optional<std::string> lookThrough(const Place& place) {
     const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(place.folder.c_str()), ::closedir);
@@ -63,8 +75,8 @@ private:
       std::string path = appendingPathComponent(place.folder, name->d_name);
       if (isWanted(*name, path))
         return path;
-      if (name->d_type == DT_DIR && name->d_name[0] != '.' && place.level + 1 < mostLevels)
-        add(path, place.level + 1);
+      if (name->d_type == DT_DIR && name->d_name[0] != '.')
+        descend(place, path);
     }
     return std::nullopt;
   }

@@ -37,7 +37,8 @@ struct FileBookmark {
 /// The path the file is at now. When another file stands at its old path that one is taken only
 /// after the search: many editors save by putting a new file in the place of the old. The search
 /// goes through what is left of the old folder, its parent and the folders given, three levels
-/// deep, hidden folders and symbolic links left out, and ends after 20,000 names.
+/// deep, hidden folders, symbolic links and mounted file systems left out, and ends after 20,000
+/// names.
 [[nodiscard]] std::optional<std::string> findBookmarked(const FileBookmark& bookmark,
                                                         const std::vector<std::string>& folders);
 

@@ -70,8 +70,10 @@ FileKind LinuxFiles::kind(const std::string& path) {
 }
 
 std::vector<std::string> LinuxFiles::list(const std::string& path) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
   std::vector<std::string> names;
+  if (path.find('\0') != std::string::npos)
+    return names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
   while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..")

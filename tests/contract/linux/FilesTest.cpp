@@ -129,6 +129,19 @@ TEST_F(LinuxFilesTest, ABookmarkFollowsAFileIntoAFolderOfThePerson) {
   world.remove(documents);
 }
 
+TEST_F(LinuxFilesTest, ABookmarkIsLookedForThreeLevelsDeepOutsideHiddenFolders) {
+  for (const char* place : {"a/b/reached", "a/b/c/too deep", ".hidden/file"}) {
+    const std::string path = at(place);
+    world.addFile(at("start/file"));
+    const auto bookmark = files().bookmark(at("start/file"));
+    ASSERT_TRUE(bookmark);
+    world.addFolder(path.substr(0, path.rfind('/')));
+    world.move(at("start/file"), path);
+    const bool found = bookmarked(*bookmark) == path;
+    EXPECT_EQ(found, path.ends_with("reached")) << path;
+  }
+}
+
 TEST_F(LinuxFilesTest, AFileThatWasSavedAnewAtItsPlaceIsFoundThere) {
   world.addFile(at("file"));
   const auto bookmark = files().bookmark(at("file"));

@@ -73,6 +73,9 @@ TEST_F(HostileFiles, APathWithAZeroByteIsNoPath) {
   EXPECT_FALSE(files().exists(path));
   EXPECT_FALSE(files().bookmark(path));
   EXPECT_EQ(files().resolveSymlinks(path), path);
+  EXPECT_THAT(files().list(world.root() + std::string("\0x", 2)), SizeIs(0));
+  write("b", "[Desktop Entry]\nName=no\n");
+  EXPECT_NE(files().displayName(at("b") + std::string("\0.desktop", 9)), "no");
 }
 
 TEST_F(HostileFiles, ATooLongPathIsNotThere) {
