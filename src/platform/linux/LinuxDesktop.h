@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Event.h"
 #include "platform/Platform.h"
 
 #include <memory>
@@ -16,12 +15,11 @@ public:
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;
 
-  [[nodiscard]] Platform& ports() { return ports_; }
+  [[nodiscard]] Platform& ports();
 
 private:
   struct Adapters;
   std::unique_ptr<Adapters> adapters_;
-  Platform ports_;
 };
 
 } // namespace tavrel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "base/PropertyList.h"
+
+#include <QVariant>
+
+#include <optional>
+
+namespace tavrel {
+
+/// A D-Bus value as a property list: booleans, integers, doubles, strings, byte arrays, arrays and
+/// dictionaries with string keys. Nothing for what no property list holds, and for values nested
+/// more than 32 deep (the bus allows no more).
+[[nodiscard]] std::optional<PropertyList> propertyListFromDBus(const QVariant& value);
+
+/// The other way; dates travel as doubles, seconds since 2001.
+[[nodiscard]] QVariant dbusFromPropertyList(const PropertyList& value);
+
+} // namespace tavrel
