@@ -31,7 +31,7 @@ struct LinuxDesktop::Adapters {
   LinuxBundle bundle{resources};
   LinuxClock clock;
   LinuxFiles files;
-  LinuxImages images{resources};
+  LinuxImages images{resources + "/images"};
   LinuxKeyboard keyboard;
   InProcessNotificationCenter notifications;
   LinuxDistributedNotificationCenter distributedNotifications;
