@@ -1,0 +1,45 @@
+# The front door: `make run` and `make test` do all the set-up themselves.
+BUILD ?= build
+JOBS ?= $(shell nproc)
+
+.PHONY: help run test build check bench asan format clean packages-build packages-run packages-test
+
+help:
+	@echo "make run     installs what is missing, builds, starts Tavrel (on a virtual desktop without a display)"
+	@echo "make test    installs what is missing, builds, runs every test"
+	@echo "make build   builds into $(BUILD)/"
+	@echo "make check   runs the checks of style and structure"
+	@echo "make asan    runs the tests that need no display under the sanitizers"
+	@echo "make bench   measures, and prints the ratios"
+	@echo "make format  lays the sources out"
+	@echo "make clean   removes what was built"
+
+packages-build packages-run packages-test: packages-%:
+	@tools/install-packages $*
+
+$(BUILD)/build.ninja:
+	cmake --preset default -B $(BUILD)
+
+build: packages-build packages-test $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: packages-build packages-run
+	@tools/run $(BUILD)
+
+test: packages-build packages-run packages-test build
+	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+check: build
+	ctest --test-dir $(BUILD) --output-on-failure -L check
+
+asan: build
+	ctest --test-dir $(BUILD) --output-on-failure -L sanitizers
+
+bench: packages-build packages-run packages-test
+	@tools/bench
+
+format:
+	git ls-files '*.h' '*.cpp' '*.mm' | xargs clang-format -i
+
+clean:
+	rm -rf build build-*

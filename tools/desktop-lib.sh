@@ -1,0 +1,61 @@
+# Shell functions for what drives a desktop: source it. Every wait has a deadline.
+
+shots=${TAVREL_SHOTS:-.}
+shot_number=0
+
+# wait_for SECONDS WHAT COMMAND...: until the command succeeds; ends the script when it never does.
+wait_for() {
+  local deadline=$((SECONDS + $1)) what=$2
+  shift 2
+  until "$@" >/dev/null 2>&1; do
+    [ $SECONDS -lt $deadline ] || give_up "waited in vain for $what"
+    sleep 0.05
+  done
+}
+
+# screenshot NAME: the whole screen as NN-NAME.png.
+screenshot() {
+  shot_number=$((shot_number + 1))
+  local file
+  file=$shots/$(printf '%02d' "$shot_number")-$1.png
+  import -silent -window root "$file" && echo "  picture: $file"
+}
+
+give_up() {
+  screenshot failure
+  echo "failed: $1" >&2
+  exit 1
+}
+
+# The id of the program's icon window, once the tray has taken it in.
+tray_icon() { xwininfo -root -tree | awk '/"tavrel": \("tavrel" "tavrel"\)/ { print $1; exit }' | grep .; }
+tray_icon_embedded() {
+  local id
+  id=$(tray_icon) || return 1
+  [ "$(xwininfo -id "$id" | awk '/Absolute upper-left X/ { print $NF }')" -gt 0 ]
+}
+
+# click_window ID: a real click in the middle of a window.
+click_window() {
+  local geometry
+  geometry=$(xwininfo -id "$1")
+  local x y w h
+  x=$(awk '/Absolute upper-left X/ { print $NF }' <<<"$geometry")
+  y=$(awk '/Absolute upper-left Y/ { print $NF }' <<<"$geometry")
+  w=$(awk '/Width:/ { print $NF }' <<<"$geometry")
+  h=$(awk '/Height:/ { print $NF }' <<<"$geometry")
+  xdotool mousemove $((x + w / 2)) $((y + h / 2)) click 1
+}
+
+# Whether a menu of the program is on the screen: the tray's icon is no child of the root window.
+menu_open() {
+  local id
+  for id in $(xwininfo -root -children | awk '/"tavrel": \("tavrel" "tavrel"\)/ { print $1 }'); do
+    xwininfo -id "$id" | grep -q 'Map State: IsViewable' && return 0
+  done
+  return 1
+}
+no_menu_open() { ! menu_open; }
+
+# window_named TEXT: whether a window with the text in its title is on the screen.
+window_named() { xdotool search --onlyvisible --name "$1" 2>/dev/null | grep -q .; }
