@@ -3,14 +3,15 @@
 #include "platform/linux/ImageIcon.h"
 #include "platform/linux/LinuxPresenter.h"
 #include "platform/linux/NotifierItem.h"
+#include "platform/linux/TrayIcon.h"
 #include "platform/linux/TrayLog.h"
 
 #include <QCursor>
 #include <QRect>
-#include <QSystemTrayIcon>
 #include <QTimer>
 
 #include <chrono>
+#include <optional>
 
 namespace tavrel {
 
@@ -55,7 +56,7 @@ private:
   QIcon icon_;
   QTimer settling_;
   QTimer complaint_;
-  std::unique_ptr<QSystemTrayIcon> tray_;
+  std::optional<TrayIcon> tray_;
   NotifierItem notifier_;
 };
 
@@ -65,23 +66,20 @@ void LinuxStatusItem::settle() {
 }
 
 void LinuxStatusItem::chooseArea() {
-  if (notifier_.host() == NotifierHost::present)
+  const NotifierHost host = notifier_.host();
+  if (host == NotifierHost::present)
     tray_.reset();
-  else if (notifier_.host() == NotifierHost::noWatcher && !tray_)
+  else if (host != NotifierHost::unknown && !tray_)
     enterTray();
 }
 
 void LinuxStatusItem::enterTray() {
-  tray_ = std::make_unique<QSystemTrayIcon>(icon_);
-  tray_->setToolTip(QStringLiteral("Tavrel"));
-  QObject::connect(tray_.get(), &QSystemTrayIcon::activated, &settling_, [this] {
-    QTimer::singleShot(0, &settling_, [this] { openMenu(tray_ ? tray_->geometry() : pointer()); });
-  });
-  tray_->show();
+  tray_.emplace([this] { openMenu(tray_ ? tray_->geometryUnderPointer() : pointer()); });
+  tray_->setIcon(icon_);
 }
 
 void LinuxStatusItem::complainWhenUnseen() {
-  if (notifier_.host() != NotifierHost::present && (!tray_ || tray_->geometry().isEmpty()))
+  if (notifier_.host() != NotifierHost::present && !(tray_ && tray_->isEmbedded()))
     qCWarning(trayLog) << "no panel shows status icons: the icon appears when one is started";
 }
 

@@ -1,17 +1,14 @@
 #include "platform/linux/ServerRoundTrip.h"
 
+#include "platform/linux/XcbReply.h"
+
 #include <QGuiApplication>
 
 #include <xcb/xcb.h>
 
-#include <cstdlib>
-#include <memory>
-
 namespace tavrel {
 
 namespace {
-template <typename Reply> using ReplyPointer = std::unique_ptr<Reply, decltype(&std::free)>;
-
 xcb_connection_t* connection() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   return x11 ? x11->connection() : nullptr;
@@ -20,7 +17,7 @@ xcb_connection_t* connection() {
 
 void waitForServer() {
   if (xcb_connection_t* server = connection())
-    std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+    xcbReply(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
 }
 
 bool pointerButtonIsDown() {
@@ -29,8 +26,8 @@ bool pointerButtonIsDown() {
     return false;
   constexpr auto buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
   const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
-  const ReplyPointer<xcb_query_pointer_reply_t> reply(
-      xcb_query_pointer_reply(server, xcb_query_pointer(server, root), nullptr), &std::free);
+  const auto reply =
+      xcbReply(xcb_query_pointer_reply(server, xcb_query_pointer(server, root), nullptr));
   return reply && (reply->mask & buttons) != 0;
 }
 
