@@ -31,6 +31,13 @@ class TrayPanel {
                                         "systray_icon_size = 22\n";
 };
 
+/// A tray at the top of the screen that gives an icon no more room than it asks for.
+class PlainTrayPanel {
+  Program panel_{QStringLiteral("trayer"),
+                 QStringLiteral("--edge top --align left --widthtype request --height 28")
+                     .split(QLatin1Char(' '))};
+};
+
 /// A panel at the top of the screen that shows notifier items.
 class HostPanel {
 public:

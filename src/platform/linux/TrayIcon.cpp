@@ -93,6 +93,17 @@ void setText(xcb_connection_t* server, xcb_window_t window, xcb_atom_t name,
                       static_cast<std::uint32_t>(text.size()), text.data());
 }
 
+/// Some trays make an icon as small as it allows.
+void askForSize(xcb_connection_t* server, xcb_window_t window, QSize size) {
+  constexpr std::uint32_t minimumGiven = 1U << 4;
+  std::array<std::uint32_t, 18> hints{}; // laid out as WM_SIZE_HINTS
+  hints[0] = minimumGiven;
+  hints[5] = static_cast<std::uint32_t>(size.width());
+  hints[6] = static_cast<std::uint32_t>(size.height());
+  xcb_change_property(server, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NORMAL_HINTS,
+                      XCB_ATOM_WM_SIZE_HINTS, 32, hints.size(), hints.data());
+}
+
 void putImage(xcb_connection_t* server, xcb_window_t window, std::uint8_t depth,
               const QImage& image) {
   const xcb_gcontext_t context = xcb_generate_id(server);
@@ -175,6 +186,7 @@ void TrayIcon::dock() {
   const xcb_atom_t info = atom(server_, "_XEMBED_INFO");
   xcb_change_property(server_, XCB_PROP_MODE_REPLACE, window_, info, info, 32, embedMapped.size(),
                       embedMapped.data());
+  askForSize(server_, window_, size_);
   setText(server_, window_, XCB_ATOM_WM_NAME, "Tavrel");
   setText(server_, window_, XCB_ATOM_WM_CLASS, std::string_view("tavrel\0Tavrel", 14));
   xcb_client_message_event_t request{};
@@ -257,6 +269,8 @@ void TrayIcon::resized(const xcb_configure_notify_event_t& event) {
   if (!isEmbedded() || event.window != window_)
     return;
   size_ = {event.width, event.height};
+  if (size_.width() < size_.height()) // a row of icons: ours wants to be square
+    askForSize(server_, window_, {size_.height(), firstSize});
   draw();
 }
 

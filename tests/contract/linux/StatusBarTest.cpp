@@ -119,12 +119,17 @@ class TrayWorld : public PanelWorld {
   TrayPanel panel_;
 };
 
+/// A tray that shows icons as they are, without blending.
+class PlainTrayWorld : public PanelWorld {
+  PlainTrayPanel panel_;
+};
+
 /// A panel that is a host of notifier items.
 class HostWorld : public PanelWorld {
   HostPanel panel_;
 };
 
-using Worlds = ::testing::Types<TrayWorld, HostWorld>;
+using Worlds = ::testing::Types<TrayWorld, PlainTrayWorld, HostWorld>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, StatusBarContract, Worlds);
 
 class PanelsComeAndGo : public ::testing::Test {
