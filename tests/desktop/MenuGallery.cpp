@@ -170,7 +170,8 @@ int run(const QCommandLineParser& options) {
   fill(menu);
   LinuxStatusBar statusBar(presenter);
   const auto item = statusBar.addItem(-1.0);
-  item->setImage(document());
+  LinuxImages resources(options.value("images").toStdString());
+  item->setImage(resources.named("TavrelBarIcon").value_or(document()));
   item->setMenu(&menu);
   if (!options.isSet("wait"))
     QTimer::singleShot(0, qApp, [&] {
@@ -190,6 +191,7 @@ int main(int argc, char** argv) {
   QCommandLineParser options;
   options.addHelpOption();
   options.addOptions({{"dark", "Use a dark palette."},
+                      {"images", "Take the status icon from this folder.", "folder"},
                       {"small", "Use the small font."},
                       {"wait", "Wait for clicks on the status item."}});
   options.process(application);
