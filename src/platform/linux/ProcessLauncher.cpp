@@ -50,6 +50,12 @@ std::vector<std::string> environmentFor(const ProcessRequest& request) {
   return result;
 }
 
+/// The root where there is no home to go to: that is no reason not to start.
+std::string homeFolder() {
+  const char* home = std::getenv("HOME");
+  return home != nullptr && ::access(home, X_OK) == 0 ? home : "/";
+}
+
 std::vector<char*> pointers(std::vector<std::string>& texts) {
   std::vector<char*> result;
   for (std::string& text : texts)
@@ -129,9 +135,7 @@ std::error_code startProcess(const ProcessRequest& request) {
   std::vector<std::string> environment = environmentFor(request);
   const std::vector<char*> argumentList = pointers(arguments);
   const std::vector<char*> environmentList = pointers(environment);
-  const char* home = std::getenv("HOME");
-  const std::string folder =
-      !request.folder.empty() ? request.folder : std::string(home != nullptr ? home : "/");
+  const std::string folder = request.folder.empty() ? homeFolder() : request.folder;
   int ends[2];
   if (::pipe2(ends, O_CLOEXEC) != 0)
     return lastError();

@@ -9,9 +9,9 @@ namespace tavrel {
 
 /// A program to start.
 struct ProcessRequest {
-  std::string program;                            ///< absolute path
-  std::vector<std::string> arguments;             ///< the program's name first
-  std::string folder;                             ///< to start in; empty: the person's home
+  std::string program;                ///< absolute path
+  std::vector<std::string> arguments; ///< the program's name first
+  std::string folder;                 ///< to start in; empty: the person's home, or the root
   std::map<std::string, std::string> environment; ///< added to ours
 };
 

@@ -46,6 +46,15 @@ TEST_F(ProcessLauncherTest, StartsInTheFolder) {
             (scratch.path() / "here").string() + "\n");
 }
 
+TEST_F(ProcessLauncherTest, StartsAtHomeWhereThereIsOne) {
+  const std::string home = ::getenv("HOME");
+  ::setenv("HOME", scratch.path().c_str(), 1);
+  EXPECT_EQ(outputOf("pwd"), scratch.path().string() + "\n");
+  ::setenv("HOME", "/nonexistent", 1);
+  EXPECT_EQ(outputOf("pwd"), "/\n");
+  ::setenv("HOME", home.c_str(), 1);
+}
+
 TEST_F(ProcessLauncherTest, TheEnvironmentIsOursWithoutWhatIsMeantForUs) {
   ::setenv("DESKTOP_STARTUP_ID", "ours", 1);
   ::setenv("TAVREL_PRIVATE", "ours", 1);
@@ -86,7 +95,7 @@ TEST_F(ProcessLauncherTest, SignalsAreAsAtLogIn) {
   ::sigemptyset(&blocked);
   ::sigaddset(&blocked, SIGUSR2);
   ::pthread_sigmask(SIG_BLOCK, &blocked, nullptr);
-  const std::string told = outputOf("grep -E '^Sig(Blk|Ign)' /proc/$$/status");
+  const std::string told = outputOf("grep -E '^Sig(Blk|Ign)' /proc/self/status");
   ::pthread_sigmask(SIG_UNBLOCK, &blocked, nullptr);
   ::signal(SIGUSR1, SIG_DFL);
   EXPECT_EQ(told, "SigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n");
