@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxImages.h"
 
 #include "platform/linux/FileIcons.h"
+#include "platform/linux/IconTheme.h"
 #include "platform/linux/ImageContents.h"
 #include "platform/linux/ItemKind.h"
 #include "platform/linux/LinuxImage.h"
@@ -36,16 +37,6 @@ private:
   std::shared_ptr<FileIcons> icons_;
   mutable std::optional<Image> found_;
 };
-
-/// A bare desktop names no theme, or only the empty one that all others build on.
-void ensureIconTheme() {
-  const QString theme = QIcon::themeName();
-  if (theme.isEmpty() || theme == QStringLiteral("hicolor"))
-    QIcon::setThemeName(QStringLiteral("Adwaita"));
-  if (QIcon::fallbackThemeName().isEmpty() ||
-      QIcon::fallbackThemeName() == QStringLiteral("hicolor"))
-    QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
-}
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "contract/ImagesContract.h"
 
 #include "platform/linux/FileIcons.h"
+#include "platform/linux/IconTheme.h"
 #include "platform/linux/LinuxImage.h"
 #include "platform/linux/LinuxImages.h"
 
@@ -282,6 +283,15 @@ TEST_F(LinuxImagesTest, TheNameOfAFileDecidesBeforeItsContent) {
   EXPECT_THAT(chosen(write("a.pdf", "plain text")).themeNames, Contains("application-pdf"));
   EXPECT_THAT(chosen(write("unnamed", "%PDF-1.4\n")).themeNames, Contains("application-pdf"));
   EXPECT_THAT(chosen(write("empty", "")).themeNames, Contains("text-x-generic"));
+}
+
+TEST_F(LinuxImagesTest, TheIconThemeIsTheToolkitsThenThatOfGtkThenAdwaita) {
+  const QString folder = QString::fromStdString(world.at("config"));
+  EXPECT_EQ(chosenIconTheme("Papirus", folder), "Papirus");
+  EXPECT_EQ(chosenIconTheme("hicolor", folder), "Adwaita");
+  EXPECT_EQ(chosenIconTheme("", folder), "Adwaita");
+  write("config/gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Tango\n");
+  EXPECT_EQ(chosenIconTheme("hicolor", folder), "Tango");
 }
 
 TEST_F(LinuxImagesTest, AskingForAnIconDoesNotLookForIt) {
