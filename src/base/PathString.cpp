@@ -87,7 +87,7 @@ std::string removingDotSegments(std::string_view path) {
     else if (part != ".." || !absolute)
       kept.push_back(part);
   }
-  return (absolute ? "/" : "") + joined(kept);
+  return std::string(absolute ? "/" : "").append(joined(kept));
 }
 
 std::string expandingTilde(std::string_view path, std::string_view home) {

@@ -35,8 +35,8 @@ std::string layoutIdentifierOf(std::string_view layouts, std::string_view varian
     return std::string(prefix) + "US";
   if (layout == "us" && variant == "dvorak")
     return std::string(prefix) + "Dvorak";
-  const std::string suffix = variant.empty() ? "" : "-" + std::string(variant);
-  return prefix + capitalized(layout) + suffix;
+  std::string identifier = std::string(prefix).append(capitalized(layout));
+  return variant.empty() ? identifier : identifier.append("-").append(variant);
 }
 
 } // namespace tavrel
