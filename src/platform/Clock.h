@@ -7,7 +7,8 @@ namespace tavrel {
 
 using TimerId = std::uint64_t;
 
-/// Time. Nobody else in the system asks for it.
+/// Time. Nobody else in the system asks for it. A span that is negative or no number counts as
+/// none.
 class Clock {
 public:
   virtual ~Clock() = default;

@@ -17,9 +17,12 @@ double realSeconds() {
   return Seconds(std::chrono::system_clock::now().time_since_epoch()).count() - referenceDate;
 }
 
-std::chrono::milliseconds milliseconds(double seconds) {
-  constexpr double longest = 24 * 86400.0; // a timer of Qt counts milliseconds in 32 bits
-  return std::chrono::ceil<std::chrono::milliseconds>(Seconds(std::clamp(seconds, 0.0, longest)));
+// A timer of Qt counts milliseconds in 32 bits; nothing here waits that long.
+constexpr double longest = 24 * 86400.0;
+
+// In this order the comparisons make none of what is no number, too.
+Seconds span(double seconds) {
+  return Seconds(std::min(longest, std::max(0.0, seconds)));
 }
 } // namespace
 
@@ -32,7 +35,7 @@ double LinuxClock::now() {
 }
 
 void LinuxClock::sleep(double seconds) {
-  std::this_thread::sleep_for(Seconds(seconds));
+  std::this_thread::sleep_for(span(seconds));
 }
 
 TimerId LinuxClock::schedule(double seconds, std::function<void()> action) {
@@ -45,7 +48,7 @@ TimerId LinuxClock::schedule(double seconds, std::function<void()> action) {
     fire(id);
     kept();
   });
-  timer->start(milliseconds(seconds));
+  timer->start(std::chrono::ceil<std::chrono::milliseconds>(span(seconds)));
   timers_.emplace(id, std::move(timer));
   return id;
 }

@@ -4,6 +4,13 @@
 
 namespace tavrel {
 
+namespace {
+// In this order the comparison makes none of what is no number, too.
+double span(double seconds) {
+  return std::max(0.0, seconds);
+}
+} // namespace
+
 void MemoryClock::advance(double seconds) {
   const double until = control.now + seconds;
   for (auto timer = nextDue(until); timer != timers_.end(); timer = nextDue(until)) {
@@ -24,11 +31,11 @@ MemoryClock::Timers::iterator MemoryClock::nextDue(double until) {
 
 void MemoryClock::sleep(double seconds) {
   control.sleeps.push_back(seconds);
-  control.now += seconds;
+  control.now += span(seconds);
 }
 
 TimerId MemoryClock::schedule(double seconds, std::function<void()> action) {
-  timers_.emplace(++last_, Timer{control.now + seconds, std::move(action)});
+  timers_.emplace(++last_, Timer{control.now + span(seconds), std::move(action)});
   return last_;
 }
 
