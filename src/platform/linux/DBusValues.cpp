@@ -3,11 +3,31 @@
 #include <QDBusArgument>
 #include <QDBusVariant>
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 namespace tavrel {
 
 namespace {
 
 constexpr int deepest = 32;
+
+// A message holds 64 containers inside one another, and a dictionary takes three: the array, its
+// entry, and the variant that holds the next one. A deeper message costs the sender its connection.
+constexpr int deepestSent = 20;
+
+bool isDeeper(const PropertyList& value, int levels) {
+  if (levels < 0)
+    return true;
+  if (const PropertyList::Array* elements = value.array())
+    return std::any_of(elements->begin(), elements->end(),
+                       [&](const PropertyList& each) { return isDeeper(each, levels - 1); });
+  if (const PropertyList::Dictionary* entries = value.dictionary())
+    return std::any_of(entries->begin(), entries->end(),
+                       [&](const auto& each) { return isDeeper(each.second, levels - 1); });
+  return false;
+}
 
 std::optional<PropertyList> converted(const QVariant& value, int depth);
 
@@ -33,29 +53,49 @@ std::optional<PropertyList> dictionaryFrom(const QVariantMap& map, int depth) {
   return entries;
 }
 
-// What Qt leaves packed is taken apart by its signature.
-std::optional<PropertyList> unpacked(const QDBusArgument& argument, int depth) {
-  const QString signature = argument.currentSignature();
-  if (signature == "a{sv}")
-    return dictionaryFrom(qdbus_cast<QVariantMap>(argument), depth);
-  if (signature == "av")
-    return arrayFrom(qdbus_cast<QVariantList>(argument), depth);
-  if (signature.startsWith("a") && signature.size() == 2) {
-    QVariantList elements;
-    argument.beginArray();
-    while (!argument.atEnd())
-      elements.append(argument.asVariant());
-    argument.endArray();
-    return arrayFrom(elements, depth);
+QVariantList elementsOf(const QDBusArgument& argument) {
+  QVariantList elements;
+  argument.beginArray();
+  while (!argument.atEnd())
+    elements.append(argument.asVariant());
+  argument.endArray();
+  return elements;
+}
+
+QVariantMap entriesOf(const QDBusArgument& argument) {
+  QVariantMap entries;
+  argument.beginMap();
+  while (!argument.atEnd()) {
+    argument.beginMapEntry();
+    const QString key = argument.asVariant().toString();
+    entries.insert(key, argument.asVariant());
+    argument.endMapEntry();
   }
+  argument.endMap();
+  return entries;
+}
+
+// What Qt leaves packed: arrays of anything, and dictionaries, here those with string keys.
+std::optional<PropertyList> unpacked(const QDBusArgument& argument, int depth) {
+  if (argument.currentType() == QDBusArgument::ArrayType)
+    return arrayFrom(elementsOf(argument), depth);
+  if (argument.currentType() == QDBusArgument::MapType &&
+      argument.currentSignature().startsWith(QLatin1String("a{s")))
+    return dictionaryFrom(entriesOf(argument), depth);
   return std::nullopt;
+}
+
+std::optional<PropertyList> integerFrom(quint64 value) {
+  if (value > static_cast<quint64>(std::numeric_limits<std::int64_t>::max()))
+    return std::nullopt;
+  return static_cast<std::int64_t>(value);
 }
 
 std::optional<PropertyList> converted(const QVariant& value, int depth) {
   if (depth > deepest)
     return std::nullopt;
   if (value.metaType() == QMetaType::fromType<QDBusVariant>())
-    return converted(value.value<QDBusVariant>().variant(), depth + 1);
+    return converted(value.value<QDBusVariant>().variant(), depth);
   if (value.metaType() == QMetaType::fromType<QDBusArgument>())
     return unpacked(value.value<QDBusArgument>(), depth);
   switch (value.typeId()) {
@@ -67,8 +107,9 @@ std::optional<PropertyList> converted(const QVariant& value, int depth) {
   case QMetaType::Int:
   case QMetaType::UInt:
   case QMetaType::LongLong:
-  case QMetaType::ULongLong:
     return static_cast<std::int64_t>(value.toLongLong());
+  case QMetaType::ULongLong:
+    return integerFrom(value.toULongLong());
   case QMetaType::Double:
     return value.toDouble();
   case QMetaType::QString:
@@ -87,13 +128,7 @@ std::optional<PropertyList> converted(const QVariant& value, int depth) {
   }
 }
 
-} // namespace
-
-std::optional<PropertyList> propertyListFromDBus(const QVariant& value) {
-  return converted(value, 0);
-}
-
-QVariant dbusFromPropertyList(const PropertyList& value) {
+QVariant sent(const PropertyList& value) {
   switch (value.kind()) {
   case PropertyList::Kind::boolean:
     return *value.boolean();
@@ -111,17 +146,29 @@ QVariant dbusFromPropertyList(const PropertyList& value) {
   case PropertyList::Kind::array: {
     QVariantList list;
     for (const PropertyList& element : *value.array())
-      list.append(dbusFromPropertyList(element));
+      list.append(sent(element));
     return list;
   }
   case PropertyList::Kind::dictionary: {
     QVariantMap map;
     for (const auto& [key, entry] : *value.dictionary())
-      map.insert(QString::fromStdString(key), dbusFromPropertyList(entry));
+      map.insert(QString::fromStdString(key), sent(entry));
     return map;
   }
   }
   return {};
+}
+
+} // namespace
+
+std::optional<PropertyList> propertyListFromDBus(const QVariant& value) {
+  return converted(value, 0);
+}
+
+std::optional<QVariant> dbusFromPropertyList(const PropertyList& value) {
+  if (isDeeper(value, deepestSent))
+    return std::nullopt;
+  return sent(value);
 }
 
 } // namespace tavrel

@@ -15,14 +15,24 @@ constexpr const char* path = "/qorvane/tavrel/DistributedNotifications";
 constexpr const char* interface = "qorvane.tavrel.DistributedNotifications";
 constexpr const char* signalName = "Posted";
 constexpr const char* signature = "ssa{sv}";
+
+// Qt holds back what reaches the shared connection before the event loop starts, and lets later
+// messages overtake it. A connection of our own keeps the order.
+QDBusConnection ownConnection() {
+  return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                       LinuxDistributedNotificationCenter::connectionName);
+}
+
+std::optional<std::string> objectNamed(const QString& name) {
+  return name.isEmpty() ? std::nullopt : std::optional(name.toStdString());
+}
 } // namespace
 
 LinuxDistributedNotificationCenter::LinuxDistributedNotificationCenter()
     : receiver_(std::make_unique<DBusSignalReceiver>(
           [this](const QDBusMessage& message) { receive(message); })) {
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  if (!bus.connect(QString(), path, interface, signalName, receiver_.get(),
-                   SLOT(receive(QDBusMessage))))
+  if (!ownConnection().connect(QString(), path, interface, signalName, receiver_.get(),
+                               SLOT(receive(QDBusMessage))))
     qCWarning(notificationsLog, "no session bus: other programs cannot be heard");
 }
 
@@ -38,16 +48,28 @@ void LinuxDistributedNotificationCenter::receive(const QDBusMessage& message) {
     qCWarning(notificationsLog, "a notification with values of foreign kinds was ignored");
     return;
   }
-  center_.post({message.arguments().at(1).toString().toStdString(),
-                message.arguments().at(0).toString().toStdString(), *userInfo->dictionary()});
+  waiting_.push_back({message.arguments().at(1).toString().toStdString(),
+                      objectNamed(message.arguments().at(0).toString()), *userInfo->dictionary()});
+  if (!delivering_)
+    deliverWaiting();
+}
+
+void LinuxDistributedNotificationCenter::deliverWaiting() {
+  delivering_ = true;
+  while (!waiting_.empty()) {
+    const Notification next = std::move(waiting_.front());
+    waiting_.pop_front();
+    center_.post(next);
+  }
+  delivering_ = false;
 }
 
 void LinuxDistributedNotificationCenter::post(const Notification& notification) {
+  const auto userInfo = dbusFromPropertyList(PropertyList(notification.userInfo));
   QDBusMessage message = QDBusMessage::createSignal(path, interface, signalName);
   message << QString::fromStdString(notification.object.value_or(""))
-          << QString::fromStdString(notification.name)
-          << dbusFromPropertyList(PropertyList(notification.userInfo));
-  if (!QDBusConnection::sessionBus().send(message))
+          << QString::fromStdString(notification.name) << userInfo.value_or(QVariantMap());
+  if (!userInfo || !ownConnection().send(message))
     qCWarning(notificationsLog, "a notification could not be sent");
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/InProcessNotificationCenter.h"
 
+#include <deque>
 #include <memory>
 
 class QDBusMessage;
@@ -12,10 +13,14 @@ class DBusSignalReceiver;
 
 /// Notifications between the programs of a session, as the signal Posted (object, name, user
 /// information: "ssa{sv}") of the interface qorvane.tavrel.DistributedNotifications at the path
-/// /qorvane/tavrel/DistributedNotifications, from whatever sender. Messages of another signature
-/// are ignored with a line on standard error.
+/// /qorvane/tavrel/DistributedNotifications, from whatever sender. An empty object is none.
+/// Messages of another signature are ignored with a line on standard error. What arrives while a
+/// handler runs an event loop of its own waits until that handler is back.
 class LinuxDistributedNotificationCenter final : public NotificationCenter {
 public:
+  /// The name, inside this process, of the connection that the signals use.
+  static constexpr const char* connectionName = "tavrel.notifications";
+
   LinuxDistributedNotificationCenter();
   ~LinuxDistributedNotificationCenter() override;
 
@@ -28,8 +33,11 @@ public:
 
 private:
   void receive(const QDBusMessage& message);
+  void deliverWaiting();
 
   InProcessNotificationCenter center_;
+  std::deque<Notification> waiting_;
+  bool delivering_ = false;
   std::unique_ptr<DBusSignalReceiver> receiver_;
 };
 
