@@ -66,6 +66,8 @@ struct LinuxKeyboard::Server {
       return false;
     root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
     context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
+    if (context)
+      xkb_context_set_log_level(context, XKB_LOG_LEVEL_CRITICAL); // we speak for ourselves
     const int ready = xkb_x11_setup_xkb_extension(
         connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
         XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr);
@@ -75,6 +77,13 @@ struct LinuxKeyboard::Server {
       return false;
     translation = keyTranslation(*current);
     return true;
+  }
+
+  // Reading tells whether the server is there, and takes the notices that it sends unasked.
+  [[nodiscard]] bool isThere() const {
+    while (Owned<xcb_generic_event_t>(xcb_poll_for_event(connection))) {
+    }
+    return xcb_connection_has_error(connection) == 0;
   }
 
   [[nodiscard]] XkbKeymap keymap() const {
@@ -116,9 +125,17 @@ LinuxKeyboard::LinuxKeyboard() : server_(std::make_unique<Server>()) {
 
 LinuxKeyboard::~LinuxKeyboard() = default;
 
+bool LinuxKeyboard::hasServer() {
+  if (server_ && !server_->isThere()) {
+    qCWarning(keyboardLog, "the display is gone: the keyboard cannot be read any more");
+    server_.reset();
+  }
+  return server_ != nullptr;
+}
+
 KeyMap LinuxKeyboard::keyMap() {
   KeyMap map;
-  if (!server_)
+  if (!hasServer())
     return map;
   const Owned<xcb_query_keymap_reply_t> keys(
       xcb_query_keymap_reply(server_->connection, xcb_query_keymap(server_->connection), nullptr));
@@ -129,7 +146,7 @@ KeyMap LinuxKeyboard::keyMap() {
 }
 
 std::uint32_t LinuxKeyboard::eventModifiers() {
-  if (!server_)
+  if (!hasServer())
     return 0;
   const Owned<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
       server_->connection, xcb_query_pointer(server_->connection, server_->root), nullptr));
@@ -141,7 +158,7 @@ std::uint32_t LinuxKeyboard::eventModifiers() {
 }
 
 std::string LinuxKeyboard::layoutIdentifier() {
-  if (!server_)
+  if (!hasServer())
     return {};
   const std::vector<std::string> names = ruleNames(server_->rules());
   return layoutIdentifierOf(names[2], names[3], server_->group());
@@ -156,10 +173,11 @@ std::int16_t LinuxKeyboard::layoutId() {
 }
 
 std::optional<CharacterTables> LinuxKeyboard::characterTables() {
-  const XkbKeymap keymap = server_ ? server_->keymap() : nullptr;
+  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return std::nullopt;
-  return CharacterTables{layoutId(), layoutIdentifier(), tablesOf(*keymap, server_->group())};
+  std::vector<CharacterTable> tables = tablesOf(*keymap, server_->group());
+  return CharacterTables{layoutId(), layoutIdentifier(), std::move(tables)};
 }
 
 std::uint32_t LinuxKeyboard::translate(std::uint16_t keyCode) {

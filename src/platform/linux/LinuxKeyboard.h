@@ -7,7 +7,7 @@
 namespace tavrel {
 
 /// The X server's keyboard, over a connection of its own. Without a server, or when it goes,
-/// nothing is down and no layout is known.
+/// nothing is down and no layout is known; one line on standard error says so.
 class LinuxKeyboard final : public Keyboard {
 public:
   LinuxKeyboard();
@@ -22,6 +22,8 @@ public:
 
 private:
   struct Server;
+  [[nodiscard]] bool hasServer();
+
   std::unique_ptr<Server> server_; ///< null without a server
 };
 

@@ -3,6 +3,13 @@
 #include "platform/linux/LinuxKeyboard.h"
 #include "platform/linux/XkbLayout.h"
 
+#include <QProcess>
+
+#define explicit explicitActions // a member of the C header bears the name
+#include <xcb/xkb.h>
+#undef explicit
+
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <string>
@@ -12,6 +19,17 @@ namespace {
 
 void run(const std::string& command) {
   ASSERT_EQ(std::system(command.c_str()), 0) << command;
+}
+
+// What a person's group switch does; key events of xdotool put the group back.
+void lockGroup(std::uint8_t group) {
+  xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+  std::free(
+      xcb_xkb_use_extension_reply(connection, xcb_xkb_use_extension(connection, 1, 0), nullptr));
+  std::free(xcb_request_check(connection,
+                              xcb_xkb_latch_lock_state_checked(connection, XCB_XKB_ID_USE_CORE_KBD,
+                                                               0, 0, 1, group, 0, 0, 0)));
+  xcb_disconnect(connection);
 }
 
 // Real key events and real layout changes on the private display.
@@ -63,6 +81,87 @@ TEST(LinuxKeyboard, CyrillicLettersHaveNoCodeOfTheirOwn) {
   LinuxWorld world;
   world.use("ru");
   EXPECT_EQ(world.adapter.translate(0), 0U);
+}
+
+TEST(LinuxKeyboard, TheRightHandKeysHaveCodesOfTheirOwn) {
+  const std::map<std::string, std::uint16_t> keys{
+      {"105", 54}, {"62", 60}, {"108", 61}, {"134", 62}}; // by the server's key numbers
+  LinuxWorld world;
+  for (const auto& [name, code] : keys) {
+    run("xdotool keydown " + name);
+    KeyMap expected;
+    expected.set(code);
+    EXPECT_EQ(world.adapter.keyMap(), expected) << name;
+    run("xdotool keyup " + name);
+  }
+}
+
+TEST(LinuxKeyboard, CapsLockIsAModifierAlsoWhenItsKeyIsUp) {
+  LinuxWorld world;
+  run("xdotool key Caps_Lock");
+  EXPECT_EQ(world.adapter.eventModifiers(), eventModifier::capsLock);
+  EXPECT_FALSE(world.adapter.keyMap().any());
+  EXPECT_EQ(world.adapter.translate(0), static_cast<std::uint32_t>('a')) << "without modifiers";
+  run("xdotool key Caps_Lock");
+  EXPECT_EQ(world.adapter.eventModifiers(), 0U);
+}
+
+TEST(LinuxKeyboard, TheGroupInForceIsTheLayout) {
+  LinuxWorld world;
+  world.use("-layout us,us,ru -variant ,dvorak,");
+  const std::int16_t us = world.adapter.layoutId();
+  lockGroup(1);
+  EXPECT_EQ(world.adapter.layoutIdentifier(), "com.apple.keylayout.Dvorak");
+  EXPECT_NE(world.adapter.layoutId(), us);
+  EXPECT_EQ(world.adapter.translate(34), static_cast<std::uint32_t>('c'));
+  lockGroup(2);
+  EXPECT_EQ(world.adapter.layoutIdentifier(), "com.apple.keylayout.Ru");
+  lockGroup(0);
+  EXPECT_EQ(world.adapter.layoutIdentifier(), "com.apple.keylayout.US");
+  EXPECT_EQ(world.adapter.layoutId(), us);
+}
+
+TEST(LinuxKeyboard, KeysKeepTheirPlacesInEveryLayout) {
+  LinuxWorld world;
+  for (const char* layout : {"us", "dvorak", "de", "ru"}) {
+    world.use(layout);
+    run("xdotool keydown 54"); // the server's number of the third key of the bottom row
+    KeyMap expected;
+    expected.set(8);
+    EXPECT_EQ(world.adapter.keyMap(), expected) << layout;
+    run("xdotool keyup 54");
+  }
+}
+
+TEST(LinuxKeyboard, OtherDvoraksAreNotDvorak) {
+  LinuxWorld world;
+  for (const char* variant : {"dvp", "dvorak-l", "dvorak-intl"}) {
+    world.use(std::string("us -variant ") + variant);
+    EXPECT_EQ(world.adapter.layoutIdentifier(), std::string("com.apple.keylayout.Us-") + variant);
+  }
+}
+
+// The server ends while the keyboard is open.
+TEST(LinuxKeyboard, WhenTheServerGoesNothingIsKnownAndOneLineSaysSo) {
+  QProcess server;
+  server.start("Xvfb", {"-displayfd", "1", "-nolisten", "tcp"});
+  ASSERT_TRUE(server.waitForReadyRead(20000));
+  const std::string display = std::getenv("DISPLAY");
+  ::setenv("DISPLAY", (":" + server.readAllStandardOutput().trimmed()).constData(), 1);
+  LinuxKeyboard keyboard;
+  ::setenv("DISPLAY", display.c_str(), 1);
+  EXPECT_NE(keyboard.layoutIdentifier(), "");
+  server.kill();
+  ASSERT_TRUE(server.waitForFinished(20000));
+
+  ::testing::internal::CaptureStderr();
+  EXPECT_FALSE(keyboard.characterTables());
+  EXPECT_FALSE(keyboard.keyMap().any());
+  EXPECT_EQ(keyboard.eventModifiers(), 0U);
+  EXPECT_EQ(keyboard.layoutIdentifier(), "");
+  EXPECT_EQ(keyboard.translate(0), 0U);
+  const std::string lines = ::testing::internal::GetCapturedStderr();
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 1) << lines;
 }
 
 TEST(LinuxKeyboard, WithoutADisplayNothingIsKnown) {
