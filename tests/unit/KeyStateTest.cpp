@@ -54,6 +54,17 @@ TEST_F(KeyState, EveryKeyOfAnArrayMustBeDown) {
   EXPECT_FALSE(TestForArrayOfKeysDown(tooMany));
   const std::uint8_t characters[]{'a', 'b'};
   EXPECT_TRUE(TestForArrayOfAsciiKeysDown(table, characters));
+  const std::uint8_t untyped[]{'a', 'z'};
+  EXPECT_FALSE(TestForArrayOfAsciiKeysDown(table, untyped)) << "no key types z";
+}
+
+TEST_F(KeyState, ATableThatNamesKeysBeyondTheLastFindsNoneDown) {
+  desktop.keyboard.control.down.bytes.fill(0xFF);
+  table.keyCodeForChar['a'] = 128;
+  const std::uint8_t characters[]{'a'};
+  EXPECT_FALSE(TestForAsciiKeyDown(table, 'a'));
+  EXPECT_FALSE(TestForArrayOfAsciiKeysDown(table, characters));
+  EXPECT_FALSE(TestForMultipleAsciiKeysDown(table, {'a'}));
 }
 
 TEST_F(KeyState, NoKeysAtAllAreNotDown) {
