@@ -28,7 +28,7 @@ give_up() {
 }
 
 # The id of the program's icon window, once the tray has taken it in.
-tray_icon() { xwininfo -root -tree | awk '/"tavrel": \("tavrel" "tavrel"\)/ { print $1; exit }' | grep .; }
+tray_icon() { xwininfo -root -tree | awk '/\("tavrel" "[Tt]avrel"\)/ { print $1; exit }' | grep .; }
 tray_icon_embedded() {
   local id
   id=$(tray_icon) || return 1
@@ -50,7 +50,7 @@ click_window() {
 # Whether a menu of the program is on the screen: the tray's icon is no child of the root window.
 menu_open() {
   local id
-  for id in $(xwininfo -root -children | awk '/"tavrel": \("tavrel" "tavrel"\)/ { print $1 }'); do
+  for id in $(xwininfo -root -children | awk '/\("tavrel" "[Tt]avrel"\)/ { print $1 }'); do
     xwininfo -id "$id" | grep -q 'Map State: IsViewable' && return 0
   done
   return 1
