@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <fcntl.h>
-#include <ranges>
 #include <set>
 
 namespace tavrel {
@@ -195,13 +194,13 @@ private:
   /// Puts everything back; tells what could not be.
   std::string undo() {
     std::string trouble;
-    for (const std::string& name : std::views::reverse(setAside_))
-      putBack(name, trouble);
-    for (const Placed& copy : std::views::reverse(placed_))
-      withdraw(copy);
-    for (const std::string& name : std::views::reverse(renamed_))
-      if (renameExclusively({destination_.get(), name}, {source_.get(), name}))
-        trouble += "; " + quoted(name) + " stays in " + quoted(destinationPath_);
+    for (auto name = setAside_.rbegin(); name != setAside_.rend(); ++name)
+      putBack(*name, trouble);
+    for (auto copy = placed_.rbegin(); copy != placed_.rend(); ++copy)
+      withdraw(*copy);
+    for (auto name = renamed_.rbegin(); name != renamed_.rend(); ++name)
+      if (renameExclusively({destination_.get(), *name}, {source_.get(), *name}))
+        trouble += "; " + quoted(*name) + " stays in " + quoted(destinationPath_);
     return trouble;
   }
 

@@ -5,7 +5,6 @@
 #include "platform/linux/WindowMatch.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace tavrel {
@@ -90,11 +89,12 @@ std::vector<RunningApplication> LinuxApplications::launched() {
 
 bool LinuxApplications::bringToFront(ProcessSerialNumber process) {
   WindowId best = 0;
-  for (const WindowId window : std::views::reverse(windows_.stacking())) {
-    const std::optional<WindowFacts> facts = windows_.facts(window);
+  const std::vector<WindowId> stacking = windows_.stacking();
+  for (auto window = stacking.rbegin(); window != stacking.rend(); ++window) {
+    const std::optional<WindowFacts> facts = windows_.facts(*window);
     if (!facts || facts->kind == WindowKind::dock || serialOf(*facts) != process)
       continue;
-    best = best == 0 || facts->kind == WindowKind::ordinary ? window : best;
+    best = best == 0 || facts->kind == WindowKind::ordinary ? *window : best;
     if (facts->kind == WindowKind::ordinary)
       break;
   }

@@ -15,7 +15,7 @@ Q_LOGGING_CATEGORY(soundsLog, "tavrel.sounds")
 constexpr std::uint32_t anySound = 0;
 } // namespace
 
-LinuxSounds::LinuxSounds(std::string resourceFolder) : folder_(resourceFolder + "/sounds") {
+LinuxSounds::LinuxSounds(const std::string& resourceFolder) : folder_(resourceFolder + "/sounds") {
   if (ca_context_create(&context_) != CA_SUCCESS) {
     qCWarning(soundsLog, "no sounds can be played");
     context_ = nullptr;

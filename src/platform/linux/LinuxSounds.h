@@ -11,7 +11,7 @@ namespace tavrel {
 class LinuxSounds final : public Sounds {
 public:
   /// Sound files are looked for in the folder's "sounds".
-  explicit LinuxSounds(std::string resourceFolder);
+  explicit LinuxSounds(const std::string& resourceFolder);
   ~LinuxSounds() override;
   LinuxSounds(const LinuxSounds&) = delete;
   LinuxSounds& operator=(const LinuxSounds&) = delete;

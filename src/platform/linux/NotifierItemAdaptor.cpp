@@ -22,7 +22,7 @@ NotifierPixmap notifierPixmap(const QIcon& icon, int size) {
   NotifierPixmap pixmap{image.width(), image.height(), {}};
   for (int y = 0; y < image.height(); ++y) {
     const auto* line = reinterpret_cast<const quint32*>(image.constScanLine(y));
-    QByteArray bytes(image.width() * 4, Qt::Uninitialized);
+    QByteArray bytes(qsizetype{4} * image.width(), Qt::Uninitialized);
     qToBigEndian<quint32>(line, image.width(), bytes.data());
     pixmap.pixels += bytes;
   }

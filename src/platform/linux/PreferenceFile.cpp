@@ -15,7 +15,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr off_t largestFile = 256 * 1024 * 1024;
+constexpr off_t largestFile = off_t{256} * 1024 * 1024;
 constexpr mode_t newFileMode = 0600;
 
 class Descriptor {

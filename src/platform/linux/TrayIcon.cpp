@@ -183,12 +183,13 @@ void TrayIcon::createWindow(xcb_window_t tray) {
 }
 
 void TrayIcon::dock() {
+  static constexpr char windowClass[] = "tavrel\0Tavrel"; // instance and class, each ended by NUL
   const xcb_atom_t info = atom(server_, "_XEMBED_INFO");
   xcb_change_property(server_, XCB_PROP_MODE_REPLACE, window_, info, info, 32, embedMapped.size(),
                       embedMapped.data());
   askForSize(server_, window_, size_);
   setText(server_, window_, XCB_ATOM_WM_NAME, "Tavrel");
-  setText(server_, window_, XCB_ATOM_WM_CLASS, std::string_view("tavrel\0Tavrel", 14));
+  setText(server_, window_, XCB_ATOM_WM_CLASS, std::string_view(windowClass, sizeof windowClass));
   xcb_client_message_event_t request{};
   request.response_type = XCB_CLIENT_MESSAGE;
   request.format = 32;

@@ -8,7 +8,7 @@ OpenMenu::OpenMenu(Menu& menu, OptionKey option) : option_(option) {
   open(std::shared_ptr<Menu>(std::shared_ptr<Menu>(), &menu));
 }
 
-void OpenMenu::open(std::shared_ptr<Menu> menu) {
+void OpenMenu::open(const std::shared_ptr<Menu>& menu) {
   levels_.push_back(menu);
   if (menu->delegate)
     menu->delegate->menuWillOpen(*menu);

@@ -39,7 +39,7 @@ public:
   void finish(MenuActionTarget* target);
 
 private:
-  void open(std::shared_ptr<Menu> menu);
+  void open(const std::shared_ptr<Menu>& menu);
   void closeInnermost();
   bool chooseRow(std::string_view title);
 
