@@ -106,6 +106,8 @@ std::optional<std::string> LinuxBundle::informationValue(const std::string& key)
 
 std::optional<std::string> LinuxBundle::resourcePath(const std::string& name,
                                                      const std::string& type) {
+  if ((name + type).find('/') != std::string::npos)
+    return std::nullopt;
   std::error_code ignored;
   for (const char* room : {"", "images", "sounds", "scripts"}) {
     const fs::path path = fs::path(folder_) / room / (name + "." + type);

@@ -17,9 +17,9 @@ fs::path installedFolder() {
 
 std::string resourceFolder() {
   const char* named = std::getenv("TAVREL_RESOURCES");
-  if (named && named[0] != '\0')
-    return named;
   std::error_code ignored;
+  if (named && named[0] != '\0')
+    return fs::absolute(named, ignored).string();
   const fs::path installed = installedFolder();
   return fs::is_directory(installed, ignored) ? installed.string() : TAVREL_SOURCE_RESOURCES;
 }
