@@ -19,6 +19,7 @@ Q_LOGGING_CATEGORY(soundsLog, "tavrel.sounds")
 
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::seconds freshness{1};
+constexpr std::chrono::seconds longestGoodbye{1};
 constexpr std::size_t mostWaiting = 16;
 
 // The library tells each failed attempt in nine lines; ours says it in one, once.
@@ -76,6 +77,7 @@ struct SoundPlayer::Shared {
   std::condition_variable changed;
   std::deque<Waiting> waiting;
   bool closed = false;
+  bool ended = false;
 
   // Nothing when the player is gone.
   std::optional<Waiting> next() {
@@ -96,6 +98,13 @@ struct SoundPlayer::Shared {
   }
 
   void run() {
+    playAll();
+    const std::lock_guard lock(mutex);
+    ended = true;
+    changed.notify_all();
+  }
+
+  void playAll() {
     Context context;
     while (const auto waiter = next())
       if (waiter->isFresh() && !context.play(waiter->request))
@@ -107,10 +116,12 @@ SoundPlayer::SoundPlayer() : shared_(std::make_shared<Shared>()) {
   std::thread([shared = shared_] { shared->run(); }).detach();
 }
 
+// The library must not be at work while the process takes itself down, but for a call that hangs.
 SoundPlayer::~SoundPlayer() {
-  const std::lock_guard lock(shared_->mutex);
+  std::unique_lock lock(shared_->mutex);
   shared_->closed = true;
-  shared_->changed.notify_one();
+  shared_->changed.notify_all();
+  (void)shared_->changed.wait_for(lock, longestGoodbye, [this] { return shared_->ended; });
 }
 
 void SoundPlayer::play(SoundRequest request) {
@@ -118,7 +129,7 @@ void SoundPlayer::play(SoundRequest request) {
   if (shared_->waiting.size() == mostWaiting)
     shared_->waiting.pop_front();
   shared_->waiting.push_back({std::move(request), Clock::now()});
-  shared_->changed.notify_one();
+  shared_->changed.notify_all();
 }
 
 } // namespace tavrel

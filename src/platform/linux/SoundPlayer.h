@@ -16,7 +16,8 @@ struct SoundRequest {
 };
 
 /// Plays sounds on a thread of its own, since a sound server that does not answer keeps its client
-/// waiting for half a minute. The thread is left behind when it waits at the end.
+/// waiting for half a minute. A thread that still waits a second after the end is left
+/// behind.
 class SoundPlayer {
 public:
   SoundPlayer();

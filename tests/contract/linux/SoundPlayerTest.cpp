@@ -1,5 +1,6 @@
 #include "platform/linux/SoundPlayer.h"
 #include "support/EnvironmentVariable.h"
+#include "support/TemporaryFolder.h"
 #include "support/WaitFor.h"
 
 #include <gmock/gmock.h>
@@ -10,17 +11,35 @@
 namespace tavrel {
 namespace {
 
-TEST(SoundPlayer, WithoutAServerNothingIsHeardAndOneLineTellsSo) {
-  const EnvironmentVariable named("PULSE_SERVER", "unix:/nonexistent");
+const char* const popFile = TAVREL_RESOURCES "/sounds/Pop.wav";
+
+TEST(SoundPlayer, WithoutASoundCardNothingIsHeardAndOneLineTellsSo) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable driver("CANBERRA_DRIVER", "alsa");
+  const EnvironmentVariable card("ALSA_CONFIG_PATH", folder.write("alsa.conf", ""));
   ::testing::internal::CaptureStderr();
   std::atomic<int> unheard = 0;
   SoundPlayer player;
-  for (const auto kind : {SoundRequest::Kind::themed, SoundRequest::Kind::file})
-    player.play({kind, "/nonexistent", [&] { ++unheard; }});
-  EXPECT_TRUE(waitFor([&] { return unheard == 2; }));
+  for (int i = 0; i < 3; ++i)
+    player.play({SoundRequest::Kind::file, popFile, [&] { ++unheard; }});
+  EXPECT_TRUE(waitFor([&] { return unheard == 3; }));
   const std::string said = ::testing::internal::GetCapturedStderr();
   EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
   EXPECT_THAT(said, ::testing::HasSubstr("no sounds can be played: "));
+}
+
+TEST(SoundPlayer, WhatCanBePlayedIsNotToldAsUnheard) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable driver("CANBERRA_DRIVER", "alsa");
+  const EnvironmentVariable card("ALSA_CONFIG_PATH",
+                                 folder.write("alsa.conf", "pcm.!default { type null }"));
+  std::atomic<bool> unheard = false;
+  std::atomic<bool> done = false;
+  SoundPlayer player;
+  player.play({SoundRequest::Kind::file, popFile, [&] { unheard = true; }});
+  player.play({SoundRequest::Kind::file, "/nonexistent.wav", [&] { done = true; }});
+  EXPECT_TRUE(waitFor([&] { return done.load(); }));
+  EXPECT_FALSE(unheard);
 }
 
 } // namespace
