@@ -105,16 +105,17 @@ private:
     case simple:
       return object.count == 8 || object.count == 9;
     case integer:
-      return object.count <= 4 && (std::uint64_t{1} << object.count) <= room;
+      return object.count <= 3 && (std::uint64_t{1} << object.count) <= room;
     case real:
       return (object.count == 2 || object.count == 3) && (std::uint64_t{1} << object.count) <= room;
     case date:
       return object.count == 3 && room >= 8;
     case data:
-    case ascii:
       return object.count <= room;
+    case ascii:
+      return object.count <= room && isAscii(object);
     case utf16:
-      return object.count <= room / 2;
+      return object.count <= room / 2 && isUtf16(object);
     case array:
       return object.count <= room / referenceSize_;
     case dictionary:
@@ -122,6 +123,25 @@ private:
     default:
       return false;
     }
+  }
+
+  [[nodiscard]] bool isAscii(const Object& object) const {
+    const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(object.contents);
+    return std::all_of(start, start + static_cast<std::ptrdiff_t>(object.count),
+                       [](std::uint8_t byte) { return byte < 0x80; });
+  }
+
+  // Surrogates come in pairs, the high one first.
+  [[nodiscard]] bool isUtf16(const Object& object) const {
+    bool pending = false;
+    for (std::size_t i = 0; i < object.count; ++i) {
+      const std::uint64_t unit = bigEndian(object.contents + 2 * i, 2);
+      const bool low = unit >= 0xDC00 && unit < 0xE000;
+      if (low != pending)
+        return false;
+      pending = unit >= 0xD800 && unit < 0xDC00;
+    }
+    return !pending;
   }
 
   // The numbers of an object's parts; nothing when one of them is no object or no key.

@@ -5,6 +5,7 @@
 #include "platform/linux/PropertyListXmlCheck.h"
 
 #include <limits>
+#include <locale.h>
 #include <string_view>
 
 namespace tavrel {
@@ -22,7 +23,25 @@ std::string problemOf(const Bytes& bytes, PropertyListForm form) {
                                           : problemOfXmlPropertyList(textOf(bytes));
 }
 
+// The library reads and writes numbers as the locale has them; the format does not.
+class NumbersOfTheFormat {
+public:
+  NumbersOfTheFormat()
+      : numbers_(::newlocale(LC_NUMERIC_MASK, "C", nullptr)), previous_(::uselocale(numbers_)) {}
+  ~NumbersOfTheFormat() {
+    ::uselocale(previous_);
+    ::freelocale(numbers_);
+  }
+  NumbersOfTheFormat(const NumbersOfTheFormat&) = delete;
+  NumbersOfTheFormat& operator=(const NumbersOfTheFormat&) = delete;
+
+private:
+  locale_t numbers_;
+  locale_t previous_;
+};
+
 PlistNode parsed(const Bytes& bytes, PropertyListForm form) {
+  const NumbersOfTheFormat numbers;
   plist_t node = nullptr;
   const auto* start = reinterpret_cast<const char*>(bytes.data());
   const auto size = static_cast<std::uint32_t>(bytes.size());
@@ -53,6 +72,7 @@ std::optional<Bytes> encodePropertyList(const PropertyList& value, PropertyListF
   const PlistNode root = nodeOfValue(value);
   if (!root)
     return std::nullopt;
+  const NumbersOfTheFormat numbers;
   char* output = nullptr; // the library reads it before it writes
   std::uint32_t length = 0;
   if (form == PropertyListForm::binary)

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <limits>
 #include <vector>
 
 namespace tavrel {
@@ -39,7 +40,9 @@ std::string_view withoutSign(std::string_view text) {
   return text;
 }
 
+// What 64 bits with a sign can hold: the library would wrap what is larger.
 bool isInteger(std::string_view text) {
+  const bool negative = trimmed(text).starts_with('-');
   std::string_view digits = withoutSign(trimmed(text));
   const bool hexadecimal = digits.starts_with("0x") || digits.starts_with("0X");
   if (hexadecimal)
@@ -47,7 +50,9 @@ bool isInteger(std::string_view text) {
   std::uint64_t value = 0;
   const auto [end, error] =
       std::from_chars(digits.data(), digits.data() + digits.size(), value, hexadecimal ? 16 : 10);
-  return error == std::errc() && end == digits.data() + digits.size();
+  constexpr std::uint64_t largest = std::numeric_limits<std::int64_t>::max();
+  return error == std::errc() && end == digits.data() + digits.size() &&
+         value <= largest + (negative ? 1 : 0);
 }
 
 bool isReal(std::string_view text) {
@@ -67,14 +72,27 @@ bool isDate(std::string_view text) {
     if (pattern[i] == 'd' ? !digit : text[i] != pattern[i])
       return false;
   }
-  return true;
+  const auto number = [text](std::size_t at) { return (text[at] - '0') * 10 + text[at + 1] - '0'; };
+  return number(5) >= 1 && number(5) <= 12 && number(8) >= 1 && number(8) <= 31 &&
+         number(11) < 24 && number(14) < 60 && number(17) <= 60;
 }
 
 bool isBase64(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("+/= \t\r\n").find(c) != std::string_view::npos;
-  });
+  std::size_t letters = 0;
+  for (char c : text) {
+    const bool blank = std::string_view(" \t\r\n").find(c) != std::string_view::npos;
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                        (c >= '0' && c <= '9') || c == '+' || c == '/' || c == '=';
+    if (!blank && !letter)
+      return false;
+    letters += letter ? 1 : 0;
+  }
+  return letters % 4 == 0;
+}
+
+bool isControl(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 && c != '\t' && c != '\n' && c != '\r';
 }
 
 bool isContent(std::string_view element, std::string_view text) {
@@ -184,8 +202,10 @@ private:
 } // namespace
 
 std::string problemOfXmlPropertyList(std::string_view text) {
-  if (!isUtf8(text) || text.find('\0') != std::string_view::npos)
+  if (!isUtf8(text))
     return "is no UTF-8 text";
+  if (std::any_of(text.begin(), text.end(), isControl))
+    return "holds control characters";
   Checker checker;
   while (!text.empty())
     for (const XmlToken& token : nextXmlTokens(text))

@@ -1,5 +1,8 @@
 #include "platform/linux/XmlTokens.h"
 
+#include <charconv>
+#include <cstdint>
+
 namespace tavrel {
 
 namespace {
@@ -46,11 +49,27 @@ Tokens tag(std::string_view& text) {
   return {{XmlTokenKind::open, name}};
 }
 
+// "&#NUMBER;" or "&#xNUMBER;" of a character that XML can hold.
+bool isCharacterReference(std::string_view text) {
+  if (!text.starts_with("&#"))
+    return false;
+  text = text.substr(2, text.find(';') - 2);
+  const bool hexadecimal = text.starts_with('x');
+  text.remove_prefix(hexadecimal ? 1 : 0);
+  std::uint32_t value = 0;
+  const auto [end, error] =
+      std::from_chars(text.data(), text.data() + text.size(), value, hexadecimal ? 16 : 10);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  const bool blank = value == '\t' || value == '\n' || value == '\r';
+  return whole && (value >= 0x20 || blank) && value <= 0x10FFFF &&
+         (value < 0xD800 || value > 0xDFFF);
+}
+
 bool isEntity(std::string_view text) {
   for (std::string_view known : {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;"})
     if (text.starts_with(known))
       return true;
-  return text.starts_with("&#") && text.find(';') < 12;
+  return isCharacterReference(text);
 }
 
 Tokens characters(std::string_view& text) {
