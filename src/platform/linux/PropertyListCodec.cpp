@@ -4,8 +4,8 @@
 #include "platform/linux/PropertyListNodes.h"
 #include "platform/linux/PropertyListXmlCheck.h"
 
+#include <clocale>
 #include <limits>
-#include <locale.h>
 #include <string_view>
 
 namespace tavrel {
