@@ -24,10 +24,7 @@ public:
 
 private:
   static std::optional<std::string> wordsOf(const std::map<Bytes, std::string>& texts,
-                                            const Bytes& data) {
-    const auto found = texts.find(data);
-    return found == texts.end() ? std::nullopt : std::optional(found->second);
-  }
+                                            const Bytes& data);
 };
 
 } // namespace tavrel

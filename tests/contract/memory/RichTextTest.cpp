@@ -18,9 +18,10 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Memory, RichTextContract, MemoryWorld);
 
 TEST(MemoryRichText, TextWithAttachmentsIsToldApart) {
   MemoryRichText richText;
-  richText.control.rtfd[{1}] = "words";
-  EXPECT_EQ(richText.plainTextOfRtfd({1}), "words");
-  EXPECT_EQ(richText.plainTextOfRtf({1}), std::nullopt);
+  const Bytes data(40, 1);
+  richText.control.rtfd.emplace(data, "words");
+  EXPECT_EQ(richText.plainTextOfRtfd(data), "words");
+  EXPECT_EQ(richText.plainTextOfRtf(data), std::nullopt);
 }
 
 } // namespace
