@@ -3,8 +3,10 @@
 #include "platform/linux/PropertyListCodec.h"
 #include "platform/linux/WellFormedText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 namespace tavrel {
 
@@ -100,6 +102,15 @@ bool isContainer(plist_t node) {
   return PLIST_IS_ARRAY(node) || PLIST_IS_DICT(node);
 }
 
+// The library takes dates of 32-bit seconds, 1932 to 2069: others become the nearest of these.
+plist_t newDateNode(double seconds) {
+  constexpr double farthest = std::numeric_limits<std::int32_t>::max();
+  const double kept = std::isnan(seconds) ? 0 : std::clamp(seconds, -farthest, farthest);
+  const double whole = std::floor(kept);
+  return plist_new_date(static_cast<std::int32_t>(whole),
+                        static_cast<std::int32_t>((kept - whole) * 1e6));
+}
+
 plist_t newNode(const PropertyList& value) {
   switch (value.kind()) {
   case PropertyList::Kind::boolean:
@@ -113,11 +124,8 @@ plist_t newNode(const PropertyList& value) {
   case PropertyList::Kind::data:
     return plist_new_data(reinterpret_cast<const char*>(value.data()->data()),
                           value.data()->size());
-  case PropertyList::Kind::date: {
-    const double seconds = std::floor(value.date()->seconds);
-    return plist_new_date(static_cast<std::int32_t>(seconds),
-                          static_cast<std::int32_t>((value.date()->seconds - seconds) * 1e6));
-  }
+  case PropertyList::Kind::date:
+    return newDateNode(value.date()->seconds);
   case PropertyList::Kind::array:
     return plist_new_array();
   case PropertyList::Kind::dictionary:
