@@ -1,0 +1,99 @@
+#pragma once
+
+#include "script/ScriptError.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel::script {
+
+/// The kinds of a syntax tree's nodes. After each: what the node's text is, then its children in
+/// order; `x?` may be a node of kind `none`, `x*` is any number.
+enum class NodeKind : std::uint8_t {
+  none,
+  // Values
+  missing,
+  boolean,  ///< integer 0 or 1
+  integer,  ///< integer
+  real,     ///< real
+  text,     ///< the text
+  constant, ///< name of an enumerated constant, as `yes` or `command down`
+  typeName, ///< name of a class, as `list`
+  list,     ///< element*
+  record,   ///< entry*
+  entry,    ///< label; value
+  date,     ///< text expression
+  // Names
+  variable, ///< name in lower case
+  me,
+  it,
+  result,
+  currentApplication,
+  // Operators
+  negate, ///< operand
+  invert, ///< operand
+  binary, ///< operator; left, right
+  cast,   ///< value, type
+  refer,  ///< `a reference to` value
+  // Parts of a container; a container of kind `none` is the target of the enclosing tell
+  property,       ///< name; container?
+  element,        ///< class; container?, index or name
+  elementRange,   ///< class; container?, first, last
+  everyElement,   ///< class; container?
+  middleElement,  ///< class; container?
+  someElement,    ///< class; container?
+  filter,         ///< class; container?, condition
+  insertionPoint, ///< beginning or end; container?
+  // Calls; an absent direct parameter is of kind `none`
+  call,         ///< handler name; target?, argument*
+  labelledCall, ///< handler name; target?, direct?, entry*
+  command,      ///< command name; direct?, entry*
+  resume,       ///< `continue`: call
+  // Statements
+  block,      ///< statement*
+  expression, ///< value
+  set,        ///< target, value
+  copy,       ///< target, value
+  branch,     ///< (condition, block)*, block? when the number of children is odd
+  repeatForever,
+  repeatTimes, ///< count, block
+  repeatWhile, ///< condition, block
+  repeatUntil, ///< condition, block
+  repeatWith,  ///< variable; from, to, step?, block
+  repeatIn,    ///< variable; list, block
+  exitRepeat,
+  giveBack,    ///< `return`: value?
+  attempt,     ///< `try`: block, block?, message variable?, number variable?
+  fail,        ///< `error`: message?, number?
+  tell,        ///< target, block
+  considering, ///< constant*, block
+  ignoring,    ///< constant*, block
+  log,         ///< value
+  handler,     ///< name; parameter*, block
+  parameter,   ///< name; for a labelled one the label is its child's text (kind `text`)
+  script,      ///< name; block
+  propertyDeclaration, ///< name; value
+  global,              ///< variable*
+  local,               ///< variable*
+  last = local
+};
+
+/// One node of a script's syntax tree.
+struct Node {
+  NodeKind kind = NodeKind::none;
+  Span span;
+  std::int64_t integer = 0;
+  double real = 0;
+  std::string text;
+  std::vector<Node> children;
+};
+
+/// How deep sources may nest their expressions and statements.
+constexpr int deepestNesting = 200;
+
+/// The tree of a whole script: a block. Throws ScriptError with a span when the source is not
+/// understood, or when it nests deeper than `deepestNesting`.
+[[nodiscard]] Node parseScript(std::string_view source);
+
+} // namespace tavrel::script

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "script/ScriptError.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel::script {
+
+enum class TokenKind : std::uint8_t {
+  word,    ///< a keyword, a term or an identifier
+  name,    ///< an identifier between bars: never a keyword
+  text,    ///< a text literal, unescaped
+  integer, ///< a number without point or exponent that fits 64 bits
+  real,
+  symbol, ///< an operator or a bracket; the possessive is "'s"
+  type,   ///< a class code between guillemets
+  lineEnd,
+  end
+};
+
+struct Token {
+  TokenKind kind = TokenKind::end;
+  Span span;
+  std::string text; ///< words in lower case
+  std::int64_t integer = 0;
+  double real = 0;
+};
+
+/// The tokens of a source, ending with one of kind `end`. Comments and continuation signs are
+/// gone. Throws ScriptError for what is no token.
+[[nodiscard]] std::vector<Token> tokens(std::string_view source);
+
+} // namespace tavrel::script
