@@ -67,6 +67,8 @@ public:
     if (switched_)
       static_cast<void>(!::seteuid(self_));
   }
+  /// For a child process, which has nothing to come back to.
+  [[nodiscard]] static bool becomeForGood() { return ::setresuid(nobody, nobody, nobody) == 0; }
   static void give(const std::filesystem::path& path) {
     if (::geteuid() == 0)
       static_cast<void>(!::lchown(path.c_str(), nobody, nobody));
