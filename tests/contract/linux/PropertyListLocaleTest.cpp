@@ -1,28 +1,27 @@
 #include "platform/linux/PropertyListCodec.h"
 
+#include "support/EnvironmentVariable.h"
+#include "support/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cstdlib>
-#include <filesystem>
 
 namespace tavrel {
 namespace {
 
-/// A locale that writes one half as 0,5, made for the test; empty where none can be made.
-std::string localeWithAComma() {
-  const std::string folder = std::filesystem::temp_directory_path() / "comma-locale";
-  std::filesystem::create_directories(folder);
-  const std::string make = "localedef -i de_DE -f UTF-8 " + folder + "/de_DE.UTF-8 2>/dev/null";
-  if (std::system(make.c_str()) != 0)
-    return {};
-  ::setenv("LOCPATH", folder.c_str(), 1);
-  return "de_DE.UTF-8";
+/// Makes a locale that writes one half as 0,5; false where none can be made.
+bool makeLocaleWithAComma(const TemporaryFolder& folder) {
+  const std::string make =
+      "localedef -i de_DE -f UTF-8 '" + folder.path("de_DE.UTF-8") + "' 2>/dev/null";
+  return std::system(make.c_str()) == 0;
 }
 
 TEST(PropertyListCodec, RealsAreTheSameInEveryLocale) {
-  const std::string locale = localeWithAComma();
-  if (locale.empty() || !std::setlocale(LC_ALL, locale.c_str()))
+  const TemporaryFolder folder;
+  const EnvironmentVariable place("LOCPATH", folder.path());
+  if (!makeLocaleWithAComma(folder) || !std::setlocale(LC_ALL, "de_DE.UTF-8"))
     GTEST_SKIP() << "there is no locale with a comma here";
   for (PropertyListForm form : {PropertyListForm::xml, PropertyListForm::binary}) {
     const auto bytes = encodePropertyList(0.5, form);
