@@ -5,11 +5,14 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
 #include <linux/close_range.h>
 #include <string_view>
+#include <sys/syscall.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace tavrel {
 
@@ -74,9 +77,20 @@ struct Prepared {
   int report; ///< an errno is written here when the program cannot run
 };
 
+/// What the kernel is told of a signal; all zero is the default action.
+struct KernelSignalAction {
+  void (*handler)(int);
+  unsigned long flags;
+  void (*restorer)();
+  std::uint64_t mask;
+};
+
 void resetSignals() {
+  // Not through the C library: it keeps two signals to itself and refuses to reset them, while one
+  // that is ignored stays so in every program that is started from here on.
+  const KernelSignalAction standard{};
   for (int number = 1; number < NSIG; ++number)
-    (void)::signal(number, SIG_DFL);
+    (void)::syscall(SYS_rt_sigaction, number, &standard, nullptr, sizeof standard.mask);
   sigset_t none;
   ::sigemptyset(&none);
   (void)::sigprocmask(SIG_SETMASK, &none, nullptr);
