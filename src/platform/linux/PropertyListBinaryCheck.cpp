@@ -127,10 +127,11 @@ private:
     }
   }
 
+  // The library ends the program over a text with a zero in it.
   [[nodiscard]] bool isAscii(const Object& object) const {
     const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(object.contents);
     return std::all_of(start, start + static_cast<std::ptrdiff_t>(object.count),
-                       [](std::uint8_t byte) { return byte < 0x80; });
+                       [](std::uint8_t byte) { return byte != 0 && byte < 0x80; });
   }
 
   // Surrogates come in pairs, the high one first.
@@ -139,7 +140,7 @@ private:
     for (std::size_t i = 0; i < object.count; ++i) {
       const std::uint64_t unit = bigEndian(object.contents + 2 * i, 2);
       const bool low = unit >= 0xDC00 && unit < 0xE000;
-      if (low != pending)
+      if (low != pending || unit == 0)
         return false;
       pending = unit >= 0xD800 && unit < 0xDC00;
     }
