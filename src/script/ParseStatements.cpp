@@ -1,0 +1,352 @@
+#include "script/Parser.h"
+
+namespace tavrel::script {
+
+Node Parser::block(Enders enders) {
+  const Nesting nesting(*this);
+  Node result = node(NodeKind::block);
+  skipLines();
+  const auto ends = [&] {
+    if (peek().kind == TokenKind::end)
+      return true;
+    for (std::string_view words : enders)
+      if (lengthOf(words) > 0)
+        return true;
+    return false;
+  };
+  while (!ends()) {
+    result.children.push_back(statement());
+    endLine();
+  }
+  return result;
+}
+
+Node Parser::statement() {
+  const Nesting nesting(*this);
+  const std::uint32_t start = peek().span.start;
+  Node result = simpleStatement();
+  finish(result, start);
+  return result;
+}
+
+Node Parser::simpleStatement() {
+  if (peek().kind != TokenKind::word || commandAt())
+    return node(NodeKind::expression, {}, {expression()});
+  if (takeWord("set"))
+    return setStatement();
+  if (takeWord("copy") || takeWord("put"))
+    return copyStatement();
+  if (takeWord("if"))
+    return branch();
+  if (takeWord("repeat"))
+    return repeat();
+  if (takeWord("try"))
+    return attempt();
+  if (takeWord("error"))
+    return fail();
+  if (takeWord("tell"))
+    return tell();
+  if (takeWord("considering"))
+    return considering(NodeKind::considering);
+  if (takeWord("ignoring"))
+    return considering(NodeKind::ignoring);
+  if (takeWord("with"))
+    return withClause();
+  if (takeWords("using terms from"))
+    return usingTerms();
+  if (takeWord("on") || takeWord("to"))
+    return handler();
+  if (takeWord("script"))
+    return scriptObject();
+  if (takeWord("property") || takeWord("prop"))
+    return propertyDeclaration();
+  if (takeWord("global"))
+    return declaration(NodeKind::global);
+  if (takeWord("local"))
+    return declaration(NodeKind::local);
+  if (takeWord("return"))
+    return node(NodeKind::giveBack, {}, {startsExpression() ? expression() : Node{}});
+  if (takeWord("exit")) {
+    takeWord("repeat");
+    return node(NodeKind::exitRepeat);
+  }
+  if (seesWord("log") && peek(1).kind != TokenKind::lineEnd) {
+    ++at_;
+    return node(NodeKind::log, {}, {expression()});
+  }
+  if (seesWord("get") && peek(1).kind != TokenKind::lineEnd)
+    ++at_;
+  return node(NodeKind::expression, {}, {expression()});
+}
+
+Node Parser::setStatement() {
+  Node target = reference();
+  expectWord("to");
+  Node value = expression();
+  return node(NodeKind::set, {}, {std::move(target), std::move(value)});
+}
+
+Node Parser::copyStatement() {
+  Node value = expression();
+  if (!takeWord("to") && !takeWord("into"))
+    expected("“to”");
+  Node target = reference();
+  return node(NodeKind::copy, {}, {std::move(target), std::move(value)});
+}
+
+Node Parser::branch() {
+  Node result = node(NodeKind::branch);
+  result.children.push_back(expression());
+  takeWord("then");
+  if (peek().kind != TokenKind::lineEnd) {
+    result.children.push_back(node(NodeKind::block, {}, {statement()}));
+    if (takeWord("else"))
+      result.children.push_back(node(NodeKind::block, {}, {statement()}));
+    return result;
+  }
+  result.children.push_back(block({"else", "end"}));
+  while (takeWords("else if")) {
+    result.children.push_back(expression());
+    takeWord("then");
+    result.children.push_back(block({"else", "end"}));
+  }
+  if (takeWord("else"))
+    result.children.push_back(block({"end"}));
+  endBlock("if");
+  return result;
+}
+
+void Parser::endBlock(std::string_view word) {
+  expectWord("end");
+  if (peek().kind != TokenKind::lineEnd)
+    expectWord(word);
+}
+
+Node Parser::repeat() {
+  Node result = node(NodeKind::repeatForever);
+  if (takeWord("with"))
+    return repeatWith();
+  if (takeWord("while"))
+    result = node(NodeKind::repeatWhile, {}, {expression()});
+  else if (takeWord("until"))
+    result = node(NodeKind::repeatUntil, {}, {expression()});
+  else if (peek().kind != TokenKind::lineEnd) {
+    result = node(NodeKind::repeatTimes, {}, {expression()});
+    takeWord("times");
+  }
+  result.children.push_back(block({"end"}));
+  endBlock("repeat");
+  return result;
+}
+
+Node Parser::repeatWith() {
+  const std::string variable = identifier();
+  Node result;
+  if (takeWord("from")) {
+    result = node(NodeKind::repeatWith, variable, {expression()});
+    expectWord("to");
+    result.children.push_back(expression());
+    result.children.push_back(takeWord("by") ? expression() : Node{});
+  } else {
+    expectWord("in");
+    result = node(NodeKind::repeatIn, variable, {expression()});
+  }
+  result.children.push_back(block({"end"}));
+  endBlock("repeat");
+  return result;
+}
+
+Node Parser::attempt() {
+  Node result = node(NodeKind::attempt, {}, {block({"on error", "end"}), {}, {}, {}});
+  if (takeWords("on error")) {
+    errorVariables(result);
+    result.children[1] = block({"end"});
+  }
+  endBlock(seesWord("error") ? "error" : "try");
+  return result;
+}
+
+void Parser::errorVariables(Node& attempt) {
+  if (seesIdentifier() && !seesWord("number") && !seesWord("partial"))
+    attempt.children[2] = node(NodeKind::variable, identifier());
+  while (peek().kind != TokenKind::lineEnd) {
+    if (takeWord("number"))
+      attempt.children[3] = node(NodeKind::variable, identifier());
+    else if (takeWord("from") || takeWord("to") || takeWords("partial result"))
+      (void)identifier();
+    else
+      expected("end of line");
+  }
+}
+
+Node Parser::fail() {
+  Node result = node(NodeKind::fail, {}, {{}, {}});
+  if (startsExpression() && !seesWord("number"))
+    result.children[0] = expression();
+  while (peek().kind != TokenKind::lineEnd) {
+    if (takeWord("number"))
+      result.children[1] = expression();
+    else if (takeWord("from") || takeWord("to") || takeWords("partial result"))
+      (void)expression();
+    else
+      break;
+  }
+  return result;
+}
+
+Node Parser::tell() {
+  const std::size_t known = dictionaries_.size();
+  Node target = expression();
+  if (target.kind == NodeKind::element && target.text == "application") {
+    std::string name = target.children[1].text;
+    for (char& c : name)
+      c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    dictionaries_.push_back(Dictionary::application);
+    dictionaries_.push_back(dictionaryOf(name));
+  }
+  Node body;
+  if (takeWord("to")) {
+    body = node(NodeKind::block, {}, {statement()});
+  } else {
+    body = block({"end"});
+    endBlock("tell");
+  }
+  dictionaries_.resize(known);
+  return node(NodeKind::tell, {}, {std::move(target), std::move(body)});
+}
+
+Node Parser::considering(NodeKind kind) {
+  Node result = node(kind);
+  do {
+    std::string name = identifier();
+    while (seesIdentifier() && !seesWord("but"))
+      name.append(" ").append(identifier());
+    result.children.push_back(node(NodeKind::constant, std::move(name)));
+  } while (takeWord("and") || takeSymbol(","));
+  if (takeWord("but")) {
+    const bool considers = takeWord("considering");
+    if (!considers)
+      expectWord("ignoring");
+    result.children.push_back(considering(considers ? NodeKind::considering : NodeKind::ignoring));
+    return result;
+  }
+  result.children.push_back(block({"end"}));
+  expectWord("end");
+  if (!takeWord("considering"))
+    takeWord("ignoring");
+  return result;
+}
+
+// Answers are always waited for, and there are no transactions: only the block counts.
+Node Parser::withClause() {
+  const bool isTimeout = takeWord("timeout");
+  if (!isTimeout)
+    expectWord("transaction");
+  if (isTimeout && takeWord("of")) {
+    (void)expression();
+    if (!takeWord("seconds"))
+      expectWord("second");
+  }
+  Node body = block({"end"});
+  endBlock(isTimeout ? "timeout" : "transaction");
+  return body;
+}
+
+Node Parser::usingTerms() {
+  const Node target = reference();
+  Node body = block({"end"});
+  expectWord("end");
+  takeWords("using terms from");
+  return body;
+}
+
+Node Parser::handler() {
+  Node result = node(NodeKind::handler, identifier());
+  if (takeSymbol("("))
+    handlerParameters(result);
+  else if (peek().kind != TokenKind::lineEnd)
+    labelledParameters(result);
+  result.children.push_back(block({"end"}));
+  expectWord("end");
+  if (peek().kind != TokenKind::lineEnd && identifier() != result.text)
+    expected("the name of the handler");
+  return result;
+}
+
+void Parser::handlerParameters(Node& handler) {
+  if (takeSymbol(")"))
+    return;
+  do
+    handler.children.push_back(parameter({}));
+  while (takeSymbol(","));
+  expectSymbol(")");
+}
+
+// `on foo of x at y given z:w`; `on run arguments` and `on open files` have a bare direct one.
+void Parser::labelledParameters(Node& handler) {
+  if (seesIdentifier() && prepositionAt().empty())
+    handler.children.push_back(parameter({}));
+  while (peek().kind != TokenKind::lineEnd) {
+    if (takeWord("given")) {
+      do {
+        const std::string label = identifier();
+        expectSymbol(":");
+        handler.children.push_back(parameter(label));
+      } while (takeSymbol(","));
+    } else if (takeWord("of") || takeWord("in")) {
+      handler.children.push_back(parameter("of"));
+    } else {
+      const std::string label = prepositionAt();
+      if (label.empty() || !takeWords(label))
+        expected("end of line");
+      handler.children.push_back(parameter(label));
+    }
+  }
+}
+
+Node Parser::parameter(std::string label) {
+  const std::string name = identifier();
+  Node result = node(NodeKind::parameter, name);
+  if (!label.empty())
+    result.children.push_back(node(NodeKind::text, std::move(label)));
+  return result;
+}
+
+Node Parser::scriptObject() {
+  const std::string name = seesIdentifier() ? identifier() : std::string();
+  Node body = block({"end"});
+  endBlock("script");
+  return node(NodeKind::script, name, {std::move(body)});
+}
+
+Node Parser::propertyDeclaration() {
+  const std::string name = identifier();
+  expectSymbol(":");
+  Node value = expression();
+  return node(NodeKind::propertyDeclaration, name, {std::move(value)});
+}
+
+Node Parser::declaration(NodeKind kind) {
+  Node result = node(kind);
+  do {
+    const std::string name = identifier();
+    result.children.push_back(node(NodeKind::variable, name));
+  } while (takeSymbol(","));
+  return result;
+}
+
+// Calls of such handlers read like references, so their names must be known beforehand.
+void Parser::noteLabelledHandlers() {
+  for (; peek().kind != TokenKind::end; ++at_) {
+    const bool defines = (seesWord("on") || seesWord("to")) && !seesWord("error", 1);
+    const bool lineStarts = at_ == 0 || tokens_[at_ - 1].kind == TokenKind::lineEnd;
+    if (!defines || !lineStarts || peek(2).kind != TokenKind::word)
+      continue;
+    const std::string& next = peek(2).text;
+    if (next == "of" || next == "in" || next == "given" || isPreposition(next))
+      labelledHandlers_.insert(peek(1).text);
+  }
+  at_ = 0;
+}
+
+} // namespace tavrel::script

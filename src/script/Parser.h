@@ -1,0 +1,136 @@
+#pragma once
+
+#include "script/Syntax.h"
+#include "script/Terminology.h"
+#include "script/Token.h"
+
+#include <initializer_list>
+#include <set>
+
+namespace tavrel::script {
+
+/// Reads a script's tokens from front to back. One class, written in four files: its cursor
+/// (Parser.cpp), statements, expressions, and commands.
+class Parser {
+public:
+  explicit Parser(std::vector<Token> tokens);
+  [[nodiscard]] Node script();
+
+private:
+  /// Words that would go on with an expression but now belong to an enclosing command.
+  struct Stops {
+    bool in = false;
+    bool as = false;
+  };
+
+  // Parser.cpp: the cursor
+  [[nodiscard]] const Token& peek(std::size_t ahead = 0) const;
+  [[nodiscard]] bool seesWord(std::string_view word, std::size_t ahead = 0) const;
+  [[nodiscard]] bool seesSymbol(std::string_view symbol, std::size_t ahead = 0) const;
+  /// How many tokens the words take when they stand here; 0 when they do not.
+  [[nodiscard]] std::size_t lengthOf(std::string_view words) const;
+  bool takeWord(std::string_view word);
+  bool takeSymbol(std::string_view symbol);
+  bool takeWords(std::string_view words);
+  void expectWord(std::string_view word);
+  void expectSymbol(std::string_view symbol);
+  void endLine();
+  void skipLines();
+  [[nodiscard]] std::string identifier();
+  [[nodiscard]] bool seesIdentifier() const;
+  [[nodiscard]] bool knows(Dictionary dictionary) const;
+  [[noreturn]] void expected(std::string_view what) const;
+  [[nodiscard]] Node node(NodeKind kind, std::string text = {}, std::vector<Node> children = {});
+  Node& finish(Node& node, std::uint32_t start) const;
+
+  // ParseStatements.cpp
+  using Enders = std::initializer_list<std::string_view>;
+  [[nodiscard]] Node block(Enders enders);
+  [[nodiscard]] Node statement();
+  [[nodiscard]] Node simpleStatement();
+  [[nodiscard]] Node setStatement();
+  [[nodiscard]] Node copyStatement();
+  [[nodiscard]] Node branch();
+  [[nodiscard]] Node repeat();
+  [[nodiscard]] Node repeatWith();
+  [[nodiscard]] Node attempt();
+  void errorVariables(Node& attempt);
+  [[nodiscard]] Node fail();
+  [[nodiscard]] Node tell();
+  [[nodiscard]] Node considering(NodeKind kind);
+  [[nodiscard]] Node withClause();
+  [[nodiscard]] Node usingTerms();
+  [[nodiscard]] Node handler();
+  void handlerParameters(Node& handler);
+  void labelledParameters(Node& handler);
+  [[nodiscard]] Node parameter(std::string label);
+  [[nodiscard]] Node scriptObject();
+  [[nodiscard]] Node propertyDeclaration();
+  [[nodiscard]] Node declaration(NodeKind kind);
+  void endBlock(std::string_view word);
+  void noteLabelledHandlers();
+
+  // ParseExpressions.cpp
+  [[nodiscard]] Node expression();
+  [[nodiscard]] Node expression(Stops stops);
+  [[nodiscard]] Node binaryChain(int level);
+  [[nodiscard]] Node unary(int level);
+  [[nodiscard]] std::string operatorAt(int level);
+  [[nodiscard]] std::string comparison();
+  [[nodiscard]] std::string isComparison();
+  [[nodiscard]] Node typeExpression();
+  [[nodiscard]] Node listOrRecord();
+  [[nodiscard]] Node entry();
+  [[nodiscard]] bool startsExpression() const;
+  [[nodiscard]] bool startsIndex() const;
+  [[nodiscard]] Node index();
+
+  // ParseReferences.cpp
+  [[nodiscard]] Node reference();
+  [[nodiscard]] Node withOwners(Node head);
+  [[nodiscard]] Node head();
+  [[nodiscard]] Node literal();
+  [[nodiscard]] Node ownedBy(Node owner);
+  [[nodiscard]] Node ordinal(std::int64_t number);
+  [[nodiscard]] Node elements(std::string_view type, bool plural);
+  [[nodiscard]] Node rangeEnd();
+  [[nodiscard]] Node filtered(Node reference);
+  [[nodiscard]] const TypeTerm* typeAt(bool& plural, std::size_t& length) const;
+  [[nodiscard]] const NameTerm* termAt(std::span<const NameTerm> terms) const;
+  void attach(Node& reference, Node container) const;
+  [[nodiscard]] Node named();
+
+  // ParseCommands.cpp
+  [[nodiscard]] const CommandTerm* commandAt() const;
+  [[nodiscard]] Node command(const CommandTerm& term);
+  void commandLabels(const CommandTerm& term, Node& command, Stops stops);
+  bool labelledParameter(const CommandTerm& term, Node& command, Stops stops);
+  bool switches(const CommandTerm& term, Node& command);
+  [[nodiscard]] std::string_view labelAt(const CommandTerm& term) const;
+  [[nodiscard]] Node call(std::string name, std::uint32_t start);
+  [[nodiscard]] Node labelledCall(std::string name, std::uint32_t start);
+  [[nodiscard]] std::string prepositionAt() const;
+
+  std::vector<Token> tokens_;
+  std::size_t at_ = 0;
+  int depth_ = 0;
+  Stops stops_;
+  std::vector<Dictionary> dictionaries_;
+  std::set<std::string, std::less<>> labelledHandlers_;
+
+  friend class Nesting;
+};
+
+/// Counts one level of nesting for as long as it lives.
+class Nesting {
+public:
+  explicit Nesting(Parser& parser);
+  ~Nesting();
+  Nesting(const Nesting&) = delete;
+  Nesting& operator=(const Nesting&) = delete;
+
+private:
+  Parser& parser_;
+};
+
+} // namespace tavrel::script
