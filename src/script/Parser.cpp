@@ -131,7 +131,15 @@ Node Parser::node(NodeKind kind, std::string text, std::vector<Node> children) {
   result.span = peek().span;
   result.text = std::move(text);
   result.children = std::move(children);
+  grow(result);
   return result;
+}
+
+void Parser::grow(Node& node) const {
+  for (const Node& child : node.children)
+    node.height = std::max<std::uint16_t>(node.height, static_cast<std::uint16_t>(child.height + 1));
+  if (node.height > highestExpression)
+    throw ScriptError{errors::stackOverflow, "The expression is too long.", peek().span};
 }
 
 Node& Parser::finish(Node& node, std::uint32_t start) const {

@@ -42,6 +42,8 @@ private:
   [[noreturn]] void expected(std::string_view what) const;
   [[nodiscard]] Node node(NodeKind kind, std::string text = {}, std::vector<Node> children = {});
   Node& finish(Node& node, std::uint32_t start) const;
+  /// Counts the height of a node whose children were put in one by one.
+  void grow(Node& node) const;
 
   // ParseStatements.cpp
   using Enders = std::initializer_list<std::string_view>;

@@ -82,6 +82,7 @@ enum class NodeKind : std::uint8_t {
 /// One node of a script's syntax tree.
 struct Node {
   NodeKind kind = NodeKind::none;
+  std::uint16_t height = 0; ///< above its highest child
   Span span;
   std::int64_t integer = 0;
   double real = 0;
@@ -91,6 +92,10 @@ struct Node {
 
 /// How deep sources may nest their expressions and statements.
 constexpr int deepestNesting = 200;
+
+/// How high the tree of one expression may grow, long chains of operators included: whoever walks
+/// a tree may use the stack.
+constexpr int highestExpression = 1000;
 
 /// The tree of a whole script: a block. Throws ScriptError with a span when the source is not
 /// understood, or when it nests deeper than `deepestNesting`.
