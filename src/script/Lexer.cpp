@@ -28,10 +28,10 @@ struct Symbol {
   std::string_view meant;
 };
 constexpr auto symbols = std::to_array<Symbol>(
-    {{"\u2260", "≠"}, {"\u2264", "≤"}, {"\u2265", "≥"}, {"<=", "≤"}, {">=", "≥"}, {"/=", "≠"},
-     {"\u00F7", "/"}, {"\u2019s", "'s"}, {"'s", "'s"},  {"&", "&"},  {"(", "("},  {")", ")"},
-     {"{", "{"},      {"}", "}"},        {",", ","},    {":", ":"},  {"+", "+"},  {"-", "-"},
-     {"*", "*"},      {"/", "/"},        {"^", "^"},    {"=", "="},  {"<", "<"},  {">", ">"}});
+    {{"\u2260", "≠"}, {"\u2264", "≤"},   {"\u2265", "≥"}, {"<=", "≤"}, {">=", "≥"}, {"/=", "≠"},
+     {"\u00F7", "/"}, {"\u2019s", "'s"}, {"'s", "'s"},    {"&", "&"},  {"(", "("},  {")", ")"},
+     {"{", "{"},      {"}", "}"},        {",", ","},      {":", ":"},  {"+", "+"},  {"-", "-"},
+     {"*", "*"},      {"/", "/"},        {"^", "^"},      {"=", "="},  {"<", "<"},  {">", ">"}});
 
 class Lexer {
 public:
@@ -59,7 +59,8 @@ private:
 
   [[noreturn]] void refuse(std::size_t start, std::string message) const {
     const auto length = static_cast<std::uint32_t>(source_.size() - start);
-    throw ScriptError{errors::syntax, std::move(message),
+    throw ScriptError{errors::syntax,
+                      std::move(message),
                       {static_cast<std::uint32_t>(start), std::min(length, 1U)}};
   }
 

@@ -1,39 +1,79 @@
 #include "script/Parser.h"
 
 #include <array>
+#include <utility>
 
 namespace tavrel::script {
 namespace {
 
 // The levels of binding, loosest first; those between have operators of their own functions.
-enum Level : int { disjunction, conjunction, inversion, comparing, casting, joining, adding,
-                   multiplying, raising, negation };
+enum Level : int {
+  disjunction,
+  conjunction,
+  inversion,
+  comparing,
+  casting,
+  joining,
+  adding,
+  multiplying,
+  raising,
+  negation
+};
 
-constexpr auto operators = std::to_array<std::pair<int, std::string_view>>(
-    {{disjunction, "or"}, {conjunction, "and"}, {joining, "&"}, {adding, "+"}, {adding, "-"},
-     {multiplying, "*"}, {multiplying, "/"}, {multiplying, "div"}, {multiplying, "mod"},
-     {raising, "^"}});
+constexpr auto operators = std::to_array<std::pair<int, std::string_view>>({{disjunction, "or"},
+                                                                            {conjunction, "and"},
+                                                                            {joining, "&"},
+                                                                            {adding, "+"},
+                                                                            {adding, "-"},
+                                                                            {multiplying, "*"},
+                                                                            {multiplying, "/"},
+                                                                            {multiplying, "div"},
+                                                                            {multiplying, "mod"},
+                                                                            {raising, "^"}});
 
 // What can be said in words, and the operator that it means; longer phrases first.
 constexpr auto phrases = std::to_array<std::pair<std::string_view, std::string_view>>(
-    {{"is not equal to", "≠"}, {"is not equal", "≠"},
-     {"is not greater than or equal to", "<"}, {"is not less than or equal to", ">"},
-     {"is not greater than", "≤"}, {"is not less than", "≥"},
-     {"is not contained by", "is not in"}, {"is not in", "is not in"},
-     {"is greater than or equal to", "≥"}, {"is less than or equal to", "≤"},
-     {"is greater than or equal", "≥"}, {"is less than or equal", "≤"},
-     {"greater than or equal to", "≥"}, {"less than or equal to", "≤"},
-     {"is greater than", ">"}, {"is less than", "<"}, {"greater than", ">"}, {"less than", "<"},
-     {"is equal to", "="}, {"is equal", "="}, {"equal to", "="}, {"equals", "="}, {"equal", "="},
-     {"is contained by", "is in"}, {"is in", "is in"},
-     {"is not", "≠"}, {"is", "="},
-     {"comes before", "<"}, {"comes after", ">"},
-     {"does not come before", "≥"}, {"does not come after", "≤"},
-     {"does not equal", "≠"}, {"does not contain", "does not contain"},
-     {"contains", "contains"}, {"contain", "contains"},
-     {"starts with", "starts with"}, {"start with", "starts with"},
-     {"begins with", "starts with"}, {"begin with", "starts with"},
-     {"ends with", "ends with"}, {"end with", "ends with"}});
+    {{"is not equal to", "≠"},
+     {"is not equal", "≠"},
+     {"is not greater than or equal to", "<"},
+     {"is not less than or equal to", ">"},
+     {"is not greater than", "≤"},
+     {"is not less than", "≥"},
+     {"is not contained by", "is not in"},
+     {"is not in", "is not in"},
+     {"is greater than or equal to", "≥"},
+     {"is less than or equal to", "≤"},
+     {"is greater than or equal", "≥"},
+     {"is less than or equal", "≤"},
+     {"greater than or equal to", "≥"},
+     {"less than or equal to", "≤"},
+     {"is greater than", ">"},
+     {"is less than", "<"},
+     {"greater than", ">"},
+     {"less than", "<"},
+     {"is equal to", "="},
+     {"is equal", "="},
+     {"equal to", "="},
+     {"equals", "="},
+     {"equal", "="},
+     {"is contained by", "is in"},
+     {"is in", "is in"},
+     {"is not", "≠"},
+     {"is", "="},
+     {"comes before", "<"},
+     {"comes after", ">"},
+     {"does not come before", "≥"},
+     {"does not come after", "≤"},
+     {"does not equal", "≠"},
+     {"does not contain", "does not contain"},
+     {"contains", "contains"},
+     {"contain", "contains"},
+     {"starts with", "starts with"},
+     {"start with", "starts with"},
+     {"begins with", "starts with"},
+     {"begin with", "starts with"},
+     {"ends with", "ends with"},
+     {"end with", "ends with"}});
 
 } // namespace
 
@@ -87,6 +127,8 @@ Node Parser::binaryChain(int level) {
     }
     return left;
   }
+  if (level == comparing && takeWord("exists"))
+    left = node(NodeKind::command, "exists", {std::move(left)});
   for (std::string name = operatorAt(level); !name.empty(); name = operatorAt(level)) {
     Node right = binaryChain(level + 1);
     left = node(NodeKind::binary, std::move(name), {std::move(left), std::move(right)});
@@ -172,8 +214,9 @@ bool Parser::startsExpression() const {
   if (!isReserved(token.text))
     return true;
   for (std::string_view word :
-       {"every", "some", "first", "last", "middle", "front", "back", "beginning", "end", "the",
-        "my", "its", "me", "it", "true", "false", "not", "ref", "script", "property", "continue"})
+       {"every",     "some",  "first", "last", "middle", "front",    "back",
+        "beginning", "end",   "the",   "my",   "its",    "me",       "it",
+        "true",      "false", "not",   "ref",  "script", "property", "continue"})
     if (token.text == word)
       return true;
   return false;

@@ -6,10 +6,19 @@
 namespace tavrel::script {
 namespace {
 
-constexpr auto ordinals = std::to_array<std::pair<std::string_view, std::int64_t>>(
-    {{"first", 1}, {"second", 2}, {"third", 3}, {"fourth", 4}, {"fifth", 5}, {"sixth", 6},
-     {"seventh", 7}, {"eighth", 8}, {"ninth", 9}, {"tenth", 10}, {"front", 1}, {"last", -1},
-     {"back", -1}});
+constexpr auto ordinals = std::to_array<std::pair<std::string_view, std::int64_t>>({{"first", 1},
+                                                                                    {"second", 2},
+                                                                                    {"third", 3},
+                                                                                    {"fourth", 4},
+                                                                                    {"fifth", 5},
+                                                                                    {"sixth", 6},
+                                                                                    {"seventh", 7},
+                                                                                    {"eighth", 8},
+                                                                                    {"ninth", 9},
+                                                                                    {"tenth", 10},
+                                                                                    {"front", 1},
+                                                                                    {"last", -1},
+                                                                                    {"back", -1}});
 
 // Whether an element of the kind stands in a container that is told after `of`.
 bool isPart(NodeKind kind) {
@@ -68,27 +77,20 @@ void Parser::attach(Node& reference, Node container) const {
   grow(reference);
 }
 
+// `every file of home whose name is "a"`: the condition belongs to the elements, wherever their
+// container is told.
 Node Parser::filtered(Node reference) {
-  if (!seesWord("whose") && !seesWord("where") && !seesWord("that"))
-    return reference;
-  ++at_;
-  Node* every = &reference;
-  if (every->kind == NodeKind::element && !every->children.empty())
-    every = &every->children.front();
-  const bool single = every != &reference;
+  const bool single = reference.kind == NodeKind::element;
   if (!single && reference.kind != NodeKind::everyElement)
-    expected("end of line");
-  Node condition = expression();
-  if (single) {
-    Node all = node(NodeKind::filter, reference.text,
-                    {std::move(reference.children[0]), std::move(condition)});
-    reference.children[0] = std::move(all);
-    reference.text = "item";
-    grow(reference);
     return reference;
-  }
-  Node container = reference.children.empty() ? Node{} : std::move(reference.children[0]);
-  return node(NodeKind::filter, reference.text, {std::move(container), std::move(condition)});
+  if (!takeWord("whose") && !takeWord("where") && !takeWord("that"))
+    return reference;
+  Node condition = expression();
+  Node all = node(NodeKind::filter, reference.text,
+                  {std::move(reference.children[0]), std::move(condition)});
+  if (!single)
+    return all;
+  return node(NodeKind::element, "item", {std::move(all), std::move(reference.children[1])});
 }
 
 const TypeTerm* Parser::typeAt(bool& plural, std::size_t& length) const {

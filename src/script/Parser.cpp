@@ -137,7 +137,8 @@ Node Parser::node(NodeKind kind, std::string text, std::vector<Node> children) {
 
 void Parser::grow(Node& node) const {
   for (const Node& child : node.children)
-    node.height = std::max<std::uint16_t>(node.height, static_cast<std::uint16_t>(child.height + 1));
+    node.height =
+        std::max<std::uint16_t>(node.height, static_cast<std::uint16_t>(child.height + 1));
   if (node.height > highestExpression)
     throw ScriptError{errors::stackOverflow, "The expression is too long.", peek().span};
 }

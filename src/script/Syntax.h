@@ -63,16 +63,16 @@ enum class NodeKind : std::uint8_t {
   repeatWith,  ///< variable; from, to, step?, block
   repeatIn,    ///< variable; list, block
   exitRepeat,
-  giveBack,    ///< `return`: value?
-  attempt,     ///< `try`: block, block?, message variable?, number variable?
-  fail,        ///< `error`: message?, number?
-  tell,        ///< target, block
-  considering, ///< constant*, block
-  ignoring,    ///< constant*, block
-  log,         ///< value
-  handler,     ///< name; parameter*, block
-  parameter,   ///< name; for a labelled one the label is its child's text (kind `text`)
-  script,      ///< name; block
+  giveBack,            ///< `return`: value?
+  attempt,             ///< `try`: block, block?, message variable?, number variable?
+  fail,                ///< `error`: message?, number?
+  tell,                ///< target, block
+  considering,         ///< constant*, block
+  ignoring,            ///< constant*, block
+  log,                 ///< value
+  handler,             ///< name; parameter*, block
+  parameter,           ///< name; for a labelled one the label is its child's text (kind `text`)
+  script,              ///< name; block
   propertyDeclaration, ///< name; value
   global,              ///< variable*
   local,               ///< variable*

@@ -140,36 +140,38 @@ constexpr auto properties = std::to_array<NameTerm>({
 });
 
 constexpr auto constants = std::to_array<NameTerm>({
-    {language, "missing value"},   {language, "desktop folder"},
-    {language, "home folder"},     {language, "documents folder"},
+    {language, "missing value"},    {language, "desktop folder"},
+    {language, "home folder"},      {language, "documents folder"},
     {language, "downloads folder"}, {language, "temporary items"},
-    {language, "startup disk"},    {language, "applications folder"},
-    {language, "pictures folder"}, {language, "music folder"},
-    {language, "movies folder"},   {language, "public folder"},
-    {language, "library folder"},  {language, "application support"},
-    {language, "user domain"},     {language, "system domain"},
-    {language, "local domain"},    {language, "toward zero"},
-    {language, "to nearest"},      {language, "as taught in school"},
-    {language, "white space"},     {language, "numeric strings"},
+    {language, "startup disk"},     {language, "applications folder"},
+    {language, "pictures folder"},  {language, "music folder"},
+    {language, "movies folder"},    {language, "public folder"},
+    {language, "library folder"},   {language, "application support"},
+    {language, "user domain"},      {language, "system domain"},
+    {language, "local domain"},     {language, "toward zero"},
+    {language, "to nearest"},       {language, "as taught in school"},
+    {language, "white space"},      {language, "numeric strings"},
     {systemEvents, "command down"}, {systemEvents, "option down"},
     {systemEvents, "control down"}, {systemEvents, "shift down"},
 });
 
 constexpr auto reserved = std::to_array<std::string_view>(
-    {"and",   "as",     "back",    "begins",  "beginning", "by",    "considering", "contain",
-     "contains", "continue", "copy", "div",   "does",    "else",  "end",   "ends",     "equal",
-     "equals", "error", "every",   "exit",    "false",   "from",  "front", "given",  "global",
-     "if",    "ignoring", "in",    "into",    "is",      "it",    "its",   "last",   "local",
-     "me",    "middle", "mod",     "my",      "not",     "of",    "on",    "or",     "prop",
-     "property", "put", "ref",     "repeat",  "return",  "returning", "script", "set", "some",
-     "starts", "tell",  "that",    "the",     "then",    "thru",  "through", "timeout", "times",
-     "to",    "transaction", "true", "try",   "until",   "where", "while", "whose",  "with",
-     "without", "are",  "comes",   "greater", "less"});
+    {"and",         "as",       "back",     "begins",  "beginning", "by",     "considering",
+     "contain",     "contains", "continue", "copy",    "div",       "does",   "else",
+     "end",         "ends",     "equal",    "equals",  "error",     "every",  "exit",
+     "false",       "from",     "front",    "given",   "global",    "if",     "ignoring",
+     "in",          "into",     "is",       "it",      "its",       "last",   "local",
+     "me",          "middle",   "mod",      "my",      "not",       "of",     "on",
+     "or",          "prop",     "property", "put",     "ref",       "repeat", "return",
+     "returning",   "script",   "set",      "some",    "starts",    "tell",   "that",
+     "the",         "then",     "thru",     "through", "timeout",   "times",  "to",
+     "transaction", "true",     "try",      "until",   "where",     "while",  "whose",
+     "with",        "without",  "are",      "comes",   "greater",   "less"});
 
 constexpr auto prepositions = std::to_array<std::string_view>(
-    {"about", "above",   "against", "apart from", "around", "aside from", "at",    "below",
-     "beneath", "beside", "between", "by",        "for",    "from",       "instead of", "into",
-     "on",    "onto",    "out of",  "over",       "since",  "thru",       "under", "to"});
+    {"about",   "above",  "against", "apart from", "around", "aside from", "at",         "below",
+     "beneath", "beside", "between", "by",         "for",    "from",       "instead of", "into",
+     "on",      "onto",   "out of",  "over",       "since",  "thru",       "under",      "to"});
 
 template <typename List> bool holds(const List& list, std::string_view word) {
   return std::find(list.begin(), list.end(), word) != list.end();
