@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavrel::script {
+
+/// A date of the local calendar taken apart.
+struct DateParts {
+  int year = 2001;
+  int month = 1; ///< from 1
+  int day = 1;
+  int hours = 0;
+  int minutes = 0;
+  double seconds = 0;
+};
+
+/// `seconds` counts from 2001-01-01 00:00.
+[[nodiscard]] DateParts partsOf(double seconds);
+/// Parts beyond their range carry over: day 32 of January is the first of February.
+[[nodiscard]] double secondsOf(const DateParts& parts);
+
+[[nodiscard]] std::string_view monthName(int month);        ///< from 1, "January"
+[[nodiscard]] std::string_view weekdayName(double seconds); ///< "Monday"
+
+/// "Monday, January 1, 2001 at 12:00:00 AM"
+[[nodiscard]] std::string dateText(double seconds);
+[[nodiscard]] std::string dateString(double seconds);      ///< "Monday, January 1, 2001"
+[[nodiscard]] std::string shortDateString(double seconds); ///< "1/1/2001"
+[[nodiscard]] std::string timeString(double seconds);      ///< "12:00:00 AM"
+
+/// Reads what dateText writes, "2001-01-31", "1/31/2001", "31 January 2001", each with or without
+/// a time ("8:30", "8:30:15 PM"), and a time alone, which is of the day of `now`.
+[[nodiscard]] std::optional<double> dateIn(std::string_view text, double now);
+
+} // namespace tavrel::script

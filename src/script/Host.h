@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace tavrel::script {
+
+struct HostValue;
+
+/// A file by its POSIX path.
+struct HostFile {
+  std::string path;
+};
+
+/// An enumerated constant, as `yes`, or the name of a class, as `folder`.
+struct HostName {
+  std::string name;
+};
+
+/// Seconds since 2001-01-01 00:00 of the local calendar.
+struct HostDate {
+  double seconds = 0;
+};
+
+/// One step from a container to what it holds.
+struct ObjectStep {
+  enum class Kind { property, element, every, range };
+  Kind kind = Kind::property;
+  std::string name;            ///< of the property, or the class of the element, in lower case
+  std::vector<HostValue> keys; ///< element: its index or name; range: the two bounds
+};
+
+/// An object of an application: the way to it, from the application inward.
+struct ObjectPath {
+  std::string application;
+  std::vector<ObjectStep> steps;
+};
+
+using HostList = std::vector<HostValue>;
+using HostRecord = std::map<std::string, HostValue>;
+
+/// What passes between a script and the desktop, as plain data. The first alternative is
+/// `missing value`.
+struct HostValue {
+  std::variant<std::monostate, bool, std::int64_t, double, std::string, HostFile, HostName,
+               HostDate, ObjectPath, HostList, HostRecord>
+      value;
+};
+
+/// Something that a script asks the desktop, or one application of it, to do.
+struct HostEvent {
+  std::string application;         ///< empty for what no application is asked, as `display dialog`
+  std::string command;             ///< in lower case; "get" and "set" read and write an object
+  std::optional<HostValue> direct; ///< the direct parameter
+  HostRecord parameters;           ///< the labelled ones; "set" has its value under "to"
+};
+
+struct HostError {
+  int number = 0;
+  std::string message;
+};
+
+/// Nothing asked for is `missing value`, which a script sees as no result.
+using HostAnswer = std::variant<HostValue, HostError>;
+
+/// The desktop as scripts see it.
+class Host {
+public:
+  Host() = default;
+  Host(const Host&) = delete;
+  Host& operator=(const Host&) = delete;
+  virtual ~Host() = default;
+
+  /// Does what is asked and waits for it. A command, an application or a term that the desktop
+  /// does not know is an error, never a silent success.
+  [[nodiscard]] virtual HostAnswer perform(const HostEvent& event) = 0;
+
+  /// Seconds since 2001-01-01 00:00 of the local calendar.
+  [[nodiscard]] virtual double now() = 0;
+
+  /// Asked every few thousand steps of a running script: true ends it with error -128.
+  [[nodiscard]] virtual bool shouldStop() = 0;
+};
+
+} // namespace tavrel::script

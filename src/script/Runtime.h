@@ -1,0 +1,67 @@
+#pragma once
+
+#include "script/Host.h"
+#include "script/Objects.h"
+#include "script/ScriptError.h"
+
+#include <random>
+
+namespace tavrel::script {
+
+/// Who wrote a source: those that the application builds around a path may ask for little, so that
+/// a path cannot smuggle a command in.
+enum class Author : std::uint8_t { person, application };
+
+/// Which differences between texts count.
+struct Considered {
+  bool caseDifferences = false;
+  bool whiteSpace = true;
+  bool hyphens = true;
+  bool punctuation = true;
+  bool diacriticals = true;
+  bool numericStrings = false;
+};
+
+/// What a run may use.
+struct Limits {
+  std::uint64_t steps = ~std::uint64_t{0};
+  std::size_t stack = std::size_t{3} << 20U; ///< bytes of the native stack
+};
+
+/// The state of one run that all its scripts share.
+class Runtime {
+public:
+  Runtime(Heap& runHeap, Host& runHost, Author author, Limits limits);
+
+  Heap& heap;
+  Host& host;
+  const Author author;
+  Considered considered;
+  Value delimiters; ///< AppleScript's text item delimiters: a text or a list of texts
+  std::mt19937_64 random;
+
+  /// Counts a step of work. Throws when the run used up its steps or is asked to stop.
+  void step(std::uint64_t count = 1) {
+    steps_ += count;
+    if (steps_ >= nextCheck_)
+      check();
+  }
+  /// Throws when the native stack runs short.
+  void guardStack() const;
+
+  [[nodiscard]] Value text(std::string value) const;
+  [[nodiscard]] Value list(std::vector<Value> values) const;
+  [[nodiscard]] Value record(std::vector<Record::Entry> entries) const;
+  [[nodiscard]] Value date(double seconds) const;
+  [[nodiscard]] Value file(std::string path) const;
+
+private:
+  void check();
+
+  Limits limits_;
+  std::uint64_t steps_ = 0;
+  std::uint64_t nextCheck_ = 0;
+  std::uintptr_t stackStart_;
+};
+
+} // namespace tavrel::script
