@@ -168,7 +168,8 @@ DateParts partsOf(double seconds) {
 double secondsOf(const DateParts& parts) {
   const auto month = chrono::year{std::clamp(parts.year, 0, 9999)} / chrono::January / 1 +
                      chrono::months(std::clamp(parts.month, -9999, 9999) - 1);
-  const auto days = (chrono::sys_days(month) - epoch).count() + 0.0 + parts.day - 1.0;
+  const auto first = static_cast<double>((chrono::sys_days(month) - epoch).count());
+  const double days = first + parts.day - 1.0;
   return days * secondsOfDay + parts.hours * 3600.0 + parts.minutes * 60.0 + parts.seconds;
 }
 
