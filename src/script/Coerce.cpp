@@ -72,7 +72,7 @@ Value asBoolean(const Value& value) {
   refuse(value, "boolean");
 }
 
-Value asFile(Runtime& runtime, const Value& value, const std::string& type) {
+Value asFile(const Value& value, const std::string& type) {
   const auto* file = value.as<File>();
   if (!file && !value.is(ValueKind::text))
     refuse(value, type);
@@ -171,7 +171,7 @@ Value coerced(Runtime& runtime, const Value& value, const std::string& type) {
   if (type == "date")
     return asDate(runtime, single);
   if (type == "posix file" || type == "file" || type == "alias" || type == "furl")
-    return asFile(runtime, single, type);
+    return asFile(single, type);
   if (type != "item" && type != typeOf(value))
     refuse(value, type);
   return value;
