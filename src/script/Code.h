@@ -1,0 +1,102 @@
+#pragma once
+
+#include "script/Runtime.h"
+#include "script/ScriptObject.h"
+
+#include <array>
+#include <memory>
+
+namespace tavrel::script {
+
+/// Where a handler runs: its variables, the script that defines it, and whom it speaks for.
+struct Frame {
+  static constexpr std::size_t few = 6;
+
+  Frame(Runtime& frameRuntime, ScriptObject& definingScript, std::size_t count)
+      : runtime(frameRuntime), self(definingScript), more(count > few ? count : 0),
+        locals(count > few ? more.data() : inside.data()) {}
+  Frame(const Frame&) = delete;
+  Frame& operator=(const Frame&) = delete;
+
+  Runtime& runtime;
+  ScriptObject& self; ///< whose fields the code names
+  Value me;           ///< the script that got the message, an heir of self or self
+  Value target;       ///< of the enclosing `tell`; undefined outside of one
+  Value result;       ///< of the last statement
+  Value returned;     ///< what `return` gives back
+  std::array<Value, few> inside;
+  std::vector<Value> more;
+  Value* locals;
+};
+
+/// An expression, ready to run.
+class Code {
+public:
+  Code() = default;
+  Code(const Code&) = delete;
+  Code& operator=(const Code&) = delete;
+  virtual ~Code() = default;
+
+  /// The value. Throws ScriptError.
+  [[nodiscard]] virtual Value evaluate(Frame& frame) const = 0;
+  /// The same, but an object of an application is left where it is instead of being fetched.
+  [[nodiscard]] virtual Value designate(Frame& frame) const { return evaluate(frame); }
+  /// Makes the place hold the value; an error for what is no place.
+  virtual void assign(Frame& frame, Value value) const;
+  /// Moves the value out of a variable so that nobody shares it; elsewhere a plain evaluation.
+  [[nodiscard]] virtual Value takeOut(Frame& frame) const { return evaluate(frame); }
+
+  Span span;
+};
+using CodePtr = std::unique_ptr<const Code>;
+
+enum class Flow : std::uint8_t { next, exitRepeat, returned };
+
+/// A statement, ready to run.
+class Action {
+public:
+  Action() = default;
+  Action(const Action&) = delete;
+  Action& operator=(const Action&) = delete;
+  virtual ~Action() = default;
+  [[nodiscard]] virtual Flow run(Frame& frame) const = 0;
+  Span span;
+};
+using ActionPtr = std::unique_ptr<const Action>;
+
+/// A row of statements. An error that knows no place gets that of its statement.
+class Sequence {
+public:
+  void add(ActionPtr action) { actions_.push_back(std::move(action)); }
+  [[nodiscard]] Flow run(Frame& frame) const;
+
+private:
+  std::vector<ActionPtr> actions_;
+};
+
+struct Parameter {
+  const std::string* label = nullptr; ///< null for one by position; "of" for the direct one
+  CodePtr place;
+};
+
+struct Handler {
+  const std::string* name = nullptr;
+  std::vector<Parameter> parameters;
+  std::size_t localCount = 0;
+  Sequence body;
+  Span span;
+};
+
+/// What all instances of a script have in common.
+struct Shape {
+  std::string name;
+  std::vector<const std::string*> fields;
+  std::size_t propertyCount = 0;      ///< the first of the fields, those that persist
+  std::vector<CodePtr> initialValues; ///< by field; null for variables without one
+  std::size_t localCount = 0;         ///< that the initial values need
+  std::vector<Handler> handlers;
+
+  [[nodiscard]] const Handler* handler(const std::string* handlerName) const;
+};
+
+} // namespace tavrel::script
