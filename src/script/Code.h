@@ -29,6 +29,21 @@ struct Frame {
   Value* locals;
 };
 
+/// Makes a value the target of the frame for as long as it lives.
+class TargetGuard {
+public:
+  TargetGuard(Frame& frame, Value target) : frame_(frame), outer_(std::move(frame.target)) {
+    frame.target = std::move(target);
+  }
+  TargetGuard(const TargetGuard&) = delete;
+  TargetGuard& operator=(const TargetGuard&) = delete;
+  ~TargetGuard() { frame_.target = std::move(outer_); }
+
+private:
+  Frame& frame_;
+  Value outer_;
+};
+
 /// An expression, ready to run.
 class Code {
 public:

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "script/Code.h"
+#include "script/Syntax.h"
+
+namespace tavrel::script {
+
+/// Makes a script that can run of a syntax tree. Throws ScriptError: `syntax` for what the parser
+/// lets through and that means nothing, `corruptScript` for a tree that no parser makes.
+[[nodiscard]] std::shared_ptr<const Shape> bindScript(const Node& script);
+
+} // namespace tavrel::script
