@@ -1,0 +1,295 @@
+#include "script/Actions.h"
+
+#include "script/Calls.h"
+#include "script/Codes.h"
+#include "script/Coercion.h"
+#include "script/HostValues.h"
+#include "script/Operators.h"
+
+#include <algorithm>
+
+namespace tavrel::script {
+namespace {
+
+// `copy` gives the place a list, record or date of its own, down to the last element.
+Value copied(Runtime& runtime, const Value& value) {
+  runtime.guardStack();
+  runtime.step();
+  if (const auto* date = value.as<Date>())
+    return runtime.date(date->seconds);
+  if (const auto* list = value.as<List>()) {
+    std::vector<Value> values;
+    for (const Value& each : list->values())
+      values.push_back(copied(runtime, each));
+    return runtime.list(std::move(values));
+  }
+  const auto* record = value.as<Record>();
+  if (!record)
+    return value;
+  std::vector<Record::Entry> entries;
+  for (const auto& [label, each] : record->entries())
+    entries.emplace_back(label, copied(runtime, each));
+  return runtime.record(std::move(entries));
+}
+
+class Expression final : public Action {
+public:
+  explicit Expression(CodePtr value) : value_(std::move(value)) {}
+  Flow run(Frame& frame) const override {
+    frame.result = value_->evaluate(frame);
+    return Flow::next;
+  }
+
+private:
+  CodePtr value_;
+};
+
+class Set final : public Action {
+public:
+  Set(CodePtr place, CodePtr value, Keeping keeping)
+      : place_(std::move(place)), value_(std::move(value)), keeping_(keeping) {}
+  Flow run(Frame& frame) const override {
+    Value value = value_->evaluate(frame);
+    if (keeping_ == Keeping::copies)
+      value = copied(frame.runtime, value);
+    frame.result = value;
+    place_->assign(frame, std::move(value));
+    return Flow::next;
+  }
+
+private:
+  CodePtr place_;
+  CodePtr value_;
+  Keeping keeping_;
+};
+
+class Append final : public Action {
+public:
+  Append(CodePtr place, CodePtr more) : place_(std::move(place)), more_(std::move(more)) {}
+  Flow run(Frame& frame) const override {
+    const Value more = more_->evaluate(frame);
+    frame.result = {};
+    Value whole = place_->takeOut(frame);
+    try {
+      if (!appended(whole, more))
+        whole = joinedValues(frame.runtime, whole, more);
+    } catch (...) {
+      place_->assign(frame, std::move(whole));
+      throw;
+    }
+    place_->assign(frame, std::move(whole));
+    return Flow::next;
+  }
+
+private:
+  static bool appended(const Value& whole, const Value& more) {
+    if (!whole.isObject() || whole.object()->isShared())
+      return false;
+    auto* text = whole.as<Text>();
+    const auto* moreText = more.as<Text>();
+    if (text && moreText)
+      text->append(moreText->value());
+    auto* list = whole.as<List>();
+    const auto* moreList = more.as<List>();
+    if (list && moreList)
+      for (const Value& each : moreList->values())
+        list->append(each);
+    return (text && moreText) || (list && moreList);
+  }
+
+  CodePtr place_;
+  CodePtr more_;
+};
+
+class If final : public Action {
+public:
+  If(std::vector<Branch> branches, Sequence otherwise)
+      : branches_(std::move(branches)), otherwise_(std::move(otherwise)) {}
+  Flow run(Frame& frame) const override {
+    for (const Branch& branch : branches_)
+      if (booleanOf(frame.runtime, branch.condition->evaluate(frame)))
+        return branch.body.run(frame);
+    return otherwise_.run(frame);
+  }
+
+private:
+  std::vector<Branch> branches_;
+  Sequence otherwise_;
+};
+
+class Exit final : public Action {
+public:
+  Flow run(Frame&) const override { return Flow::exitRepeat; }
+};
+
+class Return final : public Action {
+public:
+  explicit Return(CodePtr value) : value_(std::move(value)) {}
+  Flow run(Frame& frame) const override {
+    frame.returned = value_ ? value_->evaluate(frame) : Value();
+    return Flow::returned;
+  }
+
+private:
+  CodePtr value_;
+};
+
+class Try final : public Action {
+public:
+  explicit Try(Attempt attempt) : attempt_(std::move(attempt)) {}
+  Flow run(Frame& frame) const override {
+    try {
+      return attempt_.body.run(frame);
+    } catch (const ScriptError& error) {
+      // Who stops a script means all of it.
+      if (error.number == errors::timedOut || frame.runtime.host.shouldStop())
+        throw;
+      return rescue(frame, error);
+    }
+  }
+
+private:
+  Flow rescue(Frame& frame, const ScriptError& error) const {
+    if (attempt_.message)
+      attempt_.message->assign(frame, frame.runtime.text(error.message));
+    if (attempt_.number)
+      attempt_.number->assign(frame, Value::integer(error.number));
+    return attempt_.rescue.run(frame);
+  }
+
+  Attempt attempt_;
+};
+
+class Fail final : public Action {
+public:
+  Fail(CodePtr message, CodePtr number)
+      : message_(std::move(message)), number_(std::move(number)) {}
+  Flow run(Frame& frame) const override {
+    ScriptError error{errors::general, "An error has occurred."};
+    if (message_)
+      error.message = textOf(frame.runtime, message_->evaluate(frame));
+    if (number_)
+      error.number = static_cast<int>(std::clamp<std::int64_t>(
+          integerOf(frame.runtime, number_->evaluate(frame)), INT32_MIN, INT32_MAX));
+    throw error;
+  }
+
+private:
+  CodePtr message_;
+  CodePtr number_;
+};
+
+class Tell final : public Action {
+public:
+  Tell(CodePtr target, Sequence body) : target_(std::move(target)), body_(std::move(body)) {}
+  Flow run(Frame& frame) const override {
+    const TargetGuard guard(frame, target_->designate(frame));
+    return body_.run(frame);
+  }
+
+private:
+  CodePtr target_;
+  Sequence body_;
+};
+
+class Consider final : public Action {
+public:
+  Consider(Attention attention, std::vector<std::string> what, Sequence body)
+      : counts_(attention == Attention::considering), what_(std::move(what)),
+        body_(std::move(body)) {}
+  Flow run(Frame& frame) const override {
+    const Restore restore{frame.runtime.considered, frame.runtime.considered};
+    for (const std::string& each : what_)
+      set(frame.runtime.considered, each);
+    return body_.run(frame);
+  }
+
+private:
+  struct Restore {
+    Considered& now;
+    Considered before;
+    ~Restore() { now = before; }
+  };
+
+  void set(Considered& considered, const std::string& what) const {
+    if (what == "case")
+      considered.caseDifferences = counts_;
+    else if (what == "white space")
+      considered.whiteSpace = counts_;
+    else if (what == "hyphens")
+      considered.hyphens = counts_;
+    else if (what == "punctuation")
+      considered.punctuation = counts_;
+    else if (what == "diacriticals")
+      considered.diacriticals = counts_;
+    else if (what == "numeric strings")
+      considered.numericStrings = counts_;
+  }
+
+  bool counts_;
+  std::vector<std::string> what_;
+  Sequence body_;
+};
+
+class Log final : public Action {
+public:
+  explicit Log(CodePtr value) : value_(std::move(value)) {}
+  Flow run(Frame& frame) const override {
+    const Value value = value_->evaluate(frame);
+    const bool isText = value.is(ValueKind::text);
+    const std::string line = isText ? textOf(frame.runtime, value) : described(value);
+    (void)performEvent(frame.runtime, {{}, "log", HostValue{line}, {}});
+    return Flow::next;
+  }
+
+private:
+  CodePtr value_;
+};
+
+} // namespace
+
+ActionPtr expressionAction(CodePtr value) {
+  return std::make_unique<Expression>(std::move(value));
+}
+
+ActionPtr setAction(CodePtr place, CodePtr value, Keeping keeping) {
+  return std::make_unique<Set>(std::move(place), std::move(value), keeping);
+}
+
+ActionPtr appendAction(CodePtr place, CodePtr more) {
+  return std::make_unique<Append>(std::move(place), std::move(more));
+}
+
+ActionPtr branchAction(std::vector<Branch> branches, Sequence otherwise) {
+  return std::make_unique<If>(std::move(branches), std::move(otherwise));
+}
+
+ActionPtr exitAction() {
+  return std::make_unique<Exit>();
+}
+
+ActionPtr returnAction(CodePtr value) {
+  return std::make_unique<Return>(std::move(value));
+}
+
+ActionPtr attemptAction(Attempt attempt) {
+  return std::make_unique<Try>(std::move(attempt));
+}
+
+ActionPtr failAction(CodePtr message, CodePtr number) {
+  return std::make_unique<Fail>(std::move(message), std::move(number));
+}
+
+ActionPtr tellAction(CodePtr target, Sequence body) {
+  return std::make_unique<Tell>(std::move(target), std::move(body));
+}
+
+ActionPtr considerAction(Attention attention, std::vector<std::string> what, Sequence body) {
+  return std::make_unique<Consider>(attention, std::move(what), std::move(body));
+}
+
+ActionPtr logAction(CodePtr value) {
+  return std::make_unique<Log>(std::move(value));
+}
+
+} // namespace tavrel::script
