@@ -63,7 +63,7 @@ Value runText(const AdditionCall& call) {
   runtime.guardStack();
   if (runtime.author == Author::application)
     throw ScriptError{errors::notPermitted, "“run script” is not allowed in this script."};
-  const auto shape = bindScript(parseScript(textOf(runtime, call.direct)));
+  const auto shape = bindScript(runtime.heap, parseScript(textOf(runtime, call.direct)));
   const Value given = call.parameter("with parameters");
   std::vector<Value> arguments;
   if (!given.is(ValueKind::undefined))

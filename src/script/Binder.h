@@ -14,14 +14,14 @@ using Names = std::set<const std::string*>;
 /// The names that the statements assign to, those of inner handlers and scripts left out.
 [[nodiscard]] Names assignedNames(const Node& block);
 
-/// What a name means by itself, as `pi`, `linefeed` or `January`; undefined for all others.
-[[nodiscard]] CodePtr predefined(const std::string& name);
+/// What a name means by itself, as `pi`, `linefeed` or `January`; null for all others.
+[[nodiscard]] CodePtr predefined(Heap& heap, const std::string& name);
 
 /// Binds the names of one script: its fields, and while a handler is bound that handler's
 /// variables.
 class Binder {
 public:
-  explicit Binder(Binder* outer) : outer_(outer) {}
+  Binder(Heap& heap, Binder* outer) : heap_(heap), outer_(outer) {}
 
   [[nodiscard]] std::shared_ptr<Shape> script(const Node& block, const std::string& name);
 
@@ -66,6 +66,7 @@ private:
   static const Node& child(const Node& node, std::size_t index);
   [[noreturn]] static void corrupt();
 
+  Heap& heap_;
   Binder* outer_;
   std::shared_ptr<Shape> shape_;
   std::set<const std::string*> variables_; ///< fields that only the run handler sees
@@ -73,7 +74,6 @@ private:
   std::map<const std::string*, std::size_t> locals_;
   Names assigned_;
   bool runsFree_ = false; ///< in a run handler without a name: its variables are fields
-  Heap texts_;
 };
 
 } // namespace tavrel::script

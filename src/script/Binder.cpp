@@ -1,0 +1,192 @@
+#include "script/Binder.h"
+
+#include "script/Bind.h"
+
+#include <algorithm>
+
+namespace tavrel::script {
+namespace {
+
+bool isDeclaration(const Node& node) {
+  return node.kind == NodeKind::handler || node.kind == NodeKind::propertyDeclaration ||
+         node.kind == NodeKind::global;
+}
+
+bool isRun(const Node& node) {
+  return node.kind == NodeKind::handler && node.text == "run";
+}
+
+} // namespace
+
+void Binder::corrupt() {
+  throw ScriptError{errors::corruptScript, "The compiled script is damaged."};
+}
+
+const Node& Binder::child(const Node& node, std::size_t index) {
+  if (index >= node.children.size())
+    corrupt();
+  return node.children[index];
+}
+
+std::shared_ptr<Shape> Binder::script(const Node& block, const std::string& name) {
+  shape_ = std::make_shared<Shape>();
+  shape_->name = name;
+  declareFields(block);
+  for (const Node& each : block.children)
+    if (each.kind == NodeKind::propertyDeclaration) {
+      locals_.clear();
+      globals_.clear();
+      assigned_.clear();
+      const std::size_t index = field(symbol(each.text));
+      shape_->initialValues[index] = expression(child(each, 0));
+      shape_->localCount = std::max(shape_->localCount, locals_.size());
+    }
+  for (const Node& each : block.children)
+    if (each.kind == NodeKind::handler)
+      addHandler(each);
+  if (std::none_of(block.children.begin(), block.children.end(), isRun))
+    addRunHandler(block);
+  return shape_;
+}
+
+// Properties stand first: they are what persists. Script objects are fields too.
+void Binder::declareFields(const Node& block) {
+  for (const Node& each : block.children)
+    if (each.kind == NodeKind::propertyDeclaration)
+      (void)field(symbol(each.text));
+  shape_->propertyCount = shape_->fields.size();
+  for (const Node& each : block.children) {
+    if (each.kind == NodeKind::script)
+      (void)field(symbol(each.text));
+    if (each.kind == NodeKind::global)
+      for (const Node& name : each.children)
+        (void)(outer_ ? 0 : field(symbol(name.text)));
+  }
+  for (const Node& each : block.children)
+    if (each.kind == NodeKind::script) {
+      const std::size_t index = field(symbol(each.text));
+      shape_->initialValues[index] =
+          scriptCode(Binder(heap_, this).script(child(each, 0), each.text));
+    }
+}
+
+std::size_t Binder::field(const std::string* name) {
+  auto& fields = shape_->fields;
+  const auto found = std::find(fields.begin(), fields.end(), name);
+  if (found != fields.end())
+    return static_cast<std::size_t>(found - fields.begin());
+  fields.push_back(name);
+  shape_->initialValues.emplace_back();
+  return fields.size() - 1;
+}
+
+void Binder::scopeOf(const Node& block) {
+  locals_.clear();
+  globals_.clear();
+  assigned_ = assignedNames(block);
+  for (const Node& each : block.children)
+    if (each.kind == NodeKind::global)
+      for (const Node& name : each.children)
+        globals_.insert(symbol(name.text));
+}
+
+void Binder::addHandler(const Node& node) {
+  if (node.children.empty())
+    corrupt();
+  const Node& body = node.children.back();
+  scopeOf(body);
+  runsFree_ = false;
+  Handler handler;
+  handler.name = symbol(node.text);
+  handler.span = node.span;
+  for (std::size_t i = 0; i + 1 < node.children.size(); ++i)
+    addParameter(handler, node.children[i]);
+  handler.body = sequence(body);
+  handler.localCount = locals_.size();
+  shape_->handlers.push_back(std::move(handler));
+}
+
+void Binder::addParameter(Handler& handler, const Node& node) {
+  const std::string* name = symbol(node.text);
+  const std::string* label = node.children.empty() ? nullptr : symbol(node.children[0].text);
+  handler.parameters.push_back({label, localCode(local(name), name)});
+}
+
+// The statements outside of all handlers. Their variables belong to the script, so that handlers
+// can name them as global ones.
+void Binder::addRunHandler(const Node& block) {
+  scopeOf(block);
+  runsFree_ = true;
+  if (!outer_)
+    for (const std::string* name : assigned_)
+      if (std::find(shape_->fields.begin(), shape_->fields.end(), name) == shape_->fields.end()) {
+        (void)field(name);
+        variables_.insert(name);
+      }
+  Node statements;
+  statements.kind = NodeKind::block;
+  Sequence body;
+  for (const Node& each : block.children)
+    if (!isDeclaration(each) && each.kind != NodeKind::script)
+      body.add(statement(each));
+  Handler handler;
+  handler.name = symbol("run");
+  handler.body = std::move(body);
+  handler.localCount = locals_.size();
+  shape_->handlers.push_back(std::move(handler));
+  runsFree_ = false;
+}
+
+std::size_t Binder::local(const std::string* name) {
+  return locals_.emplace(name, locals_.size()).first->second;
+}
+
+CodePtr Binder::fieldNamed(const std::string* name, bool alsoVariables) {
+  std::size_t outward = 0;
+  for (Binder* each = this; each; each = each->outer_, ++outward) {
+    const auto& fields = each->shape_->fields;
+    const auto found = std::find(fields.begin(), fields.end(), name);
+    const bool isHidden = each->variables_.contains(name) && !alsoVariables;
+    if (found != fields.end() && !isHidden)
+      return fieldCode(outward, static_cast<std::size_t>(found - fields.begin()), name);
+  }
+  return nullptr;
+}
+
+// A global variable that nothing else declares is a field of the outermost script.
+CodePtr Binder::global(const std::string* name) {
+  if (CodePtr code = fieldNamed(name, true))
+    return code;
+  std::size_t outward = 0;
+  Binder* top = this;
+  for (; top->outer_; top = top->outer_)
+    ++outward;
+  const std::size_t index = top->field(name);
+  top->variables_.insert(name);
+  return fieldCode(outward, index, name);
+}
+
+CodePtr Binder::variable(const std::string* name) {
+  const auto found = locals_.find(name);
+  if (found != locals_.end())
+    return localCode(found->second, name);
+  if (globals_.contains(name))
+    return global(name);
+  if (CodePtr code = fieldNamed(name, runsFree_ && !outer_))
+    return code;
+  return assigned_.contains(name) ? localCode(local(name), name) : nullptr;
+}
+
+CodePtr Binder::place(const Node& node) {
+  const std::string* name = symbol(node.text);
+  CodePtr code = variable(name);
+  return code ? std::move(code) : localCode(local(name), name);
+}
+
+std::shared_ptr<const Shape> bindScript(Heap& heap, const Node& script) {
+  if (script.kind != NodeKind::block)
+    throw ScriptError{errors::corruptScript, "The compiled script is damaged."};
+  return Binder(heap, nullptr).script(script, {});
+}
+
+} // namespace tavrel::script
