@@ -133,8 +133,9 @@ void classifyEach(benchmark::State& state) {
                  desktop.notifications, desktop.distributedNotifications,
                  desktop.pasteboards,   desktop.preferences,
                  desktop.presenter,     desktop.richText,
-                 desktop.sounds,        desktop.statusBar,
-                 desktop.log,           desktop.workspace};
+                 desktop.scripts,       desktop.sounds,
+                 desktop.statusBar,     desktop.log,
+                 desktop.workspace};
   const ScopedPlatform scope(ports);
   for (auto _ : state)
     for (const std::string& path : scratch().paths())

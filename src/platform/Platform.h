@@ -13,6 +13,7 @@ class Pasteboards;
 class Preferences;
 class Presenter;
 class RichText;
+class Scripts;
 class Sounds;
 class StatusBar;
 class SystemLog;
@@ -32,6 +33,7 @@ struct Platform {
   Preferences& preferences;
   Presenter& presenter;
   RichText& richText;
+  Scripts& scripts;
   Sounds& sounds;
   StatusBar& statusBar;
   SystemLog& log;

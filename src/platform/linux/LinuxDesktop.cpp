@@ -14,6 +14,7 @@
 #include "platform/linux/LinuxPreferences.h"
 #include "platform/linux/LinuxPresenter.h"
 #include "platform/linux/LinuxRichText.h"
+#include "platform/linux/LinuxScripts.h"
 #include "platform/linux/LinuxSounds.h"
 #include "platform/linux/LinuxStatusBar.h"
 #include "platform/linux/LinuxSystemLog.h"
@@ -39,6 +40,7 @@ struct LinuxDesktop::Adapters {
   LinuxPreferences preferences{preferenceFolder()};
   LinuxPresenter presenter;
   LinuxRichText richText;
+  LinuxScripts scripts;
   LinuxSounds sounds{resources};
   LinuxStatusBar statusBar{presenter};
   LinuxSystemLog log;
@@ -47,7 +49,8 @@ struct LinuxDesktop::Adapters {
   Platform ports{applications, bundle,      clock,         files,
                  images,       keyboard,    notifications, distributedNotifications,
                  pasteboards,  preferences, presenter,     richText,
-                 sounds,       statusBar,   log,           workspace};
+                 scripts,      sounds,      statusBar,     log,
+                 workspace};
 };
 
 LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {}

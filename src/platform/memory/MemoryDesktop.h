@@ -12,6 +12,7 @@
 #include "platform/memory/MemoryPreferences.h"
 #include "platform/memory/MemoryPresenter.h"
 #include "platform/memory/MemoryRichText.h"
+#include "platform/memory/MemoryScripts.h"
 #include "platform/memory/MemorySounds.h"
 #include "platform/memory/MemoryStatusBar.h"
 #include "platform/memory/MemorySystemLog.h"
@@ -33,6 +34,7 @@ struct MemoryDesktop {
   MemoryPreferences preferences;
   MemoryPresenter presenter;
   MemoryRichText richText;
+  MemoryScripts scripts;
   MemorySounds sounds;
   MemoryStatusBar statusBar{presenter};
   MemorySystemLog log;
@@ -41,7 +43,8 @@ struct MemoryDesktop {
   Platform ports{applications, bundle,      clock,         files,
                  images,       keyboard,    notifications, distributedNotifications,
                  pasteboards,  preferences, presenter,     richText,
-                 sounds,       statusBar,   log,           workspace};
+                 scripts,      sounds,      statusBar,     log,
+                 workspace};
 };
 
 } // namespace tavrel

@@ -1,0 +1,85 @@
+#include "platform/memory/MemoryScripts.h"
+
+namespace tavrel {
+
+bool MemoryScripts::isOpen(ComponentInstance component) const {
+  return component != 0 && component <= control.componentsOpened;
+}
+
+OSAID MemoryScripts::newId() {
+  control.live.insert(++lastId_);
+  return lastId_;
+}
+
+ComponentInstance MemoryScripts::openDefaultComponent(std::uint32_t type, std::uint32_t subtype) {
+  if (!control.componentOpens || type != kOSAComponentType || subtype != kAppleScriptSubtype)
+    return 0;
+  return ++control.componentsOpened;
+}
+
+LoadedScript MemoryScripts::load(ComponentInstance component, const std::string& path) {
+  if (!isOpen(component))
+    return {osaError::componentNotFound, 0, false};
+  const auto file = control.files.find(path);
+  if (file == control.files.end())
+    return {osaError::fileNotFound, 0, false};
+  if (file->second.loadCode != osaError::none)
+    return {file->second.loadCode, 0, false};
+  const OSAID id = newId();
+  loaded_.insert({id, {path, file->second}});
+  control.log.push_back("load " + path + " = " + std::to_string(id));
+  return {osaError::none, id, file->second.storable};
+}
+
+ExecutedScript MemoryScripts::execute(ComponentInstance component, OSAID script) {
+  if (!isOpen(component))
+    return {osaError::componentNotFound, 0};
+  const auto found = loaded_.find(script);
+  if (found == loaded_.end())
+    return {osaError::invalidID, 0};
+  Loaded& loaded = found->second;
+  control.ran.push_back(loaded.path);
+  const OSAError code = loaded.file.body ? loaded.file.body(loaded.file.properties) : 0;
+  const OSAID result = code == osaError::none && loaded.file.hasResult ? newId() : 0;
+  control.log.push_back("execute " + std::to_string(script) + " = " + std::to_string(result));
+  return {code, result};
+}
+
+OSAError MemoryScripts::dispose(ComponentInstance component, OSAID id) {
+  if (!isOpen(component))
+    return osaError::componentNotFound;
+  if (id == 0)
+    return osaError::none;
+  if (control.live.erase(id) == 0)
+    return osaError::invalidID;
+  loaded_.erase(id);
+  control.log.push_back("dispose " + std::to_string(id));
+  return osaError::none;
+}
+
+OSAError MemoryScripts::store(ComponentInstance component, OSAID script, const std::string& path) {
+  if (!isOpen(component))
+    return osaError::componentNotFound;
+  const auto loaded = loaded_.find(script);
+  if (loaded == loaded_.end())
+    return osaError::invalidID;
+  control.log.push_back("store " + std::to_string(script) + " " + path);
+  const OSAError code = control.files[path].storeCode;
+  if (code == osaError::none)
+    control.files[path] = loaded->second.file;
+  return code;
+}
+
+std::optional<SourceRun> MemoryScripts::runSource(const std::string& source, ScriptOrigin origin) {
+  if (control.unusableSources.contains(source))
+    return std::nullopt;
+  control.sources.push_back({source, origin});
+  if (control.sourceRan)
+    control.sourceRan(source);
+  const auto error = control.sourceErrors.find(source);
+  if (error == control.sourceErrors.end())
+    return SourceRun{};
+  return SourceRun{error->second};
+}
+
+} // namespace tavrel
