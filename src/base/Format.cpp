@@ -2,13 +2,26 @@
 
 namespace tavrel {
 
-std::string filled(std::string_view format, std::string_view text) {
+namespace {
+// `next` answers the text for each place in turn.
+template <typename Next> std::string replaced(std::string_view format, Next next) {
   std::string result;
   for (std::size_t at = format.find("%@"); at != std::string_view::npos; at = format.find("%@")) {
-    result.append(format.substr(0, at)).append(text);
+    result.append(format.substr(0, at)).append(next());
     format.remove_prefix(at + 2);
   }
   return result.append(format);
+}
+} // namespace
+
+std::string filled(std::string_view format, std::string_view text) {
+  return replaced(format, [text] { return text; });
+}
+
+std::string filledInOrder(std::string_view format, std::initializer_list<std::string_view> texts) {
+  return replaced(format, [&texts, next = texts.begin()]() mutable {
+    return next == texts.end() ? std::string_view() : *next++;
+  });
 }
 
 } // namespace tavrel
