@@ -8,6 +8,7 @@
 #include "base/Modifiers.h"
 #include "exec/ExecutingScript.h"
 #include "exec/OptionKeyFlag.h"
+#include "exec/TVAppleScript.h"
 #include "menu/ItemRecord.h"
 #include "menu/MenuIcons.h"
 #include "platform/memory/MemoryDesktop.h"
@@ -35,6 +36,7 @@ protected:
     blankIcon.reset();
     gExecutingScript = false;
     sOptionKeyPressed = false;
+    sComponent = 0;
   }
 
   void set(const std::string& key, PropertyList value) {

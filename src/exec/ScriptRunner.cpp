@@ -1,0 +1,40 @@
+#include "exec/ScriptRunner.h"
+
+#include "base/Description.h"
+#include "base/Format.h"
+#include "exec/ExecutingScript.h"
+#include "exec/TVAppleScript.h"
+#include "platform/Platform.h"
+#include "platform/SystemLog.h"
+
+namespace tavrel {
+
+void execScript(const std::string& path) {
+  TVAppleScript script(path);
+  gExecutingScript = true;
+  script.executeAndReturnError();
+  gExecutingScript = false;
+}
+
+void execScriptSource(const std::string& source, ScriptOrigin origin) {
+  const auto run = platform().scripts.runSource(source, origin);
+  if (run && run->error)
+    platform().log.write(filled("execScriptSource error %@", descriptionOf(*run->error)));
+}
+
+bool runOwnSource(const std::string& source) {
+  return platform().scripts.runSource(source, ScriptOrigin::Application).has_value();
+}
+
+void activateApplication(const std::string& name) {
+  runOwnSource(filled("tell application \"%@\" to activate", name));
+}
+
+void launchTavrelPref() {
+  runOwnSource("tell application \"System Preferences\"\n"
+               "activate\n"
+               "reveal pane \"Tavrel\"\n"
+               " end tell");
+}
+
+} // namespace tavrel
