@@ -19,5 +19,6 @@ inline constexpr const char* TVR2_PopupShortcutString = "TVR2_PopupShortcutStrin
 inline constexpr const char* TVR2_PopupShortcutModifier = "TVR2_PopupShortcutModifier";
 inline constexpr const char* TVR2_PopupShortcutKeyCode = "TVR2_PopupShortcutKeyCode";
 inline constexpr const char* TVR2_OpenTerminalWithCmdKey = "TVR2_OpenTerminalWithCmdKey";
+inline constexpr const char* TVR_OpenWithPathFinder = "TVR_OpenWithPathFinder";
 
 } // namespace tavrel

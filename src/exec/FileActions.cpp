@@ -1,7 +1,11 @@
 #include "exec/FileActions.h"
 
+#include "app/PreferenceStore.h"
+#include "app/SettingKeys.h"
+#include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/PathString.h"
+#include "exec/ScriptRunner.h"
 #include "invoke/KeyState.h"
 #include "menu/ItemRecord.h"
 #include "menu/PathHelpers.h"
@@ -55,6 +59,26 @@ bool moveSelectedFiles(const std::string& destination) {
   else
     platform().sounds.beep();
   return done;
+}
+
+void showInFinder(const std::string& path) {
+  const char* browser = TVR_BoolForKey(TVR_OpenWithPathFinder, false) ? "Path Finder" : "Finder";
+  runOwnSource(filledInOrder("tell application \"%@\" to reveal \"%@\" as POSIX file",
+                             {browser, cleanedUpPath(path)}));
+}
+
+void openFolderWithTerminal(const std::string& path) {
+  const std::string command = path.empty() ? "cd ~" : filled("cd '%@'", path);
+  execScriptSource(filled("tell application \"terminal\"\n"
+                          "activate\n"
+                          " if number of windows > 0 then \n"
+                          " do script (\"%@\" as text) in window 1\n"
+                          " else\n"
+                          " do script (\"%@\" as text)\n"
+                          " end if\n"
+                          " end tell\n",
+                          command),
+                   ScriptOrigin::Application);
 }
 
 std::int32_t GetApplicationFlavor(ProcessSerialNumber process) {

@@ -22,6 +22,14 @@ std::int32_t OpenDocuments(const std::vector<std::string>& urls, const std::stri
 /// tells success, the beep failure.
 bool moveSelectedFiles(const std::string& destination);
 
+/// Reveals a path in the person's file browser: in Path Finder where the settings say so. The path
+/// stands in a script source as it is, so one with a quotation mark is not revealed.
+void showInFinder(const std::string& path);
+
+/// Opens a terminal in a folder, in the home folder for an empty path. A path with a single quote
+/// makes a command that fails.
+void openFolderWithTerminal(const std::string& path);
+
 /// The flavor number of a process, 0 when unknown.
 [[nodiscard]] std::int32_t GetApplicationFlavor(ProcessSerialNumber process);
 

@@ -1,9 +1,11 @@
 #include "app/PreferenceStore.h"
 #include "app/SettingKeys.h"
 #include "app/TVController.h"
+#include "base/Format.h"
 #include "exec/FileActions.h"
 #include "exec/ItemAction.h"
 #include "exec/OptionKeyFlag.h"
+#include "exec/ScriptRunner.h"
 #include "invoke/KeyState.h"
 #include "menu/PathHelpers.h"
 #include "platform/Platform.h"
@@ -68,11 +70,11 @@ void perform(ItemAction action, const Target& target, TVController& controller) 
     platform().workspace.openUrl(target.url);
     return;
   case ItemAction::showInFinder:
-    return tellMissing("revealing a file");
+    return showInFinder(target.path);
   case ItemAction::openFolderWithTerminal:
-    return tellMissing("opening a terminal");
+    return openFolderWithTerminal(target.path);
   case ItemAction::execScript:
-    return tellMissing("running a script");
+    return execScript(target.path);
   case ItemAction::performService:
     return tellMissing("performing a service");
   }
@@ -107,6 +109,9 @@ void TVController::fileItemDidSelected(MenuItem& menuItem) {
 }
 
 void TVController::openFolder(const std::string& path) {
+  if (TVR_BoolForKey(TVR_OpenWithPathFinder, false) &&
+      runOwnSource(filled("tell application \"Path Finder\" to open \"%@\" as POSIX file", path)))
+    return;
   platform().workspace.openFile(path);
 }
 

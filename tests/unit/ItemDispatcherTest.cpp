@@ -14,6 +14,7 @@ protected:
     desktop.files.control.addFile("/docs/b.txt");
     desktop.files.control.addFolder("/target");
     desktop.files.control.addScript("/run.scpt");
+    desktop.scripts.control.files["/run.scpt"] = {};
   }
 
   void choose(const PropertyList& item, bool alternate = false) {
@@ -29,10 +30,22 @@ protected:
     controller.fileItemDidSelected(entry);
   }
 
+  std::vector<std::string> said() {
+    std::vector<std::string> texts;
+    for (const MemoryScripts::Source& source : desktop.scripts.control.sources)
+      texts.push_back(source.text);
+    return texts;
+  }
+
+  static std::string revealing(const std::string& path) {
+    return "tell application \"Finder\" to reveal \"" + path + "\" as POSIX file";
+  }
+
   MemoryWorkspace::Control& workspace = desktop.workspace.control;
   const PropertyList edit = fileRecord("application", "Edit", "file:///apps/Edit.app");
   const PropertyList letter = fileRecord("document file", "Letter", "file:///docs/a.txt");
   const PropertyList folder = fileRecord("folder", "Target", "file:///target");
+  const PropertyList script = fileRecord("applescript", "Run", "file:///run.scpt");
 };
 
 TEST_F(ItemDispatcher, ADocumentOpensWithItsDefaultApplication) {
@@ -128,8 +141,52 @@ TEST_F(ItemDispatcher, AUrlOpensAsItIsWritten) {
 
 TEST_F(ItemDispatcher, AScriptChosenWithOptionOpensInItsEditor) {
   sOptionKeyPressed = true;
-  choose(fileRecord("applescript", "Run", "file:///run.scpt"));
+  choose(script);
   EXPECT_THAT(workspace.openedFiles, ElementsAre("/run.scpt"));
+  EXPECT_THAT(desktop.scripts.control.ran, IsEmpty());
+}
+
+TEST_F(ItemDispatcher, AScriptRuns) {
+  choose(script);
+  EXPECT_THAT(desktop.scripts.control.ran, ElementsAre("/run.scpt"));
+}
+
+TEST_F(ItemDispatcher, AHotKeyRunsAScriptWhateverIsHeld) {
+  hold(keyCode::command);
+  sOptionKeyPressed = true;
+  controller.executeItem(script, true, nullptr);
+  EXPECT_THAT(desktop.scripts.control.ran, ElementsAre("/run.scpt"));
+}
+
+TEST_F(ItemDispatcher, AScriptBehindAnAliasRunsItself) {
+  desktop.files.control.addAlias("/alias", "/run.scpt");
+  choose(fileRecord("applescript", "Run", "file:///alias"));
+  EXPECT_THAT(desktop.scripts.control.ran, ElementsAre("/run.scpt"));
+}
+
+TEST_F(ItemDispatcher, CommandRevealsWhatWouldOpenOrRun) {
+  hold(keyCode::command);
+  for (const PropertyList& item : {letter, edit, script, folder})
+    choose(item);
+  EXPECT_THAT(said(), ElementsAre(revealing("/docs/a.txt"), revealing("/apps/Edit.app"),
+                                  revealing("/run.scpt"), revealing("/target")));
+  EXPECT_THAT(workspace.openedFiles, IsEmpty());
+  EXPECT_THAT(desktop.scripts.control.ran, IsEmpty());
+}
+
+TEST_F(ItemDispatcher, CommandOpensATerminalInAFolderWhenTheSettingsSaySo) {
+  set(TVR2_OpenTerminalWithCmdKey, true);
+  hold(keyCode::command);
+  choose(folder);
+  chooseBrowsed("/target");
+  EXPECT_THAT(said(), ::testing::Each(::testing::HasSubstr("cd '/target'")));
+  EXPECT_EQ(said().size(), 2U);
+}
+
+TEST_F(ItemDispatcher, AnActionThatIsStillToComeIsNamed) {
+  choose(record("services", "Mail", {{TVR_MenuItemURL, "Mail"}}));
+  EXPECT_THAT(desktop.log.control.lines,
+              ElementsAre("item: performing a service is not available in this version"));
 }
 
 TEST_F(ItemDispatcher, GroupsSeparatorsAndUnknownTypesDoNothing) {
@@ -168,6 +225,19 @@ TEST_F(ItemDispatcher, ABrowsedChoiceStoresWhetherOptionIsHeld) {
   chooseBrowsed("/run.scpt");
   EXPECT_TRUE(sOptionKeyPressed);
   EXPECT_THAT(workspace.openedFiles, ElementsAre("/run.scpt"));
+}
+
+TEST_F(ItemDispatcher, ABrowsedScriptRuns) {
+  chooseBrowsed("/run.scpt");
+  EXPECT_THAT(desktop.scripts.control.ran, ElementsAre("/run.scpt"));
+}
+
+TEST_F(ItemDispatcher, CommandRevealsABrowsedFile) {
+  hold(keyCode::command);
+  for (const char* path : {"/docs/a.txt", "/apps/Edit.app", "/run.scpt", "/target"})
+    chooseBrowsed(path);
+  EXPECT_THAT(said(), ElementsAre(revealing("/docs/a.txt"), revealing("/apps/Edit.app"),
+                                  revealing("/run.scpt"), revealing("/target")));
 }
 
 TEST_F(ItemDispatcher, ABrowsedThingOfUnknownKindDoesNothing) {

@@ -106,6 +106,20 @@ TEST_F(StatusMenu, WhileAScriptRunsNothingIsPrepared) {
   EXPECT_TRUE(controller.needToRecreateMenu);
 }
 
+TEST_F(StatusMenu, AMenuOpenedByARunningScriptIsNotPrepared) {
+  desktop.files.control.addScript("/run.scpt");
+  desktop.applications.control.start("Editor", "/Applications/Editor.app");
+  desktop.scripts.control.files["/run.scpt"].body = [this](MemoryScripts::Properties&) {
+    clickWith(nullptr);
+    return osaError::none;
+  };
+  controller.executeItem(fileRecord("applescript", "Run", "file:///run.scpt"), true, nullptr);
+  EXPECT_EQ(desktop.presenter.control.shown.size(), 1U);
+  EXPECT_EQ(controller.hostName, "");
+  clickWith(nullptr);
+  EXPECT_EQ(controller.hostName, "Editor");
+}
+
 TEST_F(StatusMenu, AChangedTreeIsRebuiltOnceWhenTheMenuNextOpens) {
   controller.needToRecreateMenu = true;
   const std::shared_ptr<MenuItem> before = controller.statusMenu.items[0];
