@@ -44,6 +44,8 @@ public:
   void executeItem(const PropertyList& item, bool fromHotKey, const MenuItem* menuItem);
   void fileItemDidSelected(MenuItem& menuItem);
   void openFolder(const std::string& path);
+  /// The settings entry: its alternate adds the captured files to the tree first.
+  void openTavrelPref(MenuItem& menuItem);
   void insertFileItemsToPlist(const std::vector<std::string>& paths);
 
   Settings settings;

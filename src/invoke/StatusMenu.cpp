@@ -73,6 +73,8 @@ void TVController::menuItemChosen(MenuItem& item) {
     statusMenuDidSelected(item);
   else if (item.action == MenuAction::fileItemDidSelected)
     fileItemDidSelected(item);
+  else if (item.action == MenuAction::openTavrelPref)
+    openTavrelPref(item);
 }
 
 void TVController::statusMenuDidSelected(MenuItem& menuItem) {
