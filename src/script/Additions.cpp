@@ -129,6 +129,16 @@ Value asciiCharacter(const AdditionCall& call) {
   return runtime.text(std::string(1, static_cast<char>(code)));
 }
 
+// Of one code point or of a list of them.
+Value characterId(const AdditionCall& call) {
+  Runtime& runtime = call.frame.runtime;
+  const Value codes = coerced(runtime, call.direct, "list");
+  std::string text;
+  for (const Value& each : codes.as<List>()->values())
+    appendCharacter(text, static_cast<std::uint32_t>(integerOf(runtime, each)));
+  return runtime.text(std::move(text));
+}
+
 Value asciiNumber(const AdditionCall& call) {
   Runtime& runtime = call.frame.runtime;
   const std::string text = textOf(runtime, call.direct);
@@ -147,6 +157,7 @@ constexpr auto additions =
                                                           {"offset", offset},
                                                           {"random number", randomNumber},
                                                           {"round", roundNumber},
+                                                          {"character id", characterId},
                                                           {"ascii character", asciiCharacter},
                                                           {"ascii number", asciiNumber}});
 

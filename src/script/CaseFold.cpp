@@ -40,6 +40,16 @@ char32_t takeCharacter(std::string_view text, std::size_t& at) {
   return result;
 }
 
+void appendCharacter(std::string& text, char32_t c) {
+  if (c > 0x10FFFF || within(c, 0xD800, 0xDFFF))
+    c = 0xFFFD;
+  const unsigned more = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+  constexpr unsigned leads[] = {0, 0xC0, 0xE0, 0xF0};
+  text += static_cast<char>(leads[more] | (c >> (6 * more)));
+  for (unsigned i = more; i > 0; --i)
+    text += static_cast<char>(0x80U | ((c >> (6 * (i - 1))) & 0x3FU));
+}
+
 char32_t folded(char32_t c) {
   if (c < 0x80)
     return within(c, 'A', 'Z') ? c + 0x20 : c;

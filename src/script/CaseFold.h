@@ -1,11 +1,15 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace tavrel::script {
 
 /// The character at a place of well-formed UTF-8; moves the place behind it.
 [[nodiscard]] char32_t takeCharacter(std::string_view text, std::size_t& at);
+
+/// Adds a code point to a UTF-8 text; U+FFFD for what is none.
+void appendCharacter(std::string& text, char32_t character);
 
 /// The small letter of a capital of the Latin, Greek, Cyrillic and Armenian alphabets (simple case
 /// folding of Unicode); every other character as it is.

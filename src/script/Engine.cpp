@@ -123,8 +123,9 @@ RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Li
       values.push_back(runtime.text(each));
     const Value value = fetched(runtime, runScript(runtime, *object, {runtime.list(values)}));
     result.description = described(value);
-    result.value = value.is(ValueKind::script) ? HostValue{} : hostValueOf(runtime, value);
     keep(*object, script);
+    // What the desktop cannot take, as a script or a list that holds itself, is no result.
+    (void)attempted([&] { result.value = hostValueOf(runtime, value); });
   });
   return result;
 }

@@ -46,6 +46,7 @@ constexpr auto commands = std::to_array<CommandTerm>({
     {language, "system info", none, ""},
     {language, "time to gmt", none, ""},
     {language, "ascii character", allowed, ""},
+    {language, "character id", allowed, ""},
     {language, "ascii number", allowed, ""},
     {language, "run script", allowed, "with parameters"},
     {language, "delay", allowed, ""},
