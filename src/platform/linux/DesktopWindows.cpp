@@ -23,6 +23,7 @@ enum AtomName {
   clientList,
   clientListStacking,
   activeWindowAtom,
+  closeWindowAtom,
   supported,
   windowType,
   typeDock,
@@ -40,6 +41,7 @@ enum AtomName {
 constexpr std::array<std::string_view, atomCount> atomNames = {"_NET_CLIENT_LIST",
                                                                "_NET_CLIENT_LIST_STACKING",
                                                                "_NET_ACTIVE_WINDOW",
+                                                               "_NET_CLOSE_WINDOW",
                                                                "_NET_SUPPORTED",
                                                                "_NET_WM_WINDOW_TYPE",
                                                                "_NET_WM_WINDOW_TYPE_DOCK",
@@ -206,22 +208,33 @@ std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {
   return types ? std::optional(facts) : std::nullopt;
 }
 
-bool DesktopWindows::activate(WindowId window) {
+// The source indication of pagers: it is the person's own wish.
+constexpr std::uint32_t fromPerson = 2;
+
+bool DesktopWindows::askManager(std::size_t request, WindowId window, std::uint32_t first,
+                                std::uint32_t second) {
   if (!connection_)
     return false;
   const Connection& x = *connection_;
   const std::vector<std::uint32_t> able = x.rootNumbers(supported);
-  if (std::ranges::find(able, x.atoms[activeWindowAtom]) == able.end())
+  if (std::ranges::find(able, x.atoms[request]) == able.end())
     return false;
-  constexpr std::uint32_t fromPerson = 2; // the source indication of pagers: no focus stealing
   xcb_client_message_event_t event{};
   event.format = 32;
   event.window = window;
-  event.type = x.atoms[activeWindowAtom];
-  event.data.data32[0] = fromPerson;
-  event.data.data32[1] = serverTime();
+  event.type = x.atoms[request];
+  event.data.data32[0] = first;
+  event.data.data32[1] = second;
   x.sendToRoot(event, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
   return xcb_flush(x.xcb) > 0;
+}
+
+bool DesktopWindows::activate(WindowId window) {
+  return askManager(activeWindowAtom, window, fromPerson, serverTime());
+}
+
+bool DesktopWindows::close(WindowId window) {
+  return askManager(closeWindowAtom, window, serverTime(), fromPerson);
 }
 
 std::uint32_t DesktopWindows::serverTime() {

@@ -41,6 +41,10 @@ public:
   /// Asks the window manager as a person's own wish; false when there is none that can.
   bool activate(WindowId window);
 
+  /// Asks the window to close, as its close button does; false when there is no window manager that
+  /// can.
+  bool close(WindowId window);
+
   /// Now, by the server's clock, in milliseconds; 0 without a server.
   [[nodiscard]] std::uint32_t serverTime();
 
@@ -48,6 +52,8 @@ public:
   void broadcastStartup(const std::string& message);
 
 private:
+  bool askManager(std::size_t request, WindowId window, std::uint32_t first, std::uint32_t second);
+
   struct Connection;
   std::unique_ptr<Connection> connection_; ///< null without a server
 };

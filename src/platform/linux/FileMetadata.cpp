@@ -77,6 +77,12 @@ std::error_code copyMetadata(int from, const struct stat& status, int to) {
   return {};
 }
 
+void copyAttributes(int from, int to) {
+  const std::vector<std::string> names = attributeNames(from);
+  (void)copyPersonalAttributes(from, to, names);
+  copySystemAttributes(from, to, names);
+}
+
 void copyNodeMetadata(const struct stat& status, int folder, const std::string& name) {
   const bool ownerKept =
       ::fchownat(folder, name.c_str(), status.st_uid, status.st_gid, AT_SYMLINK_NOFOLLOW) == 0;

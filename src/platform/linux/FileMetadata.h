@@ -14,4 +14,7 @@ namespace tavrel {
 /// The same for what cannot be opened: symbolic links, pipes, sockets, devices.
 void copyNodeMetadata(const struct stat& status, int folder, const std::string& name);
 
+/// The extended attributes alone, as far as they can be given.
+void copyAttributes(int from, int to);
+
 } // namespace tavrel

@@ -14,6 +14,7 @@
 #include "platform/linux/LinuxPreferences.h"
 #include "platform/linux/LinuxPresenter.h"
 #include "platform/linux/LinuxRichText.h"
+#include "platform/linux/LinuxScriptHost.h"
 #include "platform/linux/LinuxScripts.h"
 #include "platform/linux/LinuxSounds.h"
 #include "platform/linux/LinuxStatusBar.h"
@@ -40,11 +41,13 @@ struct LinuxDesktop::Adapters {
   LinuxPreferences preferences{preferenceFolder()};
   LinuxPresenter presenter;
   LinuxRichText richText;
-  LinuxScripts scripts;
   LinuxSounds sounds{resources};
   LinuxStatusBar statusBar{presenter};
   LinuxSystemLog log;
   LinuxWorkspace workspace{registry, windows};
+  LinuxScriptHost scriptHost{
+      {applications, clock, sounds, log, workspace, registry, windows, resources + "/roles"}};
+  LinuxScripts scripts{scriptHost};
 
   Platform ports{applications, bundle,      clock,         files,
                  images,       keyboard,    notifications, distributedNotifications,

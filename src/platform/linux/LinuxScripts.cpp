@@ -1,32 +1,94 @@
 #include "platform/linux/LinuxScripts.h"
 
 namespace tavrel {
+namespace {
 
-ComponentInstance LinuxScripts::openDefaultComponent(std::uint32_t, std::uint32_t) {
-  return 0;
+constexpr OSAError cannotRead = -54;
+constexpr OSAError cannotWrite = -61;
+
+} // namespace
+
+ComponentInstance LinuxScripts::openDefaultComponent(std::uint32_t type, std::uint32_t subtype) {
+  return type == kOSAComponentType && subtype == kAppleScriptSubtype ? ++lastComponent_ : 0;
 }
 
-LoadedScript LinuxScripts::load(ComponentInstance, const std::string&) {
-  return {osaError::componentNotFound, 0, false};
+bool LinuxScripts::isOpen(ComponentInstance component) const {
+  return component > 0 && component <= lastComponent_;
 }
 
-ExecutedScript LinuxScripts::execute(ComponentInstance, OSAID) {
-  return {osaError::componentNotFound, 0};
+LoadedScript LinuxScripts::load(ComponentInstance component, const std::string& path) {
+  if (!isOpen(component))
+    return {osaError::componentNotFound, 0, false};
+  const ScriptFile file = readScriptFile(path);
+  switch (file.kind) {
+  case ScriptFile::Kind::container:
+    return add(file, engine_.loadContainer(file.container));
+  case ScriptFile::Kind::source:
+    return add(file, engine_.loadSource(file.source, script::Author::person));
+  case ScriptFile::Kind::missing:
+    return {osaError::fileNotFound, 0, false};
+  default:
+    return {cannotRead, 0, false};
+  }
 }
 
-OSAError LinuxScripts::dispose(ComponentInstance, OSAID) {
-  return osaError::componentNotFound;
+LoadedScript LinuxScripts::add(const ScriptFile& file, const script::Engine::Loaded& loaded) {
+  if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
+    return {error->number, 0, false};
+  const bool hasSource = file.container.stringFor("source") != nullptr;
+  scripts_[++lastId_] = {std::get<script::ScriptId>(loaded), file.form};
+  return {osaError::none, lastId_, file.isWritable && hasSource};
 }
 
-OSAError LinuxScripts::store(ComponentInstance, OSAID, const std::string&) {
-  return osaError::componentNotFound;
+ExecutedScript LinuxScripts::execute(ComponentInstance component, OSAID id) {
+  if (!isOpen(component))
+    return {osaError::componentNotFound, 0};
+  const auto found = scripts_.find(id);
+  if (found == scripts_.end())
+    return {osaError::invalidID, 0};
+  const script::RunResult run = engine_.run(found->second.id);
+  if (run.error)
+    return {osaError::scriptError, 0};
+  results_.insert(++lastId_);
+  return {osaError::none, lastId_};
 }
 
-std::optional<SourceRun> LinuxScripts::runSource(const std::string&, ScriptOrigin) {
-  return SourceRun{PropertyList::Dictionary{
-      {"NSAppleScriptErrorMessage", "no scripting component is installed"},
-      {"NSAppleScriptErrorNumber", osaError::componentNotFound},
-  }};
+OSAError LinuxScripts::dispose(ComponentInstance component, OSAID id) {
+  if (!isOpen(component))
+    return osaError::componentNotFound;
+  if (id == 0 || results_.erase(id) > 0)
+    return osaError::none;
+  const auto found = scripts_.find(id);
+  if (found == scripts_.end())
+    return osaError::invalidID;
+  engine_.dispose(found->second.id);
+  scripts_.erase(found);
+  return osaError::none;
+}
+
+OSAError LinuxScripts::store(ComponentInstance component, OSAID id, const std::string& path) {
+  if (!isOpen(component))
+    return osaError::componentNotFound;
+  const auto found = scripts_.find(id);
+  if (found == scripts_.end())
+    return osaError::invalidID;
+  const auto container = engine_.container(found->second.id);
+  return container && writeScriptFile(path, *container, found->second.form) ? osaError::none
+                                                                            : cannotWrite;
+}
+
+std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, ScriptOrigin origin) {
+  const script::Author author =
+      origin == ScriptOrigin::Application ? script::Author::application : script::Author::person;
+  const script::Engine::Loaded loaded = engine_.loadSource(source, author);
+  if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
+    return SourceRun{script::errorDictionary(*error, source)};
+  const auto id = std::get<script::ScriptId>(loaded);
+  const script::RunResult run = engine_.run(id);
+  engine_.dispose(id);
+  if (!run.error)
+    return SourceRun{};
+  return SourceRun{script::errorDictionary(*run.error, source)};
 }
 
 } // namespace tavrel

@@ -1,6 +1,7 @@
 #include "platform/linux/PreferenceFile.h"
 
 #include "base/PathString.h"
+#include "platform/linux/FileMetadata.h"
 
 #include <cerrno>
 #include <climits>
@@ -33,6 +34,13 @@ public:
 private:
   int number_;
 };
+
+// A file that is not there has none.
+void keepAttributes(const std::string& path, int descriptor) {
+  const Descriptor old(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (old.isOpen())
+    copyAttributes(old.number(), descriptor);
+}
 
 std::string systemProblem() {
   return std::strerror(errno);
@@ -138,6 +146,7 @@ std::string replaceFile(const std::string& path, const Bytes& bytes) {
   const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!descriptor.isOpen())
     return systemProblem();
+  keepAttributes(target, descriptor.number());
   const bool replaced =
       writeAll(descriptor.number(), bytes) && ::fchmod(descriptor.number(), mode) == 0 &&
       ::fsync(descriptor.number()) == 0 && ::rename(temporary.c_str(), target.c_str()) == 0;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/linux/ScriptDesktop.h"
+
+namespace tavrel {
+
+/// The Linux desktop as scripts see it.
+class LinuxScriptHost final : public script::Host {
+public:
+  explicit LinuxScriptHost(ScriptDesktop desktop) : desktop_(std::move(desktop)) {}
+
+  [[nodiscard]] script::HostAnswer perform(const script::HostEvent& event) override;
+  [[nodiscard]] double now() override;
+  [[nodiscard]] bool shouldStop() override;
+
+private:
+  [[nodiscard]] script::HostAnswer addition(const script::HostEvent& event);
+  [[nodiscard]] script::HostAnswer delay(const script::HostEvent& event);
+
+  ScriptDesktop desktop_;
+};
+
+} // namespace tavrel

@@ -1,0 +1,153 @@
+#include "platform/linux/ScriptApplications.h"
+
+#include "base/PathString.h"
+#include "base/Url.h"
+#include "platform/linux/ScriptArguments.h"
+#include "platform/linux/UserFolders.h"
+#include "script/ScriptError.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QStandardPaths>
+
+#include <filesystem>
+
+namespace tavrel {
+
+using namespace script;
+
+namespace {
+
+std::string fileOf(const std::string& path) {
+  return fileUrlOfPath(path, PathIs::file);
+}
+
+constexpr int msecsToAnswer = 5000;
+
+HostAnswer missingFile() {
+  return HostError{errors::fileNotFound, "There is no such file."};
+}
+
+std::vector<std::string> filesOf(const HostEvent& event) {
+  return event.direct ? scriptPaths(*event.direct) : std::vector<std::string>();
+}
+
+bool isThere(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
+}
+
+// Any file manager that shows items answers this name.
+bool showItems(const std::vector<std::string>& paths) {
+  QStringList urls;
+  for (const std::string& path : paths)
+    urls << QString::fromStdString(fileOf(path));
+  QDBusMessage call = QDBusMessage::createMethodCall("org.freedesktop.FileManager1",
+                                                     "/org/freedesktop/FileManager1",
+                                                     "org.freedesktop.FileManager1", "ShowItems");
+  call << urls << QString();
+  const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, msecsToAnswer);
+  return reply.type() == QDBusMessage::ReplyMessage;
+}
+
+std::string roleEntry(const ScriptDesktop& desktop, const std::string& application) {
+  return fileOf(desktop.rolesFolder + "/" + application + ".desktop");
+}
+
+HostAnswer openWith(ScriptDesktop& desktop, const std::string& application,
+                    const std::vector<std::string>& paths) {
+  LaunchRequest request{roleEntry(desktop, application), {}};
+  for (const std::string& path : paths)
+    request.itemUrls.push_back(fileOf(path));
+  if (desktop.workspace.openUrlsWithApplication(request) == 0)
+    return HostValue{};
+  return HostError{errors::notRunning, "Application \"" + application + "\" can’t be started."};
+}
+
+bool isSecondManager(const HostEvent& event) {
+  return event.application.size() > std::string("Finder").size();
+}
+
+// The second file manager is asked by its own entry: the bus name belongs to the first.
+HostAnswer reveal(ScriptDesktop& desktop, const HostEvent& event) {
+  const std::vector<std::string> paths = filesOf(event);
+  if (paths.empty() || !isThere(paths.front()))
+    return missingFile();
+  if (!isSecondManager(event) && showItems(paths))
+    return HostValue{};
+  const std::string folder = deletingLastPathComponent(paths.front());
+  if (isSecondManager(event))
+    return openWith(desktop, "Path Finder", {folder});
+  return desktop.workspace.openFile(folder) ? HostAnswer(HostValue{}) : missingFile();
+}
+
+HostAnswer open(ScriptDesktop& desktop, const HostEvent& event) {
+  const std::vector<std::string> paths = filesOf(event);
+  if (paths.empty() || !isThere(paths.front()))
+    return missingFile();
+  if (isSecondManager(event))
+    return openWith(desktop, "Path Finder", paths);
+  for (const std::string& path : paths)
+    if (!desktop.workspace.openFile(path))
+      return HostError{errors::general, "Nothing can open “" + path + "”."};
+  return HostValue{};
+}
+
+HostAnswer exists(ScriptDesktop& desktop, const HostEvent& event) {
+  const std::vector<std::string> paths = filesOf(event);
+  if (paths.empty())
+    return askApplication(desktop, event);
+  return HostValue{isThere(paths.front())};
+}
+
+HostAnswer transfer(ScriptDesktop& desktop, const HostEvent& event, FileOperation operation) {
+  const std::vector<std::string> paths = filesOf(event);
+  const HostValue* to = parameterOf(event, "to");
+  const std::vector<std::string> folders = to ? scriptPaths(*to) : std::vector<std::string>();
+  if (paths.empty() || folders.empty())
+    return HostError{errors::missingParameter, "There are files and a folder to be told."};
+  for (const std::string& path : paths)
+    if (!desktop.workspace.performFileOperation(operation, deletingLastPathComponent(path),
+                                                folders.front(), {lastPathComponent(path)}))
+      return HostError{errors::general,
+                       "“" + path + "” can’t be brought to “" + folders.front() + "”."};
+  return HostValue{
+      HostFile{appendingPathComponent(folders.front(), lastPathComponent(paths.back()))}};
+}
+
+HostAnswer move(ScriptDesktop& desktop, const HostEvent& event) {
+  return transfer(desktop, event, FileOperation::move);
+}
+
+HostAnswer duplicate(ScriptDesktop& desktop, const HostEvent& event) {
+  return transfer(desktop, event, FileOperation::copy);
+}
+
+HostAnswer get(ScriptDesktop& desktop, const HostEvent& event) {
+  const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
+  if (!object || object->steps.empty())
+    return askApplication(desktop, event);
+  const std::vector<std::string> paths = filesOf(event);
+  if (!paths.empty())
+    return isThere(paths.front()) ? HostAnswer(HostValue{HostFile{paths.front()}}) : missingFile();
+  const std::string& name = object->steps[0].name;
+  if (object->steps.size() == 1 && name == "home")
+    return HostValue{HostFile{homeFolder()}};
+  if (object->steps.size() == 1 && name == "desktop")
+    return HostValue{
+        HostFile{QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString()}};
+  return askApplication(desktop, event);
+}
+
+} // namespace
+
+HostAnswer askFileManager(ScriptDesktop& desktop, const HostEvent& event) {
+  static const ScriptCommands commands{
+      {"reveal", reveal}, {"select", reveal},       {"open", open}, {"exists", exists},
+      {"move", move},     {"duplicate", duplicate}, {"get", get}};
+  const auto command = commands.find(event.command);
+  return command != commands.end() ? command->second(desktop, event)
+                                   : askApplication(desktop, event);
+}
+
+} // namespace tavrel

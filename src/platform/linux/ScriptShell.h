@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/linux/ScriptDesktop.h"
+
+namespace tavrel {
+
+/// `do shell script`: runs the text with /bin/sh and answers what it printed, without the last
+/// line feed; line feeds become carriage returns unless they are not to be altered. Another exit
+/// than 0 is an error of that number with what stood on standard error. Administrators are asked by
+/// pkexec.
+[[nodiscard]] script::HostAnswer runShellScript(const script::HostEvent& event,
+                                                const std::function<bool()>& shouldStop);
+
+} // namespace tavrel
