@@ -1,6 +1,6 @@
 # What `cmake --install` lays down. The program looks for share/tavrel beside its own bin folder
 # (src/platform/linux/ResourceFolder.h), so these names are fixed and any prefix works.
-install(TARGETS tavrel RUNTIME DESTINATION bin)
+install(TARGETS tavrel tavrel-osacompile RUNTIME DESTINATION bin)
 install(DIRECTORY resources/ DESTINATION share/tavrel)
 install(FILES docs/tavrel.1 DESTINATION share/man/man1)
 install(FILES resources/icons/qorvane.tavrel.Tavrel.svg

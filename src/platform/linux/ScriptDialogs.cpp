@@ -25,6 +25,8 @@ HostError canceled() {
   return {errors::userCanceled, "User canceled."};
 }
 
+constexpr int usualWidth = 380; // pixels
+
 QString shown(const std::string& text) {
   return QString::fromStdString(text);
 }
@@ -54,6 +56,7 @@ public:
       : titles_(std::move(titles)), layout_(&dialog_) {
     dialog_.setWindowTitle(titleOf(event));
     dialog_.setWindowFlag(Qt::WindowStaysOnTopHint);
+    dialog_.setMinimumWidth(usualWidth);
     say(directText(event));
     const std::string message = textParameter(event, "message");
     if (!message.empty())
@@ -98,12 +101,14 @@ private:
 
   void addButtons(const HostEvent& event) {
     auto* box = new QDialogButtonBox(&dialog_);
-    const int preferred = buttonAt(event, "default button", titles_);
+    const int told = buttonAt(event, "default button", titles_);
+    const int preferred = told >= 0 ? told : static_cast<int>(titles_.size()) - 1;
     cancel_ = buttonAt(event, "cancel button", titles_);
     for (std::size_t i = 0; i < titles_.size(); ++i) {
       const bool isCancel = cancel_ < 0 && titles_[i] == "Cancel";
       cancel_ = isCancel ? static_cast<int>(i) : cancel_;
       auto* button = box->addButton(shown(titles_[i]), QDialogButtonBox::ActionRole);
+      button->setAutoDefault(false);
       button->setDefault(static_cast<int>(i) == preferred);
       QObject::connect(button, &QPushButton::clicked, &dialog_, [this, i] {
         chosen_ = static_cast<int>(i);

@@ -1,0 +1,132 @@
+#include "contract/ScriptsContract.h"
+
+#include "platform/linux/LinuxScripts.h"
+#include "script/RecordingHost.h"
+#include "support/ScratchFolders.h"
+
+#include <sys/xattr.h>
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string counterSource = "property n : 0\nset n to n + 1\nreturn n";
+
+void writeText(const fs::path& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string textIn(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class LinuxWorld {
+public:
+  Scripts& scripts() { return scripts_; }
+  std::string counter() { return compiled("counter.scpt", counterSource); }
+  std::string silent() { return compiled("silent.scpt", ""); }
+  std::string failing() {
+    return compiled("failing.scpt", "property n : 0\nset n to n + 1\nerror \"no\"");
+  }
+  std::string unreadable() { return file("unreadable.scpt", "tell application"); }
+  std::string unwritable() { return (folder_.path() / "counter.scpt" / "below").string(); }
+  std::string missing() { return (folder_.path() / "missing.scpt").string(); }
+  std::string readOnly() {
+    const std::string path = counter();
+    PropertyList::Dictionary container = *readScriptFile(path).container.dictionary();
+    container.erase("source");
+    EXPECT_TRUE(writeScriptFile(path, container, PropertyListForm::binary));
+    return path;
+  }
+  std::int64_t countIn(const std::string& path) {
+    const ScriptFile file = readScriptFile(path);
+    const PropertyList* properties = file.container.find("properties");
+    const PropertyList* count = properties ? properties->find("n") : nullptr;
+    return count ? count->integer().value_or(-1) : 0;
+  }
+  std::string goodSource() { return "return 1"; }
+  std::string failingSource(int number) { return "error \"no\" number " + std::to_string(number); }
+  std::string brokenSource() { return "tell"; }
+
+  std::string file(const std::string& name, const std::string& text) {
+    writeText(folder_.path() / name, text);
+    return (folder_.path() / name).string();
+  }
+  std::string compiled(const std::string& name, const std::string& source) {
+    script::Engine engine(host_);
+    const auto loaded = engine.loadSource(source, script::Author::person);
+    const auto container = engine.container(std::get<script::ScriptId>(loaded));
+    const std::string path = file(name, "");
+    EXPECT_TRUE(writeScriptFile(path, *container, PropertyListForm::binary));
+    return path;
+  }
+  [[nodiscard]] fs::path folder() const { return folder_.path(); }
+
+private:
+  ScratchFolder folder_;
+  script::RecordingHost host_;
+  LinuxScripts scripts_{host_};
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, ScriptsContract, LinuxWorld);
+
+class ScriptFileTest : public ::testing::Test {
+protected:
+  OSAError runAndStore(const std::string& path) {
+    Scripts& scripts = world.scripts();
+    const LoadedScript loaded = scripts.load(component, path);
+    EXPECT_EQ(loaded.code, osaError::none);
+    EXPECT_EQ(scripts.execute(component, loaded.script).code, osaError::none);
+    return scripts.store(component, loaded.script, path);
+  }
+
+  LinuxWorld world;
+  ComponentInstance component =
+      world.scripts().openDefaultComponent(kOSAComponentType, kAppleScriptSubtype);
+};
+
+TEST_F(ScriptFileTest, SourceTextIsCompiledOnLoadAndNeverWrittenOver) {
+  for (const char* name : {"plain.applescript", "plain.scpt"}) {
+    const LoadedScript loaded = world.scripts().load(component, world.file(name, counterSource));
+    EXPECT_EQ(loaded.code, osaError::none);
+    EXPECT_FALSE(loaded.storable);
+  }
+}
+
+TEST_F(ScriptFileTest, StoringKeepsModeFormAndExtendedAttributes) {
+  const std::string path = world.counter();
+  ASSERT_TRUE(writeScriptFile(path, readScriptFile(path).container, PropertyListForm::xml));
+  ::chmod(path.c_str(), 0640);
+  const bool hasAttributes = ::setxattr(path.c_str(), "user.note", "kept", 4, 0) == 0;
+  EXPECT_EQ(runAndStore(path), osaError::none);
+  struct stat status {};
+  ::stat(path.c_str(), &status);
+  EXPECT_EQ(status.st_mode & 07777U, 0640U);
+  EXPECT_TRUE(textIn(path).starts_with("<?xml"));
+  char value[8] = {};
+  EXPECT_EQ(::getxattr(path.c_str(), "user.note", value, sizeof value), hasAttributes ? 4 : -1);
+}
+
+TEST_F(ScriptFileTest, AFullDiskLeavesTheFileAsItWas) {
+  const fs::path disk = world.folder() / "disk";
+  const SmallDisk small(disk, "size=16k");
+  if (!small.isMounted())
+    GTEST_SKIP() << "no small file system can be mounted here";
+  const std::string path = (disk / "counter.scpt").string();
+  fs::copy_file(world.counter(), path);
+  const std::string before = textIn(path);
+  writeText(disk / "fill", std::string(64 * 1024, 'x'));
+  EXPECT_NE(runAndStore(path), osaError::none);
+  EXPECT_EQ(textIn(path), before);
+  EXPECT_EQ(std::distance(fs::directory_iterator(disk), fs::directory_iterator()), 2);
+}
+
+TEST_F(ScriptFileTest, WhatIsNoTextAndNoContainerIsRefused) {
+  const std::string path = world.file("noise.scpt", std::string("\x00\xFF\x01", 3));
+  EXPECT_NE(world.scripts().load(component, path).code, osaError::none);
+}
+
+} // namespace
+} // namespace tavrel
