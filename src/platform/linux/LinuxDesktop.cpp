@@ -21,6 +21,7 @@
 #include "platform/linux/LinuxSystemLog.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/ResourceFolder.h"
+#include "platform/linux/SelectedScript.h"
 
 namespace tavrel {
 
@@ -45,9 +46,13 @@ struct LinuxDesktop::Adapters {
   LinuxStatusBar statusBar{presenter};
   LinuxSystemLog log;
   LinuxWorkspace workspace{registry, windows};
+  LongRuns longRuns;
   LinuxScriptHost scriptHost{
-      {applications, clock, sounds, log, workspace, registry, windows, resources + "/roles"}};
-  LinuxScripts scripts{scriptHost};
+      {applications, clock, sounds, log, workspace, registry, windows, resources + "/roles"},
+      longRuns};
+  LinuxScripts scripts{scriptHost, longRuns, [this](const std::string& path) {
+                         return runSelectedScript(path, {applications, pasteboards, log, longRuns});
+                       }};
 
   Platform ports{applications, bundle,      clock,         files,
                  images,       keyboard,    notifications, distributedNotifications,

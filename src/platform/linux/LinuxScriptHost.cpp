@@ -65,7 +65,7 @@ double LinuxScriptHost::now() {
 }
 
 bool LinuxScriptHost::shouldStop() {
-  return false;
+  return runs_.shouldStop();
 }
 
 } // namespace tavrel

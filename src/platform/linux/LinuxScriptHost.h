@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/LongRuns.h"
 #include "platform/linux/ScriptDesktop.h"
 
 namespace tavrel {
@@ -7,7 +8,8 @@ namespace tavrel {
 /// The Linux desktop as scripts see it.
 class LinuxScriptHost final : public script::Host {
 public:
-  explicit LinuxScriptHost(ScriptDesktop desktop) : desktop_(std::move(desktop)) {}
+  LinuxScriptHost(ScriptDesktop desktop, const LongRuns& runs)
+      : desktop_(std::move(desktop)), runs_(runs) {}
 
   [[nodiscard]] script::HostAnswer perform(const script::HostEvent& event) override;
   [[nodiscard]] double now() override;
@@ -18,6 +20,7 @@ private:
   [[nodiscard]] script::HostAnswer delay(const script::HostEvent& event);
 
   ScriptDesktop desktop_;
+  const LongRuns& runs_;
 };
 
 } // namespace tavrel

@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxScripts.h"
 
+#include "base/PathString.h"
+
 namespace tavrel {
 namespace {
 
@@ -22,9 +24,11 @@ LoadedScript LinuxScripts::load(ComponentInstance component, const std::string& 
   const ScriptFile file = readScriptFile(path);
   switch (file.kind) {
   case ScriptFile::Kind::container:
-    return add(file, engine_.loadContainer(file.container));
+    return add(path, file, engine_.loadContainer(file.container));
   case ScriptFile::Kind::source:
-    return add(file, engine_.loadSource(file.source, script::Author::person));
+    return add(path, file, engine_.loadSource(file.source, script::Author::person));
+  case ScriptFile::Kind::program:
+    return add(path, file, script::ScriptId{0});
   case ScriptFile::Kind::missing:
     return {osaError::fileNotFound, 0, false};
   default:
@@ -32,11 +36,12 @@ LoadedScript LinuxScripts::load(ComponentInstance component, const std::string& 
   }
 }
 
-LoadedScript LinuxScripts::add(const ScriptFile& file, const script::Engine::Loaded& loaded) {
+LoadedScript LinuxScripts::add(const std::string& path, const ScriptFile& file,
+                               const script::Engine::Loaded& loaded) {
   if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
     return {error->number, 0, false};
   const bool hasSource = file.container.stringFor("source") != nullptr;
-  scripts_[++lastId_] = {std::get<script::ScriptId>(loaded), file.form};
+  scripts_[++lastId_] = {std::get<script::ScriptId>(loaded), path, file.form};
   return {osaError::none, lastId_, file.isWritable && hasSource};
 }
 
@@ -46,11 +51,17 @@ ExecutedScript LinuxScripts::execute(ComponentInstance component, OSAID id) {
   const auto found = scripts_.find(id);
   if (found == scripts_.end())
     return {osaError::invalidID, 0};
-  const script::RunResult run = engine_.run(found->second.id);
-  if (run.error)
+  if (run(found->second) != osaError::none)
     return {osaError::scriptError, 0};
   results_.insert(++lastId_);
   return {osaError::none, lastId_};
+}
+
+OSAError LinuxScripts::run(const Script& script) {
+  const LongRuns::Run running(runs_, lastPathComponent(script.path));
+  if (script.id == 0)
+    return runProgram_(script.path);
+  return engine_.run(script.id).error ? osaError::scriptError : osaError::none;
 }
 
 OSAError LinuxScripts::dispose(ComponentInstance component, OSAID id) {
@@ -84,6 +95,7 @@ std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, Scri
   if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
     return SourceRun{script::errorDictionary(*error, source)};
   const auto id = std::get<script::ScriptId>(loaded);
+  const LongRuns::Run running(runs_, "Tavrel");
   const script::RunResult run = engine_.run(id);
   engine_.dispose(id);
   if (!run.error)

@@ -1,19 +1,26 @@
 #pragma once
 
 #include "platform/Scripts.h"
+#include "platform/linux/LongRuns.h"
 #include "platform/linux/ScriptFile.h"
 #include "script/Engine.h"
 
+#include <functional>
 #include <set>
 
 namespace tavrel {
 
 /// Compiled scripts and sources, run by our own scripting component. A container is storable where
-/// its file is writable and holds the source; plain source text is never written over.
+/// its file is writable and holds the source; plain source text is never written over. A file with
+/// an interpreter line and the executable bit runs as a process of its own.
 class LinuxScripts final : public Scripts {
 public:
-  /// The host must outlive this.
-  explicit LinuxScripts(script::Host& host) : engine_(host) {}
+  /// Runs an executable script; the error that it ends with.
+  using RunProgram = std::function<OSAError(const std::string& path)>;
+
+  /// The host and the runs must outlive this.
+  LinuxScripts(script::Host& host, LongRuns& runs, RunProgram runProgram)
+      : engine_(host), runs_(runs), runProgram_(std::move(runProgram)) {}
 
   [[nodiscard]] ComponentInstance openDefaultComponent(std::uint32_t type,
                                                        std::uint32_t subtype) override;
@@ -25,14 +32,19 @@ public:
 
 private:
   struct Script {
-    script::ScriptId id = 0;
+    script::ScriptId id = 0; ///< 0 for an executable script
+    std::string path;
     PropertyListForm form = PropertyListForm::binary;
   };
 
   [[nodiscard]] bool isOpen(ComponentInstance component) const;
-  [[nodiscard]] LoadedScript add(const ScriptFile& file, const script::Engine::Loaded& loaded);
+  [[nodiscard]] LoadedScript add(const std::string& path, const ScriptFile& file,
+                                 const script::Engine::Loaded& loaded);
+  [[nodiscard]] OSAError run(const Script& script);
 
   script::Engine engine_;
+  LongRuns& runs_;
+  RunProgram runProgram_;
   ComponentInstance lastComponent_ = 0;
   OSAID lastId_ = 0;
   std::map<OSAID, Script> scripts_;

@@ -67,7 +67,8 @@ public:
 private:
   ScratchFolder folder_;
   script::RecordingHost host_;
-  LinuxScripts scripts_{host_};
+  LongRuns runs_;
+  LinuxScripts scripts_{host_, runs_, [](const std::string&) { return osaError::none; }};
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, ScriptsContract, LinuxWorld);
