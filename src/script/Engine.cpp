@@ -114,6 +114,7 @@ RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Li
     return {ErrorReport{errors::corruptScript, "There is no such script.", {}, {}}, {}, {}};
   Script& script = found->second;
   RunResult result;
+  heap_.limit = limits.heap;
   result.error = attempted([&] {
     Runtime runtime(heap_, host_, script.author, limits);
     const Ref<ScriptObject> object = instantiate(runtime, script.shape, {});

@@ -25,7 +25,8 @@ struct Considered {
 /// What a run may use.
 struct Limits {
   std::uint64_t steps = ~std::uint64_t{0};
-  std::size_t stack = std::size_t{3} << 20U; ///< bytes of the native stack
+  std::size_t stack = std::size_t{3} << 20U;  ///< bytes of the native stack
+  std::size_t heap = std::size_t{512} << 20U; ///< bytes that the values of the engine may hold
 };
 
 /// The state of one run that all its scripts share.
