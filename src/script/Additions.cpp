@@ -96,7 +96,7 @@ Value randomNumber(const AdditionCall& call) {
   low = low.is(ValueKind::undefined) ? Value::integer(0) : numberOf(runtime, low);
   high = high.is(ValueKind::undefined) ? Value::real(1) : numberOf(runtime, high);
   if (low.is(ValueKind::integer) && high.is(ValueKind::integer)) {
-    const auto [least, most] = std::minmax(low.integer(), high.integer());
+    const auto [least, most] = std::minmax({low.integer(), high.integer()});
     return Value::integer(std::uniform_int_distribution<std::int64_t>(least, most)(runtime.random));
   }
   const double part = std::uniform_real_distribution<double>(0, 1)(runtime.random);
