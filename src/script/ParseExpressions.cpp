@@ -222,8 +222,11 @@ bool Parser::startsExpression() const {
   return false;
 }
 
+// In `make new folder at desktop` the preposition goes on with the command.
 bool Parser::startsIndex() const {
   const Token& token = peek();
+  if (token.kind == TokenKind::word && isPreposition(token.text))
+    return false;
   if (token.kind == TokenKind::word)
     return !isReserved(token.text) || token.text == "my" || token.text == "its";
   return token.kind == TokenKind::text || token.kind == TokenKind::integer ||
