@@ -82,7 +82,7 @@ Value callLabelled(Runtime& runtime, const Found& found, const Value& me,
   return finishCall(frame, handler);
 }
 
-Ref<ScriptObject> instantiate(Runtime& runtime, std::shared_ptr<const Shape> shape,
+Ref<ScriptObject> instantiate(Runtime& runtime, const std::shared_ptr<const Shape>& shape,
                               Ref<ScriptObject> outer) {
   runtime.guardStack();
   Ref script(new ScriptObject(runtime.heap, shape, std::move(outer)));

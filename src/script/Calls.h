@@ -27,8 +27,8 @@ struct LabelledValue {
                                  const std::vector<LabelledValue>& arguments);
 
 /// A new instance of a script with its initial values.
-[[nodiscard]] Ref<ScriptObject> instantiate(Runtime& runtime, std::shared_ptr<const Shape> shape,
-                                            Ref<ScriptObject> outer);
+[[nodiscard]] Ref<ScriptObject>
+instantiate(Runtime& runtime, const std::shared_ptr<const Shape>& shape, Ref<ScriptObject> outer);
 
 /// Runs the script's `run` handler; nothing when it has none.
 [[nodiscard]] Value runScript(Runtime& runtime, ScriptObject& script, std::vector<Value> arguments);

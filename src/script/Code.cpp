@@ -4,6 +4,7 @@
 
 namespace tavrel::script {
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): others keep the value
 void Code::assign(Frame&, Value) const {
   throw ScriptError{errors::cannotSet, "Can’t set that: it is no variable, property or element.",
                     span};

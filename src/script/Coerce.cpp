@@ -29,7 +29,7 @@ std::string joined(Runtime& runtime, const List& list) {
   const std::string between =
       none ? std::string() : textOf(runtime, several ? several->values()[0] : delimiters);
   std::string result;
-  const std::vector<Value> values = list.values();
+  const std::vector<Value>& values = list.values();
   for (std::size_t i = 0; i < values.size(); ++i) {
     runtime.step();
     result.append(i > 0 ? between : std::string()).append(textOf(runtime, values[i]));
