@@ -29,7 +29,7 @@ std::int32_t TVR_IntForKey(const std::string& key, std::int32_t defaultValue) {
 }
 
 float TVR_FloatForKey(const std::string& key) {
-  return static_cast<float>(number(key));
+  return floatFromDouble(number(key));
 }
 
 double TVR_DoubleForKey(const std::string& key) {

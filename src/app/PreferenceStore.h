@@ -17,7 +17,7 @@ inline constexpr const char* preferenceDomain = "qorvane.tavrel.pref";
 /// The stored number as a 32-bit integer; the default for every other kind.
 [[nodiscard]] std::int32_t TVR_IntForKey(const std::string& key, std::int32_t defaultValue);
 
-/// The stored number, 0.0 for every other kind.
+/// The stored number, 0.0 for every other kind. One beyond the largest float is an infinity.
 [[nodiscard]] float TVR_FloatForKey(const std::string& key);
 [[nodiscard]] double TVR_DoubleForKey(const std::string& key);
 

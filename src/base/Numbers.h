@@ -11,6 +11,12 @@ namespace tavrel {
 /// to the nearest end and NaN to 0. Nothing for a value that is no number; a boolean is none.
 [[nodiscard]] std::optional<std::int32_t> int32Value(const PropertyList& value);
 
+/// The same without a sign: negative integers wrap, negative reals come to 0.
+[[nodiscard]] std::optional<std::uint32_t> uint32Value(const PropertyList& value);
+
+/// A double as the nearest float; what is beyond the largest comes to an infinity.
+[[nodiscard]] float floatFromDouble(double number);
+
 /// A number as a double; nothing for a value that is no number.
 [[nodiscard]] std::optional<double> doubleValue(const PropertyList& value);
 

@@ -18,8 +18,7 @@ void setShortcut(MenuItem& item, const PropertyList& record) {
     return;
   item.keyEquivalent = *key;
   const PropertyList* mask = record.find(TVR_MenuItemShortcutModifier);
-  item.keyEquivalentModifierMask =
-      mask ? static_cast<std::uint32_t>(int32Value(*mask).value_or(0)) : 0;
+  item.keyEquivalentModifierMask = mask ? uint32Value(*mask).value_or(0) : 0;
 }
 
 void setServiceIcon(MenuItem& item, const PropertyList& record, const MenuImages& images) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace tavrel {
 namespace {
@@ -23,6 +24,26 @@ TEST(Numbers, RealsOutOfRangeComeToTheNearestEnd) {
   EXPECT_EQ(int32Value(1e300), 2147483647);
   EXPECT_EQ(int32Value(-1e300), -2147483647 - 1);
   EXPECT_EQ(int32Value(std::nan("")), 0);
+}
+
+TEST(Numbers, WithoutASignTheUpperHalfIsKept) {
+  EXPECT_EQ(uint32Value(4294967295), 4294967295U);
+  EXPECT_EQ(uint32Value(-1), 4294967295U);
+  EXPECT_EQ(uint32Value(3000000000.5), 3000000000U);
+  EXPECT_EQ(uint32Value(1e300), 4294967295U);
+  EXPECT_EQ(uint32Value(-2.5), 0U);
+  EXPECT_EQ(uint32Value(std::nan("")), 0U);
+  EXPECT_EQ(uint32Value(true), std::nullopt);
+}
+
+TEST(Numbers, ADoubleIsTheNearestFloatOrAnInfinity) {
+  constexpr float infinity = std::numeric_limits<float>::infinity();
+  constexpr float largest = std::numeric_limits<float>::max();
+  EXPECT_EQ(floatFromDouble(0.8), 0.8F);
+  EXPECT_EQ(floatFromDouble(static_cast<double>(largest)), largest);
+  EXPECT_EQ(floatFromDouble(1e300), infinity);
+  EXPECT_EQ(floatFromDouble(-1e300), -infinity);
+  EXPECT_TRUE(std::isnan(floatFromDouble(std::nan(""))));
 }
 
 TEST(Numbers, ABooleanAndAStringAreNoNumbers) {

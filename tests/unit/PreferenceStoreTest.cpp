@@ -1,5 +1,7 @@
 #include "support/CoreTest.h"
 
+#include <limits>
+
 namespace tavrel {
 namespace {
 
@@ -12,8 +14,10 @@ TEST_F(PreferenceStore, AnIntegerOneIsNoBoolean) {
 }
 
 TEST_F(PreferenceStore, AStoredBooleanWinsOverTheDefault) {
-  set("key", false);
-  EXPECT_FALSE(TVR_BoolForKey("key", true));
+  set("off", false);
+  set("on", true);
+  EXPECT_FALSE(TVR_BoolForKey("off", true));
+  EXPECT_TRUE(TVR_BoolForKey("on", false));
 }
 
 TEST_F(PreferenceStore, AStringIsNoNumber) {
@@ -38,6 +42,12 @@ TEST_F(PreferenceStore, NumbersOfEitherKindConvert) {
   EXPECT_EQ(TVR_DoubleForKey("integer"), 5e9);
 }
 
+TEST_F(PreferenceStore, ANumberBeyondTheLargestFloatIsAnInfinity) {
+  set("key", 1e300);
+  EXPECT_EQ(TVR_FloatForKey("key"), std::numeric_limits<float>::infinity());
+  EXPECT_EQ(TVR_DoubleForKey("key"), 1e300);
+}
+
 TEST_F(PreferenceStore, AMissingKeyYieldsZeroOrNothing) {
   EXPECT_EQ(TVR_FloatForKey(TVR_LongPressInterval), 0.0F);
   EXPECT_EQ(TVR_DoubleForKey("key"), 0.0);
@@ -52,6 +62,20 @@ TEST_F(PreferenceStore, ANumberIsNoString) {
   set("text", "words");
   EXPECT_EQ(TVR_StringForKey("text"), std::nullopt)
       << "reads come from the copy until synchronised";
+}
+
+TEST_F(PreferenceStore, AStoredStringIsAnswered) {
+  set("key", "words");
+  EXPECT_EQ(TVR_StringForKey("key"), "words");
+}
+
+TEST_F(PreferenceStore, OnlyAnArrayIsAnArray) {
+  set("text", "words");
+  set("dictionary", PropertyList::Dictionary{});
+  set("array", PropertyList::Array{"a", 1});
+  EXPECT_EQ(TVR_ArrayForKey("text"), std::nullopt);
+  EXPECT_EQ(TVR_ArrayForKey("dictionary"), std::nullopt);
+  EXPECT_EQ(TVR_ArrayForKey("array"), (PropertyList::Array{"a", 1}));
 }
 
 TEST_F(PreferenceStore, ATreeThatIsADictionaryIsNoTree) {
