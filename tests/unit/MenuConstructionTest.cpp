@@ -23,8 +23,12 @@ protected:
   }
 
   // The entries of the tree alone, as a submenu would hold them.
-  std::string builtRecords(PropertyList::Array records) {
+  std::string builtRecords(const PropertyList::Array& records) {
     controller.applicationWillFinishLaunching();
+    return rebuiltRecords(records);
+  }
+
+  std::string rebuiltRecords(const PropertyList::Array& records) {
     menu.removeAll();
     controller.createContextMenu(menu, records, 1);
     return menuText(menu, MenuTextDetail::everything);
@@ -32,48 +36,6 @@ protected:
 
   Menu menu;
 };
-
-TEST_F(MenuConstruction, AnEmptyTreeHasTheFixedEntries) {
-  EXPECT_EQ(built({}), R"(Selected Folder [hidden]
----- [hidden]
-Running Applications (TVRM_ProcessMenu)
-Recent Items (TVRM_RecentMenu)
-----
-Tavrel Setting <openTavrelPref> {resource prefIcon 16x16}
-Add to Tavrel ⌥ [hidden] [alternate] <openTavrelPref> {resource prefIcon+resource move_badge 16x16}
-)");
-}
-
-TEST_F(MenuConstruction, SwitchesTakeTheFixedEntriesAway) {
-  set(TVR_ShowRunningMenu, false);
-  set(TVR_ShowRecentItems, false);
-  set(TVR_DoTavrelSetting, false);
-  EXPECT_EQ(built({record("url", "Site")}), R"(Selected Folder [hidden]
----- [hidden]
-Site <statusMenuDidSelected> {resource urlIcon 16x16}
-)");
-}
-
-TEST_F(MenuConstruction, OneLiveSubmenuAloneStillHasItsSeparator) {
-  set(TVR_ShowRecentItems, false);
-  set(TVR_DoTavrelSetting, false);
-  EXPECT_EQ(built({}), R"(Selected Folder [hidden]
----- [hidden]
-Running Applications (TVRM_ProcessMenu)
-----
-)");
-}
-
-TEST_F(MenuConstruction, FixedTitlesAreLookedUpAndKeepTheirKeysWithoutATranslation) {
-  desktop.bundle.control.strings = {{"Running Applications", "Laufende Programme"}};
-  set(TVR_DoTavrelSetting, false);
-  EXPECT_EQ(built({}), R"(Selected Folder [hidden]
----- [hidden]
-Laufende Programme (TVRM_ProcessMenu)
-Recent Items (TVRM_RecentMenu)
-----
-)");
-}
 
 TEST_F(MenuConstruction, EveryKindOfRecordHasItsEntry) {
   EXPECT_EQ(builtRecords({
@@ -131,12 +93,27 @@ Documents ⌥ [hidden] [alternate] <statusMenuDidSelected> {icon of /docs+resour
 
 TEST_F(MenuConstruction, APackageIsBrowsedOnlyWhenAskedForAndNeverGetsAnAlternate) {
   const PropertyList::Array records{fileRecord("application", "Edit", "file:///apps/Edit.app")};
-  set(TVR_DoBrowsePackage, true);
-  EXPECT_EQ(builtRecords(records),
+  EXPECT_EQ(builtRecords(records), "Edit <statusMenuDidSelected> {icon of /apps/Edit.app 16x16}\n");
+  controller.settings.browsePackage = true;
+  EXPECT_EQ(rebuiltRecords(records),
             "Edit <statusMenuDidSelected> {icon of /apps/Edit.app 16x16} (/apps/Edit.app)\n");
-  controller.settings.browseFolder = false;
-  EXPECT_EQ(builtRecords(records),
-            "Edit <statusMenuDidSelected> {icon of /apps/Edit.app 16x16} (/apps/Edit.app)\n");
+}
+
+TEST_F(MenuConstruction, WithFolderBrowsingOffAPackageIsAPlainEntry) {
+  const PropertyList::Array records{fileRecord("application", "Edit", "file:///apps/Edit.app")};
+  const std::string plain = "Edit <statusMenuDidSelected> {icon of /apps/Edit.app 16x16}\n";
+  set(TVR_DoFolderBrowsing, false);
+  EXPECT_EQ(builtRecords(records), plain);
+  controller.settings.browsePackage = true;
+  EXPECT_EQ(rebuiltRecords(records), plain);
+}
+
+TEST_F(MenuConstruction, AFolderBehindAnAliasIsBrowsedUnderThePathOfTheAlias) {
+  desktop.files.control.addAlias("/alias", "/docs");
+  EXPECT_EQ(builtRecords({fileRecord("folder", "Documents", "file:///alias")}),
+            R"(Documents <statusMenuDidSelected> {icon of /alias 16x16} (/alias)
+Documents ⌥ [hidden] [alternate] <statusMenuDidSelected> {icon of /alias+resource move_badge 16x16}
+)");
 }
 
 TEST_F(MenuConstruction, WithIconsOffAUrlWhosePathIsAFolderIsBrowsedLikeOne) {
@@ -162,6 +139,14 @@ TEST_F(MenuConstruction, AFileWithoutAnIconIsMarkedAndDisabled) {
             "?? Nowhere [disabled] <statusMenuDidSelected>\n");
 }
 
+TEST_F(MenuConstruction, AFolderWithoutAnIconIsMarkedOnceAndStillBrowsed) {
+  desktop.images.control.withoutIcon.insert("/docs");
+  EXPECT_EQ(builtRecords({fileRecord("folder", "Documents", "file:///docs")}),
+            R"(?? Documents [disabled] <statusMenuDidSelected> (/docs)
+?? Documents ⌥ [disabled] [hidden] [alternate] <statusMenuDidSelected>
+)");
+}
+
 TEST_F(MenuConstruction, AServiceBeforeTenSixHasTheGenericIcon) {
   desktop.workspace.control.systemVersion = 0x105F;
   EXPECT_EQ(builtRecords({record("services", "Look Up", {{TVR_MenuItemPath, "/apps/Edit.app"}})}),
@@ -184,12 +169,28 @@ TEST_F(MenuConstruction, AShortcutShowsWithItsModifiersUnchanged) {
   EXPECT_EQ(menu.items[1]->keyEquivalentModifierMask, 0U);
 }
 
+TEST_F(MenuConstruction, ModifiersAreANumberWithoutASign) {
+  builtRecords(
+      {record("url", "Site",
+              {{TVR_MenuItemShortcutString, "k"}, {TVR_MenuItemShortcutModifier, 2148007936.0}})});
+  EXPECT_EQ(menu.items[0]->keyEquivalentModifierMask, 0x80080000U);
+}
+
 TEST_F(MenuConstruction, AnEmptyShortcutSetsNeitherKeyNorModifiers) {
   builtRecords(
       {record("url", "Site",
               {{TVR_MenuItemShortcutString, ""}, {TVR_MenuItemShortcutModifier, 0x180000}})});
   EXPECT_EQ(menu.items[0]->keyEquivalent, "");
   EXPECT_EQ(menu.items[0]->keyEquivalentModifierMask, 0U);
+}
+
+TEST_F(MenuConstruction, GroupsAndSeparatorsShowNoShortcut) {
+  for (const char* type : {"group", "spacer"}) {
+    builtRecords({record(
+        type, "", {{TVR_MenuItemShortcutString, "k"}, {TVR_MenuItemShortcutModifier, 0x180000}})});
+    EXPECT_EQ(menu.items.at(0)->keyEquivalent, "") << type;
+    EXPECT_EQ(menu.items.at(0)->keyEquivalentModifierMask, 0U) << type;
+  }
 }
 
 TEST_F(MenuConstruction, AMissingOrUnknownTypeIsAnOrdinaryEntry) {
