@@ -17,6 +17,7 @@ TVController::TVController(TVApplication& application) : application_(applicatio
 TVController::~TVController() {
   statusItem.reset();
   platform().presenter.setActionTarget(nullptr);
+  releaseSharedIcons();
 }
 
 void TVController::applicationWillFinishLaunching() {

@@ -38,6 +38,11 @@ void loadMenuImages(MenuImages& images) {
   loadNatural(images.move_badge_image, "move_badge");
 }
 
+void releaseSharedIcons() {
+  serverIcon.reset();
+  blankIcon.reset();
+}
+
 Image badged(Image image, const std::optional<Image>& badge) {
   return badge ? withBadge(std::move(image), *badge) : image;
 }

@@ -28,6 +28,9 @@ struct MenuImages {
 /// Loads what is still missing, by name from the resources; a missing image stays missing.
 void loadMenuImages(MenuImages& images);
 
+/// Forgets the icons shared by the submenus, so that the next loading fetches them anew.
+void releaseSharedIcons();
+
 /// Gives an entry the icon of the file at a path, with a badge over it when there is one. An entry
 /// whose path has no icon is marked "?? " and disabled. Does nothing while icons are not shown.
 void setMenuItemIconWithBadge(MenuItem& item, const std::optional<std::string>& path,

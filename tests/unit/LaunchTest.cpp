@@ -17,6 +17,46 @@ TEST_F(Launch, AnEmptyStoreYieldsEveryDefault) {
   EXPECT_FALSE(controller.menuRootArray);
 }
 
+TEST_F(Launch, EverySettingIsReadUnderItsName) {
+  for (const char* key :
+       {"TVR_DoFolderBrowsing", "TVR_ShowRunningMenu", "TVR_DisplayIcons", "TVR_ShowRecentItems",
+        "TVR2_EnablePopupMenu", "TVR2_EnableContextMenu", "TVR2_EnableStatusMenuBar"})
+    set(key, false);
+  set("TVR_DoBrowsePackage", true);
+  set("TVR2_PopupStartType", 0);
+  set("TVR2_PopupShortcutString", "x");
+  set("TVR2_PopupShortcutModifier", 0x20000);
+  set("TVR2_PopupShortcutKeyCode", 7);
+  controller.applicationWillFinishLaunching();
+  const Settings& settings = controller.settings;
+  EXPECT_FALSE(settings.browseFolder || settings.showProcessMenu || settings.showRecentItems);
+  EXPECT_FALSE(settings.enablePopupMenu || settings.enableContextMenu);
+  EXPECT_FALSE(settings.enableStatusMenuBar || showIcon);
+  EXPECT_TRUE(settings.browsePackage);
+  EXPECT_EQ(settings.popupSartType, 0);
+  EXPECT_EQ(settings.popupShortcutString, "x");
+  EXPECT_EQ(settings.popupShortcutModifier, 0x20000);
+  EXPECT_EQ(settings.popupShortcutKeyCode, 7);
+}
+
+// Each setting alone, so that none can be read in place of another.
+TEST_F(Launch, ASwitchChangesNothingButItself) {
+  const std::vector<std::pair<const char*, bool Settings::*>> switches{
+      {"TVR_DoFolderBrowsing", &Settings::browseFolder},
+      {"TVR_ShowRunningMenu", &Settings::showProcessMenu},
+      {"TVR_ShowRecentItems", &Settings::showRecentItems},
+      {"TVR2_EnablePopupMenu", &Settings::enablePopupMenu},
+      {"TVR2_EnableContextMenu", &Settings::enableContextMenu},
+      {"TVR2_EnableStatusMenuBar", &Settings::enableStatusMenuBar}};
+  for (const auto& [key, field] : switches) {
+    desktop.preferences.control.store[preferenceDomain] = {{key, false}};
+    desktop.preferences.synchronize(preferenceDomain);
+    const Settings settings = readSettings();
+    for (const auto& [otherKey, other] : switches)
+      EXPECT_EQ(settings.*other, other != field) << key << " as " << otherKey;
+  }
+}
+
 TEST_F(Launch, WithoutAStoredShortcutThePopupIsCommandOptionOne) {
   controller.applicationWillFinishLaunching();
   EXPECT_EQ(controller.settings.popupShortcutString, "1");
@@ -60,10 +100,17 @@ TEST_F(Launch, RecentItemsAreOffBeforeTenFourWhateverTheSettingSays) {
   EXPECT_FALSE(controller.settings.showRecentItems);
 }
 
-TEST_F(Launch, RecentItemsFollowTheSettingFromTenFourOn) {
+TEST_F(Launch, RecentItemsAreOnFromTenFourOn) {
   desktop.workspace.control.systemVersion = 0x1040;
   controller.applicationWillFinishLaunching();
   EXPECT_TRUE(controller.settings.showRecentItems);
+}
+
+TEST_F(Launch, RecentItemsFollowTheSetting) {
+  set(TVR_ShowRecentItems, false);
+  desktop.workspace.control.systemVersion = 0x1040;
+  controller.applicationWillFinishLaunching();
+  EXPECT_FALSE(controller.settings.showRecentItems);
 }
 
 TEST_F(Launch, ADisabledStatusItemStillHasItsMenu) {
@@ -122,6 +169,20 @@ TEST_F(Launch, TheControllerTakesItsStatusItemWithIt) {
     EXPECT_EQ(desktop.statusBar.control.items.size(), 1U);
   }
   EXPECT_TRUE(desktop.statusBar.control.items.empty());
+}
+
+TEST_F(Launch, TheControllerTakesTheSharedIconsWithIt) {
+  for (const char* name : {"serverIcon", "blankIcon"})
+    desktop.images.control.resources[name] = {32, 32};
+  {
+    TVController another(application);
+    another.applicationWillFinishLaunching();
+    EXPECT_TRUE(serverIcon && blankIcon);
+  }
+  EXPECT_FALSE(serverIcon || blankIcon);
+  desktop.images.control.named.clear();
+  controller.applicationWillFinishLaunching();
+  EXPECT_THAT(desktop.images.control.named, ::testing::IsSupersetOf({"serverIcon", "blankIcon"}));
 }
 
 } // namespace
