@@ -9,6 +9,8 @@
 #include "platform/Platform.h"
 #include "selection/PrivatePasteboard.h"
 
+#include <utility>
+
 namespace tavrel {
 
 namespace {
@@ -63,9 +65,11 @@ void TVController::menuNeedsUpdate(Menu& menu) {
 
 void TVController::recordFrontApplication() {
   const auto front = platform().applications.active();
-  const std::string path = front ? front->path.value_or("") : "";
-  hostName = deletingPathExtension(lastPathComponent(path));
-  application_.setHostName(hostName);
+  std::optional<std::string> name;
+  if (front && front->path)
+    name = deletingPathExtension(lastPathComponent(*front->path));
+  hostName = name.value_or("");
+  application_.setHostName(std::move(name));
 }
 
 void TVController::menuItemChosen(MenuItem& item) {

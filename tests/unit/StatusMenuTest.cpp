@@ -27,9 +27,11 @@ protected:
 };
 
 TEST_F(StatusMenu, ActivatingTwiceLeavesOneItem) {
+  const auto shown = desktop.statusBar.control.items.at(0);
   controller.activateStatusMenu();
   controller.activateStatusMenu();
-  EXPECT_EQ(desktop.statusBar.control.items.size(), 1U);
+  EXPECT_THAT(desktop.statusBar.control.items, ::testing::ElementsAre(shown));
+  EXPECT_EQ(shown->images.size(), 1U);
 }
 
 TEST_F(StatusMenu, DeactivatingWithoutAnItemIsHarmless) {
@@ -42,14 +44,25 @@ TEST_F(StatusMenu, DeactivatingWithoutAnItemIsHarmless) {
   EXPECT_EQ(desktop.statusBar.control.items.size(), 1U);
 }
 
-TEST_F(StatusMenu, AnItemSwitchedOffStillLeavesTheMenuToThePopup) {
+TEST_F(StatusMenu, ASwitchedOffItemLeavesThePreparedMenuToThePopup) {
+  set(TVR2_EnableStatusMenuBar, false);
+  desktop.preferences.synchronize(preferenceDomain);
   controller.deactivateStatusMenu();
+  controller.applicationWillFinishLaunching();
+  ASSERT_FALSE(controller.statusItem);
+  desktop.applications.control.start("Editor", "/Applications/Editor.app");
+  capture({"/docs/a.txt"});
+  controller.needToRecreateMenu = true;
+  const std::shared_ptr<MenuItem> before = controller.statusMenu.items[0];
   bool opened = false;
   desktop.presenter.control.person = [&](OpenMenu& open) {
     opened = open.row("Letter") != nullptr;
   };
   desktop.presenter.popUp(controller.statusMenu, {10, 10}, MenuFont::standard);
   EXPECT_TRUE(opened);
+  EXPECT_EQ(controller.hostName, "Editor");
+  EXPECT_TRUE(controller.filesSelected);
+  EXPECT_NE(controller.statusMenu.items[0], before);
 }
 
 TEST_F(StatusMenu, TheIconShowsTheMenuOpenAndClosed) {
@@ -83,9 +96,20 @@ TEST_F(StatusMenu, OpeningRecordsTheFrontApplicationByItsFileName) {
   EXPECT_EQ(application.hostAppName(), "Text Edit");
 }
 
-TEST_F(StatusMenu, WithoutAFrontApplicationTheHostNameIsEmpty) {
+TEST_F(StatusMenu, WithoutAFrontApplicationThereIsNoHostName) {
+  application.setHostName("Editor");
   clickWith(nullptr);
   EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(application.hostAppName(), std::nullopt);
+}
+
+TEST_F(StatusMenu, AFrontApplicationWithoutAPathHasNoHostName) {
+  desktop.applications.control.start("Editor", "/Applications/Editor.app");
+  desktop.applications.control.active->path.reset();
+  application.setHostName("Before");
+  clickWith(nullptr);
+  EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(application.hostAppName(), std::nullopt);
 }
 
 TEST_F(StatusMenu, OpeningNoticesCapturedFiles) {
@@ -99,10 +123,13 @@ TEST_F(StatusMenu, OpeningNoticesCapturedFiles) {
 
 TEST_F(StatusMenu, WhileAScriptRunsNothingIsPrepared) {
   desktop.applications.control.start("Editor", "/Applications/Editor.app");
+  capture({"/docs/a.txt"});
   gExecutingScript = true;
   controller.needToRecreateMenu = true;
   clickWith(nullptr);
   EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(application.hostAppName(), std::nullopt);
+  EXPECT_FALSE(controller.filesSelected);
   EXPECT_TRUE(controller.needToRecreateMenu);
 }
 
@@ -137,17 +164,41 @@ TEST_F(StatusMenu, RebuildingReplacesEveryEntry) {
   EXPECT_EQ(menuText(controller.statusMenu, MenuTextDetail::everything), before);
 }
 
-TEST_F(StatusMenu, AChosenEntryReachesTheDispatcherWithoutOption) {
-  sOptionKeyPressed = true;
+TEST_F(StatusMenu, AChosenEntryReachesTheDispatcher) {
   clickWith([](OpenMenu& open) { EXPECT_TRUE(open.choose({"Letter"})); });
-  EXPECT_FALSE(sOptionKeyPressed);
   EXPECT_THAT(desktop.workspace.control.openedFiles, ::testing::ElementsAre("/docs/a.txt"));
 }
 
-TEST_F(StatusMenu, AnEntryChosenWithOptionReachesTheDispatcherWithIt) {
-  hold(keyCode::option);
-  clickWith([](OpenMenu& open) { EXPECT_TRUE(open.choose({"Letter"})); });
+// An application is what the dispatcher treats differently while Option is held.
+class ChosenApplication : public StatusMenu {
+protected:
+  ChosenApplication() {
+    desktop.files.control.addApplication("/apps/Edit.app");
+    controller.menuRootArray =
+        PropertyList::Array{fileRecord("application", "Edit", "file:///apps/Edit.app")};
+    controller.createStatusMenu();
+    capture({"/docs/a.txt"});
+  }
+
+  MemoryWorkspace::Control& workspace = desktop.workspace.control;
+};
+
+TEST_F(ChosenApplication, ReachesTheDispatcherWithOptionPressedWhileTheMenuIsOpen) {
+  clickWith([this](OpenMenu& open) {
+    hold(keyCode::option);
+    EXPECT_TRUE(open.choose({"Edit"}));
+  });
   EXPECT_TRUE(sOptionKeyPressed);
+  EXPECT_THAT(workspace.openedFiles, ::testing::ElementsAre("/apps/Edit.app"));
+  EXPECT_TRUE(workspace.launches.empty());
+}
+
+TEST_F(ChosenApplication, ReachesTheDispatcherWithoutOptionWhateverWasStored) {
+  sOptionKeyPressed = true;
+  clickWith([](OpenMenu& open) { EXPECT_TRUE(open.choose({"Edit"})); });
+  EXPECT_FALSE(sOptionKeyPressed);
+  EXPECT_EQ(workspace.launches.size(), 1U);
+  EXPECT_TRUE(workspace.openedFiles.empty());
 }
 
 } // namespace
