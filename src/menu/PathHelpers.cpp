@@ -17,6 +17,16 @@ std::string standardized(const std::string& path) {
   return removingDotSegments(expanded);
 }
 
+// "/~/x" stands for a place in the home folder. A path must stay absolute, so that of another
+// person, whose home is not known, is left as it is.
+std::string fromHome(const std::string& path) {
+  if (!path.starts_with("/~"))
+    return path;
+  const std::string expanded =
+      expandingTilde(std::string_view(path).substr(1), platform().files.homeDirectory());
+  return expanded.starts_with('~') ? path : expanded;
+}
+
 std::optional<std::string> bookmarkedPath(const PropertyList& record) {
   const Bytes* bookmark = record.dataFor(TVR_MenuItemBookmark);
   if (!bookmark || !hasBookmarks())
@@ -76,8 +86,8 @@ std::string itemTypeFromPath(const std::string& path) {
 std::optional<std::string> fullPathForItem(const PropertyList& record) {
   const std::string* url = record.stringFor(TVR_MenuItemURL);
   auto path = url ? pathOfUrl(*url) : std::nullopt;
-  if (path && path->starts_with("/~"))
-    path = expandingTilde(path->substr(1), platform().files.homeDirectory());
+  if (path)
+    path = fromHome(*path);
   if (path && platform().files.exists(*path))
     return path;
   if (auto moved = bookmarkedPath(record))

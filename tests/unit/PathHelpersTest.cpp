@@ -128,6 +128,14 @@ TEST_F(PathForItem, AHomeRelativeUrlLeadsIntoTheHomeFolder) {
   EXPECT_EQ(fullPathForItem(withUrl("file:///~/x")), files.home + "/x");
 }
 
+TEST_F(PathForItem, TheHomeOfSomebodyElseIsNotLookedUpAndThePathStaysAbsolute) {
+  EXPECT_EQ(fullPathForItem(withUrl("file:///~bob/x")), "/~bob/x");
+}
+
+TEST_F(PathForItem, TheHomeFolderItselfCanBeMeant) {
+  EXPECT_EQ(fullPathForItem(withUrl("file:///~")), files.home);
+}
+
 TEST_F(PathForItem, ATildeLaterInThePathIsLeftAlone) {
   EXPECT_EQ(fullPathForItem(withUrl("file:///a/~b")), "/a/~b");
 }
@@ -139,6 +147,22 @@ TEST_F(PathForItem, AMovedFileIsFoundThroughItsBookmark) {
   EXPECT_EQ(fullPathForItem(withBookmark("file:///a/old", bookmark)), "/a/new");
   EXPECT_THAT(files.bookmarksResolved,
               ::testing::ElementsAre(BookmarkResolution::withoutInterface));
+}
+
+TEST_F(PathForItem, ABookmarkAloneIsEnough) {
+  files.addFile("/a/file");
+  EXPECT_EQ(
+      fullPathForItem(record("document file", "A",
+                             {{TVR_MenuItemBookmark, desktop.files.bookmark("/a/file").value()}})),
+      "/a/file");
+}
+
+TEST_F(PathForItem, FromTenSixOnAMovedFileIsFound) {
+  gOsVersion = 0x1060;
+  files.addFile("/a/old");
+  const Bytes bookmark = desktop.files.bookmark("/a/old").value();
+  files.move("/a/old", "/a/new");
+  EXPECT_EQ(fullPathForItem(withBookmark("file:///a/old", bookmark)), "/a/new");
 }
 
 TEST_F(PathForItem, BeforeTenSixAMovedFileIsNeverFound) {
