@@ -56,10 +56,16 @@ bool isBrowsable(DirectoryKind kind, const MenuBuild& build) {
   return kind == DirectoryKind::folder || (kind == DirectoryKind::package && build.browsePackage);
 }
 
+// Whatever is no absolute path names no file: an entry must not depend on the folder that the
+// application was started in.
+DirectoryKind kindOf(const std::optional<std::string>& path) {
+  return path && path->starts_with('/') ? isDirectory(*path, CleanUp::first) : DirectoryKind::none;
+}
+
 void addFileParts(Menu& menu, MenuItem& item, const std::string& title, const MenuBuild& build) {
   const auto path = fullPathForItem(*item.representedObject);
   setMenuItemIcon(item, path);
-  const DirectoryKind kind = path ? isDirectory(*path, CleanUp::first) : DirectoryKind::none;
+  const DirectoryKind kind = kindOf(path);
   if (build.browseFolder) {
     if (!isBrowsable(kind, build))
       return;
