@@ -16,12 +16,16 @@ protected:
 };
 
 TEST_F(KeyState, EachModifierHasItsOwnKey) {
-  hold(keyCode::shift);
-  EXPECT_TRUE(CheckShiftKey());
-  EXPECT_FALSE(CheckCommandKey() || CheckOptionKey());
-  hold(keyCode::command);
-  hold(keyCode::option);
-  EXPECT_TRUE(CheckCommandKey() && CheckOptionKey());
+  const auto heldAlone = [this](std::uint16_t key) {
+    desktop.keyboard.control.down = {};
+    hold(key);
+    return std::vector{CheckCommandKey(), CheckShiftKey(), CheckOptionKey()};
+  };
+  EXPECT_THAT(heldAlone(55), ::testing::ElementsAre(true, false, false));
+  EXPECT_THAT(heldAlone(56), ::testing::ElementsAre(false, true, false));
+  EXPECT_THAT(heldAlone(58), ::testing::ElementsAre(false, false, true));
+  for (const std::uint16_t other : std::vector<std::uint16_t>{57, 59, 63})
+    EXPECT_THAT(heldAlone(other), ::testing::Each(false));
 }
 
 TEST_F(KeyState, AnyKeyCountsModifiersIncluded) {

@@ -40,10 +40,19 @@ TEST_F(KeycodeTable, ACharacterAbove255AnswersTheKeyOfA) {
 }
 
 TEST_F(KeycodeTable, AMissingLayoutLeavesNoCharacter) {
+  EXPECT_EQ(InitAscii2KeyCodeTable(table), 0);
   desktop.keyboard.control.tables.reset();
+  desktop.keyboard.control.layoutId = 9;
   EXPECT_EQ(InitAscii2KeyCodeTable(table), -192);
   for (std::uint16_t character = 0; character < 256; ++character)
     EXPECT_EQ(AsciiToKeyCode(table, character), -1);
+  EXPECT_EQ(table.layoutId, 9);
+  EXPECT_EQ(GetKchrName(table), "Test") << "the name is left as it was";
+}
+
+TEST_F(KeycodeTable, CharacterZeroHasItsFirstKeyToo) {
+  EXPECT_EQ(InitAscii2KeyCodeTable(table), 0);
+  EXPECT_EQ(AsciiToKeyCode(table, 0), 1);
 }
 
 TEST_F(KeycodeTable, ItKeepsTheNameOfTheLayout) {
@@ -80,6 +89,20 @@ TEST_F(KeycodeTable, LaunchFillsTheProcessWideTable) {
   TVApplication application(base);
   TVController(application).applicationWillFinishLaunching();
   EXPECT_EQ(AsciiToKeyCode(gKeycodeTable, 'x'), 7);
+}
+
+TEST_F(KeycodeTable, TheProcessWideTableStaysThatOfTheLayoutAtLaunch) {
+  RecordedEvents base;
+  TVApplication application(base);
+  TVController controller(application);
+  controller.applicationWillFinishLaunching();
+  desktop.keyboard.control.layoutId = 8;
+  desktop.keyboard.control.tables->tables[0][7] = 'q';
+  controller.createStatusMenu();
+  controller.menuNeedsUpdate(controller.statusMenu);
+  EXPECT_EQ(AsciiToKeyCode(gKeycodeTable, 'x'), 7);
+  EXPECT_EQ(AsciiToKeyCode(gKeycodeTable, 'q'), -1);
+  EXPECT_EQ(gKeycodeTable.layoutId, 7);
 }
 
 } // namespace
