@@ -43,7 +43,7 @@ std::int32_t OpenDocuments(const std::vector<std::string>& urls, const std::stri
 
 bool moveSelectedFiles(const std::string& destination) {
   const auto files = capturedFiles();
-  if (!files)
+  if (!files || files->empty())
     return false;
   std::vector<std::string> names;
   std::string source;

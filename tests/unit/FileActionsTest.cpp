@@ -54,12 +54,21 @@ TEST_F(FileActions, AliasesAreHandedOverAsTheirTargets) {
 TEST_F(FileActions, TheLaunchStatusIsAnswered) {
   workspace.launchStatus = -10827;
   EXPECT_EQ(OpenDocuments({"file:///docs/a.txt"}, "/apps/Edit.app"), -10827);
+  EXPECT_EQ(openFiles({"/docs/a.txt"}, "/apps/Edit.app", 0), -10827);
 }
 
 TEST_F(FileActions, MovingWithoutCapturedFilesIsSilent) {
   EXPECT_FALSE(moveSelectedFiles("/folder"));
   EXPECT_THAT(workspace.fileRequests, IsEmpty());
   EXPECT_EQ(desktop.sounds.control.beeps, 0);
+}
+
+TEST_F(FileActions, MovingAnEmptyListIsSilentToo) {
+  capture({});
+  EXPECT_FALSE(moveSelectedFiles("/folder"));
+  EXPECT_THAT(workspace.fileRequests, IsEmpty());
+  EXPECT_EQ(desktop.sounds.control.beeps, 0);
+  EXPECT_THAT(desktop.sounds.control.played, IsEmpty());
 }
 
 TEST_F(FileActions, MovingTellsSuccessByItsSound) {
@@ -90,6 +99,33 @@ TEST_F(FileActions, TheFolderOfTheLastFileServesAsTheSourceOfAll) {
   EXPECT_THAT(workspace.fileRequests,
               ElementsAre(MemoryWorkspace::FileRequest{
                   FileOperation::move, "/other", "/folder", {"a.txt", "b.txt"}}));
+}
+
+TEST_F(FileActions, FilesOfDifferentFoldersCannotBeMovedTogether) {
+  capture({"/docs/a.txt", "/other/b.txt"});
+  workspace.fileOperationsSucceed = false; // as a workspace answers that misses /other/a.txt
+  EXPECT_FALSE(moveSelectedFiles("/folder"));
+  EXPECT_EQ(workspace.fileRequests.at(0).source, "/other");
+  EXPECT_EQ(desktop.sounds.control.beeps, 1);
+  EXPECT_THAT(desktop.sounds.control.played, IsEmpty());
+}
+
+TEST_F(FileActions, AMovedAliasIsMovedItselfToTheFolderAsNamed) {
+  desktop.files.control.addAlias("/links/alias", "/docs/a.txt");
+  desktop.files.control.addSymlink("/to folder", "/folder");
+  capture({"/links/alias"});
+  EXPECT_TRUE(moveSelectedFiles("/to folder"));
+  EXPECT_THAT(workspace.fileRequests, ElementsAre(MemoryWorkspace::FileRequest{
+                                          FileOperation::move, "/links", "/to folder", {"alias"}}));
+}
+
+TEST_F(FileActions, OfTwoFileListsTheFileNamesCount) {
+  const char* other = pasteboardType::pathFinderFilenames;
+  privatePasteboard().declareTypes({other, pasteboardType::filenames});
+  privatePasteboard().setPropertyList(PropertyList::Array{"/other/b.txt"}, other);
+  privatePasteboard().setPropertyList(PropertyList::Array{"/docs/a.txt"},
+                                      pasteboardType::filenames);
+  EXPECT_EQ(capturedFiles(), std::vector<std::string>{"/docs/a.txt"});
 }
 
 TEST_F(FileActions, TheOtherFileListCountsWhenTheFirstIsMissing) {
@@ -131,6 +167,30 @@ TEST_F(TreeInsertion, AFileBecomesARecordAtTheEndOfTheTree) {
                                                 {TVR_MenuItemTitle, "folder"},
                                                 {TVR_MenuItemURL, "file:///folder/"},
                                                 {TVR_MenuItemTree, PropertyList::Array{}}})));
+}
+
+TEST_F(TreeInsertion, EveryKindOfFileIsTakenIn) {
+  desktop.files.control.addPackage("/bundle");
+  desktop.files.control.addScript("/run.scpt");
+  controller.insertFileItemsToPlist(
+      {"/apps/Edit.app", "/docs/a.txt", "/bundle", "/run.scpt", "/folder"});
+  std::vector<std::string> types;
+  for (const PropertyList& inserted : storedTree())
+    types.push_back(inserted.find(TVR_MenuItemType) ? *inserted.stringFor(TVR_MenuItemType) : "");
+  EXPECT_THAT(types,
+              ElementsAre("application", "document file", "package", "applescript", "folder"));
+}
+
+TEST_F(TreeInsertion, AnAliasOrALinkIsTakenInAsItsTarget) {
+  desktop.files.control.addAlias("/alias", "/apps/Edit.app");
+  desktop.files.control.addSymlink("/link", "/apps/Edit.app");
+  desktop.files.control.at("/apps/Edit.app").displayName = "Editor";
+  controller.insertFileItemsToPlist({"/alias", "/link"});
+  const PropertyList editor = PropertyList::Dictionary{{TVR_MenuItemType, "application"},
+                                                       {TVR_MenuItemTitle, "Editor"},
+                                                       {TVR_MenuItemURL, "file:///apps/Edit.app/"},
+                                                       {TVR_MenuItemTree, PropertyList::Array{}}};
+  EXPECT_THAT(storedTree(), ElementsAre(editor, editor));
 }
 
 TEST_F(TreeInsertion, AFileOfUnknownKindBecomesAnEmptyRecord) {
