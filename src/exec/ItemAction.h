@@ -34,7 +34,8 @@ struct ItemChoice {
 [[nodiscard]] ItemAction actionForItem(const ItemChoice& choice);
 
 /// For an entry of a browsed folder: `filesCaptured` is whether there is a file list at all for
-/// folders, whether it holds files for applications; `fromHotKey` and `plainFolder` do not count.
+/// folders, whether it holds files for applications; `plainFolder` does not count, and `fromHotKey`
+/// is false, since no hot key leads here.
 [[nodiscard]] ItemAction actionForBrowsedFile(const ItemChoice& choice);
 
 } // namespace tavrel

@@ -106,6 +106,10 @@ TEST(ActionForItem, AHotKeyTakesThePlainActionWhateverIsHeld) {
             ItemAction::openSelectedFiles);
 }
 
+TEST(ActionForItem, AnApplicationMindsOptionEvenFromAHotKey) {
+  EXPECT_EQ(actionForItem(fromHotKey(withOption(withFiles(application)))), ItemAction::openFile);
+}
+
 TEST(ActionForItem, AGroupASeparatorAndAnUnknownTypeDoNothing) {
   for (ItemType type : {ItemType::group, ItemType::spacer, ItemType::unknown}) {
     EXPECT_EQ(actionForItem(fromHotKey(choiceOf(type))), ItemAction::nothing);
@@ -121,6 +125,18 @@ TEST(ActionForBrowsedFile, ADocumentThatIsAFolderIsNotRedirected) {
 TEST(ActionForBrowsedFile, TheAlternateOfAFolderOpensItWithoutCapturedFiles) {
   EXPECT_EQ(actionForBrowsedFile(asAlternate(folder)), ItemAction::openFolder);
   EXPECT_EQ(actionForBrowsedFile(withFiles(asAlternate(folder))), ItemAction::moveSelectedFiles);
+}
+
+TEST(ActionForBrowsedFile, TheAlternateOfAFolderIsOneEvenWithCommand) {
+  const ItemChoice choice = withTerminalSetting(withCommand(asAlternate(folder)));
+  EXPECT_EQ(actionForBrowsedFile(choice), ItemAction::openFolder);
+  EXPECT_EQ(actionForBrowsedFile(withFiles(choice)), ItemAction::moveSelectedFiles);
+}
+
+TEST(ActionForBrowsedFile, CommandRevealsEveryOtherKind) {
+  for (const ItemChoice& choice : {documentFile, package, script, application})
+    EXPECT_EQ(actionForBrowsedFile(withFiles(withCommand(choice))), ItemAction::showInFinder);
+  EXPECT_EQ(actionForBrowsedFile(withCommand(withOption(script))), ItemAction::openFile);
 }
 
 TEST(ActionForBrowsedFile, CommandOnAFolderRevealsItOrOpensATerminal) {

@@ -139,6 +139,15 @@ TEST_F(ItemDispatcher, AUrlOpensAsItIsWritten) {
   EXPECT_THAT(workspace.openedUrls, ElementsAre("http://x.com/%20"));
 }
 
+TEST_F(ItemDispatcher, AUrlThatIsNoneOpensNothingAndSaysNothing) {
+  choose(record("url", "Site", {{TVR_MenuItemURL, "not a url"}}));
+  choose(record("url", "Nowhere"));
+  EXPECT_THAT(workspace.openedFiles, IsEmpty());
+  EXPECT_THAT(workspace.launches, IsEmpty());
+  EXPECT_THAT(desktop.log.control.lines, IsEmpty());
+  EXPECT_EQ(desktop.sounds.control.beeps, 0);
+}
+
 TEST_F(ItemDispatcher, AScriptChosenWithOptionOpensInItsEditor) {
   sOptionKeyPressed = true;
   choose(script);
@@ -202,6 +211,14 @@ TEST_F(ItemDispatcher, ABrowsedFileOpensAndItsAliasIsResolved) {
   EXPECT_THAT(workspace.openedFiles, ElementsAre("/docs/a.txt"));
 }
 
+TEST_F(ItemDispatcher, ABrowsedAliasIsOfTheKindItHasInTheMenu) {
+  desktop.files.control.addAlias("/docs/alias", "/apps/Edit.app");
+  capture({"/docs/a.txt"});
+  chooseBrowsed("/docs/alias");
+  EXPECT_THAT(workspace.openedFiles, ElementsAre("/apps/Edit.app"));
+  EXPECT_THAT(workspace.launches, IsEmpty());
+}
+
 TEST_F(ItemDispatcher, ABrowsedApplicationGetsEveryCapturedFile) {
   capture({"/docs/a.txt", "/target"});
   chooseBrowsed("/apps/Edit.app");
@@ -218,6 +235,22 @@ TEST_F(ItemDispatcher, TheAlternateOfABrowsedFolderMovesCapturedFiles) {
   capture({"/docs/a.txt"});
   chooseBrowsed("/target", true);
   EXPECT_EQ(workspace.fileRequests.size(), 1U);
+}
+
+TEST_F(ItemDispatcher, AnEmptyFileListCountsForABrowsedFolderAlone) {
+  capture({});
+  chooseBrowsed("/target", true);
+  EXPECT_THAT(workspace.openedFiles, IsEmpty()) << "the list is moved, not the folder opened";
+  chooseBrowsed("/apps/Edit.app");
+  EXPECT_THAT(workspace.openedFiles, ElementsAre("/apps/Edit.app"));
+}
+
+TEST_F(ItemDispatcher, ABrowsedChoiceForgetsAnEarlierOption) {
+  sOptionKeyPressed = true;
+  capture({"/docs/a.txt"});
+  chooseBrowsed("/apps/Edit.app");
+  EXPECT_FALSE(sOptionKeyPressed);
+  EXPECT_EQ(workspace.launches.size(), 1U);
 }
 
 TEST_F(ItemDispatcher, ABrowsedChoiceStoresWhetherOptionIsHeld) {
