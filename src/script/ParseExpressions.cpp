@@ -37,6 +37,8 @@ constexpr auto phrases = std::to_array<std::pair<std::string_view, std::string_v
      {"is not equal", "≠"},
      {"is not greater than or equal to", "<"},
      {"is not less than or equal to", ">"},
+     {"is not greater than or equal", "<"},
+     {"is not less than or equal", ">"},
      {"is not greater than", "≤"},
      {"is not less than", "≥"},
      {"is not contained by", "is not in"},
@@ -49,6 +51,8 @@ constexpr auto phrases = std::to_array<std::pair<std::string_view, std::string_v
      {"less than or equal to", "≤"},
      {"is greater than", ">"},
      {"is less than", "<"},
+     {"greater than or equal", "≥"},
+     {"less than or equal", "≤"},
      {"greater than", ">"},
      {"less than", "<"},
      {"is equal to", "="},
@@ -130,11 +134,17 @@ Node Parser::binaryChain(int level) {
   if (level == comparing && takeWord("exists"))
     left = node(NodeKind::command, "exists", {std::move(left)});
   for (std::string name = operatorAt(level); !name.empty(); name = operatorAt(level)) {
-    Node right = binaryChain(level + 1);
+    Node right = level == raising ? power() : binaryChain(level + 1);
     left = node(NodeKind::binary, std::move(name), {std::move(left), std::move(right)});
     finish(left, start);
   }
   return left;
+}
+
+// 2 ^ 3 ^ 2 is 2 ^ 9.
+Node Parser::power() {
+  const Nesting nesting(*this);
+  return binaryChain(raising);
 }
 
 Node Parser::unary(int level) {
@@ -165,12 +175,19 @@ Node Parser::typeExpression() {
   return reference();
 }
 
+bool Parser::startsEntry() const {
+  std::size_t length = 0;
+  while (peek(length).kind == TokenKind::name || peek(length).kind == TokenKind::word)
+    ++length;
+  return length > 0 && seesSymbol(":", length);
+}
+
 // {a, b} is a list and {name:a} a record; {} is a list.
 Node Parser::listOrRecord() {
   const std::uint32_t start = peek().span.start;
   expectSymbol("{");
   skipLines();
-  const bool isRecord = seesSymbol(":", 1) || seesSymbol(":", 2);
+  const bool isRecord = startsEntry();
   Node result = node(isRecord ? NodeKind::record : NodeKind::list);
   if (!seesSymbol("}"))
     do {

@@ -76,12 +76,15 @@ private:
   [[nodiscard]] Node expression();
   [[nodiscard]] Node expression(Stops stops);
   [[nodiscard]] Node binaryChain(int level);
+  [[nodiscard]] Node power();
   [[nodiscard]] Node unary(int level);
   [[nodiscard]] std::string operatorAt(int level);
   [[nodiscard]] std::string comparison();
   [[nodiscard]] std::string isComparison();
   [[nodiscard]] Node typeExpression();
   [[nodiscard]] Node listOrRecord();
+  /// Whether the label of a record's entry stands here.
+  [[nodiscard]] bool startsEntry() const;
   [[nodiscard]] Node entry();
   [[nodiscard]] bool startsExpression() const;
   [[nodiscard]] bool startsIndex() const;
