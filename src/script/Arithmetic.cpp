@@ -127,18 +127,33 @@ Value contained(Runtime& runtime, const Value& a, const Value& b) {
   return Value::boolean(contains(runtime, Swapped ? b : a, Swapped ? a : b) == Wanted);
 }
 
+// Whether the list has the values, or the single value, from a place on.
+bool hasAt(Runtime& runtime, const List& list, std::size_t place, const Value& wanted) {
+  const auto* several = wanted.as<List>();
+  const std::vector<Value> values = several ? several->values() : std::vector<Value>{wanted};
+  if (values.size() > list.size() - place)
+    return false;
+  for (std::size_t i = 0; i < values.size() && place + i < list.size(); ++i) {
+    runtime.step();
+    if (!areEqual(runtime, list.values()[place + i], values[i]))
+      return false;
+  }
+  return true;
+}
+
 Value startsWith(Runtime& runtime, const Value& a, const Value& b) {
-  const auto* list = a.as<List>();
-  if (list)
-    return Value::boolean(list->size() > 0 && areEqual(runtime, list->values().front(), b));
+  if (const auto* list = a.as<List>())
+    return Value::boolean(hasAt(runtime, *list, 0, b));
   return Value::boolean(
       comparable(runtime, textOf(runtime, a)).starts_with(comparable(runtime, textOf(runtime, b))));
 }
 
 Value endsWith(Runtime& runtime, const Value& a, const Value& b) {
-  const auto* list = a.as<List>();
-  if (list)
-    return Value::boolean(list->size() > 0 && areEqual(runtime, list->values().back(), b));
+  if (const auto* list = a.as<List>()) {
+    const auto* several = b.as<List>();
+    const std::size_t count = several ? several->size() : 1;
+    return Value::boolean(count <= list->size() && hasAt(runtime, *list, list->size() - count, b));
+  }
   return Value::boolean(
       comparable(runtime, textOf(runtime, a)).ends_with(comparable(runtime, textOf(runtime, b))));
 }

@@ -125,6 +125,8 @@ Value numberOf(Runtime& runtime, const Value& given) {
     return value;
   if (value.is(ValueKind::boolean))
     return Value::integer(value.boolean() ? 1 : 0);
+  if (value.is(ValueKind::constant) && calendarNumber(value.name()) > 0)
+    return Value::integer(calendarNumber(value.name()));
   runtime.step();
   if (const auto* text = value.as<Text>())
     if (const auto number = numberIn(text->value()))

@@ -181,6 +181,14 @@ std::string_view weekdayName(double seconds) {
   return weekdays[chrono::weekday(dayOf(seconds)).c_encoding()];
 }
 
+int calendarNumber(std::string_view name) {
+  const auto month = std::find(months.begin(), months.end(), name);
+  if (month != months.end())
+    return static_cast<int>(month - months.begin()) + 1;
+  const auto weekday = std::find(weekdays.begin(), weekdays.end(), name);
+  return weekday != weekdays.end() ? static_cast<int>(weekday - weekdays.begin()) + 1 : 0;
+}
+
 std::string dateString(double seconds) {
   const DateParts parts = partsOf(seconds);
   std::string result(weekdayName(seconds));

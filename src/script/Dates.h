@@ -23,6 +23,8 @@ struct DateParts {
 
 [[nodiscard]] std::string_view monthName(int month);        ///< from 1, "January"
 [[nodiscard]] std::string_view weekdayName(double seconds); ///< "Monday"
+/// The number of a month or, from Sunday, of a weekday, by its name: from 1; 0 for other names.
+[[nodiscard]] int calendarNumber(std::string_view name);
 
 /// "Monday, January 1, 2001 at 12:00:00 AM"
 [[nodiscard]] std::string dateText(double seconds);

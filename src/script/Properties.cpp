@@ -169,8 +169,10 @@ std::optional<Value> propertyOf(Runtime& runtime, const Value& value, const std:
 
 bool setProperty(Runtime& runtime, const Value& value, const std::string* name, const Value& to) {
   if (auto* record = value.as<Record>()) {
-    record->set(name, to);
-    return true;
+    const bool has = record->find(name) != nullptr;
+    if (has)
+      record->set(name, to);
+    return has;
   }
   if (auto* script = value.as<ScriptObject>()) {
     Value* field = script->find(name);
