@@ -65,11 +65,10 @@ Value runText(const AdditionCall& call) {
     throw ScriptError{errors::notPermitted, "“run script” is not allowed in this script."};
   const auto shape = bindScript(runtime.heap, parseScript(textOf(runtime, call.direct)));
   const Value given = call.parameter("with parameters");
-  std::vector<Value> arguments;
-  if (!given.is(ValueKind::undefined))
-    arguments = coerced(runtime, given, "list").as<List>()->values();
+  const bool isGiven = !given.is(ValueKind::undefined);
+  const Value arguments = isGiven ? coerced(runtime, given, "list") : runtime.list({});
   const Ref<ScriptObject> script = instantiate(runtime, shape, {});
-  return runScript(runtime, *script, std::move(arguments));
+  return runScript(runtime, *script, {arguments});
 }
 
 Value currentDate(const AdditionCall& call) {

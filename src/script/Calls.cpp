@@ -18,7 +18,14 @@ Value finishCall(Frame& frame, const Handler& handler) {
 [[noreturn]] void refuseParameters(const Handler& handler) {
   std::string message = "The parameters don’t fit those of “";
   message.append(*handler.name).append("”.");
-  throw ScriptError{errors::missingParameter, std::move(message)};
+  throw ScriptError{errors::wrongArguments, std::move(message)};
+}
+
+[[noreturn]] void missArgument(const Handler& handler, const std::string& label) {
+  std::string message = "The “";
+  message.append(label).append("” parameter is missing for “");
+  message.append(*handler.name).append("”.");
+  throw ScriptError{errors::missingArgument, std::move(message)};
 }
 
 // Sources that the application builds around a path ask for little. A shell command in a terminal
@@ -76,7 +83,7 @@ Value callLabelled(Runtime& runtime, const Found& found, const Value& me,
       return each.label == parameter.label;
     });
     if (given == arguments.end())
-      refuseParameters(handler);
+      missArgument(handler, parameter.label ? *parameter.label : std::string("direct"));
     parameter.place->assign(frame, given->value);
   }
   return finishCall(frame, handler);

@@ -160,17 +160,26 @@ private:
   Attempt attempt_;
 };
 
+// What an error says that comes with no words of its own.
+std::string defaultMessage(int number) {
+  if (number == errors::userCanceled)
+    return "User canceled.";
+  if (number == errors::general)
+    return "An error has occurred.";
+  return "An error of type " + std::to_string(number) + " has occurred.";
+}
+
 class Fail final : public Action {
 public:
   Fail(CodePtr message, CodePtr number)
       : message_(std::move(message)), number_(std::move(number)) {}
   Flow run(Frame& frame) const override {
-    ScriptError error{errors::general, "An error has occurred."};
-    if (message_)
-      error.message = textOf(frame.runtime, message_->evaluate(frame));
+    ScriptError error{errors::general};
     if (number_)
       error.number = static_cast<int>(std::clamp<std::int64_t>(
           integerOf(frame.runtime, number_->evaluate(frame)), INT32_MIN, INT32_MAX));
+    error.message =
+        message_ ? textOf(frame.runtime, message_->evaluate(frame)) : defaultMessage(error.number);
     throw error;
   }
 
