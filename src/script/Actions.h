@@ -2,6 +2,8 @@
 
 #include "script/Code.h"
 
+#include <optional>
+
 namespace tavrel::script {
 
 // The makers of all statements that can run.
@@ -24,6 +26,7 @@ struct Attempt {
   Sequence rescue;
   CodePtr message; ///< the variables that hear of the error; null where there is none
   CodePtr number;
+  std::optional<std::int64_t> only; ///< the one number that is caught; nothing for all of them
 };
 [[nodiscard]] ActionPtr attemptAction(Attempt attempt);
 [[nodiscard]] ActionPtr failAction(CodePtr message, CodePtr number);

@@ -151,6 +151,8 @@ CodePtr Binder::range(const Node& node) {
 CodePtr Binder::call(const Node& node) {
   if (node.kind == NodeKind::resume) {
     const Node& inner = child(node, 0);
+    if (inner.kind == NodeKind::labelledCall)
+      return labelledResumeCode(symbol(inner.text), labelled(inner));
     const bool isCall = inner.kind == NodeKind::call;
     return resumeCode(symbol(isCall || inner.kind == NodeKind::variable ? inner.text : "run"),
                       isCall ? expressions(inner, 1) : std::vector<CodePtr>());
@@ -159,10 +161,15 @@ CodePtr Binder::call(const Node& node) {
   CodePtr target = optional(child(node, 0));
   if (node.kind == NodeKind::call)
     return callCode(name, std::move(target), expressions(node, 1));
-  std::vector<LabelledCode> arguments = entries(node, 2);
-  if (CodePtr direct = optional(child(node, 1)))
+  return labelledCallCode(name, std::move(target), labelled(node));
+}
+
+// The arguments of a labelled call, the direct one under "of".
+std::vector<LabelledCode> Binder::labelled(const Node& call) {
+  std::vector<LabelledCode> arguments = entries(call, 2);
+  if (CodePtr direct = optional(child(call, 1)))
     arguments.emplace_back(symbol("of"), std::move(direct));
-  return labelledCallCode(name, std::move(target), std::move(arguments));
+  return arguments;
 }
 
 CodePtr Binder::assignable(const Node& node) {

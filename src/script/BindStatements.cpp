@@ -133,6 +133,8 @@ ActionPtr Binder::attempt(const Node& node) {
     result.message = place(message);
   if (number.kind == NodeKind::variable)
     result.number = place(number);
+  else if (number.kind == NodeKind::integer)
+    result.only = number.integer;
   if (child(node, 1).kind != NodeKind::none)
     result.rescue = sequence(node.children[1]);
   return attemptAction(std::move(result));

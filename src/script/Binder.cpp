@@ -38,7 +38,9 @@ std::shared_ptr<Shape> Binder::script(const Node& block, const std::string& name
       globals_.clear();
       assigned_.clear();
       const std::size_t index = field(symbol(each.text));
+      bindsValues_ = true;
       shape_->initialValues[index] = expression(child(each, 0));
+      bindsValues_ = false;
       shape_->localCount = std::max(shape_->localCount, locals_.size());
     }
   for (const Node& each : block.children)
@@ -46,7 +48,19 @@ std::shared_ptr<Shape> Binder::script(const Node& block, const std::string& name
       addHandler(each);
   if (std::none_of(block.children.begin(), block.children.end(), isRun))
     addRunHandler(block);
+  else
+    refuseStatements(block);
   return shape_;
+}
+
+// What stands beside a run handler would never run.
+void Binder::refuseStatements(const Node& block) {
+  for (const Node& each : block.children) {
+    const bool isEmpty = each.kind == NodeKind::block && each.children.empty();
+    if (!isEmpty && !isDeclaration(each) && each.kind != NodeKind::script)
+      throw ScriptError{errors::syntax, "A script with a run handler has no other statements.",
+                        each.span};
+  }
 }
 
 // Properties stand first: they are what persists. Script objects are fields too.
@@ -106,9 +120,24 @@ void Binder::addHandler(const Node& node) {
   shape_->handlers.push_back(std::move(handler));
 }
 
+// The names of a pattern are the handler's own, whatever else has them.
+void Binder::declarePattern(const Node& pattern) {
+  if (pattern.kind == NodeKind::variable)
+    (void)local(symbol(pattern.text));
+  if (pattern.kind == NodeKind::list)
+    for (const Node& each : pattern.children)
+      declarePattern(each);
+}
+
 void Binder::addParameter(Handler& handler, const Node& node) {
+  const bool isLabelled = !node.children.empty() && node.children[0].kind == NodeKind::text;
+  const std::string* label = isLabelled ? symbol(node.children[0].text) : nullptr;
+  if (node.children.size() > 1) {
+    declarePattern(node.children[1]);
+    handler.parameters.push_back({label, assignable(node.children[1])});
+    return;
+  }
   const std::string* name = symbol(node.text);
-  const std::string* label = node.children.empty() ? nullptr : symbol(node.children[0].text);
   handler.parameters.push_back({label, localCode(local(name), name)});
 }
 
@@ -166,13 +195,22 @@ CodePtr Binder::global(const std::string* name) {
   return fieldCode(outward, index, name);
 }
 
+// Whether the name is one of the handler's own that is bound now.
+bool Binder::hasLocal(const std::string* name) {
+  const bool isField = globals_.contains(name) || (runsFree_ && !outer_) || fieldNamed(name, false);
+  return locals_.contains(name) || (assigned_.contains(name) && !isField);
+}
+
 CodePtr Binder::variable(const std::string* name) {
   const auto found = locals_.find(name);
   if (found != locals_.end())
     return localCode(found->second, name);
+  if (bindsValues_ && outer_ && outer_->hasLocal(name))
+    return creatorLocalCode(outer_->local(name), name);
   if (globals_.contains(name))
     return global(name);
-  if (CodePtr code = fieldNamed(name, runsFree_ && !outer_))
+  const bool isOfRun = bindsValues_ && outer_ && outer_->runsFree_ && !outer_->outer_;
+  if (CodePtr code = fieldNamed(name, isOfRun || (runsFree_ && !outer_)))
     return code;
   return assigned_.contains(name) ? localCode(local(name), name) : nullptr;
 }

@@ -27,12 +27,15 @@ public:
 
 private:
   // Binder.cpp
+  static void refuseStatements(const Node& block);
   void declareFields(const Node& block);
   std::size_t field(const std::string* name);
   void addHandler(const Node& node);
+  void declarePattern(const Node& pattern);
   void addParameter(Handler& handler, const Node& node);
   void addRunHandler(const Node& block);
   [[nodiscard]] CodePtr place(const Node& variable);
+  [[nodiscard]] bool hasLocal(const std::string* name);
   [[nodiscard]] CodePtr variable(const std::string* name);
   [[nodiscard]] CodePtr fieldNamed(const std::string* name, bool alsoVariables);
   [[nodiscard]] CodePtr global(const std::string* name);
@@ -60,6 +63,7 @@ private:
   [[nodiscard]] CodePtr call(const Node& node);
   [[nodiscard]] std::vector<CodePtr> expressions(const Node& node, std::size_t from);
   [[nodiscard]] std::vector<LabelledCode> entries(const Node& node, std::size_t from);
+  [[nodiscard]] std::vector<LabelledCode> labelled(const Node& call);
   [[nodiscard]] CodePtr assignable(const Node& node);
 
   /// The child, or the error of a tree that no parser makes.
@@ -73,7 +77,8 @@ private:
   Names globals_;
   std::map<const std::string*, std::size_t> locals_;
   Names assigned_;
-  bool runsFree_ = false; ///< in a run handler without a name: its variables are fields
+  bool bindsValues_ = false; ///< in the initial value of a property
+  bool runsFree_ = false;    ///< in a run handler without a name: its variables are fields
 };
 
 } // namespace tavrel::script

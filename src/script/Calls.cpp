@@ -90,11 +90,12 @@ Value callLabelled(Runtime& runtime, const Found& found, const Value& me,
 }
 
 Ref<ScriptObject> instantiate(Runtime& runtime, const std::shared_ptr<const Shape>& shape,
-                              Ref<ScriptObject> outer) {
+                              Ref<ScriptObject> outer, Frame* creator) {
   runtime.guardStack();
   Ref script(new ScriptObject(runtime.heap, shape, std::move(outer)));
   Frame frame(runtime, *script, shape->localCount);
   frame.me = Value(script);
+  frame.creator = creator;
   const std::string* parent = symbol("parent");
   for (std::size_t i = 0; i < shape->initialValues.size(); ++i) {
     if (!shape->initialValues[i])

@@ -26,9 +26,11 @@ struct LabelledValue {
 [[nodiscard]] Value callLabelled(Runtime& runtime, const Found& found, const Value& me,
                                  const std::vector<LabelledValue>& arguments);
 
-/// A new instance of a script with its initial values.
-[[nodiscard]] Ref<ScriptObject>
-instantiate(Runtime& runtime, const std::shared_ptr<const Shape>& shape, Ref<ScriptObject> outer);
+/// A new instance of a script with its initial values. A handler that makes one hands its frame
+/// over: the values may name its variables.
+[[nodiscard]] Ref<ScriptObject> instantiate(Runtime& runtime,
+                                            const std::shared_ptr<const Shape>& shape,
+                                            Ref<ScriptObject> outer, Frame* creator = nullptr);
 
 /// Runs the script's `run` handler; nothing when it has none.
 [[nodiscard]] Value runScript(Runtime& runtime, ScriptObject& script, std::vector<Value> arguments);

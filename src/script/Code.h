@@ -19,11 +19,12 @@ struct Frame {
   Frame& operator=(const Frame&) = delete;
 
   Runtime& runtime;
-  ScriptObject& self; ///< whose fields the code names
-  Value me;           ///< the script that got the message, an heir of self or self
-  Value target;       ///< of the enclosing `tell`; undefined outside of one
-  Value result;       ///< of the last statement
-  Value returned;     ///< what `return` gives back
+  ScriptObject& self;       ///< whose fields the code names
+  Frame* creator = nullptr; ///< of the handler that makes a script, while its properties get values
+  Value me;                 ///< the script that got the message, an heir of self or self
+  Value target;             ///< of the enclosing `tell`; undefined outside of one
+  Value result;             ///< of the last statement
+  Value returned;           ///< what `return` gives back
   std::array<Value, few> inside;
   std::vector<Value> more;
   Value* locals;

@@ -10,6 +10,7 @@ namespace tavrel::script {
 [[nodiscard]] CodePtr constantCode(Value value);
 [[nodiscard]] CodePtr localCode(std::size_t slot, const std::string* name);
 /// `outward` counts the scripts from the one that runs to the one whose field it is.
+[[nodiscard]] CodePtr creatorLocalCode(std::size_t slot, const std::string* name);
 [[nodiscard]] CodePtr fieldCode(std::size_t outward, std::size_t index, const std::string* name);
 /// A name that nothing declares: a property of the target of the enclosing tell, or an error.
 [[nodiscard]] CodePtr unknownCode(const std::string* name);
@@ -54,6 +55,8 @@ enum class Place : std::uint8_t { beginning, end };
 [[nodiscard]] CodePtr labelledCallCode(const std::string* name, CodePtr target,
                                        std::vector<LabelledCode> arguments);
 [[nodiscard]] CodePtr resumeCode(const std::string* name, std::vector<CodePtr> arguments);
+[[nodiscard]] CodePtr labelledResumeCode(const std::string* name,
+                                         std::vector<LabelledCode> arguments);
 [[nodiscard]] CodePtr commandCode(const std::string& name, CodePtr direct,
                                   std::vector<LabelledCode> parameters);
 

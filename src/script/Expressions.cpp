@@ -159,7 +159,7 @@ class NewScript final : public Code {
 public:
   explicit NewScript(std::shared_ptr<const Shape> shape) : shape_(std::move(shape)) {}
   Value evaluate(Frame& frame) const override {
-    return Value(instantiate(frame.runtime, shape_, Ref(&frame.self)));
+    return Value(instantiate(frame.runtime, shape_, Ref(&frame.self), &frame));
   }
 
 private:

@@ -39,6 +39,13 @@ std::vector<Value> evaluated(Frame& frame, const std::vector<CodePtr>& codes) {
   return values;
 }
 
+std::vector<LabelledValue> evaluated(Frame& frame, const std::vector<LabelledCode>& codes) {
+  std::vector<LabelledValue> values;
+  for (const auto& [label, code] : codes)
+    values.push_back({label, code->evaluate(frame)});
+  return values;
+}
+
 class Call final : public Code {
 public:
   Call(const std::string* name, CodePtr target, std::vector<CodePtr> arguments)
@@ -61,10 +68,8 @@ public:
       : name_(name), target_(std::move(target)), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override {
     const Value target = receiver(frame, target_);
-    std::vector<LabelledValue> values;
-    for (const auto& [label, code] : arguments_)
-      values.push_back({label, code->evaluate(frame)});
-    return callLabelled(frame.runtime, handlerOf(target, name_), target, values);
+    return callLabelled(frame.runtime, handlerOf(target, name_), target,
+                        evaluated(frame, arguments_));
   }
 
 private:
@@ -86,6 +91,20 @@ public:
 private:
   const std::string* name_;
   std::vector<CodePtr> arguments_;
+};
+
+class LabelledResume final : public Code {
+public:
+  LabelledResume(const std::string* name, std::vector<LabelledCode> arguments)
+      : name_(name), arguments_(std::move(arguments)) {}
+  Value evaluate(Frame& frame) const override {
+    return callLabelled(frame.runtime, handlerOf(frame.self.parent, name_), frame.me,
+                        evaluated(frame, arguments_));
+  }
+
+private:
+  const std::string* name_;
+  std::vector<LabelledCode> arguments_;
 };
 
 class Command final : public Code {
@@ -143,6 +162,10 @@ CodePtr labelledCallCode(const std::string* name, CodePtr target,
 
 CodePtr resumeCode(const std::string* name, std::vector<CodePtr> arguments) {
   return std::make_unique<Resume>(name, std::move(arguments));
+}
+
+CodePtr labelledResumeCode(const std::string* name, std::vector<LabelledCode> arguments) {
+  return std::make_unique<LabelledResume>(name, std::move(arguments));
 }
 
 CodePtr commandCode(const std::string& name, CodePtr direct, std::vector<LabelledCode> parameters) {

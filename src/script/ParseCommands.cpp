@@ -49,7 +49,8 @@ Node Parser::command(const CommandTerm& term) {
   const auto has = [&](std::string_view name) {
     return anyLabel(term.labels, [&](std::string_view label) { return label == name; });
   };
-  const Stops stops{has("in") || stops_.in, has("as") || stops_.as};
+  const Stops stops{has("in") || stops_.in, has("as") || stops_.as,
+                    has("of type") || stops_.ofType};
   Node result = node(NodeKind::command, std::string(term.name), {Node{}});
   if (term.direct == Direct::allowed && startsExpression() && labelAt(term).empty())
     result.children[0] = expression(stops);
@@ -116,6 +117,16 @@ std::string Parser::prepositionAt() const {
   return token.kind == TokenKind::word && isPreposition(token.text) ? token.text : std::string();
 }
 
+// `with hidden and sorted`
+void Parser::handlerSwitches(Node& call) {
+  Node value = node(NodeKind::boolean);
+  value.integer = tokens_[at_++].text == "with" ? 1 : 0;
+  do {
+    std::string given = identifier();
+    call.children.push_back(node(NodeKind::entry, std::move(given), {value}));
+  } while (takeWord("and"));
+}
+
 // The target of such a call is that of the enclosing tell: `of` brings the direct parameter.
 Node Parser::labelledCall(std::string name, std::uint32_t start) {
   const Nesting nesting(*this);
@@ -132,13 +143,10 @@ Node Parser::labelledCall(std::string name, std::uint32_t start) {
         result.children.push_back(node(NodeKind::entry, std::move(given), {std::move(value)}));
       } while (takeSymbol(","));
     } else if (!label.empty() && takeWords(label)) {
-      Node value = expression(Stops{true, false});
+      Node value = expression(Stops{true, false, false});
       result.children.push_back(node(NodeKind::entry, label, {std::move(value)}));
     } else if (seesWord("with") || seesWord("without")) {
-      Node value = node(NodeKind::boolean);
-      value.integer = tokens_[at_++].text == "with" ? 1 : 0;
-      std::string given = identifier();
-      result.children.push_back(node(NodeKind::entry, std::move(given), {std::move(value)}));
+      handlerSwitches(result);
     } else {
       break;
     }

@@ -123,14 +123,8 @@ Node Parser::binaryChain(int level) {
     return unary(level);
   const std::uint32_t start = peek().span.start;
   Node left = binaryChain(level + 1);
-  if (level == casting) {
-    while (!stops_.as && takeWord("as")) {
-      Node type = typeExpression();
-      left = node(NodeKind::cast, {}, {std::move(left), std::move(type)});
-      finish(left, start);
-    }
-    return left;
-  }
+  if (level == casting)
+    return casts(std::move(left), start);
   if (level == comparing && takeWord("exists"))
     left = node(NodeKind::command, "exists", {std::move(left)});
   for (std::string name = operatorAt(level); !name.empty(); name = operatorAt(level)) {
@@ -139,6 +133,31 @@ Node Parser::binaryChain(int level) {
     finish(left, start);
   }
   return left;
+}
+
+// `x as text & "a"`: a class is no operand, so what goes on goes on with what was cast.
+Node Parser::casts(Node value, std::uint32_t start) {
+  bool isCast = false;
+  while (true) {
+    if (!stops_.as && takeWord("as")) {
+      Node type = typeExpression();
+      value = node(NodeKind::cast, {}, {std::move(value), std::move(type)});
+      isCast = true;
+    } else if (!isCast || !goesOn(value)) {
+      return value;
+    }
+    finish(value, start);
+  }
+}
+
+bool Parser::goesOn(Node& value) {
+  for (int level : {joining, adding, multiplying})
+    if (std::string name = operatorAt(level); !name.empty()) {
+      Node right = binaryChain(level + 1);
+      value = node(NodeKind::binary, std::move(name), {std::move(value), std::move(right)});
+      return true;
+    }
+  return false;
 }
 
 // 2 ^ 3 ^ 2 is 2 ^ 9.

@@ -32,7 +32,8 @@ Node Parser::reference() {
   const Nesting nesting(*this);
   const std::uint32_t start = peek().span.start;
   Node result = withOwners(head());
-  if (takeWord("of") || (!stops_.in && takeWord("in"))) {
+  const bool stops = stops_.ofType && lengthOf("of type") > 0;
+  if (!stops && (takeWord("of") || (!stops_.in && takeWord("in")))) {
     Node container = reference();
     if (result.kind == NodeKind::variable)
       result.kind = NodeKind::property;
@@ -141,6 +142,10 @@ Node Parser::literal() {
     result = node(NodeKind::text, token.text);
     break;
   case TokenKind::integer:
+    if (seesOrdinalEnding()) {
+      at_ += 2;
+      return ordinal(token.integer);
+    }
     result = node(NodeKind::integer);
     result.integer = token.integer;
     break;
@@ -160,6 +165,14 @@ Node Parser::literal() {
   }
   ++at_;
   return result;
+}
+
+// 2nd, without a blank
+bool Parser::seesOrdinalEnding() const {
+  const Span number = peek().span;
+  if (peek(1).span.start != number.start + number.length)
+    return false;
+  return seesWord("st", 1) || seesWord("nd", 1) || seesWord("rd", 1) || seesWord("th", 1);
 }
 
 Node Parser::ordinal(std::int64_t number) {
@@ -242,6 +255,8 @@ Node Parser::named() {
     return node(NodeKind::missing);
   if (takeWord("return"))
     return node(NodeKind::text, "\r");
+  if (takeWord("script"))
+    return node(NodeKind::typeName, "script");
   if (seesWord("beginning") || seesWord("end")) {
     const std::string place = tokens_[at_++].text;
     return node(NodeKind::insertionPoint, place, {Node{}});

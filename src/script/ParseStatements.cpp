@@ -54,6 +54,8 @@ Node Parser::simpleStatement() {
     return withClause();
   if (takeWords("using terms from"))
     return usingTerms();
+  if (seesWord("use") && peek(1).kind == TokenKind::word)
+    return use();
   if (takeWord("on") || takeWord("to"))
     return handler();
   if (takeWord("script"))
@@ -171,12 +173,25 @@ void Parser::errorVariables(Node& attempt) {
     attempt.children[2] = node(NodeKind::variable, identifier());
   while (peek().kind != TokenKind::lineEnd) {
     if (takeWord("number"))
-      attempt.children[3] = node(NodeKind::variable, identifier());
+      attempt.children[3] = errorNumber();
     else if (takeWord("from") || takeWord("to") || takeWords("partial result"))
       (void)identifier();
     else
       expected("end of line");
   }
+}
+
+// A variable that hears the number, or the one number that is caught.
+Node Parser::errorNumber() {
+  if (seesIdentifier())
+    return node(NodeKind::variable, identifier());
+  const bool isNegative = takeSymbol("-");
+  if (peek().kind != TokenKind::integer)
+    expected("number");
+  Node result = node(NodeKind::integer);
+  result.integer = isNegative ? -peek().integer : peek().integer;
+  ++at_;
+  return result;
 }
 
 Node Parser::fail() {
@@ -186,7 +201,9 @@ Node Parser::fail() {
   while (peek().kind != TokenKind::lineEnd) {
     if (takeWord("number"))
       result.children[1] = expression();
-    else if (takeWord("from") || takeWord("to") || takeWords("partial result"))
+    else if (takeWord("to"))
+      (void)typeExpression();
+    else if (takeWord("from") || takeWords("partial result"))
       (void)expression();
     else
       break;
@@ -260,6 +277,22 @@ Node Parser::usingTerms() {
   return body;
 }
 
+// What is always there may be asked for; all else is not to be had.
+Node Parser::use() {
+  expectWord("use");
+  if (takeWord("applescript")) {
+    if (takeWord("version") && peek().kind != TokenKind::text)
+      expected("text");
+    at_ += peek().kind == TokenKind::text ? 1 : 0;
+  } else if (takeWords("scripting additions")) {
+    if (takeWord("with") || takeWord("without"))
+      expectWord("importing");
+  } else {
+    expected("“AppleScript” or “scripting additions”");
+  }
+  return node(NodeKind::block);
+}
+
 Node Parser::handler() {
   Node result = node(NodeKind::handler, identifier());
   if (takeSymbol("("))
@@ -284,7 +317,7 @@ void Parser::handlerParameters(Node& handler) {
 
 // `on foo of x at y given z:w`; `on run arguments` and `on open files` have a bare direct one.
 void Parser::labelledParameters(Node& handler) {
-  if (seesIdentifier() && prepositionAt().empty())
+  if (seesSymbol("{") || (seesIdentifier() && prepositionAt().empty()))
     handler.children.push_back(parameter({}));
   while (peek().kind != TokenKind::lineEnd) {
     if (takeWord("given")) {
@@ -305,10 +338,14 @@ void Parser::labelledParameters(Node& handler) {
 }
 
 Node Parser::parameter(std::string label) {
-  const std::string name = identifier();
-  Node result = node(NodeKind::parameter, name);
-  if (!label.empty())
-    result.children.push_back(node(NodeKind::text, std::move(label)));
+  const bool isPattern = seesSymbol("{");
+  Node pattern = isPattern ? listOrRecord() : Node{};
+  Node result = node(NodeKind::parameter, isPattern ? std::string() : identifier());
+  if (!label.empty() || isPattern)
+    result.children.push_back(label.empty() ? Node{} : node(NodeKind::text, std::move(label)));
+  if (isPattern)
+    result.children.push_back(std::move(pattern));
+  grow(result);
   return result;
 }
 

@@ -21,6 +21,7 @@ private:
   struct Stops {
     bool in = false;
     bool as = false;
+    bool ofType = false;
   };
 
   // Parser.cpp: the cursor
@@ -57,11 +58,13 @@ private:
   [[nodiscard]] Node repeatWith();
   [[nodiscard]] Node attempt();
   void errorVariables(Node& attempt);
+  [[nodiscard]] Node errorNumber();
   [[nodiscard]] Node fail();
   [[nodiscard]] Node tell();
   [[nodiscard]] Node considering(NodeKind kind);
   [[nodiscard]] Node withClause();
   [[nodiscard]] Node usingTerms();
+  [[nodiscard]] Node use();
   [[nodiscard]] Node handler();
   void handlerParameters(Node& handler);
   void labelledParameters(Node& handler);
@@ -76,6 +79,8 @@ private:
   [[nodiscard]] Node expression();
   [[nodiscard]] Node expression(Stops stops);
   [[nodiscard]] Node binaryChain(int level);
+  [[nodiscard]] Node casts(Node value, std::uint32_t start);
+  [[nodiscard]] bool goesOn(Node& value);
   [[nodiscard]] Node power();
   [[nodiscard]] Node unary(int level);
   [[nodiscard]] std::string operatorAt(int level);
@@ -96,6 +101,7 @@ private:
   [[nodiscard]] Node head();
   [[nodiscard]] Node literal();
   [[nodiscard]] Node ownedBy(Node owner);
+  [[nodiscard]] bool seesOrdinalEnding() const;
   [[nodiscard]] Node ordinal(std::int64_t number);
   [[nodiscard]] Node elements(std::string_view type, bool plural);
   [[nodiscard]] Node rangeEnd();
@@ -113,6 +119,7 @@ private:
   bool switches(const CommandTerm& term, Node& command);
   [[nodiscard]] std::string_view labelAt(const CommandTerm& term) const;
   [[nodiscard]] Node call(std::string name, std::uint32_t start);
+  void handlerSwitches(Node& call);
   [[nodiscard]] Node labelledCall(std::string name, std::uint32_t start);
   [[nodiscard]] std::string prepositionAt() const;
 

@@ -144,6 +144,8 @@ public:
       // Who stops a script means all of it.
       if (error.number == errors::timedOut || frame.runtime.host.shouldStop())
         throw;
+      if (attempt_.only && *attempt_.only != error.number)
+        throw;
       return rescue(frame, error);
     }
   }

@@ -64,14 +64,14 @@ enum class NodeKind : std::uint8_t {
   repeatIn,    ///< variable; list, block
   exitRepeat,
   giveBack,            ///< `return`: value?
-  attempt,             ///< `try`: block, block?, message variable?, number variable?
+  attempt,             ///< `try`: block, block?, message variable?, number (a variable or literal)?
   fail,                ///< `error`: message?, number?
   tell,                ///< target, block
   considering,         ///< constant*, block
   ignoring,            ///< constant*, block
   log,                 ///< value
   handler,             ///< name; parameter*, block
-  parameter,           ///< name; for a labelled one the label is its child's text (kind `text`)
+  parameter,           ///< name, empty for a pattern; label? (its text), list that is the pattern?
   script,              ///< name; block
   propertyDeclaration, ///< name; value
   global,              ///< variable*

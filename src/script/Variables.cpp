@@ -72,6 +72,18 @@ private:
   std::size_t slot_;
 };
 
+// A variable of the handler that makes the script.
+class CreatorLocal final : public Variable {
+public:
+  CreatorLocal(std::size_t slot, const std::string* name) : Variable(name), slot_(slot) {}
+
+protected:
+  Value& place(Frame& frame) const override { return frame.creator->locals[slot_]; }
+
+private:
+  std::size_t slot_;
+};
+
 class Field final : public Variable {
 public:
   Field(std::size_t outward, std::size_t index, const std::string* name)
@@ -168,6 +180,10 @@ CodePtr constantCode(Value value) {
 
 CodePtr localCode(std::size_t slot, const std::string* name) {
   return std::make_unique<Local>(slot, name);
+}
+
+CodePtr creatorLocalCode(std::size_t slot, const std::string* name) {
+  return std::make_unique<CreatorLocal>(slot, name);
 }
 
 CodePtr fieldCode(std::size_t outward, std::size_t index, const std::string* name) {
