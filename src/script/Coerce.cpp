@@ -80,6 +80,15 @@ Value asFile(const Value& value, const std::string& type) {
   return Value(Ref(new File(path, type == "alias")));
 }
 
+// What a file manager gives for `selection as alias list`: always a list, of files only.
+Value asFiles(Runtime& runtime, const Value& value) {
+  const Value all = asList(runtime, value);
+  std::vector<Value> files;
+  for (const Value& each : all.as<List>()->values())
+    files.push_back(asFile(each, "alias"));
+  return runtime.list(std::move(files));
+}
+
 Value asDate(Runtime& runtime, const Value& value) {
   if (value.is(ValueKind::date))
     return value;
@@ -159,6 +168,8 @@ std::string textOf(Runtime& runtime, const Value& value) {
 Value coerced(Runtime& runtime, const Value& value, const std::string& type) {
   if (type == "list")
     return asList(runtime, value);
+  if (type == "alias list")
+    return asFiles(runtime, value);
   if (isText(type))
     return value.is(ValueKind::text) ? value : runtime.text(textOf(runtime, value));
   if (type == "integer")

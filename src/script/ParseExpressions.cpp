@@ -184,6 +184,8 @@ Node Parser::unary(int level) {
 Node Parser::typeExpression() {
   if (peek().kind == TokenKind::type)
     return node(NodeKind::typeName, tokens_[at_++].text);
+  if (takeWords("alias list"))
+    return node(NodeKind::typeName, "alias list");
   bool plural = false;
   std::size_t length = 0;
   if (const TypeTerm* type = typeAt(plural, length)) {
@@ -264,7 +266,8 @@ bool Parser::startsIndex() const {
   if (token.kind == TokenKind::word && isPreposition(token.text))
     return false;
   if (token.kind == TokenKind::word)
-    return !isReserved(token.text) || token.text == "my" || token.text == "its";
+    return token.text == "my" || token.text == "its" ||
+           !(isReserved(token.text) || isPreposition(token.text) || token.text == "using");
   return token.kind == TokenKind::text || token.kind == TokenKind::integer ||
          token.kind == TokenKind::name || seesSymbol("(") || seesSymbol("-");
 }

@@ -226,6 +226,8 @@ Node Parser::named() {
     return command(*term);
   if (takeWord("the"))
     return head();
+  if (takeWord("get"))
+    return expression(stops_);
   if (takeWords("a reference to") || takeWords("reference to") || takeWords("ref to")) {
     Node target = reference();
     return node(NodeKind::refer, {}, {std::move(target)});
