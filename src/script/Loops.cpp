@@ -82,11 +82,16 @@ public:
       throw ScriptError{errors::badIndex, "A loop can’t count by 0."};
     const int beyond = step.number() > 0 ? 1 : -1;
     Flow flow = Flow::next;
-    for (Value at = from; !ends(flow) && order(runtime, at, to) != beyond;
-         at = sum(runtime, at, step)) {
+    bool runsOver = false;
+    for (Value at = from; !ends(flow) && !runsOver && order(runtime, at, to) != beyond;) {
       runtime.step();
       counting_.place->assign(frame, at);
       flow = body_.run(frame);
+      Value next = sum(runtime, at, step);
+      // Past 64 bits a counter would be real and stand still.
+      runsOver =
+          at.is(ValueKind::integer) && step.is(ValueKind::integer) && !next.is(ValueKind::integer);
+      at = std::move(next);
     }
     return afterLoop(flow);
   }

@@ -86,7 +86,9 @@ Node Parser::filtered(Node reference) {
     return reference;
   if (!takeWord("whose") && !takeWord("where") && !takeWord("that"))
     return reference;
+  ++conditions_;
   Node condition = expression();
+  --conditions_;
   Node all = node(NodeKind::filter, reference.text,
                   {std::move(reference.children[0]), std::move(condition)});
   if (!single)
@@ -300,6 +302,9 @@ Node Parser::named() {
   std::size_t length = 0;
   if (const TypeTerm* type = typeAt(plural, length)) {
     at_ += length;
+    // `whose class is text` asks each element for its class.
+    if (type->name == "class" && conditions_ > 0)
+      return node(NodeKind::property, "class", {Node{}});
     return elements(type->name, plural);
   }
   const std::string name = identifier();

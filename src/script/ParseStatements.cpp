@@ -233,6 +233,7 @@ Node Parser::tell() {
 }
 
 Node Parser::considering(NodeKind kind) {
+  const Nesting nesting(*this);
   Node result = node(kind);
   do {
     std::string name = identifier();

@@ -126,6 +126,7 @@ private:
   std::vector<Token> tokens_;
   std::size_t at_ = 0;
   int depth_ = 0;
+  int conditions_ = 0; ///< of elements (`whose`) around the place
   Stops stops_;
   std::vector<Dictionary> dictionaries_;
   std::set<std::string, std::less<>> labelledHandlers_;
