@@ -1,0 +1,107 @@
+#include "script/ScriptTest.h"
+
+namespace tavrel::script {
+namespace {
+
+class LimitsTest : public ScriptTest {
+protected:
+  static std::string repeated(const std::string& text, int count) {
+    std::string all;
+    for (int i = 0; i < count; ++i)
+      all += text;
+    return all;
+  }
+  static std::string nested(const std::string& open, const std::string& close, int depth) {
+    return repeated(open, depth) + "1" + repeated(close, depth);
+  }
+};
+
+TEST_F(LimitsTest, ModerateNestingIsFine) {
+  EXPECT_EQ(result(nested("(", ")", 20)), "1");
+  EXPECT_EQ(errorOf(nested("{", "}", 20)), 0);
+}
+
+TEST_F(LimitsTest, DeepNestingIsAnErrorAndNoCrash) {
+  const int deep = 100'000;
+  EXPECT_EQ(errorOf(nested("(", ")", deep)), errors::stackOverflow);
+  EXPECT_EQ(errorOf(nested("{", "}", deep)), errors::stackOverflow);
+  EXPECT_EQ(errorOf(nested("{a:", "}", deep)), errors::stackOverflow);
+  EXPECT_EQ(errorOf(repeated("not ", deep) + "true"), errors::stackOverflow);
+  EXPECT_EQ(errorOf(repeated("- ", deep) + "1"), errors::stackOverflow);
+  EXPECT_EQ(errorOf(repeated("f(", deep)), errors::stackOverflow);
+  EXPECT_EQ(errorOf(repeated("item 1 of ", deep) + "{}"), errors::stackOverflow);
+  EXPECT_EQ(errorOf(repeated("2 ^ ", deep) + "1"), errors::stackOverflow);
+  EXPECT_EQ(errorOf(repeated("get ", deep) + "1"), errors::stackOverflow);
+}
+
+TEST_F(LimitsTest, DeepBlocksAreAnErrorAndNoCrash) {
+  const int deep = 100'000;
+  for (const char* each : {"repeat\n", "try\n", "if true then\n", "tell me\n", "script\n",
+                           "ignoring case\n", "on f()\n", "ignoring case but "})
+    EXPECT_EQ(errorOf(repeated(each, deep)), errors::stackOverflow) << each;
+}
+
+TEST_F(LimitsTest, LongChainsAreAnErrorAndNoCrash) {
+  EXPECT_EQ(result(repeated("1 + ", 500) + "1"), "501");
+  EXPECT_EQ(errorOf(repeated("1 + ", 100'000) + "1"), errors::stackOverflow);
+  EXPECT_EQ(errorOf("x" + repeated("'s y", 100'000)), errors::stackOverflow);
+  EXPECT_EQ(errorOf("1" + repeated(" as text", 100'000)), errors::stackOverflow);
+}
+
+TEST_F(LimitsTest, EndlessRecursionIsAnErrorThatCanBeCaught) {
+  EXPECT_EQ(errorOf("on f()\nf()\nend f\nf()"), errors::stackOverflow);
+  EXPECT_EQ(result("on f()\nf()\nend f\ntry\nf()\non error number n\nn\nend try"), "-2706");
+}
+
+TEST_F(LimitsTest, ARunEndsWhenItsStepsAreUsedUp) {
+  limits.steps = 10'000;
+  EXPECT_EQ(errorOf("repeat\nend repeat"), errors::timedOut);
+  EXPECT_EQ(errorOf("repeat\ntry\nrepeat\nend repeat\nend try\nend repeat"), errors::timedOut);
+  EXPECT_EQ(result("set n to 0\nrepeat 100 times\nset n to n + 1\nend repeat\nn"), "100");
+}
+
+TEST_F(LimitsTest, ARunEndsWhenThePersonStopsIt) {
+  host.stops = true;
+  EXPECT_EQ(errorOf("repeat\nend repeat"), errors::userCanceled);
+  EXPECT_EQ(errorOf("repeat\ntry\nrepeat\nend repeat\nend try\nend repeat"), errors::userCanceled);
+}
+
+TEST_F(LimitsTest, ATextThatOutgrowsTheMemoryIsAnError) {
+  EXPECT_EQ(errorOf("set t to \"0123456789\"\nrepeat\nset t to t & t\nend repeat"),
+            errors::outOfMemory);
+}
+
+TEST_F(LimitsTest, AListThatOutgrowsTheMemoryIsAnError) {
+  EXPECT_EQ(errorOf("set l to {1, 2, 3, 4}\nrepeat\nset l to l & l\nend repeat"),
+            errors::outOfMemory);
+}
+
+TEST_F(LimitsTest, TheMemoryIsFreeAgainAfterwards) {
+  (void)errorOf("set l to {1, 2, 3, 4}\nrepeat\nset l to l & l\nend repeat");
+  EXPECT_EQ(result("set l to {}\nrepeat with i from 1 to 1000\nset end of l to i\nend repeat\n"
+                   "count l"),
+            "1000");
+}
+
+TEST_F(LimitsTest, AListInsideItselfCanBeShownAndCompared) {
+  const std::string circle = "set l to {1}\nset end of l to l\n";
+  EXPECT_EQ(errorOf(circle + "l"), 0);
+  EXPECT_EQ(result(circle + "l = l"), "true");
+  EXPECT_EQ(errorOf(circle + "set m to {1}\nset end of m to m\nl = m"), errors::stackOverflow);
+  EXPECT_EQ(errorOf(circle + "l as text"), errors::stackOverflow);
+  EXPECT_EQ(errorOf(circle + "copy l to m"), errors::stackOverflow);
+}
+
+TEST_F(LimitsTest, ARecordInsideItselfCanBeShown) {
+  const std::string circle = "set r to {a:1}\nset a of r to r\n";
+  EXPECT_EQ(errorOf(circle + "r"), 0);
+  EXPECT_EQ(result(circle + "r = r"), "true");
+  EXPECT_EQ(errorOf(circle + "copy r to s"), errors::stackOverflow);
+}
+
+TEST_F(LimitsTest, AScriptThatIsItsOwnParentUnderstandsNothingMore) {
+  EXPECT_EQ(errorOf("script s\nproperty parent : me\nend script\nf() of s"), errors::notUnderstood);
+}
+
+} // namespace
+} // namespace tavrel::script
