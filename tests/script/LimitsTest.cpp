@@ -22,7 +22,7 @@ TEST_F(LimitsTest, ModerateNestingIsFine) {
 }
 
 TEST_F(LimitsTest, DeepNestingIsAnErrorAndNoCrash) {
-  const int deep = 100'000;
+  const int deep = 20'000;
   EXPECT_EQ(errorOf(nested("(", ")", deep)), errors::stackOverflow);
   EXPECT_EQ(errorOf(nested("{", "}", deep)), errors::stackOverflow);
   EXPECT_EQ(errorOf(nested("{a:", "}", deep)), errors::stackOverflow);
@@ -35,7 +35,7 @@ TEST_F(LimitsTest, DeepNestingIsAnErrorAndNoCrash) {
 }
 
 TEST_F(LimitsTest, DeepBlocksAreAnErrorAndNoCrash) {
-  const int deep = 100'000;
+  const int deep = 20'000;
   for (const char* each : {"repeat\n", "try\n", "if true then\n", "tell me\n", "script\n",
                            "ignoring case\n", "on f()\n", "ignoring case but "})
     EXPECT_EQ(errorOf(repeated(each, deep)), errors::stackOverflow) << each;
@@ -43,9 +43,9 @@ TEST_F(LimitsTest, DeepBlocksAreAnErrorAndNoCrash) {
 
 TEST_F(LimitsTest, LongChainsAreAnErrorAndNoCrash) {
   EXPECT_EQ(result(repeated("1 + ", 500) + "1"), "501");
-  EXPECT_EQ(errorOf(repeated("1 + ", 100'000) + "1"), errors::stackOverflow);
-  EXPECT_EQ(errorOf("x" + repeated("'s y", 100'000)), errors::stackOverflow);
-  EXPECT_EQ(errorOf("1" + repeated(" as text", 100'000)), errors::stackOverflow);
+  EXPECT_EQ(errorOf(repeated("1 + ", 20'000) + "1"), errors::stackOverflow);
+  EXPECT_EQ(errorOf("x" + repeated("'s y", 20'000)), errors::stackOverflow);
+  EXPECT_EQ(errorOf("1" + repeated(" as text", 20'000)), errors::stackOverflow);
 }
 
 TEST_F(LimitsTest, EndlessRecursionIsAnErrorThatCanBeCaught) {
@@ -71,13 +71,9 @@ TEST_F(LimitsTest, ATextThatOutgrowsTheMemoryIsAnError) {
             errors::outOfMemory);
 }
 
-TEST_F(LimitsTest, AListThatOutgrowsTheMemoryIsAnError) {
+TEST_F(LimitsTest, AListThatOutgrowsTheMemoryGivesItBackAfterwards) {
   EXPECT_EQ(errorOf("set l to {1, 2, 3, 4}\nrepeat\nset l to l & l\nend repeat"),
             errors::outOfMemory);
-}
-
-TEST_F(LimitsTest, TheMemoryIsFreeAgainAfterwards) {
-  (void)errorOf("set l to {1, 2, 3, 4}\nrepeat\nset l to l & l\nend repeat");
   EXPECT_EQ(result("set l to {}\nrepeat with i from 1 to 1000\nset end of l to i\nend repeat\n"
                    "count l"),
             "1000");
