@@ -157,6 +157,8 @@ constexpr auto additions =
                                                           {"random number", randomNumber},
                                                           {"round", roundNumber},
                                                           {"character id", characterId},
+                                                          {"string id", characterId},
+                                                          {"text id", characterId},
                                                           {"ascii character", asciiCharacter},
                                                           {"ascii number", asciiNumber}});
 

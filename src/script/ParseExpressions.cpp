@@ -263,8 +263,6 @@ bool Parser::startsExpression() const {
 // In `make new folder at desktop` the preposition goes on with the command.
 bool Parser::startsIndex() const {
   const Token& token = peek();
-  if (token.kind == TokenKind::word && isPreposition(token.text))
-    return false;
   if (token.kind == TokenKind::word)
     return token.text == "my" || token.text == "its" ||
            !(isReserved(token.text) || isPreposition(token.text) || token.text == "using");
