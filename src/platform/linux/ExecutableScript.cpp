@@ -1,22 +1,24 @@
 #include "platform/linux/ExecutableScript.h"
 
+#include "platform/linux/ScriptProcess.h"
+
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryFile>
 
+#include <algorithm>
+#include <chrono>
 #include <csignal>
-#include <unistd.h>
+#include <cstdint>
+#include <poll.h>
 
 namespace tavrel {
 namespace {
 
-constexpr int msecsBetweenLooks = 100;
-constexpr int msecsToEnd = 2000;
-constexpr qsizetype longestLine = 4096;
+using Clock = std::chrono::steady_clock;
 
-QString decoded(const std::string& path) {
-  return QFile::decodeName(QByteArray::fromStdString(path));
-}
+constexpr std::chrono::milliseconds betweenLooks{100};
+constexpr std::chrono::seconds timeToEnd{2};
+constexpr int msecsBetweenGroupLooks = 10;
 
 void writeSelection(QTemporaryFile& file, const std::vector<std::string>& paths) {
   if (!file.open())
@@ -26,79 +28,50 @@ void writeSelection(QTemporaryFile& file, const std::vector<std::string>& paths)
   file.flush();
 }
 
-/// Standard error by lines; one without an end is told in pieces.
-class Lines {
-public:
-  explicit Lines(const std::function<void(const std::string&)>& report) : report_(report) {}
-  void add(const QByteArray& bytes) {
-    pending_ += bytes;
-    qsizetype end = 0;
-    while ((end = pending_.indexOf('\n')) >= 0 || pending_.size() > longestLine)
-      take(end >= 0 && end <= longestLine ? end : longestLine);
-  }
-  void finish() {
-    if (!pending_.isEmpty())
-      take(pending_.size());
-  }
-
-private:
-  void take(qsizetype length) {
-    report_(pending_.left(length).toStdString());
-    const bool endsLine = length < pending_.size() && pending_[length] == '\n';
-    pending_.remove(0, length + (endsLine ? 1 : 0));
-  }
-
-  const std::function<void(const std::string&)>& report_;
-  QByteArray pending_;
-};
-
-void signalAll(const QProcess& process, int number) {
-  if (process.processId() > 0)
-    (void)::kill(-static_cast<pid_t>(process.processId()), number);
+int msecsUntil(Clock::time_point moment) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - Clock::now());
+  return static_cast<int>(std::max<std::int64_t>(0, left.count()));
 }
 
-void stop(QProcess& process) {
-  signalAll(process, SIGTERM);
-  if (!process.waitForFinished(msecsToEnd))
-    signalAll(process, SIGKILL);
-  process.waitForFinished(msecsToEnd);
+/// Ends the script and all that it started: what does not go when it is asked is killed.
+void stop(ScriptProcess& process) {
+  process.signalAll(SIGTERM);
+  const auto deadline = Clock::now() + timeToEnd;
+  while (Clock::now() < deadline && process.signalAll(0))
+    if (process.serve(msecsBetweenGroupLooks))
+      ::poll(nullptr, 0, msecsBetweenGroupLooks); // it ended; what it started may not have
+  process.signalAll(SIGKILL);
+  while (!process.serve(msecsBetweenGroupLooks)) {
+  }
 }
 
-void prepare(QProcess& process, const ExecutableScript& script, const QTemporaryFile& selection) {
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert("TAVREL_SELECTION_FILES", selection.fileName());
-  environment.insert("TAVREL_HOST_APP", QString::fromStdString(script.hostApplication));
-  process.setProcessEnvironment(environment);
-  QStringList arguments;
-  for (const std::string& path : script.files)
-    arguments << decoded(path);
-  process.setProgram(decoded(script.path));
-  process.setArguments(arguments);
-  process.setStandardOutputFile(QProcess::nullDevice());
-  process.setChildProcessModifier([] { ::setsid(); }); // so that all it starts can be ended with it
+ExecutableOutcome waitFor(ScriptProcess& process, const std::function<bool()>& shouldStop) {
+  auto look = Clock::now() + betweenLooks;
+  for (;;) {
+    if (const auto outcome = process.serve(msecsUntil(look)))
+      return *outcome;
+    if (Clock::now() < look)
+      continue;
+    look = Clock::now() + betweenLooks;
+    if (shouldStop && shouldStop()) {
+      stop(process);
+      return {ExecutableOutcome::Ending::stopped, 0};
+    }
+  }
 }
 
 } // namespace
 
-int runExecutableScript(const ExecutableScript& script, const ScriptProcessWatch& watch) {
+ExecutableOutcome runExecutableScript(const ExecutableScript& script,
+                                      const ScriptProcessWatch& watch) {
   QTemporaryFile selection;
   writeSelection(selection, script.files);
-  QProcess process;
-  prepare(process, script, selection);
-  process.start();
-  if (!process.waitForStarted())
-    return -1;
-  process.write(script.text.data(), static_cast<qint64>(script.text.size()));
-  process.closeWriteChannel();
-  Lines lines(watch.report);
-  while (process.state() != QProcess::NotRunning && !process.waitForFinished(msecsBetweenLooks)) {
-    lines.add(process.readAllStandardError());
-    if (watch.shouldStop())
-      stop(process);
-  }
-  lines.add(process.readAllStandardError());
+  LineSplitter lines(watch.report);
+  ScriptProcess process(script, QFile::encodeName(selection.fileName()).toStdString(), lines);
+  const ExecutableOutcome outcome = waitFor(process, watch.shouldStop);
+  (void)process.serve(0); // a last look at its errors
   lines.finish();
-  return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+  return outcome;
 }
 
 } // namespace tavrel

@@ -6,7 +6,8 @@
 
 namespace tavrel {
 
-/// A script with an interpreter line, run as a process of its own.
+/// A script with an interpreter line, run as a process of its own. Paths are bytes: a name that is
+/// no UTF-8 arrives as it is.
 struct ExecutableScript {
   std::string path;
   std::vector<std::string> files; ///< what is selected: its arguments
@@ -20,11 +21,26 @@ struct ScriptProcessWatch {
   std::function<void(const std::string&)> report; ///< gets each line of standard error
 };
 
-/// Runs the script and waits for its end. The paths of the files stand, each ended by a NUL, in the
-/// file that the variable TAVREL_SELECTION_FILES names while the script runs. A script that is to
-/// stop ends with all the processes it started. The exit status; -1 when it could not be started
-/// or a signal ended it.
-[[nodiscard]] int runExecutableScript(const ExecutableScript& script,
-                                      const ScriptProcessWatch& watch);
+/// How a script ended.
+struct ExecutableOutcome {
+  enum class Ending {
+    notStarted, ///< number: the system's reason
+    exited,     ///< number: the exit status
+    signalled,  ///< number: the signal
+    stopped,    ///< because it was to stop; number: 0
+  };
+  Ending ending = Ending::notStarted;
+  int number = 0;
+
+  [[nodiscard]] bool isSuccess() const { return ending == Ending::exited && number == 0; }
+};
+
+/// Runs the script and waits for its end; never through a shell, its standard output goes nowhere.
+/// The paths of the files stand, each ended by a NUL, in the file that the variable
+/// TAVREL_SELECTION_FILES names while the script runs. A script that is to stop ends with all the
+/// processes it started: asked first, killed after two seconds. What it started and left behind is
+/// not waited for. A line of standard error over 4096 bytes is reported in pieces.
+[[nodiscard]] ExecutableOutcome runExecutableScript(const ExecutableScript& script,
+                                                    const ScriptProcessWatch& watch);
 
 } // namespace tavrel

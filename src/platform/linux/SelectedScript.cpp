@@ -28,10 +28,10 @@ OSAError runSelectedScript(const std::string& path, const SelectedScriptDesktop&
                                 pasteboard.string(pasteboardType::string).value_or(""),
                                 front && front->name ? *front->name : std::string()};
   const std::string name = lastPathComponent(path);
-  const int status = runExecutableScript(
+  const ExecutableOutcome outcome = runExecutableScript(
       script, {[&] { return desktop.runs.shouldStop(); },
                [&](const std::string& line) { desktop.log.write(name + ": " + line); }});
-  return status == 0 ? osaError::none : osaError::scriptError;
+  return outcome.isSuccess() ? osaError::none : osaError::scriptError;
 }
 
 } // namespace tavrel

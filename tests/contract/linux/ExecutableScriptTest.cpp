@@ -3,6 +3,8 @@
 #include "support/ScratchFolders.h"
 #include "support/WaitFor.h"
 
+#include <csignal>
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 
@@ -14,10 +16,27 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+using Ending = ExecutableOutcome::Ending;
+
+MATCHER_P(ExitedWith, status, "") {
+  return arg.ending == Ending::exited && arg.number == status;
+}
+MATCHER(WasStopped, "") {
+  return arg.ending == Ending::stopped;
+}
+
+/// Whether a process runs; one that is dead but not yet reaped does not.
+bool isAlive(pid_t process) {
+  std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+  const std::string stat{std::istreambuf_iterator<char>(file), {}};
+  const std::size_t name = stat.rfind(") ");
+  return name != std::string::npos && stat[name + 2] != 'Z';
+}
+
 class ExecutableScriptTest : public ::testing::Test {
 protected:
-  int run(const std::string& body, const std::vector<std::string>& files = {},
-          const std::string& text = {}) {
+  ExecutableOutcome run(const std::string& body, const std::vector<std::string>& files = {},
+                        const std::string& text = {}) {
     std::ofstream(program) << "#!/bin/sh\n" << body << "\n";
     ::chmod(program.c_str(), 0755);
     return runExecutableScript({program.string(), files, text, "Editor"},
@@ -30,6 +49,12 @@ protected:
   }
   [[nodiscard]] std::string to() const { return " >'" + output.string() + "'"; }
 
+  static std::size_t openDescriptors() {
+    return static_cast<std::size_t>(
+        std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
+  }
+  [[nodiscard]] pid_t startedProcess() const { return std::stoi(result()); }
+
   ScratchFolder scratch;
   fs::path program = scratch.path() / "a script; with 'signs'";
   fs::path output = scratch.path() / "output";
@@ -38,7 +63,7 @@ protected:
 };
 
 TEST_F(ExecutableScriptTest, TheFilesAreItsArguments) {
-  EXPECT_EQ(run("printf '%s|' \"$@\"" + to(), {"/a b", "/c\nd", "/$(e)"}), 0);
+  EXPECT_THAT(run("printf '%s|' \"$@\"" + to(), {"/a b", "/c\nd", "/$(e)"}), ExitedWith(0));
   EXPECT_EQ(result(), "/a b|/c\nd|/$(e)|");
 }
 
@@ -59,7 +84,7 @@ TEST_F(ExecutableScriptTest, TheTextIsItsInput) {
 }
 
 TEST_F(ExecutableScriptTest, AScriptNeedNotReadItsInput) {
-  EXPECT_EQ(run("exit 3", {}, std::string(std::size_t{10} << 20U, 'x')), 3);
+  EXPECT_THAT(run("exit 3", {}, std::string(std::size_t{10} << 20U, 'x')), ExitedWith(3));
 }
 
 TEST_F(ExecutableScriptTest, LongInputArrivesWhole) {
@@ -84,23 +109,85 @@ TEST_F(ExecutableScriptTest, ALineWithoutEndComesInPieces) {
 }
 
 TEST_F(ExecutableScriptTest, AKilledScriptIsAFailure) {
-  EXPECT_EQ(run("kill -9 $$"), -1);
+  const ExecutableOutcome outcome = run("kill -9 $$");
+  EXPECT_EQ(outcome.ending, Ending::signalled);
+  EXPECT_EQ(outcome.number, SIGKILL);
 }
 
 TEST_F(ExecutableScriptTest, WhatCannotRunIsAFailure) {
-  EXPECT_EQ(runExecutableScript({"/nonexistent", {}, {}, {}}, {[] { return false; }, nullptr}), -1);
+  const ExecutableOutcome outcome = runExecutableScript({"/nonexistent", {}, {}, {}}, {});
+  EXPECT_EQ(outcome.ending, Ending::notStarted);
+  EXPECT_EQ(outcome.number, ENOENT);
 }
 
 TEST_F(ExecutableScriptTest, StoppingEndsWhatItStartedToo) {
   stops = true;
-  EXPECT_EQ(run("sleep 1000 & echo $!" + to() + "; wait"), -1);
-  const pid_t child = std::stoi(result());
-  EXPECT_TRUE(waitFor([&] { return ::kill(child, 0) != 0; }));
+  EXPECT_THAT(run("(sleep 1000 & echo $!" + to() + "; wait) & wait"), WasStopped());
+  EXPECT_TRUE(waitFor([&] { return !isAlive(startedProcess()); }));
 }
 
 TEST_F(ExecutableScriptTest, AScriptThatIgnoresItsEndIsKilled) {
   stops = true;
-  EXPECT_EQ(run("trap '' TERM; echo x" + to() + "; while :; do sleep 1; done"), -1);
+  EXPECT_EQ(run("trap '' TERM; echo x" + to() + "; while :; do sleep 1; done"), WasStopped());
+}
+
+TEST_F(ExecutableScriptTest, WhatItStartedIsKilledWhenItIgnoresItsEnd) {
+  stops = true;
+  EXPECT_THAT(run("(trap '' TERM; sleep 1000 & echo $!" + to() + "; wait) & wait"), WasStopped());
+  EXPECT_TRUE(waitFor([&] { return !isAlive(startedProcess()); }));
+}
+
+TEST_F(ExecutableScriptTest, WhatItLeavesBehindIsNotWaitedFor) {
+  EXPECT_THAT(run("sleep 1000 & echo $!" + to()), ExitedWith(0));
+  EXPECT_TRUE(isAlive(startedProcess()));
+  ::kill(startedProcess(), SIGKILL);
+}
+
+TEST_F(ExecutableScriptTest, AScriptMayCloseItsInputAndGoOn) {
+  EXPECT_THAT(run("exec <&-; sleep 0.2; exit 4", {}, std::string(std::size_t{10} << 20U, 'x')),
+              ExitedWith(4));
+}
+
+TEST_F(ExecutableScriptTest, AFileNameThatIsNoTextArrivesAsItIs) {
+  EXPECT_THAT(run("printf %s \"$1\"" + to(), {"/caf\xe9"}), ExitedWith(0));
+  EXPECT_EQ(result(), "/caf\xe9");
+}
+
+TEST_F(ExecutableScriptTest, WithoutAnInterpreterLineNoShellStepsIn) {
+  std::ofstream(program) << "echo x" << to() << "\n";
+  ::chmod(program.c_str(), 0755);
+  const ExecutableOutcome outcome = runExecutableScript({program.string(), {}, {}, {}}, {});
+  EXPECT_EQ(outcome.ending, Ending::notStarted);
+  EXPECT_EQ(outcome.number, ENOEXEC);
+  EXPECT_FALSE(fs::exists(output));
+}
+
+TEST_F(ExecutableScriptTest, AFloodOfErrorsWithoutEndIsStopped) {
+  stops = true;
+  EXPECT_THAT(run("echo x" + to() + "; exec cat /dev/zero >&2"), WasStopped());
+  EXPECT_LE(lines.front().size(), 4096U);
+}
+
+TEST_F(ExecutableScriptTest, ItStartsWithNoSignalIgnored) {
+  const auto before = std::signal(SIGUSR1, SIG_IGN);
+  run("grep SigIgn /proc/self/status" + to());
+  std::signal(SIGUSR1, before);
+  EXPECT_EQ(result(), "SigIgn:\t0000000000000000\n");
+}
+
+TEST_F(ExecutableScriptTest, ItSeesNoFileOfOurs) {
+  const int ours = ::open("/dev/null", O_RDONLY); // one that somebody forgot to mark
+  run("[ -e /proc/self/fd/" + std::to_string(ours) + " ] || echo none" + to());
+  ::close(ours);
+  EXPECT_EQ(result(), "none\n");
+}
+
+TEST_F(ExecutableScriptTest, NoDescriptorIsLeft) {
+  run("true");
+  const std::size_t before = openDescriptors();
+  run("exit 1", {"/a"}, std::string(std::size_t{1} << 20U, 'x'));
+  (void)runExecutableScript({"/nonexistent", {}, {}, {}}, {});
+  EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST_F(ExecutableScriptTest, NoDeadChildIsLeft) {
