@@ -2,8 +2,10 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusReply>
+#include <QDBusPendingReply>
+#include <QDeadlineTimer>
 #include <QStringList>
+#include <QThread>
 #include <QVariantMap>
 
 namespace tavrel {
@@ -14,7 +16,11 @@ constexpr const char* path = "/org/freedesktop/Notifications";
 constexpr const char* stopAction = "stop";
 constexpr int untilClosed = 0; // milliseconds: it stays
 
-// The connection of the thread that calls: each has its own.
+// A service that hangs must not hold up the end of the script.
+constexpr int longestWaitMsecs = 1000;
+constexpr unsigned msecsBetweenLooks = 5;
+
+// Not the connection of the main thread, so that neither waits for the other's calls.
 QDBusConnection bus() {
   return QDBusConnection::connectToBus(QDBusConnection::SessionBus, "tavrel-run-notice");
 }
@@ -31,20 +37,32 @@ void RunNotice::show() {
   message << "Tavrel" << 0U << "qorvane.tavrel.Tavrel" << name_
           << tr("The script has been running for a while; Tavrel waits for it.")
           << QStringList{stopAction, tr("Stop")} << QVariantMap() << untilClosed;
-  const QDBusReply<unsigned> reply = bus().call(message);
-  id_ = reply.isValid() ? reply.value() : 0;
+  request_ = bus().asyncCall(message);
 }
 
 void RunNotice::close() {
-  if (id_ == 0)
+  if (!request_)
+    return;
+  const QDeadlineTimer deadline(longestWaitMsecs);
+  while (!request_->isFinished() && !deadline.hasExpired())
+    QThread::msleep(msecsBetweenLooks);
+  const unsigned id = answeredId();
+  if (id == 0)
     return;
   QDBusMessage message = call("CloseNotification");
-  message << id_;
-  (void)bus().call(message);
+  message << id;
+  (void)bus().call(message, QDBus::Block, longestWaitMsecs);
+}
+
+unsigned RunNotice::answeredId() const {
+  if (!request_ || !request_->isFinished())
+    return 0;
+  const QDBusPendingReply<unsigned> reply = *request_;
+  return reply.isValid() ? reply.value() : 0;
 }
 
 void RunNotice::onAction(unsigned id, const QString& action) {
-  if (id == id_ && action == stopAction)
+  if (id != 0 && id == answeredId() && action == stopAction)
     stop_ = true;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QDBusPendingCall>
 #include <QObject>
 #include <QString>
 
 #include <atomic>
+#include <optional>
 
 namespace tavrel {
 
@@ -15,18 +17,20 @@ public:
   RunNotice(QString scriptName, std::atomic<bool>& stop)
       : name_(std::move(scriptName)), stop_(stop) {}
 
-  /// Asks the notification service to show it.
+  /// Asks the notification service to show it; its answer is not waited for.
   void show();
-  /// Takes it off the screen.
+  /// Takes it off the screen; waits for the service, but not for long.
   void close();
 
 private Q_SLOTS:
   void onAction(unsigned id, const QString& action);
 
 private:
+  [[nodiscard]] unsigned answeredId() const;
+
   QString name_;
   std::atomic<bool>& stop_;
-  unsigned id_ = 0;
+  std::optional<QDBusPendingCall> request_;
 };
 
 } // namespace tavrel

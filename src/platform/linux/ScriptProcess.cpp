@@ -28,6 +28,11 @@ void neverWaitOn(const FileDescriptor& end) {
   (void)::fcntl(end.get(), F_SETFL, ::fcntl(end.get(), F_GETFL) | O_NONBLOCK);
 }
 
+void waitForEnd(pid_t process) {
+  while (::waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+  }
+}
+
 /// Made before the fork: after it nothing may allocate.
 struct Prepared {
   const char* program;
@@ -72,8 +77,7 @@ ScriptProcess::~ScriptProcess() {
   if (process_ == 0 || outcome_)
     return;
   signalAll(SIGKILL);
-  while (::waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
-  }
+  waitForEnd(process_);
 }
 
 int ScriptProcess::start(const ExecutableScript& script, const std::string& selectionFile) {
@@ -100,18 +104,21 @@ int ScriptProcess::start(const ExecutableScript& script, const std::string& sele
     return errno;
   report.writing.close();
   if (const std::error_code error = readChildReport(report.reading.get())) {
-    while (::waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    waitForEnd(child);
     return error.value();
   }
-  process_ = child;
-  processEnd_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
   inputEnd_ = std::move(input.writing);
   errorEnd_ = std::move(errors.reading);
+  follow(child);
+  return 0;
+}
+
+void ScriptProcess::follow(pid_t process) {
+  process_ = process;
+  processEnd_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
   neverWaitOn(inputEnd_);
   neverWaitOn(errorEnd_);
   writeInput();
-  return 0;
 }
 
 std::optional<ExecutableOutcome> ScriptProcess::serve(int milliseconds) {

@@ -29,6 +29,7 @@ public:
 
 private:
   [[nodiscard]] int start(const ExecutableScript& script, const std::string& selectionFile);
+  void follow(pid_t process);
   void writeInput();
   void readErrors();
   [[nodiscard]] std::optional<ExecutableOutcome> reap();

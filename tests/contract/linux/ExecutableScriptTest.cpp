@@ -128,7 +128,7 @@ TEST_F(ExecutableScriptTest, StoppingEndsWhatItStartedToo) {
 
 TEST_F(ExecutableScriptTest, AScriptThatIgnoresItsEndIsKilled) {
   stops = true;
-  EXPECT_EQ(run("trap '' TERM; echo x" + to() + "; while :; do sleep 1; done"), WasStopped());
+  EXPECT_THAT(run("trap '' TERM; echo x" + to() + "; while :; do sleep 1; done"), WasStopped());
 }
 
 TEST_F(ExecutableScriptTest, WhatItStartedIsKilledWhenItIgnoresItsEnd) {

@@ -34,7 +34,8 @@ public:
   std::atomic<int> shown = 0;
   std::atomic<int> closed = 0;
   std::atomic<bool> choosesStop = false;
-  QString title; ///< of the last one; read it after `shown` grew
+  std::atomic<bool> hangs = false; ///< never answers
+  QString title;                   ///< of the last one; read it after `shown` grew
 
   [[nodiscard]] QString introspect(const QString&) const override { return {}; }
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
@@ -43,7 +44,8 @@ public:
       return connection.send(message.createReply());
     }
     title = message.arguments().value(3).toString();
-    (void)connection.send(message.createReply(number));
+    if (!hangs)
+      (void)connection.send(message.createReply(number));
     if (choosesStop && message.arguments().value(5).toStringList().value(0) == "stop")
       chooseStop(connection);
     ++shown;

@@ -3,6 +3,7 @@
 #include "linux/FakeNotifications.h"
 #include "support/WaitFor.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
 
 namespace tavrel {
@@ -56,6 +57,18 @@ TEST(LongRuns, AScriptInsideAScriptIsPartOfIt) {
   EXPECT_TRUE(waitFor([&] { return service.shown == 1; }));
   { const LongRuns::Run inner(runs, "Inner"); }
   EXPECT_EQ(service.closed, 0);
+}
+
+TEST(LongRuns, AServiceThatHangsDoesNotHoldUpTheEnd) {
+  FakeNotifications service;
+  service.hangs = true;
+  LongRuns runs(0.01);
+  const auto start = std::chrono::steady_clock::now();
+  {
+    const LongRuns::Run run(runs, "Patient");
+    EXPECT_TRUE(waitFor([&] { return service.shown == 1; }));
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 TEST(LongRuns, WithoutAServiceNothingIsShown) {
