@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Script items, chosen from the menu with real keys: a compiled script keeps its property, a script
-# asks the person and writes what it heard, and Command reveals a file in the file manager.
+# asks the person and writes what it heard, a program of its own is waited for, and Command reveals
+# a file in the file manager.
 #   scripts.sh PROGRAM
 set -eu
 cd "$(dirname "$0")/../.."
@@ -24,6 +25,9 @@ set answer to text returned of (display dialog "What is your name?" default answ
 do shell script "printf %s " & quoted form of answer & " > " & quoted form of (POSIX path of (path to home folder) & "/answer")
 END
 
+printf '#!/bin/sh\necho "$TAVREL_HOST_APP:$#" >"$HOME/told"\necho complains >&2\n' >"$HOME/Tell.sh"
+chmod +x "$HOME/Tell.sh"
+
 item() { # TYPE TITLE PATH
   printf '<dict><key>TVR_MenuItemType</key><string>%s</string><key>TVR_MenuItemTitle</key><string>%s</string><key>TVR_MenuItemURL</key><string>file://%s</string></dict>' "$@"
 }
@@ -32,6 +36,7 @@ item() { # TYPE TITLE PATH
   item applescript Count "$HOME/Count.scpt"
   item applescript Ask "$HOME/Ask.applescript"
   item "document file" Letter "$HOME/Documents/Letter.txt"
+  item applescript Tell "$HOME/Tell.sh"
   echo '</array></dict></plist>'
 } >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist"
 
@@ -58,10 +63,13 @@ wait_for 20 "the second run to be stored" runs 2
 choose Down Down Down Down Return
 wait_for 20 "the question" window_named Tavrel
 screenshot question
-xdotool search --sync --onlyvisible --name Tavrel windowactivate --sync
 xdotool type "O'Neil"
 xdotool key Return
 wait_for 20 "the answer in the file" grep -qx "O'Neil" "$HOME/answer"
+
+choose Down Down Down Down Down Down Return
+wait_for 20 "the program's word" grep -qx ':0' "$HOME/told"
+wait_for 20 "its complaint in the log" grep -qx 'tavrel: Tell.sh: complains' "$TAVREL_SHOTS/tavrel.log"
 
 click_window "$(tray_icon)"
 wait_for 20 "the menu" menu_open
