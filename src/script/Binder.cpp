@@ -201,6 +201,16 @@ bool Binder::hasLocal(const std::string* name) {
   return locals_.contains(name) || (assigned_.contains(name) && !isField);
 }
 
+// Handlers of a script that a handler makes may name that handler's variables: the script keeps
+// them as they were when it was made.
+bool Binder::captures(const std::string* name) {
+  if (!outer_ || !outer_->hasLocal(name))
+    return outer_ && outer_->captures(name);
+  const std::size_t index = field(name);
+  shape_->initialValues[index] = capturedCode(outer_->local(name));
+  return true;
+}
+
 CodePtr Binder::variable(const std::string* name) {
   const auto found = locals_.find(name);
   if (found != locals_.end())
@@ -212,7 +222,9 @@ CodePtr Binder::variable(const std::string* name) {
   const bool isOfRun = bindsValues_ && outer_ && outer_->runsFree_ && !outer_->outer_;
   if (CodePtr code = fieldNamed(name, isOfRun || (runsFree_ && !outer_)))
     return code;
-  return assigned_.contains(name) ? localCode(local(name), name) : nullptr;
+  if (assigned_.contains(name))
+    return localCode(local(name), name);
+  return captures(name) ? fieldNamed(name, false) : nullptr;
 }
 
 CodePtr Binder::place(const Node& node) {

@@ -36,6 +36,7 @@ private:
   void addRunHandler(const Node& block);
   [[nodiscard]] CodePtr place(const Node& variable);
   [[nodiscard]] bool hasLocal(const std::string* name);
+  [[nodiscard]] bool captures(const std::string* name);
   [[nodiscard]] CodePtr variable(const std::string* name);
   [[nodiscard]] CodePtr fieldNamed(const std::string* name, bool alsoVariables);
   [[nodiscard]] CodePtr global(const std::string* name);

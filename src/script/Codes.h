@@ -11,6 +11,8 @@ namespace tavrel::script {
 [[nodiscard]] CodePtr localCode(std::size_t slot, const std::string* name);
 /// `outward` counts the scripts from the one that runs to the one whose field it is.
 [[nodiscard]] CodePtr creatorLocalCode(std::size_t slot, const std::string* name);
+/// The same, and undefined where the variable is not set yet.
+[[nodiscard]] CodePtr capturedCode(std::size_t slot);
 [[nodiscard]] CodePtr fieldCode(std::size_t outward, std::size_t index, const std::string* name);
 /// A name that nothing declares: a property of the target of the enclosing tell, or an error.
 [[nodiscard]] CodePtr unknownCode(const std::string* name);

@@ -42,6 +42,8 @@ std::string joined(Runtime& runtime, const List& list) {
 Value asList(Runtime& runtime, const Value& value) {
   if (value.is(ValueKind::list))
     return value;
+  if (value.is(ValueKind::undefined))
+    refuse(value, "list");
   const auto* record = value.as<Record>();
   if (!record)
     return runtime.list({value});

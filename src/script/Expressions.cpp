@@ -8,6 +8,15 @@
 namespace tavrel::script {
 namespace {
 
+// A value that a list or a record can hold.
+Value held(Frame& frame, const CodePtr& code) {
+  Value value = code->evaluate(frame);
+  if (value.is(ValueKind::undefined))
+    throw ScriptError{errors::noResult,
+                      "No result was returned from some part of this expression."};
+  return value;
+}
+
 class ListOf final : public Code {
 public:
   explicit ListOf(std::vector<CodePtr> elements) : elements_(std::move(elements)) {}
@@ -15,7 +24,7 @@ public:
     std::vector<Value> values;
     values.reserve(elements_.size());
     for (const CodePtr& each : elements_)
-      values.push_back(each->evaluate(frame));
+      values.push_back(held(frame, each));
     return frame.runtime.list(std::move(values));
   }
 
@@ -29,7 +38,7 @@ public:
   Value evaluate(Frame& frame) const override {
     std::vector<Record::Entry> values;
     for (const auto& [label, each] : entries_)
-      values.emplace_back(label, each->evaluate(frame));
+      values.emplace_back(label, held(frame, each));
     return frame.runtime.record(std::move(values));
   }
 

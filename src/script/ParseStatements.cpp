@@ -381,7 +381,8 @@ void Parser::noteLabelledHandlers() {
     if (!defines || !lineStarts || peek(2).kind != TokenKind::word)
       continue;
     const std::string& next = peek(2).text;
-    if (next == "of" || next == "in" || next == "given" || isPreposition(next))
+    const bool isTwoWords = isPreposition(next + " " + peek(3).text);
+    if (next == "of" || next == "in" || next == "given" || isTwoWords || isPreposition(next))
       labelledHandlers_.insert(peek(1).text);
   }
   at_ = 0;

@@ -36,6 +36,7 @@ constexpr int numberTooLarge = -2702;
 constexpr int stackOverflow = -2706;
 constexpr int syntax = -2741;
 constexpr int notDefined = -2753;
+constexpr int noResult = -2763;
 constexpr int cannotSet = -10006;
 constexpr int notPermitted = -10004;
 } // namespace errors

@@ -11,7 +11,21 @@
 namespace tavrel::script {
 namespace {
 
-// `copy` gives the place a list, record or date of its own, down to the last element.
+Value copied(Runtime& runtime, const Value& value);
+
+// Scripts that the script holds stay those they are: they stand inside the original.
+Value copiedScript(Runtime& runtime, ScriptObject& script) {
+  const Ref<ScriptObject> outer(script.outer());
+  const Ref<ScriptObject> copy(new ScriptObject(runtime.heap, script.sharedShape(), outer));
+  copy->parent = script.parent;
+  for (std::size_t i = 0; i < script.fields.size() && i < copy->fields.size(); ++i) {
+    const Value& field = script.fields[i];
+    copy->fields[i] = field.is(ValueKind::script) ? field : copied(runtime, field);
+  }
+  return Value(copy);
+}
+
+// `copy` gives the place a list, record, date or script of its own, down to the last element.
 Value copied(Runtime& runtime, const Value& value) {
   runtime.guardStack();
   runtime.step();
@@ -23,6 +37,8 @@ Value copied(Runtime& runtime, const Value& value) {
       values.push_back(copied(runtime, each));
     return runtime.list(std::move(values));
   }
+  if (auto* script = value.as<ScriptObject>())
+    return copiedScript(runtime, *script);
   const auto* record = value.as<Record>();
   if (!record)
     return value;

@@ -84,6 +84,15 @@ private:
   std::size_t slot_;
 };
 
+class Captured final : public Code {
+public:
+  explicit Captured(std::size_t slot) : slot_(slot) {}
+  Value evaluate(Frame& frame) const override { return frame.creator->locals[slot_]; }
+
+private:
+  std::size_t slot_;
+};
+
 class Field final : public Variable {
 public:
   Field(std::size_t outward, std::size_t index, const std::string* name)
@@ -184,6 +193,10 @@ CodePtr localCode(std::size_t slot, const std::string* name) {
 
 CodePtr creatorLocalCode(std::size_t slot, const std::string* name) {
   return std::make_unique<CreatorLocal>(slot, name);
+}
+
+CodePtr capturedCode(std::size_t slot) {
+  return std::make_unique<Captured>(slot);
 }
 
 CodePtr fieldCode(std::size_t outward, std::size_t index, const std::string* name) {
