@@ -131,6 +131,8 @@ CodePtr Binder::element(const Node& node) {
   CodePtr key = expression(child(node, 1));
   if (node.text == "application")
     return applicationCode(std::move(key));
+  if (node.text == "date" && node.children[0].kind == NodeKind::none)
+    return dateCode(std::move(key));
   if (node.text == "posix file" || node.text == "alias")
     return fileCode(node.text, std::move(key));
   return elementCode(node.text, optional(node.children[0]), std::move(key));

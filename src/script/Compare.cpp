@@ -112,6 +112,13 @@ bool equalObjects(Runtime& runtime, const Value& a, const Value& b) {
   return a.object() == b.object();
 }
 
+// Several values at once come neither before nor after anything.
+void refuseUnordered(const Value& value) {
+  const auto* list = value.as<List>();
+  if (list && list->size() != 1)
+    throw ScriptError{errors::cannotCoerce, described(value).append(" has no order.")};
+}
+
 // The names of texts are many: "text", "string" and "Unicode text" are one class.
 std::string_view plainType(std::string_view name) {
   if (name == "string" || name == "unicode text")
@@ -142,8 +149,9 @@ int order(Runtime& runtime, const Value& a, const Value& b) {
                                                          : a.integer() > b.integer() ? 1
                                                                                      : 0)
                                                       : sign(a.number() - b.number());
-  if (a.is(ValueKind::date) && b.is(ValueKind::date))
-    return sign(a.as<Date>()->seconds - b.as<Date>()->seconds);
+  if (const auto* date = a.as<Date>())
+    return sign(date->seconds - coerced(runtime, b, "date").as<Date>()->seconds);
+  refuseUnordered(a);
   if (a.isNumber())
     return sign(a.number() - numberOf(runtime, b).number());
   return compareTexts(runtime, textOf(runtime, a), textOf(runtime, b));
