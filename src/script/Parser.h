@@ -9,8 +9,8 @@
 
 namespace tavrel::script {
 
-/// Reads a script's tokens from front to back. One class, written in four files: its cursor
-/// (Parser.cpp), statements, expressions, and commands.
+/// Reads a script's tokens from front to back. One class, written in several files: its
+/// cursor (Parser.cpp), statements, handlers and declarations, expressions, references, commands.
 class Parser {
 public:
   explicit Parser(std::vector<Token> tokens);
@@ -64,6 +64,9 @@ private:
   [[nodiscard]] Node considering(NodeKind kind);
   [[nodiscard]] Node withClause();
   [[nodiscard]] Node usingTerms();
+  void endBlock(std::string_view word);
+
+  // ParseHandlers.cpp
   [[nodiscard]] Node use();
   [[nodiscard]] Node handler();
   void handlerParameters(Node& handler);
@@ -72,7 +75,6 @@ private:
   [[nodiscard]] Node scriptObject();
   [[nodiscard]] Node propertyDeclaration();
   [[nodiscard]] Node declaration(NodeKind kind);
-  void endBlock(std::string_view word);
   void noteLabelledHandlers();
 
   // ParseExpressions.cpp
