@@ -1,5 +1,7 @@
 #include "base/Description.h"
 
+#include "base/Ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -28,7 +30,7 @@ std::string dataText(const Bytes& data) {
 }
 
 bool isPlain(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+  return isDigit(c) || isLetter(c) || c == '_';
 }
 
 std::string inner(const std::string& text) {

@@ -1,5 +1,7 @@
 #include "base/RtfText.h"
 
+#include "base/Ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -52,10 +54,6 @@ void appendUtf8(std::string& text, char32_t c) {
     text += {static_cast<char>(0xF0 | (c >> 18)), static_cast<char>(0x80 | ((c >> 12) & 0x3F)),
              static_cast<char>(0x80 | ((c >> 6) & 0x3F)), static_cast<char>(0x80 | (c & 0x3F))};
   }
-}
-
-bool isLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
 struct Group {

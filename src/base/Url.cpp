@@ -1,5 +1,6 @@
 #include "base/Url.h"
 
+#include "base/Ascii.h"
 #include "base/Utf8.h"
 
 #include <cstdint>
@@ -7,14 +8,6 @@
 namespace tavrel {
 
 namespace {
-
-// ASCII only, whatever the locale says.
-bool isLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 int hexValue(char c) {
   if (isDigit(c))

@@ -8,8 +8,6 @@
 namespace tavrel::script {
 namespace {
 
-constexpr double integerRange = 9.2e18;
-
 Value finite(double value) {
   if (!std::isfinite(value))
     throw ScriptError{errors::numberTooLarge, "The result of a numeric operation was too large."};

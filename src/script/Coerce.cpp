@@ -1,5 +1,6 @@
 #include "script/Coercion.h"
 
+#include "base/Ascii.h"
 #include "script/Dates.h"
 #include "script/ScriptObject.h"
 
@@ -8,8 +9,6 @@
 
 namespace tavrel::script {
 namespace {
-
-constexpr double integerRange = 9.2e18;
 
 [[noreturn]] void refuse(const Value& value, std::string_view type) {
   std::string message = "Can’t make ";
@@ -123,8 +122,7 @@ std::optional<Value> numberIn(std::string_view text) {
     return Value::integer(whole);
   double real = 0;
   const auto read = std::from_chars(first, last, real);
-  const bool isDigits =
-      first != last && ((*first >= '0' && *first <= '9') || *first == '-' || *first == '.');
+  const bool isDigits = first != last && (isDigit(*first) || *first == '-' || *first == '.');
   if (!isDigits || read.ec != std::errc() || read.ptr != last || !std::isfinite(real))
     return std::nullopt;
   return Value::real(real);

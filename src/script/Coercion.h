@@ -6,6 +6,9 @@
 
 namespace tavrel::script {
 
+/// A real of less than this magnitude becomes a 64-bit integer without overflow.
+inline constexpr double integerRange = 9.2e18;
+
 /// The value as the class of that name. Throws ScriptError (`cannotCoerce`).
 [[nodiscard]] Value coerced(Runtime& runtime, const Value& value, const std::string& type);
 

@@ -1,5 +1,7 @@
 #include "script/Dates.h"
 
+#include "base/Ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -35,14 +37,6 @@ struct Piece {
   int number = -1; ///< -1 for a word
   char before = ' ';
 };
-
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
-bool isLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
 
 std::optional<std::vector<Piece>> pieces(std::string_view text) {
   std::vector<Piece> result;

@@ -1,17 +1,15 @@
 #include "script/Token.h"
 
+#include "base/Ascii.h"
+
 #include <array>
 #include <charconv>
 
 namespace tavrel::script {
 namespace {
 
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool startsWord(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+  return isLetter(c) || c == '_';
 }
 
 std::string lowered(std::string_view word) {

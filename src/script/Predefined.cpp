@@ -17,7 +17,7 @@ constexpr auto texts = std::to_array<Named>(
 constexpr auto durations = std::to_array<std::pair<std::string_view, std::int64_t>>(
     {{"minutes", 60}, {"hours", 3600}, {"days", 86400}, {"weeks", 604800}});
 
-constexpr auto constants = std::to_array<std::string_view>(
+constexpr auto constantNames = std::to_array<std::string_view>(
     {"yes", "no", "ask", "stop", "note", "caution", "critical", "warning", "informational", "up",
      "down", "eof", "desktop", "trash", "applescript", "anything"});
 
@@ -46,7 +46,7 @@ Value meaning(Heap& heap, const std::string& name) {
   for (const auto& [each, seconds] : durations)
     if (name == each)
       return Value::integer(seconds);
-  if (std::find(constants.begin(), constants.end(), name) != constants.end())
+  if (std::find(constantNames.begin(), constantNames.end(), name) != constantNames.end())
     return Value::constant(name);
   return name == "pi" ? Value::real(std::numbers::pi) : calendarName(name);
 }

@@ -44,7 +44,7 @@ ItemChoice withTerminalSetting(ItemChoice choice) {
   return choice;
 }
 
-const ItemChoice application = choiceOf(ItemType::application);
+const ItemChoice anApplication = choiceOf(ItemType::application);
 const ItemChoice documentFile = choiceOf(ItemType::documentFile);
 const ItemChoice package = choiceOf(ItemType::package);
 const ItemChoice folder = choiceOf(ItemType::folder);
@@ -91,10 +91,10 @@ TEST(ActionForItem, AScriptRunsAndOptionOpensItInItsEditor) {
 }
 
 TEST(ActionForItem, AnApplicationGetsTheCapturedFilesUnlessOptionIsHeld) {
-  EXPECT_EQ(actionForItem(application), ItemAction::openFile);
-  EXPECT_EQ(actionForItem(withFiles(application)), ItemAction::openSelectedFiles);
-  EXPECT_EQ(actionForItem(withOption(withFiles(application))), ItemAction::openFile);
-  EXPECT_EQ(actionForItem(withCommand(withFiles(application))), ItemAction::showInFinder);
+  EXPECT_EQ(actionForItem(anApplication), ItemAction::openFile);
+  EXPECT_EQ(actionForItem(withFiles(anApplication)), ItemAction::openSelectedFiles);
+  EXPECT_EQ(actionForItem(withOption(withFiles(anApplication))), ItemAction::openFile);
+  EXPECT_EQ(actionForItem(withCommand(withFiles(anApplication))), ItemAction::showInFinder);
 }
 
 TEST(ActionForItem, AHotKeyTakesThePlainActionWhateverIsHeld) {
@@ -102,12 +102,12 @@ TEST(ActionForItem, AHotKeyTakesThePlainActionWhateverIsHeld) {
   EXPECT_EQ(actionForItem(fromHotKey(asAlternate(folder))), ItemAction::openFolder);
   EXPECT_EQ(actionForItem(fromHotKey(withCommand(documentFile))), ItemAction::openFile);
   EXPECT_EQ(actionForItem(fromHotKey(withCommand(withOption(script)))), ItemAction::execScript);
-  EXPECT_EQ(actionForItem(fromHotKey(withCommand(withFiles(application)))),
+  EXPECT_EQ(actionForItem(fromHotKey(withCommand(withFiles(anApplication)))),
             ItemAction::openSelectedFiles);
 }
 
 TEST(ActionForItem, AnApplicationMindsOptionEvenFromAHotKey) {
-  EXPECT_EQ(actionForItem(fromHotKey(withOption(withFiles(application)))), ItemAction::openFile);
+  EXPECT_EQ(actionForItem(fromHotKey(withOption(withFiles(anApplication)))), ItemAction::openFile);
 }
 
 TEST(ActionForItem, AGroupASeparatorAndAnUnknownTypeDoNothing) {
@@ -134,7 +134,7 @@ TEST(ActionForBrowsedFile, TheAlternateOfAFolderIsOneEvenWithCommand) {
 }
 
 TEST(ActionForBrowsedFile, CommandRevealsEveryOtherKind) {
-  for (const ItemChoice& choice : {documentFile, package, script, application})
+  for (const ItemChoice& choice : {documentFile, package, script, anApplication})
     EXPECT_EQ(actionForBrowsedFile(withFiles(withCommand(choice))), ItemAction::showInFinder);
   EXPECT_EQ(actionForBrowsedFile(withCommand(withOption(script))), ItemAction::openFile);
 }
@@ -149,8 +149,8 @@ TEST(ActionForBrowsedFile, CommandOnAFolderRevealsItOrOpensATerminal) {
 TEST(ActionForBrowsedFile, ScriptsAndApplicationsActAsInTheTree) {
   EXPECT_EQ(actionForBrowsedFile(script), ItemAction::execScript);
   EXPECT_EQ(actionForBrowsedFile(withOption(script)), ItemAction::openFile);
-  EXPECT_EQ(actionForBrowsedFile(withFiles(application)), ItemAction::openSelectedFiles);
-  EXPECT_EQ(actionForBrowsedFile(withOption(withFiles(application))), ItemAction::openFile);
+  EXPECT_EQ(actionForBrowsedFile(withFiles(anApplication)), ItemAction::openSelectedFiles);
+  EXPECT_EQ(actionForBrowsedFile(withOption(withFiles(anApplication))), ItemAction::openFile);
 }
 
 TEST(ActionForBrowsedFile, KindsThatNoFileHasDoNothing) {

@@ -1,6 +1,7 @@
 #include "platform/MenuRows.h"
 
 #include "base/Modifiers.h"
+#include "support/MenuEntries.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,12 +16,6 @@ std::vector<std::string> titles(const Menu& menu, OptionKey option) {
   for (const MenuItem* item : visibleRows(menu, option))
     result.push_back(item->title);
   return result;
-}
-
-MenuItem entry(std::string title) {
-  MenuItem item;
-  item.title = std::move(title);
-  return item;
 }
 
 MenuItem alternate(std::string title) {

@@ -2,6 +2,7 @@
 
 #include "base/Modifiers.h"
 #include "platform/memory/NamedImageContent.h"
+#include "support/MenuEntries.h"
 
 #include <gtest/gtest.h>
 
@@ -19,12 +20,6 @@ private:
 
 ImageLayer layer(std::string name) {
   return {std::make_shared<Picture>(std::move(name)), menuIconSize};
-}
-
-MenuItem entry(std::string title) {
-  MenuItem item;
-  item.title = std::move(title);
-  return item;
 }
 
 MenuItem folder() {

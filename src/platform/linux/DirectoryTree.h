@@ -12,6 +12,7 @@ namespace tavrel {
 struct FileIdentity {
   dev_t device = 0;
   ino_t inode = 0;
+  // NOLINTNEXTLINE(modernize-use-nullptr): it takes the 0 in generated code for a pointer.
   friend auto operator<=>(const FileIdentity&, const FileIdentity&) = default;
 };
 

@@ -31,7 +31,7 @@ template <class Number> bool takeNumber(std::string_view& text, char end, Number
 /// Goes through folders level by level, so that the nearest places come first.
 class Search {
 public:
-  explicit Search(const FileIdentity& wanted) : wanted_(wanted) {}
+  explicit Search(const BookmarkedIdentity& wanted) : wanted_(wanted) {}
 
   void add(const std::string& folder) {
     if (const auto identity = fileIdentity(folder))
@@ -55,7 +55,7 @@ private:
     int level;
   };
 
-  void add(Place place, const FileIdentity& identity) {
+  void add(Place place, const BookmarkedIdentity& identity) {
     if (seen_.insert({identity.device, identity.inode}).second)
       pending_.push_back(std::move(place));
   }
@@ -89,7 +89,7 @@ private:
     return identity && sameFile(*identity, wanted_);
   }
 
-  FileIdentity wanted_;
+  BookmarkedIdentity wanted_;
   std::deque<Place> pending_;
   std::set<std::pair<std::uint64_t, std::uint64_t>> seen_;
   int names_ = 0;
@@ -103,20 +103,20 @@ std::string nearestFolder(std::string folder) {
 
 } // namespace
 
-bool sameFile(const FileIdentity& a, const FileIdentity& b) {
+bool sameFile(const BookmarkedIdentity& a, const BookmarkedIdentity& b) {
   if (a.inode != b.inode || a.birth != b.birth)
     return false;
   return a.birth != 0 || a.device == b.device;
 }
 
-std::optional<FileIdentity> fileIdentity(const std::string& path) {
+std::optional<BookmarkedIdentity> fileIdentity(const std::string& path) {
   struct statx status {};
   constexpr unsigned int wanted = STATX_INO | STATX_BTIME;
   if (path.find('\0') != std::string::npos ||
       ::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
     return std::nullopt;
   const bool born = (status.stx_mask & STATX_BTIME) != 0;
-  return FileIdentity{
+  return BookmarkedIdentity{
       makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino,
       born ? status.stx_btime.tv_sec * nanosecondsPerSecond + status.stx_btime.tv_nsec : 0};
 }
@@ -134,7 +134,7 @@ std::optional<FileBookmark> bookmarkFromData(const Bytes& data) {
     return std::nullopt;
   text.remove_prefix(heading.size());
   FileBookmark bookmark;
-  FileIdentity& identity = bookmark.identity;
+  BookmarkedIdentity& identity = bookmark.identity;
   if (!takeNumber(text, ' ', identity.device) || !takeNumber(text, ' ', identity.inode) ||
       !takeNumber(text, '\n', identity.birth) || !text.starts_with('/'))
     return std::nullopt;

@@ -10,7 +10,7 @@
 namespace tavrel {
 
 /// What tells a file from all others.
-struct FileIdentity {
+struct BookmarkedIdentity {
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
   std::int64_t birth = 0; ///< nanoseconds since 1970; 0 where the file system keeps none
@@ -18,13 +18,13 @@ struct FileIdentity {
 
 /// Whether both are one file. Numbers of devices change from start to start, so that they count
 /// only where there is no birth time.
-[[nodiscard]] bool sameFile(const FileIdentity& a, const FileIdentity& b);
+[[nodiscard]] bool sameFile(const BookmarkedIdentity& a, const BookmarkedIdentity& b);
 
 /// Of a path itself, a symbolic link at its end not followed; nothing when nothing is there.
-[[nodiscard]] std::optional<FileIdentity> fileIdentity(const std::string& path);
+[[nodiscard]] std::optional<BookmarkedIdentity> fileIdentity(const std::string& path);
 
 struct FileBookmark {
-  FileIdentity identity;
+  BookmarkedIdentity identity;
   std::string path;
 };
 

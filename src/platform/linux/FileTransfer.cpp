@@ -14,7 +14,7 @@ namespace {
 
 using Failure = std::optional<std::string>;
 
-std::string quoted(const std::string& name) {
+std::string inQuotes(const std::string& name) {
   std::string result = "\"";
   for (const char each : name)
     result += static_cast<unsigned char>(each) < ' ' ? '?' : each;
@@ -22,7 +22,7 @@ std::string quoted(const std::string& name) {
 }
 
 Failure failure(const std::string& name, const std::string& reason) {
-  return quoted(name) + ": " + reason;
+  return inQuotes(name) + ": " + reason;
 }
 
 Failure failureFrom(const std::string& name, std::error_code error) {
@@ -200,7 +200,7 @@ private:
       withdraw(*copy);
     for (auto name = renamed_.rbegin(); name != renamed_.rend(); ++name)
       if (renameExclusively({destination_.get(), *name}, {source_.get(), *name}))
-        trouble += "; " + quoted(*name) + " stays in " + quoted(destinationPath_);
+        trouble += "; " + inQuotes(*name) + " stays in " + inQuotes(destinationPath_);
     return trouble;
   }
 
@@ -209,7 +209,7 @@ private:
         renameExclusively({originals_->folder(), name}, {source_.get(), name});
     if (!error || error == std::errc::no_such_file_or_directory)
       return;
-    trouble += "; " + quoted(name) + " is in " + quoted(sourcePath_ + "/" + originals_->name());
+    trouble += "; " + inQuotes(name) + " is in " + inQuotes(sourcePath_ + "/" + originals_->name());
     originals_->keep();
   }
 

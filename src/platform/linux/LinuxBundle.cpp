@@ -16,13 +16,13 @@ namespace {
 namespace fs = std::filesystem;
 Q_LOGGING_CATEGORY(bundleLog, "tavrel.bundle")
 
-constexpr const char* ending = ".lproj";
+constexpr const char* localizationEnding = ".lproj";
 
 std::vector<std::string> availableLocalizations(const fs::path& folder) {
   std::vector<std::string> names;
   std::error_code error;
   for (const auto& entry : fs::directory_iterator(folder, error))
-    if (entry.path().extension() == ending)
+    if (entry.path().extension() == localizationEnding)
       names.push_back(entry.path().stem());
   std::sort(names.begin(), names.end());
   return names;
@@ -87,7 +87,8 @@ LinuxBundle::LinuxBundle(std::string folder) : folder_(std::move(folder)) {
   if (localizations_.empty())
     localizations_ = matchingLocalizations({"en"}, available);
   if (!localizations_.empty())
-    strings_ = stringsIn(localizations / (localizations_.front() + ending) / "Localizable.strings");
+    strings_ = stringsIn(localizations / (localizations_.front() + localizationEnding) /
+                         "Localizable.strings");
 }
 
 std::string LinuxBundle::localizedString(const std::string& key) {

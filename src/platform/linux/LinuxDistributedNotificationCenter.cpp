@@ -11,8 +11,8 @@ namespace tavrel {
 namespace {
 Q_LOGGING_CATEGORY(notificationsLog, "tavrel.notifications")
 
-constexpr const char* path = "/qorvane/tavrel/DistributedNotifications";
-constexpr const char* interface = "qorvane.tavrel.DistributedNotifications";
+constexpr const char* centerPath = "/qorvane/tavrel/DistributedNotifications";
+constexpr const char* centerInterface = "qorvane.tavrel.DistributedNotifications";
 constexpr const char* signalName = "Posted";
 constexpr const char* signature = "ssa{sv}";
 
@@ -31,7 +31,7 @@ std::optional<std::string> objectNamed(const QString& name) {
 LinuxDistributedNotificationCenter::LinuxDistributedNotificationCenter()
     : receiver_(std::make_unique<DBusSignalReceiver>(
           [this](const QDBusMessage& message) { receive(message); })) {
-  if (!ownConnection().connect(QString(), path, interface, signalName, receiver_.get(),
+  if (!ownConnection().connect(QString(), centerPath, centerInterface, signalName, receiver_.get(),
                                SLOT(receive(QDBusMessage))))
     qCWarning(notificationsLog, "no session bus: other programs cannot be heard");
 }
@@ -66,7 +66,7 @@ void LinuxDistributedNotificationCenter::deliverWaiting() {
 
 void LinuxDistributedNotificationCenter::post(const Notification& notification) {
   const auto userInfo = dbusFromPropertyList(PropertyList(notification.userInfo));
-  QDBusMessage message = QDBusMessage::createSignal(path, interface, signalName);
+  QDBusMessage message = QDBusMessage::createSignal(centerPath, centerInterface, signalName);
   message << QString::fromStdString(notification.object.value_or(""))
           << QString::fromStdString(notification.name) << userInfo.value_or(QVariantMap());
   if (!userInfo || !ownConnection().send(message))

@@ -34,9 +34,9 @@ struct Object {
   std::size_t contents = 0; ///< where they start
 };
 
-class Checker {
+class BinaryChecker {
 public:
-  explicit Checker(const Bytes& bytes) : bytes_(bytes) {}
+  explicit BinaryChecker(const Bytes& bytes) : bytes_(bytes) {}
 
   std::string problem() {
     if (!readTrailer())
@@ -227,7 +227,7 @@ private:
 } // namespace
 
 std::string problemOfBinaryPropertyList(const Bytes& bytes) {
-  return Checker(bytes).problem();
+  return BinaryChecker(bytes).problem();
 }
 
 } // namespace tavrel

@@ -108,7 +108,7 @@ bool isContent(std::string_view element, std::string_view text) {
 }
 
 // The elements that are open, and whether the text so far can still become a property list.
-class Checker {
+class XmlChecker {
 public:
   std::string take(const XmlToken& token) {
     switch (token.kind) {
@@ -206,7 +206,7 @@ std::string problemOfXmlPropertyList(std::string_view text) {
     return "is no UTF-8 text";
   if (std::any_of(text.begin(), text.end(), isControl))
     return "holds control characters";
-  Checker checker;
+  XmlChecker checker;
   while (!text.empty())
     for (const XmlToken& token : nextXmlTokens(text))
       if (std::string problem = checker.take(token); !problem.empty())

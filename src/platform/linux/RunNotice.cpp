@@ -11,8 +11,8 @@
 namespace tavrel {
 namespace {
 
-constexpr const char* service = "org.freedesktop.Notifications";
-constexpr const char* path = "/org/freedesktop/Notifications";
+constexpr const char* serverName = "org.freedesktop.Notifications";
+constexpr const char* serverPath = "/org/freedesktop/Notifications";
 constexpr const char* stopAction = "stop";
 constexpr int untilClosed = 0; // milliseconds: it stays
 
@@ -26,13 +26,14 @@ QDBusConnection bus() {
 }
 
 QDBusMessage call(const char* method) {
-  return QDBusMessage::createMethodCall(service, path, service, method);
+  return QDBusMessage::createMethodCall(serverName, serverPath, serverName, method);
 }
 
 } // namespace
 
 void RunNotice::show() {
-  bus().connect(service, path, service, "ActionInvoked", this, SLOT(onAction(uint, QString)));
+  bus().connect(serverName, serverPath, serverName, "ActionInvoked", this,
+                SLOT(onAction(uint, QString)));
   QDBusMessage message = call("Notify");
   message << "Tavrel" << 0U << "qorvane.tavrel.Tavrel" << name_
           << tr("The script has been running for a while; Tavrel waits for it.")

@@ -17,7 +17,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(soundsLog, "tavrel.sounds")
 
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 constexpr std::chrono::seconds freshness{1};
 constexpr std::chrono::seconds longestGoodbye{1};
 constexpr std::size_t mostWaiting = 16;
@@ -69,8 +69,8 @@ private:
 struct SoundPlayer::Shared {
   struct Waiting {
     SoundRequest request;
-    Clock::time_point since;
-    [[nodiscard]] bool isFresh() const { return Clock::now() - since < freshness; }
+    SteadyClock::time_point since;
+    [[nodiscard]] bool isFresh() const { return SteadyClock::now() - since < freshness; }
   };
 
   std::mutex mutex;
@@ -128,7 +128,7 @@ void SoundPlayer::play(SoundRequest request) {
   const std::lock_guard lock(shared_->mutex);
   if (shared_->waiting.size() == mostWaiting)
     shared_->waiting.pop_front();
-  shared_->waiting.push_back({std::move(request), Clock::now()});
+  shared_->waiting.push_back({std::move(request), SteadyClock::now()});
   shared_->changed.notify_all();
 }
 

@@ -5,7 +5,7 @@
 namespace tavrel {
 namespace {
 
-class MemoryWorld {
+class MemoryApplicationsWorld {
 public:
   Applications& applications() { return applications_; }
   RunningApplication start(const std::string& name) {
@@ -20,7 +20,7 @@ private:
   MemoryApplications applications_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ApplicationsContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ApplicationsContract, MemoryApplicationsWorld);
 
 TEST(MemoryApplications, ADesktopMayRefuseAndTellOtherThings) {
   MemoryApplications applications;

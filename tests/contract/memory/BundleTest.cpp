@@ -5,7 +5,7 @@
 namespace tavrel {
 namespace {
 
-class MemoryWorld {
+class MemoryBundleWorld {
 public:
   Bundle& bundle() { return bundle_; }
   void setText(const std::string& key, const std::string& text) {
@@ -23,7 +23,7 @@ private:
   MemoryBundle bundle_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, BundleContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, BundleContract, MemoryBundleWorld);
 
 TEST(MemoryBundle, PrefersWhatItsControlSays) {
   MemoryBundle bundle;

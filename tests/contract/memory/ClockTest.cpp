@@ -5,13 +5,13 @@
 namespace tavrel {
 namespace {
 
-struct MemoryWorld {
+struct MemoryClockWorld {
   MemoryClock adapter;
   Clock& clock() { return adapter; }
   void pass(double seconds) { adapter.advance(seconds); }
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ClockContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ClockContract, MemoryClockWorld);
 
 TEST(MemoryClock, WritesDownEverySleepAndMovesOnByIt) {
   MemoryClock clock;

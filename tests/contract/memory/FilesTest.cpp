@@ -5,9 +5,9 @@
 namespace tavrel {
 namespace {
 
-class MemoryWorld {
+class MemoryFilesWorld {
 public:
-  MemoryWorld() { control().addFolder(root()); }
+  MemoryFilesWorld() { control().addFolder(root()); }
   Files& files() { return files_; }
   MemoryFiles::Control& control() { return files_.control; }
   std::string root() const { return "/Users/me/test"; }
@@ -31,7 +31,7 @@ private:
   MemoryFiles files_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, FilesContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, FilesContract, MemoryFilesWorld);
 
 class MemoryFilesControl : public ::testing::Test {
 protected:

@@ -8,9 +8,9 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class MemoryWorld {
+class MemoryImagesWorld {
 public:
-  MemoryWorld() { images_.control.junk = {junkData()}; }
+  MemoryImagesWorld() { images_.control.junk = {junkData()}; }
   Images& images() { return images_; }
   void addResource(const std::string& name, Size size) { images_.control.resources[name] = size; }
   Bytes pictureData() const { return {1, 2, 3}; }
@@ -33,7 +33,7 @@ private:
   MemoryImages images_{files_};
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ImagesContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ImagesContract, MemoryImagesWorld);
 
 class MemoryImagesControl : public ::testing::Test {
 protected:

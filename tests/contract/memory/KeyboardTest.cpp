@@ -15,7 +15,7 @@ CharacterTables tablesWith(std::initializer_list<std::pair<std::uint16_t, char>>
   return layout;
 }
 
-struct MemoryWorld {
+struct MemoryKeyboardWorld {
   MemoryKeyboard adapter;
   Keyboard& keyboard() { return adapter; }
 
@@ -45,7 +45,7 @@ private:
   }
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, KeyboardContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, KeyboardContract, MemoryKeyboardWorld);
 
 } // namespace
 } // namespace tavrel

@@ -5,13 +5,14 @@
 namespace tavrel {
 namespace {
 
-template <Delivery delivery> struct MemoryWorld {
+template <Delivery delivery> struct MemoryNotificationCenterWorld {
   MemoryNotificationCenter adapter{delivery};
   NotificationCenter& center() { return adapter; }
   void deliver() { adapter.deliverPending(); }
 };
 
-using Worlds = ::testing::Types<MemoryWorld<Delivery::atOnce>, MemoryWorld<Delivery::later>>;
+using Worlds = ::testing::Types<MemoryNotificationCenterWorld<Delivery::atOnce>,
+                                MemoryNotificationCenterWorld<Delivery::later>>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Memory, NotificationCenterContract, Worlds);
 
 TEST(MemoryNotificationCenter, ALocalOneCallsBeforePostReturns) {

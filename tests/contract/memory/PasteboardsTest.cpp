@@ -5,12 +5,12 @@
 namespace tavrel {
 namespace {
 
-struct MemoryWorld {
+struct MemoryPasteboardsWorld {
   MemoryPasteboards adapter;
   Pasteboards& pasteboards() { return adapter; }
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, PasteboardsContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, PasteboardsContract, MemoryPasteboardsWorld);
 
 } // namespace
 } // namespace tavrel

@@ -5,7 +5,7 @@
 namespace tavrel {
 namespace {
 
-struct MemoryWorld {
+struct MemoryPreferencesWorld {
   MemoryPreferences store;
   Preferences& preferences() { return store; }
   void elsewhere(const std::string& domain, const std::string& key, PropertyList value) {
@@ -13,7 +13,7 @@ struct MemoryWorld {
   }
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, PreferencesContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, PreferencesContract, MemoryPreferencesWorld);
 
 TEST(MemoryPreferences, AFailedWriteStaysPending) {
   MemoryPreferences preferences;

@@ -24,9 +24,9 @@ private:
   OpenMenu& menu_;
 };
 
-class MemoryWorld {
+class MemoryPresenterWorld {
 public:
-  MemoryWorld() {
+  MemoryPresenterWorld() {
     presenter_.control.person = [this](OpenMenu& menu) {
       MemoryHands hands(menu);
       person(hands);
@@ -43,7 +43,7 @@ private:
   MemoryPresenter presenter_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, PresenterContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, PresenterContract, MemoryPresenterWorld);
 
 TEST(MemoryPresenter, WritesDownWhatWasShown) {
   MemoryPresenter presenter;

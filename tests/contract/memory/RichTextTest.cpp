@@ -5,7 +5,7 @@
 namespace tavrel {
 namespace {
 
-class MemoryWorld {
+class MemoryRichTextWorld {
 public:
   RichText& richText() { return richText_; }
   void addRtf(const Bytes& data, const std::string& words) { richText_.control.rtf[data] = words; }
@@ -14,7 +14,7 @@ private:
   MemoryRichText richText_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, RichTextContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, RichTextContract, MemoryRichTextWorld);
 
 TEST(MemoryRichText, TextWithAttachmentsIsToldApart) {
   MemoryRichText richText;

@@ -25,7 +25,7 @@ PropertyList errorOf(int number) {
                                   {"NSAppleScriptErrorMessage", "It failed."}};
 }
 
-class MemoryWorld {
+class MemoryScriptsWorld {
 public:
   Scripts& scripts() { return scripts_; }
   std::string counter() { return add("/counter.scpt", {.body = countOn}); }
@@ -57,7 +57,7 @@ private:
   MemoryScripts scripts_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ScriptsContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, ScriptsContract, MemoryScriptsWorld);
 
 class MemoryScriptsTest : public ::testing::Test {
 protected:

@@ -5,7 +5,7 @@
 namespace tavrel {
 namespace {
 
-class MemoryWorld {
+class MemorySoundsWorld {
 public:
   Sounds& sounds() { return sounds_; }
   void removeSound(const std::string& name) { sounds_.control.missing.insert(name); }
@@ -14,7 +14,7 @@ private:
   MemorySounds sounds_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, SoundsContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, SoundsContract, MemorySoundsWorld);
 
 TEST(MemorySounds, WritesDownWhatIsPlayed) {
   MemorySounds sounds;

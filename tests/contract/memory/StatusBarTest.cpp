@@ -5,9 +5,9 @@
 namespace tavrel {
 namespace {
 
-class MemoryWorld {
+class MemoryStatusBarWorld {
 public:
-  MemoryWorld() : statusBar_(presenter_) {
+  MemoryStatusBarWorld() : statusBar_(presenter_) {
     presenter_.control.person = [this](OpenMenu& menu) {
       whileOpen();
       EXPECT_TRUE(title_.empty() || menu.choose({title_}));
@@ -38,7 +38,7 @@ private:
   std::string title_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, StatusBarContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, StatusBarContract, MemoryStatusBarWorld);
 
 TEST(MemoryStatusBar, AClickOnAnItemWithoutAMenuDoesNothing) {
   MemoryPresenter presenter;

@@ -5,7 +5,7 @@
 namespace tavrel {
 namespace {
 
-class MemoryWorld {
+class MemoryWorkspaceWorld {
 public:
   Workspace& workspace() { return workspace_; }
   std::string document() { return "/documents/text"; }
@@ -44,7 +44,7 @@ private:
   MemoryWorkspace workspace_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Memory, WorkspaceContract, MemoryWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Memory, WorkspaceContract, MemoryWorkspaceWorld);
 
 TEST(MemoryWorkspace, WritesDownWhatIsToBeMoved) {
   MemoryWorkspace workspace;
