@@ -19,6 +19,10 @@ inline constexpr const char* TVR2_PopupShortcutString = "TVR2_PopupShortcutStrin
 inline constexpr const char* TVR2_PopupShortcutModifier = "TVR2_PopupShortcutModifier";
 inline constexpr const char* TVR2_PopupShortcutKeyCode = "TVR2_PopupShortcutKeyCode";
 inline constexpr const char* TVR2_OpenTerminalWithCmdKey = "TVR2_OpenTerminalWithCmdKey";
+inline constexpr const char* TVR_DoubleTapKeyCode = "TVR_DoubleTapKeyCode";
+inline constexpr const char* TVR_OnlyWithFinder = "TVR_OnlyWithFinder";
+inline constexpr const char* TVR_LongPressSound = "TVR_LongPressSound";
+inline constexpr const char* TVR_SmallFontSize = "TVR_SmallFontSize";
 inline constexpr const char* TVR_OpenWithPathFinder = "TVR_OpenWithPathFinder";
 
 } // namespace tavrel

@@ -2,8 +2,12 @@
 
 #include "app/PopupPanel.h"
 #include "app/Settings.h"
+#include "invoke/HotKeyRecord.h"
+#include "invoke/NTModifierKeyActionHandler.h"
 #include "menu/MenuIcons.h"
+#include "platform/Accessibility.h"
 #include "platform/MenuActionTarget.h"
+#include "platform/Services.h"
 #include "platform/StatusBar.h"
 
 #include <memory>
@@ -17,7 +21,7 @@ class TVApplication;
 
 /// The central controller: it owns every long-lived object of the application and answers what
 /// the desktop tells it. Each folder defines its own group of operations.
-class TVController final : public MenuDelegate, public MenuActionTarget {
+class TVController final : public MenuDelegate, public MenuActionTarget, public ServicesProvider {
 public:
   explicit TVController(TVApplication& application);
   ~TVController() override;
@@ -28,6 +32,11 @@ public:
   // Menus (menu/)
   /// Fills an empty menu from records; level 0 gets the fixed entries, too.
   void createContextMenu(Menu& menu, const PropertyList::Array& array, int level);
+  /// Fits the entries to the application in front and to what is selected there: hides what does
+  /// not apply. `array` is not read.
+  void validateContextMenu(Menu& menu, const PropertyList::Array& array, int level);
+  /// Whether the entry of this record does not apply now.
+  [[nodiscard]] bool isHideItem(const PropertyList& item) const;
 
   // The status item (invoke/)
   void createStatusMenu();
@@ -38,6 +47,42 @@ public:
   void menuNeedsUpdate(Menu& menu) override;
   void menuItemChosen(MenuItem& item) override;
   void statusMenuDidSelected(MenuItem& menuItem);
+
+  // Hot keys (invoke/)
+  /// Clears all hot keys and registers those of the tree and of the pop-up anew.
+  void registerHotkeys();
+  void registerHotkeysForMenuArray(const PropertyList::Array& array);
+  /// `modifiers` in the interface form; `targetItem` nothing: the key opens the pop-up.
+  void addHotKey(std::uint16_t character, std::uint32_t modifiers, std::uint32_t keyCode,
+                 const std::optional<PropertyList>& targetItem);
+  /// `carbonModifiers` in the event-manager form.
+  void addHotKey2(std::uint16_t character, std::uint32_t carbonModifiers, std::uint32_t keyCode,
+                  const std::optional<PropertyList>& targetItem);
+  void unregisterHotKey(const HotKeyRecord& record);
+  void unregisterAllHotkeys();
+  /// A hot key was released; true when an item was run.
+  bool performHotkey(EventHotKeyRef reference);
+  /// Hands the stored keystroke on to the application in front.
+  void performAppHotkey();
+
+  // The pop-up at the pointer (invoke/)
+  /// Shows the pop-up, unless it is only wanted over the Finder and another application is in
+  /// front.
+  void doubleTapNotification();
+  void performContextMenu();
+  void invokeTavrelPopup(Pasteboard* pasteboard, const std::string& userData,
+                         std::string* error) override;
+  /// The role of what lies under a point of the screen; nothing where that is no target.
+  [[nodiscard]] std::optional<std::string> targetUIElementAt(Point point);
+  /// Silences the beep for so many seconds.
+  void stopBeepSoundFor(float seconds);
+  void startBeepSound();
+
+  // The selection (selection/)
+  /// Captures what is selected in an application, through a copy keystroke.
+  void setSelectionToPasteboard(const AXUIElementRef& application);
+  /// The same through the script that we have for an application of this name.
+  void setSelectionToPasteboardWithScript(const std::string& name);
 
   // Actions (exec/)
   /// Carries out an item. `menuItem` is the chosen entry, null from a hot key.
@@ -55,7 +100,9 @@ public:
   std::unique_ptr<StatusItem> statusItem;    ///< null while none is shown
   PopupPanel popupPanel;
   std::string hostName; ///< of the application in front when the menu was called up
-  std::vector<std::string> excludeUIElements;
+  std::vector<std::string> excludeUIElements; ///< roles that are no target
+  AXUIElementRef systemWideElement;           ///< made when first used
+  std::unique_ptr<NTModifierKeyActionHandler> modifierKeyActionHandler;
   bool needToRecreateMenu = false; ///< the tree changed behind the menu's back
   bool filesSelected = false;      ///< the captured selection holds files
 

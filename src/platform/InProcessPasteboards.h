@@ -20,6 +20,8 @@ public:
   explicit InProcessPasteboards(PropertyListCoding coding) : coding_(std::move(coding)) {}
 
   [[nodiscard]] Pasteboard& named(const std::string& name) override;
+  /// As good as a clipboard for a process that is alone.
+  [[nodiscard]] Pasteboard& general() override { return named("Apple CFPasteboard general"); }
 
 private:
   PropertyListCoding coding_;

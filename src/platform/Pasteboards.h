@@ -56,6 +56,10 @@ class Pasteboards {
 public:
   virtual ~Pasteboards() = default;
   [[nodiscard]] virtual Pasteboard& named(const std::string& name) = 0;
+  /// The person's clipboard, shared with every other program. It also offers what other programs
+  /// put there under names of the desktop's own; declaring those again and setting their data puts
+  /// back exactly what was there.
+  [[nodiscard]] virtual Pasteboard& general() = 0;
 };
 
 } // namespace tavrel

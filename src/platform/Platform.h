@@ -2,10 +2,14 @@
 
 namespace tavrel {
 
+class Accessibility;
 class Applications;
 class Bundle;
 class Clock;
+class EventMonitor;
+class EventQueue;
 class Files;
+class HotKeys;
 class Images;
 class Keyboard;
 class NotificationCenter;
@@ -14,6 +18,7 @@ class Preferences;
 class Presenter;
 class RichText;
 class Scripts;
+class Services;
 class Sounds;
 class StatusBar;
 class SystemLog;
@@ -21,10 +26,14 @@ class Workspace;
 
 /// What the desktop lends the application: one reference a port.
 struct Platform {
+  Accessibility& accessibility;
   Applications& applications;
   Bundle& bundle;
   Clock& clock;
+  EventMonitor& eventMonitor;
+  EventQueue& eventQueue;
   Files& files;
+  HotKeys& hotKeys;
   Images& images;
   Keyboard& keyboard;
   NotificationCenter& notifications;            ///< inside this process
@@ -34,6 +43,7 @@ struct Platform {
   Presenter& presenter;
   RichText& richText;
   Scripts& scripts;
+  Services& services;
   Sounds& sounds;
   StatusBar& statusBar;
   SystemLog& log;

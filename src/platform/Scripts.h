@@ -3,8 +3,10 @@
 #include "base/PropertyList.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tavrel {
 
@@ -51,6 +53,24 @@ struct SourceRun {
   std::optional<PropertyList> error;
 };
 
+/// The four characters of a list.
+inline constexpr std::uint32_t typeAEList = 0x6C697374;
+
+/// What a run gave: the four characters of its type and, of a list, the raw data of each item
+/// (text: UTF-16 in the machine's byte order, without a mark).
+struct AppleEventDescriptor {
+  std::uint32_t descriptorType = 0;
+  std::vector<Bytes> items;
+};
+
+/// A script read from a file, to be run for its result.
+class NSAppleScript {
+public:
+  virtual ~NSAppleScript() = default;
+  /// Nothing when the script failed.
+  virtual std::optional<AppleEventDescriptor> execute() = 0;
+};
+
 /// Compiled scripts in files, run by a component, and scripts from source texts.
 /// Every call is synchronous: running returns when the script has ended. Meanwhile the desktop may
 /// call the core, on the same thread, and the core may run a further script: runs nest.
@@ -74,6 +94,11 @@ public:
 
   /// Writes a loaded script with the state it has now to a file. On failure the file is as it was.
   virtual OSAError store(ComponentInstance component, OSAID script, const std::string& path) = 0;
+
+  /// A compiled script of our own resources, to be run as the application's; null when it cannot be
+  /// read.
+  [[nodiscard]] virtual std::unique_ptr<NSAppleScript>
+  initWithContentsOfFile(const std::string& path) = 0;
 
   /// Compiles and runs a source text; a text that does not compile is an error of the run. Nothing
   /// when no script object could be made of it: then nothing ran.

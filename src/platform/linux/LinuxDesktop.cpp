@@ -3,11 +3,15 @@
 #include "platform/InProcessNotificationCenter.h"
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/DesktopWindows.h"
+#include "platform/linux/LinuxAccessibility.h"
 #include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxDistributedNotificationCenter.h"
+#include "platform/linux/LinuxEventMonitor.h"
+#include "platform/linux/LinuxEventQueue.h"
 #include "platform/linux/LinuxFiles.h"
+#include "platform/linux/LinuxHotKeys.h"
 #include "platform/linux/LinuxImages.h"
 #include "platform/linux/LinuxKeyboard.h"
 #include "platform/linux/LinuxPasteboards.h"
@@ -16,6 +20,7 @@
 #include "platform/linux/LinuxRichText.h"
 #include "platform/linux/LinuxScriptHost.h"
 #include "platform/linux/LinuxScripts.h"
+#include "platform/linux/LinuxServices.h"
 #include "platform/linux/LinuxSounds.h"
 #include "platform/linux/LinuxStatusBar.h"
 #include "platform/linux/LinuxSystemLog.h"
@@ -30,10 +35,14 @@ struct LinuxDesktop::Adapters {
   ApplicationRegistry registry{applicationFolders()};
   DesktopWindows windows;
 
+  LinuxAccessibility accessibility;
   LinuxApplications applications{registry, windows, resources + "/roles"};
   LinuxBundle bundle{resources};
   LinuxClock clock;
+  LinuxEventMonitor eventMonitor;
+  LinuxEventQueue eventQueue;
   LinuxFiles files;
+  LinuxHotKeys hotKeys;
   LinuxImages images{resources + "/images"};
   LinuxKeyboard keyboard;
   InProcessNotificationCenter notifications;
@@ -42,6 +51,7 @@ struct LinuxDesktop::Adapters {
   LinuxPreferences preferences{preferenceFolder()};
   LinuxPresenter presenter;
   LinuxRichText richText;
+  LinuxServices services;
   LinuxSounds sounds{resources};
   LinuxStatusBar statusBar{presenter};
   LinuxSystemLog log;
@@ -54,11 +64,11 @@ struct LinuxDesktop::Adapters {
                          return runSelectedScript(path, {applications, pasteboards, log, longRuns});
                        }};
 
-  Platform ports{applications, bundle,      clock,         files,
-                 images,       keyboard,    notifications, distributedNotifications,
-                 pasteboards,  preferences, presenter,     richText,
-                 scripts,      sounds,      statusBar,     log,
-                 workspace};
+  Platform ports{
+      accessibility, applications, bundle,    clock,    eventMonitor,  eventQueue,
+      files,         hotKeys,      images,    keyboard, notifications, distributedNotifications,
+      pasteboards,   preferences,  presenter, richText, scripts,       services,
+      sounds,        statusBar,    log,       workspace};
 };
 
 LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {}

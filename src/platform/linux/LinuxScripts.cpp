@@ -88,6 +88,10 @@ OSAError LinuxScripts::store(ComponentInstance component, OSAID id, const std::s
                                                                             : cannotWrite;
 }
 
+std::unique_ptr<NSAppleScript> LinuxScripts::initWithContentsOfFile(const std::string&) {
+  return nullptr;
+}
+
 std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, ScriptOrigin origin) {
   const script::Author author =
       origin == ScriptOrigin::Application ? script::Author::application : script::Author::person;

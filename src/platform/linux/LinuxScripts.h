@@ -28,6 +28,8 @@ public:
   [[nodiscard]] ExecutedScript execute(ComponentInstance component, OSAID script) override;
   OSAError dispose(ComponentInstance component, OSAID id) override;
   OSAError store(ComponentInstance component, OSAID script, const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<NSAppleScript>
+  initWithContentsOfFile(const std::string& path) override;
   std::optional<SourceRun> runSource(const std::string& source, ScriptOrigin origin) override;
 
 private:

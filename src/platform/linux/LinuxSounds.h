@@ -14,6 +14,8 @@ public:
 
   bool play(const std::string& name) override;
   void beep() override;
+  std::int32_t alertVolume() override { return 0; }
+  void setAlertVolume(std::int32_t) override {}
 
 private:
   std::string folder_;

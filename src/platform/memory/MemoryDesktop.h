@@ -1,10 +1,14 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/memory/MemoryAccessibility.h"
 #include "platform/memory/MemoryApplications.h"
 #include "platform/memory/MemoryBundle.h"
 #include "platform/memory/MemoryClock.h"
+#include "platform/memory/MemoryEventMonitor.h"
+#include "platform/memory/MemoryEventQueue.h"
 #include "platform/memory/MemoryFiles.h"
+#include "platform/memory/MemoryHotKeys.h"
 #include "platform/memory/MemoryImages.h"
 #include "platform/memory/MemoryKeyboard.h"
 #include "platform/memory/MemoryNotificationCenter.h"
@@ -13,6 +17,7 @@
 #include "platform/memory/MemoryPresenter.h"
 #include "platform/memory/MemoryRichText.h"
 #include "platform/memory/MemoryScripts.h"
+#include "platform/memory/MemoryServices.h"
 #include "platform/memory/MemorySounds.h"
 #include "platform/memory/MemoryStatusBar.h"
 #include "platform/memory/MemorySystemLog.h"
@@ -22,10 +27,14 @@ namespace tavrel {
 
 /// A whole desktop made of plain values, one of each adapter.
 struct MemoryDesktop {
+  MemoryAccessibility accessibility;
   MemoryApplications applications;
   MemoryBundle bundle;
   MemoryClock clock;
+  MemoryEventMonitor eventMonitor;
+  MemoryEventQueue eventQueue{clock};
   MemoryFiles files;
+  MemoryHotKeys hotKeys;
   MemoryImages images{files};
   MemoryKeyboard keyboard;
   MemoryNotificationCenter notifications{Delivery::atOnce};
@@ -35,16 +44,17 @@ struct MemoryDesktop {
   MemoryPresenter presenter;
   MemoryRichText richText;
   MemoryScripts scripts;
+  MemoryServices services;
   MemorySounds sounds;
   MemoryStatusBar statusBar{presenter};
   MemorySystemLog log;
   MemoryWorkspace workspace;
 
-  Platform ports{applications, bundle,      clock,         files,
-                 images,       keyboard,    notifications, distributedNotifications,
-                 pasteboards,  preferences, presenter,     richText,
-                 scripts,      sounds,      statusBar,     log,
-                 workspace};
+  Platform ports{
+      accessibility, applications, bundle,    clock,    eventMonitor,  eventQueue,
+      files,         hotKeys,      images,    keyboard, notifications, distributedNotifications,
+      pasteboards,   preferences,  presenter, richText, scripts,       services,
+      sounds,        statusBar,    log,       workspace};
 };
 
 } // namespace tavrel

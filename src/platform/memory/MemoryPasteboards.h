@@ -13,6 +13,7 @@ public:
   [[nodiscard]] Pasteboard& named(const std::string& name) override {
     return pasteboards_.named(name);
   }
+  [[nodiscard]] Pasteboard& general() override { return pasteboards_.general(); }
 
 private:
   [[nodiscard]] Bytes ticketFor(const PropertyList& list);

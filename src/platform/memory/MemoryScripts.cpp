@@ -70,6 +70,25 @@ OSAError MemoryScripts::store(ComponentInstance component, OSAID script, const s
   return code;
 }
 
+namespace {
+class ResultScript final : public NSAppleScript {
+public:
+  explicit ResultScript(std::function<std::optional<AppleEventDescriptor>()> body)
+      : body_(std::move(body)) {}
+  std::optional<AppleEventDescriptor> execute() override { return body_(); }
+
+private:
+  std::function<std::optional<AppleEventDescriptor>()> body_;
+};
+} // namespace
+
+std::unique_ptr<NSAppleScript> MemoryScripts::initWithContentsOfFile(const std::string& path) {
+  const auto found = control.resultScripts.find(path);
+  if (found == control.resultScripts.end())
+    return nullptr;
+  return std::make_unique<ResultScript>(found->second);
+}
+
 std::optional<SourceRun> MemoryScripts::runSource(const std::string& source, ScriptOrigin origin) {
   if (control.unusableSources.contains(source))
     return std::nullopt;

@@ -34,8 +34,10 @@ public:
 
   struct Control {
     bool componentOpens = true;
-    std::map<std::string, File> files;                 ///< by path
-    std::map<std::string, PropertyList> sourceErrors;  ///< by text; every other source succeeds
+    std::map<std::string, File> files;                ///< by path
+    std::map<std::string, PropertyList> sourceErrors; ///< by text; every other source succeeds
+    /// The scripts that are run for their result, by path; nothing from a run: it failed.
+    std::map<std::string, std::function<std::optional<AppleEventDescriptor>()>> resultScripts;
     std::set<std::string> unusableSources;             ///< no script object is made of these
     std::function<void(const std::string&)> sourceRan; ///< told in the middle of every such run
 
@@ -53,6 +55,8 @@ public:
   [[nodiscard]] ExecutedScript execute(ComponentInstance component, OSAID script) override;
   OSAError dispose(ComponentInstance component, OSAID id) override;
   OSAError store(ComponentInstance component, OSAID script, const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<NSAppleScript>
+  initWithContentsOfFile(const std::string& path) override;
   std::optional<SourceRun> runSource(const std::string& source, ScriptOrigin origin) override;
 
 private:

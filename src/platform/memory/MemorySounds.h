@@ -15,6 +15,8 @@ public:
     std::set<std::string> missing; ///< names that no sound has
     std::vector<std::string> played;
     int beeps = 0;
+    std::int32_t alertVolume = 0;
+    std::vector<std::int32_t> alertVolumes; ///< each one set, oldest first
   };
   Control control;
 
@@ -25,6 +27,11 @@ public:
     return true;
   }
   void beep() override { ++control.beeps; }
+  std::int32_t alertVolume() override { return control.alertVolume; }
+  void setAlertVolume(std::int32_t volume) override {
+    control.alertVolume = volume;
+    control.alertVolumes.push_back(volume);
+  }
 };
 
 } // namespace tavrel

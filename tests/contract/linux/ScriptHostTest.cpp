@@ -28,6 +28,8 @@ struct QuietSounds final : Sounds {
   int beeps = 0;
   bool play(const std::string&) override { return true; }
   void beep() override { ++beeps; }
+  std::int32_t alertVolume() override { return 0; }
+  void setAlertVolume(std::int32_t) override {}
 };
 
 struct KeptLog final : SystemLog {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+
+#include <functional>
+
+namespace tavrel {
+
+/// Sees what happens in all applications.
+class EventMonitor {
+public:
+  virtual ~EventMonitor() = default;
+
+  /// Calls at each change of the modifier keys, in order, on the main thread from the event loop.
+  /// The keyboard port then tells the state right after the change. The handler may open a menu and
+  /// so run the event loop: no further call until it has returned. What it must outlive is the
+  /// monitor. 0 when it was installed.
+  virtual OSStatus installModifierHandler(std::function<void()> changed) = 0;
+};
+
+} // namespace tavrel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/EventMonitor.h"
+
+#include <vector>
+
+namespace tavrel {
+
+/// Modifier changes that a test makes.
+class MemoryEventMonitor final : public EventMonitor {
+public:
+  struct Control {
+    OSStatus status = 0; ///< what installing answers
+    std::vector<std::function<void()>> handlers;
+  };
+  Control control;
+
+  OSStatus installModifierHandler(std::function<void()> changed) override {
+    if (control.status == 0)
+      control.handlers.push_back(std::move(changed));
+    return control.status;
+  }
+
+  /// Tells every handler that the modifiers have changed.
+  void modifiersChanged() {
+    for (const auto& handler : control.handlers)
+      handler();
+  }
+};
+
+} // namespace tavrel
