@@ -1,6 +1,7 @@
 #include "base/RtfText.h"
 
 #include "base/Ascii.h"
+#include "base/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -41,20 +42,6 @@ constexpr std::array<NamedText, 14> namedTexts{{{"par", "\n"},
                                                 {"rquote", "\u2019"},
                                                 {"ldblquote", "\u201C"},
                                                 {"rdblquote", "\u201D"}}};
-
-void appendUtf8(std::string& text, char32_t c) {
-  if (c < 0x80) {
-    text += static_cast<char>(c);
-  } else if (c < 0x800) {
-    text += {static_cast<char>(0xC0 | (c >> 6)), static_cast<char>(0x80 | (c & 0x3F))};
-  } else if (c < 0x10000) {
-    text += {static_cast<char>(0xE0 | (c >> 12)), static_cast<char>(0x80 | ((c >> 6) & 0x3F)),
-             static_cast<char>(0x80 | (c & 0x3F))};
-  } else {
-    text += {static_cast<char>(0xF0 | (c >> 18)), static_cast<char>(0x80 | ((c >> 12) & 0x3F)),
-             static_cast<char>(0x80 | ((c >> 6) & 0x3F)), static_cast<char>(0x80 | (c & 0x3F))};
-  }
-}
 
 struct Group {
   bool silent = false;

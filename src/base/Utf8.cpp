@@ -58,6 +58,21 @@ void appendUtf16(std::u16string& text, char32_t value) {
   text += static_cast<char16_t>(0xDC00 + ((value - 0x10000) & 0x3FF));
 }
 
+bool isHighSurrogate(char16_t unit) {
+  return unit >= 0xD800 && unit < 0xDC00;
+}
+
+bool isLowSurrogate(char16_t unit) {
+  return unit >= 0xDC00 && unit < 0xE000;
+}
+
+// The code point at the front of a text that is not empty, and how many units it takes.
+Sequence firstCodePoint(std::u16string_view text) {
+  if (isHighSurrogate(text[0]) && text.size() > 1 && isLowSurrogate(text[1]))
+    return {0x10000U + ((text[0] - 0xD800U) << 10U) + (text[1] - 0xDC00U), 2};
+  return {isHighSurrogate(text[0]) || isLowSurrogate(text[0]) ? char32_t{0xFFFD} : text[0], 1};
+}
+
 } // namespace
 
 bool isUtf8(std::string_view bytes) {
@@ -78,6 +93,34 @@ std::u16string utf16FromUtf8(std::string_view text) {
     text.remove_prefix(sequence.length);
   }
   return units;
+}
+
+std::string utf8FromUtf16(std::u16string_view text) {
+  std::string bytes;
+  while (!text.empty()) {
+    const Sequence sequence = firstCodePoint(text);
+    appendUtf8(bytes, sequence.codePoint);
+    text.remove_prefix(sequence.length);
+  }
+  return bytes;
+}
+
+void appendUtf8(std::string& text, char32_t codePoint) {
+  if (codePoint < 0x80) {
+    text += static_cast<char>(codePoint);
+  } else if (codePoint < 0x800) {
+    text +=
+        {static_cast<char>(0xC0 | (codePoint >> 6)), static_cast<char>(0x80 | (codePoint & 0x3F))};
+  } else if (codePoint < 0x10000) {
+    text += {static_cast<char>(0xE0 | (codePoint >> 12)),
+             static_cast<char>(0x80 | ((codePoint >> 6) & 0x3F)),
+             static_cast<char>(0x80 | (codePoint & 0x3F))};
+  } else {
+    text += {static_cast<char>(0xF0 | (codePoint >> 18)),
+             static_cast<char>(0x80 | ((codePoint >> 12) & 0x3F)),
+             static_cast<char>(0x80 | ((codePoint >> 6) & 0x3F)),
+             static_cast<char>(0x80 | (codePoint & 0x3F))};
+  }
 }
 
 } // namespace tavrel
