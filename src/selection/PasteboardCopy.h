@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Pasteboards.h"
+
+namespace tavrel {
+
+/// The name of the pasteboard that keeps the person's clipboard during one capture or paste.
+inline constexpr const char* TVRBackupPboard = "TVRBackupPboard";
+
+/// Makes the destination offer what the source offers, in the same order; a type that the source
+/// has no data for has none there either.
+void copyPasteboard(Pasteboard& source, Pasteboard& destination);
+
+/// Leaves an empty string: a cleared pasteboard is never without a type.
+void clearPasteboard(Pasteboard& pasteboard);
+
+/// Saves the clipboard, and puts it back.
+void backUpGeneralPasteboard();
+void restoreGeneralPasteboard();
+
+/// Puts the captured selection on the clipboard, to stay there.
+void copyPrivateToGeneralPasteboard();
+
+} // namespace tavrel
