@@ -109,7 +109,9 @@ public:
 private:
   void addFixedTop(Menu& menu);
   void addFixedBottom(Menu& menu);
-  void recordFrontApplication();
+  /// Takes over the name of the application in front; its process, 0 for none.
+  std::int32_t recordFrontApplication();
+  void captureFrontSelection();
 
   TVApplication& application_;
 };

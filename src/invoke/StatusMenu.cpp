@@ -7,6 +7,7 @@
 #include "platform/Applications.h"
 #include "platform/Images.h"
 #include "platform/Platform.h"
+#include "selection/CaptureScript.h"
 #include "selection/PrivatePasteboard.h"
 
 #include <utility>
@@ -18,6 +19,11 @@ constexpr double variableLength = -1.0;
 constexpr const char* normalIcon = "TavrelBarIcon";
 constexpr const char* openIcon = "TavrelBarIcon2";
 constexpr const char* popupIcon = "TavrelBarIcon3";
+constexpr const char* ownName = "Tavrel";
+
+PropertyList::Array rootRecords(const std::optional<PropertyList>& root) {
+  return root ? *root->array() : PropertyList::Array{};
+}
 
 void setIcon(StatusItem& item, const char* name) {
   if (const auto image = platform().images.named(name))
@@ -28,7 +34,7 @@ void setIcon(StatusItem& item, const char* name) {
 void TVController::createStatusMenu() {
   needToRecreateMenu = false;
   statusMenu.removeAll();
-  createContextMenu(statusMenu, menuRootArray ? *menuRootArray->array() : PropertyList::Array{}, 0);
+  createContextMenu(statusMenu, rootRecords(menuRootArray), 0);
 }
 
 void TVController::activateStatusMenu() {
@@ -57,19 +63,32 @@ void TVController::menuDidClose(Menu& menu) {
 void TVController::menuNeedsUpdate(Menu& menu) {
   if (gExecutingScript || &menu != &statusMenu)
     return;
-  recordFrontApplication();
+  captureFrontSelection();
   filesSelected = isSelectionFiles();
   if (needToRecreateMenu)
     createStatusMenu();
+  validateContextMenu(statusMenu, rootRecords(menuRootArray), 0);
 }
 
-void TVController::recordFrontApplication() {
+void TVController::captureFrontSelection() {
+  const std::int32_t process = recordFrontApplication();
+  const AXUIElementRef applicationRef = platform().accessibility.applicationElement(process);
+  if (hostName == ownName)
+    return;
+  if (captureScriptFor(hostName))
+    setSelectionToPasteboardWithScript(hostName);
+  else
+    setSelectionToPasteboard(applicationRef);
+}
+
+std::int32_t TVController::recordFrontApplication() {
   const auto front = platform().applications.active();
   std::optional<std::string> name;
   if (front && front->path)
     name = deletingPathExtension(lastPathComponent(*front->path));
   hostName = name.value_or("");
   application_.setHostName(std::move(name));
+  return front ? front->processIdentifier : 0;
 }
 
 void TVController::menuItemChosen(MenuItem& item) {

@@ -1,4 +1,5 @@
 #include "support/CoreTest.h"
+#include "support/FrontSelection.h"
 
 namespace tavrel {
 namespace {
@@ -51,7 +52,7 @@ TEST_F(StatusMenu, ASwitchedOffItemLeavesThePreparedMenuToThePopup) {
   controller.applicationWillFinishLaunching();
   ASSERT_FALSE(controller.statusItem);
   desktop.applications.control.start("Editor", "/Applications/Editor.app");
-  capture({"/docs/a.txt"});
+  answerCopy(desktop, copyFiles({"/docs/a.txt"}));
   controller.needToRecreateMenu = true;
   const std::shared_ptr<MenuItem> before = controller.statusMenu.items[0];
   bool opened = false;
@@ -113,10 +114,10 @@ TEST_F(StatusMenu, AFrontApplicationWithoutAPathHasNoHostName) {
 }
 
 TEST_F(StatusMenu, OpeningNoticesCapturedFiles) {
-  capture({"/docs/a.txt"}, pasteboardType::pathFinderFilenames);
+  answerCopy(desktop, copyFiles({"/docs/a.txt"}, pasteboardType::pathFinderFilenames));
   clickWith(nullptr);
   EXPECT_TRUE(controller.filesSelected);
-  privatePasteboard().declareTypes({pasteboardType::string});
+  answerCopy(desktop, copyText("words"));
   clickWith(nullptr);
   EXPECT_FALSE(controller.filesSelected);
 }
@@ -177,7 +178,7 @@ protected:
     controller.menuRootArray =
         PropertyList::Array{fileRecord("application", "Edit", "file:///apps/Edit.app")};
     controller.createStatusMenu();
-    capture({"/docs/a.txt"});
+    answerCopy(desktop, copyFiles({"/docs/a.txt"}));
   }
 
   MemoryWorkspace::Control& workspace = desktop.workspace.control;
