@@ -89,6 +89,9 @@ public:
   void executeItem(const PropertyList& item, bool fromHotKey, const MenuItem* menuItem);
   void fileItemDidSelected(MenuItem& menuItem);
   void openFolder(const std::string& path);
+  /// Lets a service work on the captured selection; what it answers within a second is pasted into
+  /// the application in front.
+  void performServiceItem(const std::string& serviceName);
   /// The settings entry: its alternate adds the captured files to the tree first.
   void openTavrelPref(MenuItem& menuItem);
   void insertFileItemsToPlist(const std::vector<std::string>& paths);

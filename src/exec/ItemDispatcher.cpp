@@ -9,7 +9,6 @@
 #include "invoke/KeyState.h"
 #include "menu/PathHelpers.h"
 #include "platform/Platform.h"
-#include "platform/SystemLog.h"
 #include "platform/Workspace.h"
 #include "selection/PrivatePasteboard.h"
 
@@ -47,10 +46,6 @@ ItemChoice choiceNow(ItemType type) {
   return choice;
 }
 
-void tellMissing(const char* what) {
-  platform().log.write(std::string("item: ") + what + " is not available in this version");
-}
-
 void perform(ItemAction action, const Target& target, TVController& controller) {
   switch (action) {
   case ItemAction::nothing:
@@ -76,7 +71,7 @@ void perform(ItemAction action, const Target& target, TVController& controller) 
   case ItemAction::execScript:
     return execScript(target.path);
   case ItemAction::performService:
-    return tellMissing("performing a service");
+    return controller.performServiceItem(target.url);
   }
 }
 

@@ -192,12 +192,6 @@ TEST_F(ItemDispatcher, CommandOpensATerminalInAFolderWhenTheSettingsSaySo) {
   EXPECT_EQ(said().size(), 2U);
 }
 
-TEST_F(ItemDispatcher, AnActionThatIsStillToComeIsNamed) {
-  choose(record("services", "Mail", {{TVR_MenuItemURL, "Mail"}}));
-  EXPECT_THAT(desktop.log.control.lines,
-              ElementsAre("item: performing a service is not available in this version"));
-}
-
 TEST_F(ItemDispatcher, GroupsSeparatorsAndUnknownTypesDoNothing) {
   for (const char* type : {"group", "spacer", "separator", "unheard of"})
     controller.executeItem(fileRecord(type, "A", "file:///docs/a.txt"), true, nullptr);
