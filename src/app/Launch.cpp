@@ -1,27 +1,46 @@
 #include "app/PreferenceStore.h"
 #include "app/SettingKeys.h"
 #include "app/SystemVersion.h"
+#include "app/TVApplication.h"
 #include "app/TVController.h"
+#include "base/Modifiers.h"
 #include "invoke/KeycodeTable.h"
+#include "platform/HotKeys.h"
 #include "platform/Platform.h"
 #include "platform/Presenter.h"
 #include "platform/Workspace.h"
 
 namespace tavrel {
 
+namespace {
+constexpr const char* doubleTapName = "TVR_TheKeyDoubleTapped";
+}
+
 TVController::TVController(TVApplication& application) : application_(application) {
   platform().presenter.setActionTarget(this);
+  platform().hotKeys.setEventTarget(&application);
+  application.setHotKeyHandler(
+      [this](EventHotKeyRef reference) { return performHotkey(reference); });
 }
 
 // The item goes first: its menu, a member, must outlive it.
 TVController::~TVController() {
   statusItem.reset();
   platform().presenter.setActionTarget(nullptr);
+  platform().services.setServicesProvider(nullptr);
+  platform().hotKeys.setEventTarget(nullptr);
+  application_.setHotKeyHandler(nullptr);
   releaseSharedIcons();
+  unregisterAllHotkeys();
+  if (doubleTapObserver_)
+    platform().notifications.removeObserver(*doubleTapObserver_);
+  if (beepStopped_)
+    startBeepSound();
 }
 
 void TVController::applicationWillFinishLaunching() {
   gOsVersion = platform().workspace.systemVersion();
+  gHotkeyArray.clear();
   excludeUIElements = {"AXValueIndicator", "AXDockItem", "AXButton",
                        "AXToolbar",        "AXMenuItem", "AXMenuBarItem"};
   InitAscii2KeyCodeTable(gKeycodeTable);
@@ -34,7 +53,30 @@ void TVController::applicationWillFinishLaunching() {
   createStatusMenu();
   if (settings.enableStatusMenuBar)
     activateStatusMenu();
+  registerHotkeys();
   statusMenu.delegate = this;
+  doubleTapActionHandler = std::make_unique<NTModifierKeyActionHandler>();
+  doubleTapObserver_ = platform().notifications.addObserver(
+      {doubleTapName, NTModifierKeyActionHandler::sender},
+      [this](const Notification&) { doubleTapNotification(); });
+  armDoubleTap();
+}
+
+void TVController::applicationDidFinishLaunching() {
+  platform().services.setServicesProvider(this);
+}
+
+// The name is added for the key that the settings name now.
+void TVController::armDoubleTap() {
+  const bool byDoubleTap =
+      settings.popupSartType == static_cast<std::int32_t>(PopupStart::doubleTap);
+  if (!settings.enablePopupMenu || !byDoubleTap)
+    return;
+  const std::int32_t chosen = TVR_IntForKey(TVR_DoubleTapKeyCode, 0);
+  const auto key =
+      chosen == 0 ? std::uint32_t{keyCode::command} : static_cast<std::uint32_t>(chosen);
+  const std::uint32_t mask = NTModifierKeyActionHandler::keyMaskForKeyCode(key);
+  doubleTapActionHandler->addClient(doubleTapName, static_cast<std::int32_t>(mask));
 }
 
 } // namespace tavrel

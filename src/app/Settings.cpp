@@ -37,7 +37,7 @@ Settings readSettings() {
 void installDefaultPopupShortcut(Settings& settings) {
   if (settings.popupShortcutString)
     return;
-  settings.popupShortcutString = "1";
+  settings.popupShortcutString = std::string("1"); // from a literal g++ 12 warns of an overlap
   settings.popupShortcutModifier = static_cast<std::int32_t>(modifier::command | modifier::option);
   settings.popupShortcutKeyCode = keyCodeOfOne;
 }

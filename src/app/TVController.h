@@ -7,6 +7,7 @@
 #include "menu/MenuIcons.h"
 #include "platform/Accessibility.h"
 #include "platform/MenuActionTarget.h"
+#include "platform/NotificationCenter.h"
 #include "platform/Services.h"
 #include "platform/StatusBar.h"
 
@@ -28,6 +29,7 @@ public:
 
   // Launch (app/)
   void applicationWillFinishLaunching();
+  void applicationDidFinishLaunching();
 
   // Menus (menu/)
   /// Fills an empty menu from records; level 0 gets the fixed entries, too.
@@ -105,7 +107,7 @@ public:
   std::string hostName; ///< of the application in front when the menu was called up
   std::vector<std::string> excludeUIElements; ///< roles that are no target
   AXUIElementRef systemWideElement;           ///< made when first used
-  std::unique_ptr<NTModifierKeyActionHandler> modifierKeyActionHandler;
+  std::unique_ptr<NTModifierKeyActionHandler> doubleTapActionHandler;
   bool needToRecreateMenu = false; ///< the tree changed behind the menu's back
   bool filesSelected = false;      ///< the captured selection holds files
 
@@ -116,7 +118,14 @@ private:
   std::int32_t recordFrontApplication();
   void captureFrontSelection();
 
+  void armDoubleTap();
+  void captureForHotKey();
+  bool handOnKeystroke();
+
   TVApplication& application_;
+  std::optional<ObserverId> doubleTapObserver_;
+  bool beepStopped_ = false;
+  std::shared_ptr<const char> alive_ = std::make_shared<const char>(); ///< timers ask for it
 };
 
 } // namespace tavrel

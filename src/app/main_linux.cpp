@@ -30,6 +30,7 @@ int run(int argc, char** argv) {
   tavrel::TVApplication application(base);
   tavrel::TVController controller(application);
   controller.applicationWillFinishLaunching();
+  controller.applicationDidFinishLaunching();
   return QApplication::exec();
 }
 

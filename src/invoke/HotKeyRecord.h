@@ -20,4 +20,10 @@ struct HotKeyRecord {
 /// All hot keys registered now, in the order they were registered.
 extern std::vector<HotKeyRecord> gHotkeyArray;
 
+/// The keystroke that is handed on to the application in front. Never reset: a hand-on overwrites
+/// what it needs and takes the rest from the one before.
+extern std::uint16_t gAppCharCode;
+extern std::uint16_t gAppKeyCode;   ///< virtual key code
+extern std::uint32_t gAppModifiers; ///< event-manager form
+
 } // namespace tavrel

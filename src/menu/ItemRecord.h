@@ -18,6 +18,7 @@ inline constexpr const char* TVR_MenuItemIcon = "TVR_MenuItemIcon";
 inline constexpr const char* TVR_MenuItemTree = "TVR_MenuItemTree";
 inline constexpr const char* TVR_MenuItemShortcutString = "TVR_MenuItemShortcutString";
 inline constexpr const char* TVR_MenuItemShortcutModifier = "TVR_MenuItemShortcutModifier";
+inline constexpr const char* TVR_MenuItemShortcutKeyCode = "TVR_MenuItemShortcutKeyCode";
 inline constexpr const char* TVR_MenuItemInvokers = "TVR_MenuItemInvokers";
 inline constexpr const char* TVR_MenuItemSelectionTypes = "TVR_MenuItemSelectionTypes";
 inline constexpr const char* TVR_MenuItemOpenType = "TVR_MenuItemOpenType";

@@ -9,6 +9,7 @@
 #include "exec/ExecutingScript.h"
 #include "exec/OptionKeyFlag.h"
 #include "exec/TVAppleScript.h"
+#include "invoke/HotKeyRecord.h"
 #include "menu/ItemRecord.h"
 #include "menu/MenuIcons.h"
 #include "platform/memory/MemoryDesktop.h"
@@ -37,6 +38,10 @@ protected:
     gExecutingScript = false;
     sOptionKeyPressed = false;
     sComponent = 0;
+    gHotkeyArray.clear();
+    gAppCharCode = 0;
+    gAppKeyCode = 0;
+    gAppModifiers = 0;
   }
 
   void set(const std::string& key, PropertyList value) {

@@ -32,6 +32,8 @@ MemoryClock::Timers::iterator MemoryClock::nextDue(double until) {
 void MemoryClock::sleep(double seconds) {
   control.sleeps.push_back(seconds);
   control.now += span(seconds);
+  if (control.onSleep)
+    control.onSleep(control.now);
 }
 
 TimerId MemoryClock::schedule(double seconds, std::function<void()> action) {

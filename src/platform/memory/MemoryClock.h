@@ -12,7 +12,8 @@ class MemoryClock final : public Clock {
 public:
   struct Control {
     double now = 0;
-    std::vector<double> sleeps; ///< seconds of each sleep, oldest first
+    std::vector<double> sleeps;              ///< seconds of each sleep, oldest first
+    std::function<void(double now)> onSleep; ///< what has changed when a sleep is over
   };
   Control control;
 

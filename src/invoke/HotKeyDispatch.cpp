@@ -1,0 +1,110 @@
+#include "app/PreferenceStore.h"
+#include "app/SettingKeys.h"
+#include "app/TVController.h"
+#include "base/LetterCase.h"
+#include "base/Modifiers.h"
+#include "exec/OptionKeyFlag.h"
+#include "invoke/HotKeyRecord.h"
+#include "invoke/KeyNames.h"
+#include "platform/Accessibility.h"
+#include "platform/Applications.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+
+#include <array>
+
+namespace tavrel {
+
+std::uint16_t gAppCharCode = 0;
+std::uint16_t gAppKeyCode = 0;
+std::uint32_t gAppModifiers = 0;
+
+namespace {
+struct ModifierKey {
+  std::uint32_t mask;
+  std::uint16_t code;
+};
+
+constexpr std::array<ModifierKey, 4> modifierKeys{{
+    {eventModifier::command, keyCode::command},
+    {eventModifier::shift, keyCode::shift},
+    {eventModifier::option, keyCode::option},
+    {eventModifier::control, keyCode::control},
+}};
+
+void postKey(const AXUIElementRef& application, const KeyboardEvent& event) {
+  platform().accessibility.postKeyboardEvent(application, event);
+}
+
+// Also the releases go in this order, not backwards.
+void postModifiers(const AXUIElementRef& application, KeyDirection direction) {
+  for (const auto& [mask, code] : modifierKeys)
+    if (gAppModifiers & mask)
+      postKey(application, {0, code, direction});
+}
+
+AXUIElementRef frontElement() {
+  const auto front = platform().applications.active();
+  return platform().accessibility.applicationElement(front ? front->processIdentifier : 0);
+}
+} // namespace
+
+bool TVController::performHotkey(EventHotKeyRef reference) {
+  std::optional<HotKeyRecord> fired;
+  for (std::size_t i = 0; i < gHotkeyArray.size() && !fired; ++i) {
+    if (gHotkeyArray[i].HotKeyRef != reference || reference == 0) // 0: the key was refused
+      continue;
+    if (gHotkeyArray[i].HotKeyItem)
+      fired = gHotkeyArray[i]; // a copy: the menu may be rebuilt while the item runs
+    else
+      doubleTapNotification();
+  }
+  if (!fired)
+    return false;
+  captureForHotKey();
+  if (TVR_BoolForKey(TVR_OnlyWithFinder, false) && hostName != "Finder")
+    return handOnKeystroke();
+  if (!isHideItem(*fired->HotKeyItem)) {
+    executeItem(*fired->HotKeyItem, true, nullptr);
+    return true;
+  }
+  gAppCharCode = fired->HotKeyChar;
+  gAppModifiers = fired->HotKeyMod;
+  return handOnKeystroke();
+}
+
+void TVController::captureForHotKey() {
+  const std::int32_t process = recordFrontApplication();
+  setSelectionToPasteboard(platform().accessibility.applicationElement(process));
+  sOptionKeyPressed = false;
+}
+
+// Later, so that the release of the hot key has been handled to its end before keys are posted.
+bool TVController::handOnKeystroke() {
+  const char16_t small = lowerCase(gAppCharCode);
+  if (small != gAppCharCode)
+    gAppModifiers |= eventModifier::shift;
+  gAppCharCode = small;
+  const char name[] = {static_cast<char>(small & 0xFF), '\0'};
+  const int code = keyCodeForKeyString(name);
+  if (code < 0)
+    return false;
+  gAppKeyCode = static_cast<std::uint16_t>(code);
+  (void)platform().clock.schedule(0, [this, alive = std::weak_ptr(alive_)] {
+    if (!alive.expired())
+      performAppHotkey();
+  });
+  return false;
+}
+
+void TVController::performAppHotkey() {
+  const AXUIElementRef application = frontElement();
+  unregisterAllHotkeys(); // or the keystroke would be caught again
+  postModifiers(application, KeyDirection::down);
+  postKey(application, {gAppCharCode, gAppKeyCode, KeyDirection::down});
+  postKey(application, {gAppCharCode, gAppKeyCode, KeyDirection::up});
+  postModifiers(application, KeyDirection::up);
+  registerHotkeys();
+}
+
+} // namespace tavrel

@@ -1,0 +1,107 @@
+#include "app/TVController.h"
+#include "base/LetterCase.h"
+#include "base/Numbers.h"
+#include "base/Utf8.h"
+#include "invoke/HotKeyRecord.h"
+#include "invoke/KeycodeTable.h"
+#include "invoke/ModifierMasks.h"
+#include "menu/ItemRecord.h"
+#include "platform/Platform.h"
+#include "platform/SystemLog.h"
+
+#include <algorithm>
+
+namespace tavrel {
+
+std::vector<HotKeyRecord> gHotkeyArray;
+
+namespace {
+constexpr std::uint32_t hotKeySignature = 0x5456524D; // 'TVRM'
+
+// Of a text that is not empty.
+char16_t firstCharacter(const std::string& text) {
+  return utf16FromUtf8(text).front();
+}
+
+std::optional<std::uint32_t> numberFor(const PropertyList& item, const char* key) {
+  const PropertyList* value = item.find(key);
+  return value ? uint32Value(*value) : std::nullopt;
+}
+
+std::uint32_t shortcutKeyCode(const PropertyList& item, char16_t character) {
+  if (const auto stored = numberFor(item, TVR_MenuItemShortcutKeyCode))
+    return *stored;
+  return static_cast<std::uint32_t>(AsciiToKeyCode(gKeycodeTable, upperCase(character)));
+}
+
+void registerShortcut(const PropertyList& item, TVController& controller) {
+  const std::string* shortcut = item.stringFor(TVR_MenuItemShortcutString);
+  if (!shortcut || shortcut->empty())
+    return;
+  const char16_t character = firstCharacter(*shortcut);
+  controller.addHotKey(character, numberFor(item, TVR_MenuItemShortcutModifier).value_or(0),
+                       shortcutKeyCode(item, character), item);
+}
+
+void unregister(const HotKeyRecord& record) {
+  if (platform().hotKeys.unregisterHotKey(record.HotKeyRef) != hotKeyStatus::registered)
+    platform().log.write("Failed to unregister hot key....");
+}
+} // namespace
+
+void TVController::registerHotkeys() {
+  unregisterAllHotkeys();
+  if (menuRootArray && menuRootArray->array())
+    registerHotkeysForMenuArray(*menuRootArray->array());
+  const bool byHotKey = settings.popupSartType == static_cast<std::int32_t>(PopupStart::hotKey);
+  const std::string shortcut = settings.popupShortcutString.value_or("");
+  if (settings.enablePopupMenu && byHotKey && !shortcut.empty())
+    addHotKey(firstCharacter(shortcut), static_cast<std::uint32_t>(settings.popupShortcutModifier),
+              static_cast<std::uint32_t>(settings.popupShortcutKeyCode), std::nullopt);
+}
+
+// Depth first, in the tree's order; without recursion, since a tree may nest as deep as it likes.
+void TVController::registerHotkeysForMenuArray(const PropertyList::Array& array) {
+  std::vector<const PropertyList*> waiting; // the next one last
+  const auto wait = [&](const PropertyList::Array& items) {
+    for (std::size_t i = items.size(); i > 0; --i)
+      waiting.push_back(&items[i - 1]);
+  };
+  wait(array);
+  while (!waiting.empty()) {
+    const PropertyList& item = *waiting.back();
+    waiting.pop_back();
+    const PropertyList::Array* children = item.arrayFor(TVR_MenuItemTree);
+    if (children && !children->empty())
+      wait(*children);
+    else
+      registerShortcut(item, *this);
+  }
+}
+
+void TVController::addHotKey(std::uint16_t character, std::uint32_t modifiers,
+                             std::uint32_t keyCode, const std::optional<PropertyList>& targetItem) {
+  addHotKey2(character, hotKeyModifiers(character, modifiers), keyCode, targetItem);
+}
+
+// A key that the desktop refuses keeps its record, which then never fires.
+void TVController::addHotKey2(std::uint16_t character, std::uint32_t carbonModifiers,
+                              std::uint32_t keyCode,
+                              const std::optional<PropertyList>& targetItem) {
+  const EventHotKeyID id{hotKeySignature, static_cast<std::uint32_t>(gHotkeyArray.size())};
+  const auto registration = platform().hotKeys.registerHotKey(keyCode, carbonModifiers, id);
+  gHotkeyArray.push_back({registration.reference, targetItem, carbonModifiers, character});
+}
+
+void TVController::unregisterHotKey(const HotKeyRecord& record) {
+  const EventHotKeyRef reference = record.HotKeyRef;
+  unregister(record);
+  std::erase_if(gHotkeyArray, [&](const auto& each) { return each.HotKeyRef == reference; });
+}
+
+void TVController::unregisterAllHotkeys() {
+  std::for_each(gHotkeyArray.begin(), gHotkeyArray.end(), unregister);
+  gHotkeyArray.clear();
+}
+
+} // namespace tavrel
