@@ -95,8 +95,8 @@ public:
   /// Writes a loaded script with the state it has now to a file. On failure the file is as it was.
   virtual OSAError store(ComponentInstance component, OSAID script, const std::string& path) = 0;
 
-  /// A compiled script of our own resources, to be run as the application's; null when it cannot be
-  /// read.
+  /// A compiled script of our own resources, to be run for its result; null when it cannot be read.
+  /// Its text is fixed, with nothing put into it, so it may ask for whatever a person's script may.
   [[nodiscard]] virtual std::unique_ptr<NSAppleScript>
   initWithContentsOfFile(const std::string& path) = 0;
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "base/Utf8.h"
 #include "platform/Scripts.h"
 
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 namespace tavrel {
 
@@ -16,6 +19,10 @@ namespace tavrel {
 ///   std::string readOnly()     a counter that may not be stored back
 ///   std::string unwritable()   a path that nothing can be stored at
 ///   std::string missing()      a path where nothing is
+///   std::string listing()      a script for its result: {"/docs/a.txt", "/größe 😀"}
+///   std::string listingNothing() one that returns {}
+///   std::string telling()      one that returns a text
+///   std::string stopping()     one that raises an error
 ///   std::string goodSource()   a source text that runs to its end
 ///   std::string failingSource(number) one that raises an error of that number
 ///   std::string brokenSource() a text that does not compile
@@ -47,6 +54,13 @@ protected:
 };
 
 TYPED_TEST_SUITE_P(ScriptsContract);
+
+/// The raw data of a text as the text.
+inline std::string textOfUnits(const Bytes& data) {
+  std::u16string units(data.size() / sizeof(char16_t), u'\0');
+  std::memcpy(units.data(), data.data(), units.size() * sizeof(char16_t));
+  return utf8FromUtf16(units);
+}
 
 TYPED_TEST_P(ScriptsContract, TheComponentForCompiledScriptsIsThere) {
   EXPECT_NE(this->component, 0U);
@@ -197,17 +211,64 @@ TYPED_TEST_P(ScriptsContract, ASourceThatDoesNotCompileFailsAsItRuns) {
   EXPECT_NE(this->numberOf(this->world.brokenSource()), osaError::none);
 }
 
-REGISTER_TYPED_TEST_SUITE_P(ScriptsContract, TheComponentForCompiledScriptsIsThere,
-                            AnUnknownComponentCannotBeOpened, NothingRunsWithoutAComponent,
-                            AScriptIsLoadedAndRuns, AScriptThatReturnsNothingSucceeds,
-                            AMissingFileIsTold, AFileThatHoldsNoScriptIsRefused,
-                            AFailingScriptTellsACodeAndHasNoResult,
-                            PropertiesLastFromRunToRunOfALoadedScript,
-                            ARunThatIsNotStoredLeavesTheFileAlone, AStoredScriptGoesOnWhereItWas,
-                            TwoLoadsOfAFileAreTwoScripts, AReadOnlyScriptRunsAndIsNotStorable,
-                            StoringWhereNothingCanBeWrittenIsTold, WhatWasDisposedOfIsGone,
-                            DisposingOfNothingIsHarmless, NothingIsNoScript, AResultIsNoScript,
-                            ASourceThatRunsToItsEndHasNoError, AFailingSourceTellsItsNumberAndWords,
-                            ASourceThatDoesNotCompileFailsAsItRuns);
+TYPED_TEST_P(ScriptsContract, AResultThatIsAListHasTheUnitsOfItsTexts) {
+  const auto script = this->scripts().initWithContentsOfFile(this->world.listing());
+  ASSERT_TRUE(script);
+  const auto result = script->execute();
+  ASSERT_TRUE(result);
+  EXPECT_EQ(result->descriptorType, typeAEList);
+  ASSERT_EQ(result->items.size(), 2U);
+  EXPECT_EQ(textOfUnits(result->items[0]), "/docs/a.txt");
+  EXPECT_EQ(textOfUnits(result->items[1]), "/größe 😀");
+}
+
+TYPED_TEST_P(ScriptsContract, AnEmptyListIsAListAllTheSame) {
+  const auto script = this->scripts().initWithContentsOfFile(this->world.listingNothing());
+  ASSERT_TRUE(script);
+  const auto result = script->execute();
+  ASSERT_TRUE(result);
+  EXPECT_EQ(result->descriptorType, typeAEList);
+  EXPECT_TRUE(result->items.empty());
+}
+
+TYPED_TEST_P(ScriptsContract, AResultThatIsATextIsNoList) {
+  const auto script = this->scripts().initWithContentsOfFile(this->world.telling());
+  ASSERT_TRUE(script);
+  const auto result = script->execute();
+  ASSERT_TRUE(result);
+  EXPECT_NE(result->descriptorType, typeAEList);
+}
+
+TYPED_TEST_P(ScriptsContract, AScriptRunForItsResultThatFailsHasNone) {
+  const auto script = this->scripts().initWithContentsOfFile(this->world.stopping());
+  ASSERT_TRUE(script);
+  EXPECT_FALSE(script->execute());
+}
+
+TYPED_TEST_P(ScriptsContract, AScriptRunsForItsResultAsOftenAsItIsAsked) {
+  const auto script = this->scripts().initWithContentsOfFile(this->world.listing());
+  ASSERT_TRUE(script);
+  EXPECT_TRUE(script->execute());
+  EXPECT_TRUE(script->execute());
+}
+
+TYPED_TEST_P(ScriptsContract, WhatCannotBeReadIsNoScriptToRunForItsResult) {
+  EXPECT_FALSE(this->scripts().initWithContentsOfFile(this->world.missing()));
+  EXPECT_FALSE(this->scripts().initWithContentsOfFile(this->world.unreadable()));
+}
+
+REGISTER_TYPED_TEST_SUITE_P(
+    ScriptsContract, TheComponentForCompiledScriptsIsThere, AnUnknownComponentCannotBeOpened,
+    NothingRunsWithoutAComponent, AScriptIsLoadedAndRuns, AScriptThatReturnsNothingSucceeds,
+    AMissingFileIsTold, AFileThatHoldsNoScriptIsRefused, AFailingScriptTellsACodeAndHasNoResult,
+    PropertiesLastFromRunToRunOfALoadedScript, ARunThatIsNotStoredLeavesTheFileAlone,
+    AStoredScriptGoesOnWhereItWas, TwoLoadsOfAFileAreTwoScripts,
+    AReadOnlyScriptRunsAndIsNotStorable, StoringWhereNothingCanBeWrittenIsTold,
+    WhatWasDisposedOfIsGone, DisposingOfNothingIsHarmless, NothingIsNoScript, AResultIsNoScript,
+    ASourceThatRunsToItsEndHasNoError, AFailingSourceTellsItsNumberAndWords,
+    ASourceThatDoesNotCompileFailsAsItRuns, AResultThatIsAListHasTheUnitsOfItsTexts,
+    AnEmptyListIsAListAllTheSame, AResultThatIsATextIsNoList,
+    AScriptRunForItsResultThatFailsHasNone, AScriptRunsForItsResultAsOftenAsItIsAsked,
+    WhatCannotBeReadIsNoScriptToRunForItsResult);
 
 } // namespace tavrel

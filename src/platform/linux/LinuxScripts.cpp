@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxScripts.h"
 
 #include "base/PathString.h"
+#include "platform/linux/ResourceScript.h"
 
 namespace tavrel {
 namespace {
@@ -88,8 +89,13 @@ OSAError LinuxScripts::store(ComponentInstance component, OSAID id, const std::s
                                                                             : cannotWrite;
 }
 
-std::unique_ptr<NSAppleScript> LinuxScripts::initWithContentsOfFile(const std::string&) {
-  return nullptr;
+std::unique_ptr<NSAppleScript> LinuxScripts::initWithContentsOfFile(const std::string& path) {
+  const ScriptFile file = readScriptFile(path);
+  if (file.kind != ScriptFile::Kind::container)
+    return nullptr;
+  const auto loaded = engine_.loadContainer(file.container);
+  const auto* id = std::get_if<script::ScriptId>(&loaded);
+  return id ? std::make_unique<ResourceScript>(engine_, *id, runs_) : nullptr;
 }
 
 std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, ScriptOrigin origin) {

@@ -40,6 +40,12 @@ public:
     EXPECT_TRUE(writeScriptFile(path, container, PropertyListForm::binary));
     return path;
   }
+  std::string listing() {
+    return compiled("listing.scpt", "return {\"/docs/a.txt\", \"/größe 😀\"}");
+  }
+  std::string listingNothing() { return compiled("nothing.scpt", "return {}"); }
+  std::string telling() { return compiled("telling.scpt", "return \"words\""); }
+  std::string stopping() { return compiled("stopping.scpt", "error \"no\""); }
   std::int64_t countIn(const std::string& path) {
     const ScriptFile file = readScriptFile(path);
     const PropertyList* properties = file.container.find("properties");
@@ -122,6 +128,19 @@ TEST_F(ScriptFileTest, AFullDiskLeavesTheFileAsItWas) {
   EXPECT_NE(runAndStore(path), osaError::none);
   EXPECT_EQ(textIn(path), before);
   EXPECT_EQ(std::distance(fs::directory_iterator(disk), fs::directory_iterator()), 2);
+}
+
+TEST_F(ScriptFileTest, AListOfFilesIsGivenByTheirPaths) {
+  const std::string path =
+      world.compiled("files.scpt", "return {POSIX file \"/tmp/a b\", 7, missing value}");
+  const auto script = world.scripts().initWithContentsOfFile(path);
+  ASSERT_TRUE(script);
+  const auto result = script->execute();
+  ASSERT_TRUE(result);
+  ASSERT_EQ(result->items.size(), 3U);
+  EXPECT_EQ(textOfUnits(result->items[0]), "/tmp/a b");
+  EXPECT_EQ(textOfUnits(result->items[1]), "7");
+  EXPECT_EQ(textOfUnits(result->items[2]), "");
 }
 
 TEST_F(ScriptFileTest, WhatIsNoTextAndNoContainerIsRefused) {

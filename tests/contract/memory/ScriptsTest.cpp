@@ -35,6 +35,16 @@ public:
   std::string readOnly() { return add("/read-only.scpt", {.body = countOn, .storable = false}); }
   std::string unwritable() { return add("/unwritable.scpt", {.storeCode = -61}); }
   std::string missing() { return "/missing.scpt"; }
+  std::string listing() {
+    return addResult(
+        "/listing.scpt",
+        AppleEventDescriptor{typeAEList, {unitsOf("/docs/a.txt"), unitsOf("/größe 😀")}});
+  }
+  std::string listingNothing() {
+    return addResult("/nothing.scpt", AppleEventDescriptor{typeAEList, {}});
+  }
+  std::string telling() { return addResult("/telling.scpt", AppleEventDescriptor{0x75747874, {}}); }
+  std::string stopping() { return addResult("/stopping.scpt", std::nullopt); }
   std::int64_t countIn(const std::string& path) {
     return scripts_.control.files.at(path).properties.at("count").integer().value_or(-1);
   }
@@ -48,6 +58,16 @@ private:
     file.properties = {{"count", 0}};
     scripts_.control.files[path] = std::move(file);
     return path;
+  }
+  std::string addResult(const std::string& path,
+                        const std::optional<AppleEventDescriptor>& result) {
+    scripts_.control.resultScripts[path] = [result] { return result; };
+    return path;
+  }
+  static Bytes unitsOf(const std::string& text) {
+    const std::u16string units = utf16FromUtf8(text);
+    const auto* raw = reinterpret_cast<const std::uint8_t*>(units.data());
+    return {raw, raw + units.size() * sizeof(char16_t)};
   }
   std::string addSource(const std::string& text, const PropertyList& error) {
     scripts_.control.sourceErrors.insert_or_assign(text, error);
