@@ -21,7 +21,7 @@ std::string resourceFolder() {
   if (named && named[0] != '\0')
     return fs::absolute(named, ignored).string();
   const fs::path installed = installedFolder();
-  return fs::is_directory(installed, ignored) ? installed.string() : TAVREL_SOURCE_RESOURCES;
+  return fs::is_directory(installed, ignored) ? installed.string() : TAVREL_BUILT_RESOURCES;
 }
 
 } // namespace tavrel
