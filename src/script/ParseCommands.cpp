@@ -58,7 +58,8 @@ Node Parser::command(const CommandTerm& term) {
     result.children[0] = expression(stops);
   commandLabels(term, result, stops);
   grow(result);
-  return finish(result, start);
+  finish(result, start);
+  return result;
 }
 
 void Parser::commandLabels(const CommandTerm& term, Node& command, Stops stops) {
@@ -106,7 +107,8 @@ Node Parser::call(std::string name, std::uint32_t start) {
     expectSymbol(")");
   }
   grow(result);
-  return finish(result, start);
+  finish(result, start);
+  return result;
 }
 
 std::string Parser::prepositionAt() const {
@@ -119,11 +121,12 @@ std::string Parser::prepositionAt() const {
 
 // `with hidden and sorted`
 void Parser::handlerSwitches(Node& call) {
-  Node value = node(NodeKind::boolean);
-  value.integer = tokens_[at_++].text == "with" ? 1 : 0;
+  const bool isOn = tokens_[at_++].text == "with";
   do {
+    Node value = node(NodeKind::boolean);
+    value.integer = isOn ? 1 : 0;
     std::string given = identifier();
-    call.children.push_back(node(NodeKind::entry, std::move(given), {value}));
+    call.children.push_back(node(NodeKind::entry, std::move(given), {std::move(value)}));
   } while (takeWord("and"));
 }
 
@@ -152,7 +155,8 @@ Node Parser::labelledCall(std::string name, std::uint32_t start) {
     }
   }
   grow(result);
-  return finish(result, start);
+  finish(result, start);
+  return result;
 }
 
 } // namespace tavrel::script

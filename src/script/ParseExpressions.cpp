@@ -218,7 +218,8 @@ Node Parser::listOrRecord() {
     } while (takeSymbol(","));
   expectSymbol("}");
   grow(result);
-  return finish(result, start);
+  finish(result, start);
+  return result;
 }
 
 Node Parser::entry() {
@@ -277,7 +278,8 @@ Node Parser::index() {
   if (takeSymbol("-")) {
     Node operand = index();
     Node result = node(NodeKind::negate, {}, {std::move(operand)});
-    return finish(result, start);
+    finish(result, start);
+    return result;
   }
   return head();
 }

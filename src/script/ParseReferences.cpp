@@ -44,7 +44,8 @@ Node Parser::reference() {
     attach(result, std::move(container));
   }
   result = filtered(std::move(result));
-  return finish(result, start);
+  finish(result, start);
+  return result;
 }
 
 // x's y's z
@@ -124,7 +125,8 @@ Node Parser::head() {
   const Nesting nesting(*this);
   const std::uint32_t start = peek().span.start;
   Node result = peek().kind == TokenKind::word ? named() : literal();
-  return finish(result, start);
+  finish(result, start);
+  return result;
 }
 
 Node Parser::literal() {

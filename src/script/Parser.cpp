@@ -125,12 +125,12 @@ void Parser::expected(std::string_view what) const {
                     peek().span};
 }
 
-Node Parser::node(NodeKind kind, std::string text, std::vector<Node> children) {
+Node Parser::node(NodeKind kind, std::string text, Children children) {
   Node result;
   result.kind = kind;
   result.span = peek().span;
   result.text = std::move(text);
-  result.children = std::move(children);
+  result.children = std::move(children.nodes);
   grow(result);
   return result;
 }
@@ -143,10 +143,9 @@ void Parser::grow(Node& node) const {
     throw ScriptError{errors::stackOverflow, "The expression is too long.", peek().span};
 }
 
-Node& Parser::finish(Node& node, std::uint32_t start) const {
+void Parser::finish(Node& node, std::uint32_t start) const {
   const Span last = tokens_[at_ > 0 ? at_ - 1 : 0].span;
   node.span = {start, std::max(last.start + last.length, start) - start};
-  return node;
 }
 
 Node Parser::script() {

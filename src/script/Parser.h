@@ -24,6 +24,24 @@ private:
     bool ofType = false;
   };
 
+  /// The children of a new node. They move in: a braced list would copy each tree into the next
+  /// higher one, at a cost that grows with the square of the height.
+  struct Children {
+    Children() = default;
+    Children(Node first) { nodes.push_back(std::move(first)); }
+    Children(Node first, Node second) : Children(std::move(first)) {
+      nodes.push_back(std::move(second));
+    }
+    Children(Node first, Node second, Node third) : Children(std::move(first), std::move(second)) {
+      nodes.push_back(std::move(third));
+    }
+    Children(Node first, Node second, Node third, Node fourth)
+        : Children(std::move(first), std::move(second), std::move(third)) {
+      nodes.push_back(std::move(fourth));
+    }
+    std::vector<Node> nodes;
+  };
+
   // Parser.cpp: the cursor
   [[nodiscard]] const Token& peek(std::size_t ahead = 0) const;
   [[nodiscard]] bool seesWord(std::string_view word, std::size_t ahead = 0) const;
@@ -41,8 +59,8 @@ private:
   [[nodiscard]] bool seesIdentifier() const;
   [[nodiscard]] bool knows(Dictionary dictionary) const;
   [[noreturn]] void expected(std::string_view what) const;
-  [[nodiscard]] Node node(NodeKind kind, std::string text = {}, std::vector<Node> children = {});
-  Node& finish(Node& node, std::uint32_t start) const;
+  [[nodiscard]] Node node(NodeKind kind, std::string text = {}, Children children = {});
+  void finish(Node& node, std::uint32_t start) const;
   /// Counts the height of a node whose children were put in one by one.
   void grow(Node& node) const;
 

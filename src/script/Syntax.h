@@ -79,8 +79,16 @@ enum class NodeKind : std::uint8_t {
   last = local
 };
 
-/// One node of a script's syntax tree.
+/// One node of a script's syntax tree. It moves and is never copied: a parser that copied each
+/// operand into the next higher node would take time that grows with the square of the height.
 struct Node {
+  Node() = default;
+  Node(Node&&) noexcept = default;
+  Node& operator=(Node&&) noexcept = default;
+  Node(const Node&) = delete;
+  Node& operator=(const Node&) = delete;
+  ~Node() = default;
+
   NodeKind kind = NodeKind::none;
   std::uint16_t height = 0; ///< above its highest child
   Span span;

@@ -1,4 +1,7 @@
 #include "script/ScriptTest.h"
+#include "script/Syntax.h"
+
+#include <type_traits>
 
 namespace tavrel::script {
 namespace {
@@ -39,6 +42,32 @@ TEST_F(LimitsTest, DeepBlocksAreAnErrorAndNoCrash) {
   for (const char* each : {"repeat\n", "try\n", "if true then\n", "tell me\n", "script\n",
                            "ignoring case\n", "on f()\n", "ignoring case but "})
     EXPECT_EQ(errorOf(repeated(each, deep)), errors::stackOverflow) << each;
+}
+
+TEST_F(LimitsTest, AChainOfConsideringAndIgnoringIsBounded) {
+  const auto chain = [](int links) {
+    return repeated("ignoring case but considering white space but ", links) +
+           "ignoring hyphens\n1\nend ignoring";
+  };
+  EXPECT_EQ(result(chain(20)), "1");
+  EXPECT_EQ(result(chain(90)), "1");
+  EXPECT_EQ(errorOf(chain(deepestNesting / 2)), errors::stackOverflow);
+  EXPECT_EQ(errorOf(chain(20'000)), errors::stackOverflow);
+}
+
+TEST_F(LimitsTest, BlocksOfConsideringInsideOneAnotherAreBounded) {
+  const auto blocks = [](int count) {
+    return repeated("considering case\n", count) + "1\n" + repeated("end considering\n", count);
+  };
+  EXPECT_EQ(result(blocks(20)), "1");
+  EXPECT_EQ(errorOf(blocks(deepestNesting)), errors::stackOverflow);
+}
+
+// Each condition is a tree of 900 levels: a parser that copies operands never gets to the end.
+TEST_F(LimitsTest, LongConditionsInsideOneAnotherAreRead) {
+  static_assert(!std::is_copy_constructible_v<Node>);
+  const std::string condition = "if " + repeated("1 + ", 899) + "1 = 900 then\n";
+  EXPECT_EQ(result(repeated(condition, 50) + "1\n" + repeated("end if\n", 50)), "1");
 }
 
 TEST_F(LimitsTest, LongChainsAreAnErrorAndNoCrash) {
