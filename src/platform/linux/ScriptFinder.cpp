@@ -18,7 +18,7 @@ using namespace script;
 
 namespace {
 
-std::string fileOf(const std::string& path) {
+std::string fileUrlOf(const std::string& path) {
   return fileUrlOfPath(path, PathIs::file);
 }
 
@@ -41,7 +41,7 @@ bool isThere(const std::string& path) {
 bool showItems(const std::vector<std::string>& paths) {
   QStringList urls;
   for (const std::string& path : paths)
-    urls << QString::fromStdString(fileOf(path));
+    urls << QString::fromStdString(fileUrlOf(path));
   QDBusMessage call = QDBusMessage::createMethodCall("org.freedesktop.FileManager1",
                                                      "/org/freedesktop/FileManager1",
                                                      "org.freedesktop.FileManager1", "ShowItems");
@@ -51,14 +51,14 @@ bool showItems(const std::vector<std::string>& paths) {
 }
 
 std::string roleEntry(const ScriptDesktop& desktop, const std::string& application) {
-  return fileOf(desktop.rolesFolder + "/" + application + ".desktop");
+  return fileUrlOf(desktop.rolesFolder + "/" + application + ".desktop");
 }
 
 HostAnswer openWith(ScriptDesktop& desktop, const std::string& application,
                     const std::vector<std::string>& paths) {
   LaunchRequest request{roleEntry(desktop, application), {}};
   for (const std::string& path : paths)
-    request.itemUrls.push_back(fileOf(path));
+    request.itemUrls.push_back(fileUrlOf(path));
   if (desktop.workspace.openUrlsWithApplication(request) == 0)
     return HostValue{};
   return HostError{errors::notRunning, "Application \"" + application + "\" can’t be started."};
@@ -81,7 +81,7 @@ HostAnswer reveal(ScriptDesktop& desktop, const HostEvent& event) {
   return desktop.workspace.openFile(folder) ? HostAnswer(HostValue{}) : missingFile();
 }
 
-HostAnswer open(ScriptDesktop& desktop, const HostEvent& event) {
+HostAnswer openItem(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
   if (paths.empty() || !isThere(paths.front()))
     return missingFile();
@@ -93,7 +93,7 @@ HostAnswer open(ScriptDesktop& desktop, const HostEvent& event) {
   return HostValue{};
 }
 
-HostAnswer exists(ScriptDesktop& desktop, const HostEvent& event) {
+HostAnswer itemExists(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
   if (paths.empty())
     return askApplication(desktop, event);
@@ -123,7 +123,7 @@ HostAnswer duplicate(ScriptDesktop& desktop, const HostEvent& event) {
   return transfer(desktop, event, FileOperation::copy);
 }
 
-HostAnswer get(ScriptDesktop& desktop, const HostEvent& event) {
+HostAnswer getOfFinder(ScriptDesktop& desktop, const HostEvent& event) {
   const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
   if (!object || object->steps.empty())
     return askApplication(desktop, event);
@@ -143,8 +143,8 @@ HostAnswer get(ScriptDesktop& desktop, const HostEvent& event) {
 
 HostAnswer askFileManager(ScriptDesktop& desktop, const HostEvent& event) {
   static const ScriptCommands commands{
-      {"reveal", reveal}, {"select", reveal},       {"open", open}, {"exists", exists},
-      {"move", move},     {"duplicate", duplicate}, {"get", get}};
+      {"reveal", reveal}, {"select", reveal},       {"open", openItem},  {"exists", itemExists},
+      {"move", move},     {"duplicate", duplicate}, {"get", getOfFinder}};
   const auto command = commands.find(event.command);
   return command != commands.end() ? command->second(desktop, event)
                                    : askApplication(desktop, event);
