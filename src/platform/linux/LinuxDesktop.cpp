@@ -25,6 +25,7 @@
 #include "platform/linux/LinuxStatusBar.h"
 #include "platform/linux/LinuxSystemLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/OwnKeystrokes.h"
 #include "platform/linux/ResourceFolder.h"
 #include "platform/linux/SelectedScript.h"
 
@@ -39,12 +40,13 @@ struct LinuxDesktop::Adapters {
   LinuxApplications applications{registry, windows, resources + "/roles"};
   LinuxBundle bundle{resources};
   LinuxClock clock;
-  LinuxEventMonitor eventMonitor;
-  LinuxEventQueue eventQueue;
+  OwnKeystrokes ownKeystrokes;
+  LinuxEventMonitor eventMonitor{ownKeystrokes};
+  LinuxEventQueue eventQueue{clock};
   LinuxFiles files;
   LinuxHotKeys hotKeys;
   LinuxImages images{resources + "/images"};
-  LinuxKeyboard keyboard;
+  LinuxKeyboard keyboard{[this] { return eventMonitor.tapIsInterrupted(); }};
   InProcessNotificationCenter notifications;
   LinuxDistributedNotificationCenter distributedNotifications;
   LinuxPasteboards pasteboards;

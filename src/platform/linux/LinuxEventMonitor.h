@@ -1,13 +1,51 @@
 #pragma once
 
 #include "platform/EventMonitor.h"
+#include "platform/linux/ModifierTaps.h"
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+class QSocketNotifier;
 
 namespace tavrel {
 
-/// Nothing yet.
+class OwnKeystrokes;
+class RawInput;
+
+/// The modifier keys of all programs, from XInput's raw events. What we type ourselves is left out.
+/// Installing fails on a display without them, and one line on standard error says so.
 class LinuxEventMonitor final : public EventMonitor {
 public:
-  OSStatus installModifierHandler(std::function<void()>) override { return 0; }
+  /// The keystrokes must outlive this.
+  explicit LinuxEventMonitor(OwnKeystrokes& own);
+  ~LinuxEventMonitor() override;
+
+  OSStatus installModifierHandler(std::function<void()> changed) override;
+
+  /// While a handler runs because a modifier key went down: whether another key, a mouse button or
+  /// the wheel has been used since, as long as that key was down. Exact up to the moment of the
+  /// call, so that a click too short for whoever looks at the keyboard now and then counts, too.
+  [[nodiscard]] bool tapIsInterrupted();
+
+private:
+  [[nodiscard]] bool open();
+  void readUpToNow();
+  void read();
+  void take(const struct RawInputEvent& event);
+  void deliver();
+  void deliverLater();
+
+  OwnKeystrokes& own_;
+  std::unique_ptr<RawInput> input_; ///< null until a handler is installed, and when it failed
+  std::unique_ptr<ModifierTaps> taps_;
+  std::vector<std::function<void()>> handlers_;
+  ModifierChange told_;
+  bool delivering_ = false;
+  QObject eventLoop_;
+  std::unique_ptr<QSocketNotifier> arrival_;
 };
 
 } // namespace tavrel

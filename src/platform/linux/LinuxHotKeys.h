@@ -1,17 +1,54 @@
 #pragma once
 
 #include "platform/HotKeys.h"
+#include "platform/linux/HeldHotKeys.h"
+#include "platform/linux/LayoutWatch.h"
+#include "platform/linux/ServerKeys.h"
+
+#include <QObject>
+
+#include <vector>
 
 namespace tavrel {
 
-/// Nothing yet.
+/// Keys grabbed on the toolkit's connection, so that our own menu can take the keyboard while one
+/// is held. A key is grabbed by its place; the grabs follow the layout. One line on standard error
+/// names a combination that cannot be had, in words.
 class LinuxHotKeys final : public HotKeys {
 public:
-  void setEventTarget(EventTarget*) override {}
-  HotKeyRegistration registerHotKey(std::uint32_t, std::uint32_t, EventHotKeyID) override {
-    return {hotKeyStatus::taken, 0};
-  }
-  OSStatus unregisterHotKey(EventHotKeyRef) override { return hotKeyStatus::unknown; }
+  /// Needs a QGuiApplication.
+  LinuxHotKeys();
+  ~LinuxHotKeys() override;
+
+  void setEventTarget(EventTarget* target) override { target_ = target; }
+  /// A combination that is registered already is taken.
+  HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
+                                    EventHotKeyID id) override;
+  OSStatus unregisterHotKey(EventHotKeyRef reference) override;
+
+private:
+  struct Registered {
+    std::uint32_t keyCode = 0;
+    std::uint32_t modifiers = 0;
+    EventHotKeyRef reference = 0;
+    std::vector<KeyGrab> grabs; ///< empty: the layout of the moment has no place for it
+  };
+
+  [[nodiscard]] const char* take(Registered& key);
+  [[nodiscard]] bool isRegistered(EventHotKeyRef reference) const;
+  [[nodiscard]] EventHotKeyRef find(std::uint8_t key, std::uint16_t modifiers) const;
+  void follow();
+  void refuse(const Registered& key, const char* why) const;
+  void tellReleased(EventHotKeyRef reference);
+
+  xcb_connection_t* connection_; ///< null where there is no X server
+  ServerKeys keys_;
+  EventTarget* target_ = nullptr;
+  std::vector<Registered> registered_;
+  EventHotKeyRef last_ = 0;
+  QObject eventLoop_;
+  HeldHotKeys held_;
+  LayoutWatch layout_;
 };
 
 } // namespace tavrel

@@ -23,6 +23,8 @@ struct CFree {
 };
 template <class Reply> using Owned = std::unique_ptr<Reply, CFree>;
 
+constexpr std::uint32_t keyOfNoKeyboard = 127;
+
 // How the server's modifiers answer to the names that menus use.
 struct ModifierBit {
   std::uint16_t server;
@@ -116,7 +118,8 @@ struct LinuxKeyboard::Server {
   }
 };
 
-LinuxKeyboard::LinuxKeyboard() : server_(std::make_unique<Server>()) {
+LinuxKeyboard::LinuxKeyboard(std::function<bool()> tapIsInterrupted)
+    : tapIsInterrupted_(std::move(tapIsInterrupted)), server_(std::make_unique<Server>()) {
   if (server_->open())
     return;
   qCWarning(keyboardLog, "the keyboard of this display cannot be read");
@@ -142,6 +145,8 @@ KeyMap LinuxKeyboard::keyMap() {
   for (std::size_t key = 0; keys && key < server_->translation.size(); ++key)
     if ((keys->keys[key / 8] >> (key % 8) & 1) != 0)
       map.set(server_->translation[key]);
+  if (tapIsInterrupted_ && tapIsInterrupted_())
+    map.set(keyOfNoKeyboard);
   return map;
 }
 

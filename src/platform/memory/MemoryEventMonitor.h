@@ -21,11 +21,17 @@ public:
     return control.status;
   }
 
-  /// Tells every handler that the modifiers have changed.
+  /// Tells every handler that the modifiers have changed; while one runs, when it is done.
   void modifiersChanged() {
-    for (const auto& handler : control.handlers)
-      handler();
+    if (++untold_ > 1)
+      return;
+    for (; untold_ > 0; --untold_)
+      for (const auto& handler : control.handlers)
+        handler();
   }
+
+private:
+  int untold_ = 0;
 };
 
 } // namespace tavrel

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+struct xcb_connection_t;
+
+namespace tavrel {
+
+/// The toolkit's own connection to the X server; null on another kind of display.
+[[nodiscard]] xcb_connection_t* qtConnection();
+
+/// The root window of the first screen.
+[[nodiscard]] std::uint32_t rootWindow(xcb_connection_t& connection);
+
+} // namespace tavrel
