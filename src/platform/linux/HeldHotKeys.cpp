@@ -41,10 +41,14 @@ bool HeldHotKeys::nativeEventFilter(const QByteArray& type, void* message, qintp
   return kind == XCB_KEY_RELEASE && released(*static_cast<const xcb_key_release_event_t*>(message));
 }
 
-// A held key repeats into whatever window has the keyboard by now.
+// A held key repeats into whatever window has the keyboard by now, and repeats may still wait when
+// it is up already. A release with the time of the press behind it is none: so repeats are made.
 bool HeldHotKeys::pressed(const xcb_key_press_event_t& event) {
-  if (held_.contains(event.detail))
+  const bool repeat = lastRelease_ == KeyMoment(event.detail, event.time);
+  if (repeat && (held_.contains(event.detail) || find_(event.detail, event.state & 0xFF) != 0))
     return true;
+  if (const auto gone = held_.extract(event.detail); !gone.empty() && gone.mapped() != 0)
+    tell_(gone.mapped()); // up and down again before we looked
   const EventHotKeyRef reference =
       event.event == event.root ? find_(event.detail, event.state & 0xFF) : 0;
   if (reference == 0)
@@ -55,6 +59,7 @@ bool HeldHotKeys::pressed(const xcb_key_press_event_t& event) {
 }
 
 bool HeldHotKeys::released(const xcb_key_press_event_t& event) {
+  lastRelease_ = {event.detail, event.time};
   if (!held_.contains(event.detail))
     return false;
   tellReleases();

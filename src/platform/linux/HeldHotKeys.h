@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 
 struct xcb_key_press_event_t;
 
@@ -30,9 +31,12 @@ private:
   bool released(const xcb_key_press_event_t& event);
   void tellReleases();
 
+  using KeyMoment = std::pair<std::uint8_t, std::uint32_t>; ///< server key code and server time
+
   Find find_;
   Released tell_;
   std::map<std::uint8_t, EventHotKeyRef> held_; ///< by server key code; 0: of no hot key any more
+  KeyMoment lastRelease_;
   QTimer watch_;
 };
 

@@ -47,7 +47,7 @@ std::optional<std::uint16_t> serverMask(const ServerModifiers& server, std::uint
 std::string nameOfKey(const ServerKeys& keys, std::uint32_t keyCode) {
   for (std::size_t key = 0; keys.keymap && key < keys.translation.size(); ++key) {
     const xkb_keysym_t* symbols = nullptr;
-    if (keys.translation[key] != keyCode ||
+    if (keyCode == noKey || keys.translation[key] != keyCode ||
         xkb_keymap_key_get_syms_by_level(keys.keymap.get(), static_cast<xkb_keycode_t>(key), 0, 0,
                                          &symbols) == 0)
       continue;
