@@ -1,0 +1,259 @@
+#include "contract/EventMonitorContract.h"
+
+#include "platform/linux/LinuxEventMonitor.h"
+#include "platform/linux/LinuxKeyboard.h"
+#include "platform/linux/OwnKeystrokes.h"
+#include "support/Desktop.h"
+#include "support/FakeInput.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QScopeGuard>
+
+#include <map>
+
+namespace tavrel {
+namespace {
+
+void handleLayout(const QStringList& arguments) {
+  EXPECT_EQ(QProcess::execute(QStringLiteral("setxkbmap"), arguments), 0);
+}
+
+constexpr std::uint8_t leftButton = 1;
+constexpr std::uint8_t wheelUp = 4;
+
+const std::map<std::uint16_t, std::uint8_t> keysByPlace{{keyCode::command, serverKey::control},
+                                                        {keyCode::shift, serverKey::shift},
+                                                        {keyCode::option, serverKey::alt}};
+
+template <Device device> struct EventMonitorWorld {
+  OwnKeystrokes own;
+  LinuxEventMonitor adapter{own};
+  LinuxKeyboard keys{[this] { return adapter.tapIsInterrupted(); }};
+  FakeInput input{device};
+
+  EventMonitor& monitor() { return adapter; }
+  Keyboard& keyboard() { return keys; }
+  void press(std::uint16_t key) { input.down(keysByPlace.at(key)); }
+  void release(std::uint16_t key) { input.up(keysByPlace.at(key)); }
+  bool eventually(const std::function<bool()>& condition) { return tavrel::eventually(condition); }
+  void letEventsHappen() {
+    QElapsedTimer passed;
+    passed.start();
+    EXPECT_TRUE(eventually([&] { return passed.hasExpired(100); }));
+  }
+};
+
+using ProgramsKeys = EventMonitorWorld<Device::program>;
+using KeyboardsKeys = EventMonitorWorld<Device::keyboard>;
+
+/// A keyboard's keys while another program, with its own menu open, has keyboard and pointer.
+struct KeysUnderAGrab : KeyboardsKeys {
+  FakeInput other;
+  KeysUnderAGrab() { EXPECT_TRUE(other.holdKeyboardAndPointer()); }
+};
+
+using EventMonitorWorlds = ::testing::Types<ProgramsKeys, KeyboardsKeys, KeysUnderAGrab>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, EventMonitorContract, EventMonitorWorlds);
+
+/// Counts the calls, and tells of each what `look` sees.
+template <class World> class MonitorTest : public ::testing::Test {
+protected:
+  MonitorTest() {
+    EXPECT_EQ(world.adapter.installModifierHandler([this] {
+      if (look)
+        look();
+      ++calls;
+    }),
+              0);
+  }
+  /// All that has happened has been told: Super is the last.
+  int callsUpToNow() {
+    world.input.tap(serverKey::super);
+    int last = -1;
+    EXPECT_TRUE(eventually([&] {
+      const bool still = calls == last;
+      last = calls;
+      return calls >= 2 && still;
+    }));
+    return calls - 2;
+  }
+
+  World world;
+  std::function<void()> look;
+  int calls = 0;
+};
+
+using LinuxEventMonitorOnKeyboard = MonitorTest<KeyboardsKeys>;
+
+TEST_F(LinuxEventMonitorOnKeyboard, KeysThatAreNoModifiersAreNotTold) {
+  world.input.tap(serverKey::a);
+  EXPECT_EQ(callsUpToNow(), 0);
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatGoesUpTwiceIsToldOnce) {
+  world.input.down(serverKey::control);
+  FakeInput program;
+  program.up(serverKey::control);
+  world.input.up(serverKey::control);
+  EXPECT_EQ(callsUpToNow(), 2);
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatBecomesAModifierIsOne) {
+  const auto restore = qScopeGuard([] {
+    handleLayout({QStringLiteral("us"), QStringLiteral("-option"), {}});
+  });
+  handleLayout(
+      {QStringLiteral("us"), QStringLiteral("-option"), QStringLiteral("ctrl:menu_rctrl")});
+  EXPECT_TRUE(eventually([&] {
+    calls = 0;
+    world.input.tap(135); // the menu key
+    return callsUpToNow() == 2;
+  }));
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, WhatWeTypeOurselvesIsNotTold) {
+  FakeInput program;
+  world.own.begin();
+  program.down(serverKey::control);
+  program.tap(serverKey::c);
+  program.up(serverKey::control);
+  world.own.end();
+  EXPECT_EQ(callsUpToNow(), 0);
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, WhatAPersonTypesMeanwhileAndAProgramBeforeAndAfterIs) {
+  FakeInput program;
+  program.tap(serverKey::control);
+  world.own.begin();
+  program.tap(serverKey::control);
+  world.input.tap(serverKey::shift);
+  world.own.end();
+  program.tap(serverKey::control);
+  EXPECT_EQ(callsUpToNow(), 6);
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, OwnKeystrokesWithinOwnKeystrokesAreOwn) {
+  FakeInput program;
+  world.own.begin();
+  world.own.begin();
+  world.own.end();
+  program.tap(serverKey::control);
+  world.own.end();
+  EXPECT_EQ(callsUpToNow(), 0);
+}
+
+/// One tap of Command; what happens while its handler runs, or had happened before, decides.
+class ModifierTap : public LinuxEventMonitorOnKeyboard {
+protected:
+  /// Whether the snapshots of the handler of the next press show a key besides Command.
+  bool showsAnotherKey(const std::function<void()>& meanwhile) {
+    std::optional<bool> another;
+    look = [&] {
+      if (another)
+        return;
+      meanwhile();
+      KeyMap keys = world.keys.keyMap();
+      keys.clear(keyCode::command);
+      another = keys.any();
+    };
+    world.input.down(serverKey::control);
+    EXPECT_TRUE(eventually([&] { return another.has_value(); }));
+    look = {};
+    world.input.up(serverKey::control);
+    EXPECT_TRUE(eventually([&] { return calls >= 2; }));
+    EXPECT_FALSE(world.keys.keyMap().any()) << "only as long as its handler runs";
+    return another.value_or(false);
+  }
+  void releaseCommand() { world.input.up(serverKey::control); }
+};
+
+TEST_F(ModifierTap, AloneShowsNoOtherKey) {
+  EXPECT_FALSE(showsAnotherKey([] {}));
+  calls = 0;
+  EXPECT_FALSE(showsAnotherKey([this] { releaseCommand(); }));
+}
+
+TEST_F(ModifierTap, AClickWhileItIsHeldIsAnotherKeyAlsoAfterItsRelease) {
+  EXPECT_TRUE(showsAnotherKey([this] { world.input.click(leftButton); }));
+  calls = 0;
+  EXPECT_TRUE(showsAnotherKey([this] {
+    world.input.click(leftButton);
+    releaseCommand();
+  }));
+}
+
+TEST_F(ModifierTap, TheWheelIsAnotherKey) {
+  EXPECT_TRUE(showsAnotherKey([this] { world.input.click(wheelUp); }));
+}
+
+TEST_F(ModifierTap, AKeyTooShortForASnapshotIsAnotherKey) {
+  EXPECT_TRUE(showsAnotherKey([this] { world.input.tap(serverKey::s); }));
+}
+
+TEST_F(ModifierTap, CapsLockIsNone) {
+  EXPECT_FALSE(showsAnotherKey([this] { world.input.tap(serverKey::capsLock); }));
+  world.input.tap(serverKey::capsLock);
+}
+
+TEST_F(ModifierTap, AClickAfterItsReleaseIsNone) {
+  EXPECT_FALSE(showsAnotherKey([this] {
+    releaseCommand();
+    world.input.click(leftButton);
+  }));
+}
+
+TEST_F(ModifierTap, AMouseButtonThatWasDownBeforeIsAnotherKey) {
+  world.input.buttonDown(leftButton);
+  EXPECT_TRUE(showsAnotherKey([] {}));
+  world.input.buttonUp(leftButton);
+  calls = 0;
+  EXPECT_FALSE(showsAnotherKey([] {}));
+}
+
+TEST_F(ModifierTap, OurOwnKeystrokesAreNone) {
+  FakeInput program;
+  EXPECT_FALSE(showsAnotherKey([&] {
+    world.own.begin();
+    program.tap(serverKey::c);
+    world.own.end();
+  }));
+}
+
+TEST(LinuxEventMonitor, WithoutADisplayInstallingFailsAndOneLineSaysSo) {
+  const std::string display = std::getenv("DISPLAY");
+  OwnKeystrokes own;
+  LinuxEventMonitor monitor(own);
+  ::setenv("DISPLAY", ":63999", 1);
+  ::testing::internal::CaptureStderr();
+  EXPECT_LT(monitor.installModifierHandler([] {}), 0);
+  ::setenv("DISPLAY", display.c_str(), 1);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+            "tavrel.monitor: this display does not tell of its modifier keys\n");
+  EXPECT_EQ(monitor.installModifierHandler([] {}), 0) << "the next attempt may work";
+}
+
+TEST(LinuxEventMonitor, WhenTheServerGoesNothingMoreIsToldAndOneLineSaysSo) {
+  QProcess server;
+  server.start("Xvfb", {"-displayfd", "1", "-nolisten", "tcp"});
+  ASSERT_TRUE(server.waitForReadyRead(20000));
+  const std::string display = std::getenv("DISPLAY");
+  OwnKeystrokes own;
+  LinuxEventMonitor monitor(own);
+  ::setenv("DISPLAY", (":" + server.readAllStandardOutput().trimmed()).constData(), 1);
+  EXPECT_EQ(monitor.installModifierHandler([] {}), 0);
+  ::setenv("DISPLAY", display.c_str(), 1);
+  server.kill();
+  ASSERT_TRUE(server.waitForFinished(20000));
+  ::testing::internal::CaptureStderr();
+  QElapsedTimer passed;
+  passed.start();
+  EXPECT_TRUE(eventually([&] { return passed.hasExpired(100); }));
+  own.begin();
+  own.end();
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+            "tavrel.monitor: the display is gone: its modifier keys are not seen any more\n");
+}
+
+} // namespace
+} // namespace tavrel
