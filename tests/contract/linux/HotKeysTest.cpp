@@ -370,6 +370,11 @@ TEST_F(LinuxHotKey, AKeystrokePostedWhileItIsUnregisteredReachesTheWindowInFront
   ASSERT_TRUE(eventually([&] { return window.isActiveWindow(); }));
   KeyCounter counter;
   FakeInput poster;
+  ASSERT_TRUE(eventually([&] {
+    poster.tap(serverKey::one);
+    return eventually([&] { return counter.presses == 1; });
+  })) << "the window has the keyboard";
+  counter.presses = 0;
   auto key = add(keyOne, eventModifier::command);
   for (int round = 1; round <= 20; ++round) {
     EXPECT_EQ(hotKeys.unregisterHotKey(key.reference), hotKeyStatus::registered);
