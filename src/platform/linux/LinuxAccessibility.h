@@ -1,19 +1,25 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/linux/KeystrokePoster.h"
 
 namespace tavrel {
 
-/// Nothing yet.
+/// Keys by XTest, to the focused client; elements and roles by AT-SPI, where its bus is on.
 class LinuxAccessibility final : public Accessibility {
 public:
-  AXUIElementRef applicationElement(std::int32_t) override {
-    return std::make_shared<AXUIElement>();
-  }
-  AXUIElementRef systemWideElement() override { return std::make_shared<AXUIElement>(); }
-  AXUIElementRef elementAt(const AXUIElementRef&, Point) override { return nullptr; }
-  std::optional<PropertyList> role(const AXUIElementRef&) override { return std::nullopt; }
-  bool postKeyboardEvent(const AXUIElementRef&, const KeyboardEvent&) override { return false; }
+  /// All must outlive this.
+  LinuxAccessibility(ApplicationRegistry& registry, DesktopWindows& windows, OwnKeystrokes& own)
+      : poster_(registry, windows, own) {}
+
+  AXUIElementRef applicationElement(std::int32_t processIdentifier) override;
+  AXUIElementRef systemWideElement() override;
+  AXUIElementRef elementAt(const AXUIElementRef& root, Point point) override;
+  std::optional<PropertyList> role(const AXUIElementRef& element) override;
+  bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
+
+private:
+  KeystrokePoster poster_;
 };
 
 } // namespace tavrel

@@ -36,11 +36,11 @@ struct LinuxDesktop::Adapters {
   ApplicationRegistry registry{applicationFolders()};
   DesktopWindows windows;
 
-  LinuxAccessibility accessibility;
+  OwnKeystrokes ownKeystrokes;
+  LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
   LinuxApplications applications{registry, windows, resources + "/roles"};
   LinuxBundle bundle{resources};
   LinuxClock clock;
-  OwnKeystrokes ownKeystrokes;
   LinuxEventMonitor eventMonitor{ownKeystrokes};
   LinuxEventQueue eventQueue{clock};
   LinuxFiles files;

@@ -1,0 +1,179 @@
+#include "platform/linux/KeystrokePoster.h"
+
+#include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/DesktopWindows.h"
+#include "platform/linux/ServerRoundTrip.h"
+#include "platform/linux/TerminalWindows.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <xcb/xcb.h>
+
+#include <chrono>
+#include <set>
+#include <thread>
+
+namespace tavrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto longestChord = 100ms;
+constexpr auto betweenLooksAtHeldKeys = 10ms;
+constexpr qint64 longestActivation = 100; // in milliseconds
+
+// The server only lets the one go who has it: a hot key's grab is our toolkit's.
+void letKeyboardGo() {
+  const auto* x11 =
+      qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+  if (!x11)
+    return;
+  xcb_ungrab_keyboard(x11->connection(), XCB_CURRENT_TIME);
+  waitForServer();
+}
+
+bool isFinished(const std::vector<KeyboardEvent>& events) {
+  std::set<std::uint16_t> down;
+  for (const KeyboardEvent& event : events)
+    if (event.direction == KeyDirection::down)
+      down.insert(event.keyCode);
+    else
+      down.erase(event.keyCode);
+  return down.empty();
+}
+
+std::vector<ServerKey> each(const ServerKeySet& keys, KeyDirection direction) {
+  std::vector<ServerKey> all;
+  for (std::size_t code = 0; code < keys.size(); ++code)
+    if (keys[code])
+      all.push_back({static_cast<std::uint8_t>(code), direction});
+  return all;
+}
+
+ServerKeySet codesOf(const KeyChord& chord) {
+  ServerKeySet codes;
+  for (const ServerKey& key : chord.keys)
+    codes.set(key.code);
+  return codes;
+}
+
+} // namespace
+
+KeystrokePoster::KeystrokePoster(ApplicationRegistry& registry, DesktopWindows& windows,
+                                 OwnKeystrokes& own)
+    : registry_(registry), windows_(windows), own_(own) {
+  unfinished_.setSingleShot(true);
+  unfinished_.setInterval(longestChord);
+  unfinished_.callOnTimeout([this] { sendChord(); });
+  held_.setInterval(betweenLooksAtHeldKeys);
+  held_.callOnTimeout([this] { liftWhatThePersonLeft(); });
+}
+
+bool KeystrokePoster::hasServer() {
+  if (!server_)
+    server_ = KeystrokeServer::create();
+  if (server_ && !server_->isThere())
+    server_.reset();
+  return server_ != nullptr;
+}
+
+bool KeystrokePoster::post(std::int32_t process, const KeyboardEvent& event) {
+  if (!hasServer())
+    return false;
+  if (!gathered_.empty() && process != process_)
+    sendChord();
+  process_ = process;
+  if (gathered_.empty())
+    unfinished_.start();
+  gathered_.push_back(event);
+  if (isFinished(gathered_))
+    sendChord();
+  return true;
+}
+
+void KeystrokePoster::sendChord() {
+  unfinished_.stop();
+  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
+  const std::vector<KeyboardEvent> events = std::exchange(gathered_, {});
+  if (!keymap)
+    return;
+  letKeyboardGo();
+  bringToFront();
+  const std::uint32_t group = server_->group();
+  const TypingLayout layout{*keymap, group, server_->capsLockIsOn() ? CapsLock::on : CapsLock::off};
+  typeChord(keyChord(events, layout, receiver()), server_->modifierKeys(*keymap), group);
+}
+
+void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modifiers,
+                                std::uint32_t group) {
+  own_.begin();
+  const ServerKeySet lifted = server_->down() & (modifiers | codesOf(chord));
+  server_->send(each(lifted, KeyDirection::up));
+  if (chord.group != group)
+    server_->lockGroup(chord.group);
+  server_->send(chord.keys);
+  if (chord.group != group)
+    server_->lockGroup(group);
+  server_->roundTrip();
+  putBack(lifted & modifiers);
+  own_.end();
+}
+
+// A key that came up meanwhile, or never was down but for a program's sake, stays up.
+void KeystrokePoster::putBack(const ServerKeySet& lifted) {
+  putBack_ = lifted & server_->physicallyDown();
+  server_->send(each(putBack_, KeyDirection::down));
+  server_->roundTrip();
+  liftWhatThePersonLeft();
+}
+
+// The key goes up on the person's keyboard, but what we pressed stays down on the one we post with.
+void KeystrokePoster::liftWhatThePersonLeft() {
+  const ServerKeySet left = hasServer() ? putBack_ & ~server_->physicallyDown() : putBack_;
+  putBack_ &= ~left;
+  if (putBack_.none())
+    held_.stop();
+  else if (!held_.isActive())
+    held_.start();
+  if (left.none() || !server_)
+    return;
+  const bool isOwnPhase = own_.areBeingPosted();
+  if (!isOwnPhase)
+    own_.begin();
+  server_->send(each(left, KeyDirection::up));
+  server_->roundTrip();
+  if (!isOwnPhase)
+    own_.end();
+}
+
+bool KeystrokePoster::isInFront() {
+  const auto facts = windows_.facts(windows_.activeWindow());
+  return facts && facts->pid == process_;
+}
+
+// A process without a window of its own may still have the keys that whoever is in front gets.
+void KeystrokePoster::bringToFront() {
+  if (process_ <= 0 || isInFront())
+    return;
+  const std::vector<WindowId> stacking = windows_.stacking();
+  for (auto window = stacking.rbegin(); window != stacking.rend(); ++window) {
+    const auto facts = windows_.facts(*window);
+    if (!facts || facts->pid != process_ || facts->kind != WindowKind::ordinary)
+      continue;
+    QElapsedTimer waiting;
+    waiting.start();
+    if (!windows_.activate(*window))
+      return;
+    while (!isInFront() && waiting.elapsed() < longestActivation)
+      std::this_thread::sleep_for(1ms);
+    return;
+  }
+}
+
+KeyReceiver KeystrokePoster::receiver() {
+  const auto facts = windows_.facts(windows_.activeWindow());
+  return facts && isTerminal(*facts, registry_) ? KeyReceiver::terminal : KeyReceiver::application;
+}
+
+} // namespace tavrel

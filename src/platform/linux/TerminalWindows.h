@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/linux/DesktopWindows.h"
+
+namespace tavrel {
+
+class ApplicationRegistry;
+
+/// Whether a window is a terminal emulator's: its desktop entry is of the category, or it bears the
+/// class of a well-known one that has none.
+[[nodiscard]] bool isTerminal(const WindowFacts& window, ApplicationRegistry& registry);
+
+} // namespace tavrel
