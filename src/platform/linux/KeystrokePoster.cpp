@@ -43,7 +43,7 @@ bool isFinished(const std::vector<KeyboardEvent>& events) {
   return down.empty();
 }
 
-std::vector<ServerKey> each(const ServerKeySet& keys, KeyDirection direction) {
+std::vector<ServerKey> keysGoing(const ServerKeySet& keys, KeyDirection direction) {
   std::vector<ServerKey> all;
   for (std::size_t code = 0; code < keys.size(); ++code)
     if (keys[code])
@@ -109,7 +109,7 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
                                 std::uint32_t group) {
   own_.begin();
   const ServerKeySet lifted = server_->down() & (modifiers | codesOf(chord));
-  server_->send(each(lifted, KeyDirection::up));
+  server_->send(keysGoing(lifted, KeyDirection::up));
   if (chord.group != group)
     server_->lockGroup(chord.group);
   server_->send(chord.keys);
@@ -123,7 +123,7 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
 // A key that came up meanwhile, or never was down but for a program's sake, stays up.
 void KeystrokePoster::putBack(const ServerKeySet& lifted) {
   putBack_ = lifted & server_->physicallyDown();
-  server_->send(each(putBack_, KeyDirection::down));
+  server_->send(keysGoing(putBack_, KeyDirection::down));
   server_->roundTrip();
   liftWhatThePersonLeft();
 }
@@ -141,7 +141,7 @@ void KeystrokePoster::liftWhatThePersonLeft() {
   const bool isOwnPhase = own_.areBeingPosted();
   if (!isOwnPhase)
     own_.begin();
-  server_->send(each(left, KeyDirection::up));
+  server_->send(keysGoing(left, KeyDirection::up));
   server_->roundTrip();
   if (!isOwnPhase)
     own_.end();
