@@ -15,7 +15,7 @@ std::string newId(std::uint32_t time) {
          std::to_string(time);
 }
 
-std::string quoted(const std::string& text) {
+std::string quotedValue(const std::string& text) {
   std::string result = "\"";
   for (const char each : text) {
     if (each == '"' || each == '\\')
@@ -36,19 +36,19 @@ StartupNotice::StartupNotice(DesktopWindows& windows, const DesktopEntry& entry,
   id_ = newId(time);
   if (!announced_)
     return;
-  std::string message = "new: ID=" + quoted(id_) + " NAME=" + quoted(entry.name(messagesLocale())) +
-                        " SCREEN=0 TIMESTAMP=" + std::to_string(time) +
-                        " APPLICATION_ID=" + quoted(entryPath);
+  std::string message =
+      "new: ID=" + quotedValue(id_) + " NAME=" + quotedValue(entry.name(messagesLocale())) +
+      " SCREEN=0 TIMESTAMP=" + std::to_string(time) + " APPLICATION_ID=" + quotedValue(entryPath);
   if (!entry.startupWmClass().empty())
-    message += " WMCLASS=" + quoted(entry.startupWmClass());
+    message += " WMCLASS=" + quotedValue(entry.startupWmClass());
   if (!entry.icon().empty())
-    message += " ICON=" + quoted(entry.icon());
+    message += " ICON=" + quotedValue(entry.icon());
   windows_.broadcastStartup(message);
 }
 
 void StartupNotice::withdraw() {
   if (announced_ && !id_.empty())
-    windows_.broadcastStartup("remove: ID=" + quoted(id_));
+    windows_.broadcastStartup("remove: ID=" + quotedValue(id_));
 }
 
 } // namespace tavrel
