@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 #include "app/TVApplication.h"
 #include "app/TVController.h"
+#include "platform/Services.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/SingleInstance.h"
 
@@ -21,7 +22,8 @@ int run(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   tavrel::SingleInstance instance;
   if (!instance.isFirst()) {
-    std::fputs("tavrel: it is running already in this session\n", stderr);
+    if (!instance.askFirstToPopUp())
+      std::fputs("tavrel: it is running already in this session, and does not answer\n", stderr);
     return 0;
   }
   tavrel::LinuxDesktop desktop;

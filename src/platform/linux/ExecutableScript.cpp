@@ -67,9 +67,10 @@ ExecutableOutcome runExecutableScript(const ExecutableScript& script,
   QTemporaryFile selection;
   writeSelection(selection, script.files);
   LineSplitter lines(watch.report);
-  ScriptProcess process(script, QFile::encodeName(selection.fileName()).toStdString(), lines);
+  ScriptProcess process(script, QFile::encodeName(selection.fileName()).toStdString(), lines,
+                        watch.output);
   const ExecutableOutcome outcome = waitFor(process, watch.shouldStop);
-  (void)process.serve(0); // a last look at its errors
+  (void)process.serve(0); // a last look at what it said
   lines.finish();
   return outcome;
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavrel {
@@ -19,6 +20,7 @@ struct ExecutableScript {
 struct ScriptProcessWatch {
   std::function<bool()> shouldStop;               ///< asked ten times a second
   std::function<void(const std::string&)> report; ///< gets each line of standard error
+  std::function<void(std::string_view)> output{}; ///< gets standard output, piece by piece
 };
 
 /// How a script ended.
@@ -35,7 +37,8 @@ struct ExecutableOutcome {
   [[nodiscard]] bool isSuccess() const { return ending == Ending::exited && number == 0; }
 };
 
-/// Runs the script and waits for its end; never through a shell, its standard output goes nowhere.
+/// Runs the script and waits for its end; never through a shell. Without `output`, its standard
+/// output goes nowhere.
 /// The paths of the files stand, each ended by a NUL, in the file that the variable
 /// TAVREL_SELECTION_FILES names while the script runs. A script that is to stop ends with all the
 /// processes it started: asked first, killed after two seconds. What it started and left behind is

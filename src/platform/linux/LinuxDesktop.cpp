@@ -28,6 +28,7 @@
 #include "platform/linux/OwnKeystrokes.h"
 #include "platform/linux/ResourceFolder.h"
 #include "platform/linux/SelectedScript.h"
+#include "platform/linux/ServiceFolders.h"
 
 namespace tavrel {
 
@@ -53,7 +54,10 @@ struct LinuxDesktop::Adapters {
   LinuxPreferences preferences{preferenceFolder()};
   LinuxPresenter presenter;
   LinuxRichText richText;
-  LinuxServices services;
+  LinuxServices services{{serviceFolders(resources), [this] {
+                            const auto front = applications.active();
+                            return front && front->name ? *front->name : std::string();
+                          }}};
   LinuxSounds sounds{resources};
   LinuxStatusBar statusBar{presenter};
   LinuxSystemLog log;

@@ -24,6 +24,20 @@ Pipe makePipe() {
   return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
+Pipe nowhere() {
+  return {FileDescriptor(), FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC))};
+}
+
+/// One pipe full at a time: a script that never stops talking must not keep us from looking up.
+void readPipeful(FileDescriptor& end, const std::function<void(std::string_view)>& take) {
+  std::array<char, 65536> buffer;
+  const ssize_t count = end.isOpen() ? ::read(end.get(), buffer.data(), buffer.size()) : -1;
+  if (count > 0)
+    take({buffer.data(), static_cast<std::size_t>(count)});
+  else if (count == 0)
+    end.close();
+}
+
 void neverWaitOn(const FileDescriptor& end) {
   (void)::fcntl(end.get(), F_SETFL, ::fcntl(end.get(), F_GETFL) | O_NONBLOCK);
 }
@@ -67,8 +81,8 @@ int movedUp(int descriptor) {
 } // namespace
 
 ScriptProcess::ScriptProcess(const ExecutableScript& script, const std::string& selectionFile,
-                             LineSplitter& lines)
-    : lines_(lines), input_(script.text) {
+                             LineSplitter& lines, std::function<void(std::string_view)> output)
+    : lines_(lines), output_(std::move(output)), input_(script.text) {
   if (const int reason = start(script, selectionFile); reason != 0)
     outcome_ = {ExecutableOutcome::Ending::notStarted, reason};
 }
@@ -90,12 +104,12 @@ int ScriptProcess::start(const ExecutableScript& script, const std::string& sele
   Pipe input = makePipe();
   Pipe errors = makePipe();
   Pipe report = makePipe();
-  const FileDescriptor nothing(::open("/dev/null", O_WRONLY | O_CLOEXEC));
+  Pipe output = output_ ? makePipe() : nowhere();
   if (!input.reading.isOpen() || !errors.reading.isOpen() || !report.reading.isOpen() ||
-      !nothing.isOpen())
+      !output.writing.isOpen())
     return errno;
-  const Prepared prepared{script.path.c_str(), argumentList.data(), environmentList.data(),
-                          input.reading.get(), nothing.get(),       errors.writing.get(),
+  const Prepared prepared{script.path.c_str(), argumentList.data(),  environmentList.data(),
+                          input.reading.get(), output.writing.get(), errors.writing.get(),
                           report.writing.get()};
   const pid_t child = ::fork();
   if (child == 0)
@@ -109,6 +123,7 @@ int ScriptProcess::start(const ExecutableScript& script, const std::string& sele
   }
   inputEnd_ = std::move(input.writing);
   errorEnd_ = std::move(errors.reading);
+  outputEnd_ = std::move(output.reading);
   follow(child);
   return 0;
 }
@@ -118,6 +133,7 @@ void ScriptProcess::follow(pid_t process) {
   processEnd_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
   neverWaitOn(inputEnd_);
   neverWaitOn(errorEnd_);
+  neverWaitOn(outputEnd_);
   writeInput();
 }
 
@@ -125,14 +141,15 @@ std::optional<ExecutableOutcome> ScriptProcess::serve(int milliseconds) {
   if (process_ == 0)
     return outcome_;
   // Where the kernel has no descriptors of processes, its -1 is passed over and the time decides.
-  std::array<pollfd, 3> watched = {pollfd{processEnd_.get(), POLLIN, 0},
-                                   pollfd{inputEnd_.get(), POLLOUT, 0},
-                                   pollfd{errorEnd_.get(), POLLIN, 0}};
+  std::array<pollfd, 4> watched = {
+      pollfd{processEnd_.get(), POLLIN, 0}, pollfd{inputEnd_.get(), POLLOUT, 0},
+      pollfd{errorEnd_.get(), POLLIN, 0}, pollfd{outputEnd_.get(), POLLIN, 0}};
   (void)::poll(watched.data(), watched.size(), milliseconds);
   if (!outcome_)
-    outcome_ = reap(); // before the last look at its errors, so that none of them is missed
+    outcome_ = reap(); // before the last look at what it said, so that none of it is missed
   writeInput();
   readErrors();
+  readOutput();
   return outcome_;
 }
 
@@ -155,14 +172,11 @@ void ScriptProcess::writeInput() {
 }
 
 void ScriptProcess::readErrors() {
-  std::array<char, 65536> buffer;
-  // One pipe full at a time: a script that never stops talking must not keep us from looking up.
-  const ssize_t count =
-      errorEnd_.isOpen() ? ::read(errorEnd_.get(), buffer.data(), buffer.size()) : -1;
-  if (count > 0)
-    lines_.add({buffer.data(), static_cast<std::size_t>(count)});
-  else if (count == 0)
-    errorEnd_.close();
+  readPipeful(errorEnd_, [this](std::string_view bytes) { lines_.add(bytes); });
+}
+
+void ScriptProcess::readOutput() {
+  readPipeful(outputEnd_, output_);
 }
 
 std::optional<ExecutableOutcome> ScriptProcess::reap() {

@@ -1,13 +1,16 @@
 #include "platform/linux/SingleInstance.h"
 
+#include "platform/linux/BusName.h"
+
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QLoggingCategory>
 
 namespace tavrel {
 
 namespace {
 Q_LOGGING_CATEGORY(instanceLog, "tavrel.instance")
-constexpr const char* busName = "qorvane.tavrel.Tavrel";
+constexpr int longestAnswer = 5000; ///< milliseconds
 } // namespace
 
 SingleInstance::SingleInstance() {
@@ -22,6 +25,15 @@ SingleInstance::SingleInstance() {
 SingleInstance::~SingleInstance() {
   if (first_)
     QDBusConnection::sessionBus().unregisterService(busName);
+}
+
+bool SingleInstance::askFirstToPopUp() const {
+  QDBusMessage call = QDBusMessage::createMethodCall(
+      busName, busPath, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+  call.setAutoStartService(false);
+  call << QVariantMap();
+  const QDBusMessage answer = QDBusConnection::sessionBus().call(call, QDBus::Block, longestAnswer);
+  return answer.type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace tavrel

@@ -13,6 +13,9 @@ public:
   /// False when another process holds the name. Without a session bus every process is the first.
   [[nodiscard]] bool isFirst() const { return first_; }
 
+  /// Asks the first one to pop up its menu; false when it does not answer within a few seconds.
+  [[nodiscard]] bool askFirstToPopUp() const;
+
 private:
   bool first_ = true;
 };
