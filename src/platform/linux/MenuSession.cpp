@@ -1,5 +1,6 @@
 #include "platform/linux/MenuSession.h"
 
+#include "platform/linux/KeyboardHold.h"
 #include "platform/linux/ServerRoundTrip.h"
 
 #include <QApplication>
@@ -67,8 +68,13 @@ MenuSession::MenuSession(Menu& menu, MenuFont font) : root_(*this, unowned(menu)
 MenuSession::~MenuSession() = default;
 
 void MenuSession::run(const QRect& anchor) {
+  KeyboardHold hold([this] {
+    const QWindow* window = root_.isVisible() ? root_.windowHandle() : nullptr;
+    return window ? static_cast<std::uint32_t>(window->winId()) : 0;
+  });
   option_ = optionIn(QGuiApplication::queryKeyboardModifiers());
   openLevel(root_);
+  hold.take(); // a selection that was captured meanwhile has let go of the keyboard
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
   qApp->installEventFilter(this);
   grabTimer_.start();
