@@ -6,6 +6,14 @@
 
 namespace tavrel {
 
+/// What became of the buttons of the pointer, in whatever application it is.
+enum class ButtonChange {
+  primaryPressed,
+  primaryReleased,
+  otherPressed, ///< any other button, a turn of the wheel too
+  moved,        ///< the pointer, told only while the primary button is down
+};
+
 /// Sees what happens in all applications.
 class EventMonitor {
 public:
@@ -18,6 +26,11 @@ public:
   /// shortly to be seen, while the modifier was held. What it must outlive is the monitor. 0 when
   /// it was installed.
   virtual OSStatus installModifierHandler(std::function<void()> changed) = 0;
+
+  /// Calls at each change of the pointer's buttons, in order, on the main thread from the event
+  /// loop. The handler neither runs the event loop nor installs another one. A later one takes
+  /// its place; an empty one ends the watching. 0 when it was installed.
+  virtual OSStatus installButtonHandler(std::function<void(ButtonChange)> changed) = 0;
 };
 
 } // namespace tavrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/EventMonitor.h"
+#include "platform/linux/ButtonMonitor.h"
 #include "platform/linux/ModifierTaps.h"
 
 #include <QObject>
@@ -24,6 +25,9 @@ public:
   ~LinuxEventMonitor() override;
 
   OSStatus installModifierHandler(std::function<void()> changed) override;
+  OSStatus installButtonHandler(std::function<void(ButtonChange)> changed) override {
+    return buttons_.install(std::move(changed));
+  }
 
   /// While a handler runs because a modifier key went down: whether another key, a mouse button or
   /// the wheel has been used since, as long as that key was down. Exact up to the moment of the
@@ -39,6 +43,7 @@ private:
   void deliverLater();
 
   OwnKeystrokes& own_;
+  ButtonMonitor buttons_;
   std::unique_ptr<RawInput> input_; ///< null until a handler is installed, and when it failed
   std::unique_ptr<ModifierTaps> taps_;
   std::vector<std::function<void()>> handlers_;

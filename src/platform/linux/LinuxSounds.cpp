@@ -37,8 +37,10 @@ bool LinuxSounds::play(const std::string& name) {
   return true;
 }
 
+// The bell of the display knows nothing of the volume.
 void LinuxSounds::beep() {
-  player_.play({SoundRequest::Kind::themed, "bell", ringBell});
+  if (!volume_.isSilent())
+    player_.play({SoundRequest::Kind::themed, "bell", ringBell});
 }
 
 } // namespace tavrel

@@ -6,18 +6,25 @@
 
 namespace tavrel {
 
-/// Modifier changes that a test makes.
+/// Changes of modifiers and buttons that a test makes.
 class MemoryEventMonitor final : public EventMonitor {
 public:
   struct Control {
     OSStatus status = 0; ///< what installing answers
     std::vector<std::function<void()>> handlers;
+    std::function<void(ButtonChange)> buttonHandler; ///< empty: nobody watches
   };
   Control control;
 
   OSStatus installModifierHandler(std::function<void()> changed) override {
     if (control.status == 0)
       control.handlers.push_back(std::move(changed));
+    return control.status;
+  }
+
+  OSStatus installButtonHandler(std::function<void(ButtonChange)> changed) override {
+    if (control.status == 0)
+      control.buttonHandler = std::move(changed);
     return control.status;
   }
 

@@ -1,0 +1,146 @@
+#include "platform/linux/EventVolume.h"
+
+#include <pulse/ext-stream-restore.h>
+#include <pulse/pulseaudio.h>
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+namespace tavrel {
+
+namespace {
+constexpr const char* eventRole = "sink-input-by-media-role:event";
+
+class MainloopLock {
+public:
+  explicit MainloopLock(pa_threaded_mainloop* loop) : loop_(loop) {
+    pa_threaded_mainloop_lock(loop_);
+  }
+  MainloopLock(const MainloopLock&) = delete;
+  MainloopLock& operator=(const MainloopLock&) = delete;
+  ~MainloopLock() { pa_threaded_mainloop_unlock(loop_); }
+
+private:
+  pa_threaded_mainloop* loop_;
+};
+
+void forget(pa_operation* operation) {
+  if (operation)
+    pa_operation_unref(operation);
+}
+} // namespace
+
+// All but the constructor and the destructor runs with the loop's lock held.
+struct EventVolume::Server {
+  /// What the server keeps of the role; the full volume before anybody has moved it.
+  struct KeptVolume {
+    KeptVolume() {
+      pa_channel_map_init_mono(&channels);
+      pa_cvolume_set(&volume, 1, PA_VOLUME_NORM);
+    }
+    void take(const pa_ext_stream_restore_info& info) {
+      channels = info.channel_map;
+      volume = info.volume;
+      isMuted = info.mute != 0;
+    }
+
+    pa_channel_map channels{};
+    pa_cvolume volume{};
+    bool isMuted = false;
+  };
+
+  Server() {
+    if (!loop || !context)
+      return;
+    pa_context_set_state_callback(
+        context, [](pa_context*, void* self) { static_cast<Server*>(self)->stateChanged(); }, this);
+    if (pa_context_connect(context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0)
+      (void)pa_threaded_mainloop_start(loop);
+  }
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+  ~Server() {
+    if (loop)
+      pa_threaded_mainloop_stop(loop);
+    if (context)
+      pa_context_unref(context);
+    if (loop)
+      pa_threaded_mainloop_free(loop);
+  }
+
+  void stateChanged() {
+    if (pa_context_get_state(context) != PA_CONTEXT_READY) {
+      kept.reset();
+      return;
+    }
+    pa_ext_stream_restore_set_subscribe_cb(
+        context, [](pa_context*, void* self) { static_cast<Server*>(self)->ask(); }, this);
+    forget(pa_ext_stream_restore_subscribe(context, 1, nullptr, nullptr));
+    ask();
+  }
+
+  void ask() {
+    answer = KeptVolume();
+    forget(pa_ext_stream_restore_read(
+        context,
+        [](pa_context*, const pa_ext_stream_restore_info* info, int end, void* self) {
+          static_cast<Server*>(self)->told(info, end);
+        },
+        this));
+  }
+
+  // A server that keeps no volumes answers with an error at once, below 0.
+  void told(const pa_ext_stream_restore_info* info, int end) {
+    if (info && std::string_view(info->name) == eventRole && info->volume.channels > 0)
+      answer.take(*info);
+    if (end > 0)
+      kept = answer;
+  }
+
+  void write(const KeptVolume& wanted) {
+    kept = wanted;
+    pa_ext_stream_restore_info info{};
+    info.name = eventRole;
+    info.channel_map = wanted.channels;
+    info.volume = wanted.volume;
+    info.mute = wanted.isMuted ? 1 : 0;
+    forget(pa_ext_stream_restore_write(context, PA_UPDATE_REPLACE, &info, 1, 1, nullptr, nullptr));
+  }
+
+  pa_threaded_mainloop* loop = pa_threaded_mainloop_new();
+  pa_context* context =
+      loop ? pa_context_new(pa_threaded_mainloop_get_api(loop), "Tavrel") : nullptr;
+  KeptVolume answer;              ///< of the question that is under way
+  std::optional<KeptVolume> kept; ///< nothing: no server
+};
+
+EventVolume::EventVolume() : server_(std::make_unique<Server>()) {}
+
+EventVolume::~EventVolume() = default;
+
+std::int32_t EventVolume::get() const {
+  const MainloopLock lock(server_->loop);
+  if (!server_->kept || server_->kept->isMuted)
+    return 0;
+  return static_cast<std::int32_t>(
+      std::min<pa_volume_t>(pa_cvolume_max(&server_->kept->volume), PA_VOLUME_UI_MAX));
+}
+
+void EventVolume::set(std::int32_t volume) {
+  const MainloopLock lock(server_->loop);
+  if (!server_->kept)
+    return;
+  auto wanted = *server_->kept;
+  wanted.isMuted = volume <= 0;
+  if (volume > 0)
+    pa_cvolume_scale(&wanted.volume, static_cast<pa_volume_t>(volume));
+  server_->write(wanted);
+}
+
+bool EventVolume::isSilent() const {
+  const MainloopLock lock(server_->loop);
+  return server_->kept && (server_->kept->isMuted || pa_cvolume_max(&server_->kept->volume) == 0);
+}
+
+} // namespace tavrel

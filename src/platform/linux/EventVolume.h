@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+namespace tavrel {
+
+/// The volume that a PulseAudio server (or one that speaks its protocol) keeps for alert sounds.
+/// No server is started, and nothing waits for one: the volume is known from the moment the server
+/// has told it. Silence leaves the volume kept there alone, so that it cannot get lost.
+class EventVolume {
+public:
+  EventVolume();
+  ~EventVolume();
+  EventVolume(const EventVolume&) = delete;
+  EventVolume& operator=(const EventVolume&) = delete;
+
+  /// 0 when it is silent or when no server has told it; 65536 is the full volume.
+  [[nodiscard]] std::int32_t get() const;
+  /// Forgotten without a server.
+  void set(std::int32_t volume);
+  /// Whether there is a volume, and it is silent.
+  [[nodiscard]] bool isSilent() const;
+
+private:
+  struct Server;
+  std::unique_ptr<Server> server_;
+};
+
+} // namespace tavrel
