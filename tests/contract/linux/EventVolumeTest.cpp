@@ -27,11 +27,11 @@ private:
   Program server_{QStringLiteral("pulseaudio"),
                   {QStringLiteral("-n"), QStringLiteral("--daemonize=no"),
                    QStringLiteral("--use-pid-file=no"), QStringLiteral("--exit-idle-time=-1"),
-                   QStringLiteral("-L"),
-                   QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") +
-                       QString::fromStdString(folder_.path("native")),
                    QStringLiteral("-L"), QStringLiteral("module-null-sink"), QStringLiteral("-L"),
-                   QStringLiteral("module-stream-restore")}};
+                   QStringLiteral("module-stream-restore"), QStringLiteral("-L"),
+                   // Last: once its socket is there, all the rest is.
+                   QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") +
+                       QString::fromStdString(folder_.path("native"))}};
 };
 
 class EventVolumeTest : public ::testing::Test {
