@@ -1,6 +1,8 @@
 #include "invoke/LongPress.h"
 #include "support/CoreTest.h"
 
+#include <cmath>
+
 namespace tavrel {
 namespace {
 
