@@ -21,6 +21,9 @@ inline constexpr const char* pict = "NSPICTPboardType";
 inline constexpr const char* url = "NSURLPboardType";
 inline constexpr const char* filenames = "NSFilenamesPboardType";
 inline constexpr const char* pathFinderFilenames = "PathFinderFilenamesPboardType";
+/// Says of the other contents that they are a password or the like: they are to be neither logged
+/// nor kept longer than needed. It has no data.
+inline constexpr const char* concealed = "org.nspasteboard.ConcealedType";
 } // namespace pasteboardType
 
 /// One pasteboard: an ordered list of types, and data for some of them.
@@ -58,7 +61,9 @@ public:
   [[nodiscard]] virtual Pasteboard& named(const std::string& name) = 0;
   /// The person's clipboard, shared with every other program. It also offers what other programs
   /// put there under names of the desktop's own; declaring those again and setting their data puts
-  /// back exactly what was there.
+  /// back exactly what was there. A pasteboard cleared to the empty string once, and contents put
+  /// back as they were read, leave the clipboard with the program that owns it. Whoever copies
+  /// contents on leaves out types without data.
   [[nodiscard]] virtual Pasteboard& general() = 0;
 };
 

@@ -6,11 +6,9 @@
 #include "platform/linux/ScriptDialogs.h"
 #include "script/ScriptError.h"
 
-#include <QClipboard>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDateTime>
-#include <QGuiApplication>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -22,12 +20,20 @@ using namespace script;
 
 namespace {
 
-HostAnswer clipboard(ScriptDesktop&, const HostEvent&) {
-  return HostValue{QGuiApplication::clipboard()->text().toStdString()};
+HostAnswer clipboard(ScriptDesktop& desktop, const HostEvent&) {
+  return HostValue{
+      desktop.pasteboards.general().string(pasteboardType::string).value_or(std::string())};
 }
 
-HostAnswer setClipboard(ScriptDesktop&, const HostEvent& event) {
-  QGuiApplication::clipboard()->setText(QString::fromStdString(directText(event)));
+// An empty clipboard gives the empty text, too, and takes nothing to offer.
+HostAnswer setClipboard(ScriptDesktop& desktop, const HostEvent& event) {
+  Pasteboard& general = desktop.pasteboards.general();
+  const std::string text = directText(event);
+  if (text.empty())
+    general.declareTypes({});
+  else
+    general.declareTypes({pasteboardType::string});
+  general.setString(text, pasteboardType::string);
   return HostValue{};
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Applications.h"
 #include "platform/Clock.h"
+#include "platform/Pasteboards.h"
 #include "platform/Sounds.h"
 #include "platform/SystemLog.h"
 #include "platform/Workspace.h"
@@ -20,6 +21,7 @@ struct ScriptDesktop {
   Clock& clock;
   Sounds& sounds;
   SystemLog& log;
+  Pasteboards& pasteboards;
   Workspace& workspace;
   ApplicationRegistry& registry;
   DesktopWindows& windows;

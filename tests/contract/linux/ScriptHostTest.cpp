@@ -2,6 +2,7 @@
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxPasteboards.h"
 #include "platform/linux/LinuxScriptHost.h"
 #include "platform/linux/LinuxSystemLog.h"
 #include "platform/linux/LinuxWorkspace.h"
@@ -104,10 +105,11 @@ protected:
   QuietSounds sounds;
   KeptLog log;
   LinuxWorkspace workspace{registry, windows};
+  LinuxPasteboards pasteboards;
   LongRuns runs{1000};
-  LinuxScriptHost host{
-      {applications, clock, sounds, log, workspace, registry, windows, TAVREL_RESOURCES "/roles"},
-      runs};
+  LinuxScriptHost host{{applications, clock, sounds, log, pasteboards, workspace, registry, windows,
+                        TAVREL_RESOURCES "/roles"},
+                       runs};
   script::Engine engine{host};
 };
 
@@ -232,6 +234,7 @@ TEST_F(ScriptHostTest, BeepsAndLogLinesAreForThePerson) {
 
 TEST_F(ScriptHostTest, TheClipboardKeepsText) {
   EXPECT_EQ(result("set the clipboard to \"kept\"\nthe clipboard"), "\"kept\"");
+  EXPECT_EQ(result("set the clipboard to \"\"\nthe clipboard"), "\"\"");
 }
 
 TEST_F(ScriptHostTest, PathsOfPlacesAreKnown) {

@@ -1,0 +1,43 @@
+#include "platform/linux/GeneralPasteboard.h"
+
+#include "platform/linux/PropertyListCodec.h"
+
+namespace tavrel {
+
+std::vector<std::string> GeneralPasteboard::types() {
+  return thread_.call([](SystemClipboard& clipboard) { return clipboard.types(); });
+}
+
+void GeneralPasteboard::declareTypes(const std::vector<std::string>& types) {
+  thread_.call([&](SystemClipboard& clipboard) { clipboard.declare(types); });
+}
+
+bool GeneralPasteboard::setData(Bytes data, const std::string& type) {
+  return thread_.call(
+      [&](SystemClipboard& clipboard) { return clipboard.setData(std::move(data), type); });
+}
+
+std::optional<Bytes> GeneralPasteboard::data(const std::string& type) {
+  return thread_.call([&](SystemClipboard& clipboard) { return clipboard.data(type); });
+}
+
+bool GeneralPasteboard::setString(const std::string& text, const std::string& type) {
+  return setData(Bytes(text.begin(), text.end()), type);
+}
+
+std::optional<std::string> GeneralPasteboard::string(const std::string& type) {
+  const auto bytes = data(type);
+  return bytes ? std::optional(std::string(bytes->begin(), bytes->end())) : std::nullopt;
+}
+
+bool GeneralPasteboard::setPropertyList(const PropertyList& list, const std::string& type) {
+  const auto bytes = encodePropertyList(list, PropertyListForm::xml);
+  return bytes && setData(*bytes, type);
+}
+
+std::optional<PropertyList> GeneralPasteboard::propertyList(const std::string& type) {
+  const auto bytes = data(type);
+  return bytes ? decodePropertyList(*bytes).value : std::nullopt;
+}
+
+} // namespace tavrel

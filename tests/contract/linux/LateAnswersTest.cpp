@@ -1,0 +1,107 @@
+#include "linux/ClipboardFixture.h"
+
+#include <QApplication>
+#include <QMenu>
+
+namespace tavrel {
+namespace {
+
+constexpr const char* theirs = "the person's";
+
+// A program with the focus that copies after the capture gave up.
+class LateAnswersTest : public ClipboardFixture {
+protected:
+  LateAnswersTest() {
+    application.takeFocus();
+    clipboardOwner.copy({plain("UTF8_STRING", theirs)});
+    waitFor([&] { return general.string(pasteboardType::string) == theirs; });
+  }
+  static void press(const QString& what) { output("xdotool", what.split(' ')); }
+  void copyLate(SelectionOwner& program) {
+    afterCopy([&] { program.copy({plain("UTF8_STRING", "late")}); });
+  }
+  [[nodiscard]] bool comesBack() {
+    return waitFor(
+        [&] { return paster.paste("UTF8_STRING") == textProperty("UTF8_STRING", theirs); });
+  }
+  void expectCopyWins(SelectionOwner& program) {
+    copyLate(program);
+    (void)general.types(); // all that was due has been done
+    EXPECT_TRUE(program.isOwner());
+    EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "late"));
+  }
+
+  SelectionOwner application{{}};
+  SelectionOwner clipboardOwner{{}};
+};
+
+TEST_F(LateAnswersTest, WhatAProgramCopiesTooLateIsReplacedBySavedContents) {
+  captureNothing();
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+  EXPECT_EQ(general.string(pasteboardType::string), theirs);
+}
+
+TEST_F(LateAnswersTest, EachOfTenLateCopiesIsReplaced) {
+  captureNothing();
+  for (int i = 0; i < 10; ++i)
+    copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateAnswersTest, ContentsThatWereRestoredAfterACopyAreWatchedOverToo) {
+  save();
+  copyLate(application);
+  restore();
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateAnswersTest, APersonsOwnCopyWins) {
+  captureNothing();
+  press("key ctrl+c");
+  expectCopyWins(application);
+}
+
+TEST_F(LateAnswersTest, APersonsClickOnCopyWins) {
+  captureNothing();
+  press("click 1");
+  expectCopyWins(application);
+}
+
+TEST_F(LateAnswersTest, ModifiersAndTheWheelAreNoCopyOfThePersons) {
+  captureNothing();
+  press("key ctrl");
+  press("click 4");
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateAnswersTest, WhatThePersonPressesInOurMenuIsNoCopy) {
+  captureNothing();
+  QMenu menu;
+  menu.addAction("One");
+  menu.popup(QPoint(200, 200));
+  ASSERT_TRUE(waitFor([&] { return menu.isVisible(); }, [] { QApplication::processEvents(); }));
+  QApplication::processEvents();
+  press("key Down");
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateAnswersTest, AProgramThatIsNotInFrontIsNotLate) {
+  captureNothing();
+  SelectionOwner other({});
+  expectCopyWins(other);
+}
+
+TEST_F(LateAnswersTest, TheNextCaptureTakesWhatIsCopied) {
+  captureNothing();
+  save();
+  copyLate(application);
+  capture();
+  EXPECT_EQ(captured.string(pasteboardType::string), "late");
+}
+
+} // namespace
+} // namespace tavrel
