@@ -9,8 +9,8 @@ namespace tavrel {
 namespace {
 
 struct LinuxWorld {
+  SelectionOwner program{{}}; // owns the clipboard before anyone counts
   LinuxPasteboards adapter;
-  SelectionOwner program{{}};
   Pasteboards& pasteboards() { return adapter; }
   void copyElsewhere(const std::string& text) {
     const auto before = adapter.general().changeCount();
