@@ -15,7 +15,7 @@ Q_LOGGING_CATEGORY(serviceRunLog, "tavrel.services")
 
 using ServiceTime = std::chrono::steady_clock;
 using ServiceEnding = ExecutableOutcome::Ending;
-constexpr std::size_t mostOutput = std::size_t{16} << 20;
+constexpr std::size_t mostServiceOutput = std::size_t{16} << 20;
 
 std::string failureOf(const ExecutableOutcome& outcome) {
   switch (outcome.ending) {
@@ -51,7 +51,8 @@ ServiceResult runService(const ServiceCall& call, std::chrono::milliseconds pati
                              qCWarning(serviceRunLog, "%s: %s", name.c_str(), line.c_str());
                            },
                            [&](std::string_view bytes) {
-                             isTooMuch = isTooMuch || output.size() + bytes.size() > mostOutput;
+                             isTooMuch =
+                                 isTooMuch || output.size() + bytes.size() > mostServiceOutput;
                              if (!isTooMuch)
                                output.append(bytes);
                            }});
