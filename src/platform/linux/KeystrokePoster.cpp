@@ -2,6 +2,7 @@
 
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/DesktopWindows.h"
+#include "platform/linux/KeyboardHold.h"
 #include "platform/linux/ServerRoundTrip.h"
 #include "platform/linux/TerminalWindows.h"
 
@@ -25,6 +26,8 @@ constexpr qint64 longestActivation = 100; // in milliseconds
 
 // The server only lets the one go who has it: a hot key's grab is our toolkit's.
 void letKeyboardGo() {
+  if (KeyboardHold* hold = KeyboardHold::current())
+    return hold->letGo();
   const auto* x11 =
       qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
   if (!x11)
@@ -116,6 +119,8 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
   if (chord.group != group)
     server_->lockGroup(group);
   server_->roundTrip();
+  if (KeyboardHold* hold = KeyboardHold::current())
+    hold->take(); // what the person types next is for the menu
   putBack(lifted & modifiers);
   own_.end();
 }

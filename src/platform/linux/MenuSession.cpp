@@ -137,7 +137,13 @@ bool MenuSession::eventFilter(QObject*, QEvent* event) {
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
     return false;
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
-  return isModifierKey(static_cast<QKeyEvent*>(event)->key());
+  const auto& key = static_cast<QKeyEvent&>(*event);
+  return isModifierKey(key.key()) || (event->type() == QEvent::KeyPress && takeLetter(key));
+}
+
+bool MenuSession::takeLetter(const QKeyEvent& key) {
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  return menu && typeAhead_.take(key, *menu);
 }
 
 void MenuSession::setOption(OptionKey option) {

@@ -4,9 +4,12 @@
 #include "platform/Presenter.h"
 #include "platform/linux/MenuPopup.h"
 #include "platform/linux/MenuStyle.h"
+#include "platform/linux/TypeAhead.h"
 
 #include <QObject>
 #include <QTimer>
+
+class QKeyEvent;
 
 namespace tavrel {
 
@@ -34,6 +37,7 @@ private:
   void tellClosedLevels();
   void setOption(OptionKey option);
   void followOption();
+  [[nodiscard]] bool takeLetter(const QKeyEvent& key);
   void takeGrabs();
 
   MenuStyle style_;
@@ -41,6 +45,7 @@ private:
   std::vector<MenuPopup*> levels_;            ///< those open, outermost first
   std::vector<std::shared_ptr<Menu>> closed_; ///< and those not told so yet, innermost first
   std::shared_ptr<MenuItem> chosen_;
+  TypeAhead typeAhead_;
   OptionKey option_ = OptionKey::up;
   QTimer grabTimer_;
 };

@@ -147,9 +147,9 @@ TEST(ResourceFolder, MayBeNamedFromOutside) {
   EXPECT_EQ(resourceFolder(), "/some/where");
 }
 
-TEST(ResourceFolder, OfAProgramThatIsNotInstalledIsTheSourceTrees) {
+TEST(ResourceFolder, OfAProgramThatIsNotInstalledIsTheBuilds) {
   const EnvironmentVariable named("TAVREL_RESOURCES", "");
-  EXPECT_EQ(resourceFolder(), TAVREL_RESOURCES);
+  EXPECT_EQ(resourceFolder(), TAVREL_BUILT_RESOURCES);
 }
 
 TEST(ResourceFolder, IsAbsolute) {
