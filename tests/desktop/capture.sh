@@ -63,7 +63,7 @@ captured() {
 clipboard_is_as_before() { [ "$(clipboard)" = "$before" ]; }
 
 # types_of_last_capture: as the log tells them.
-types_of_last_capture() { sed -n 's/.*types=\(.*\)  contents.*/\1/p' "$log" | tail -n 1; }
+types_of_last_capture() { awk '/types=\(/ { types = "" } { types = types $0 } END { sub(/\)  contents.*/, "", types); print types }' "$log"; }
 captured_type() { types_of_last_capture | grep -q "$1" || give_up "no $1 was captured: $(types_of_last_capture)"; }
 
 # front CLASS: waits until a window of the class has the keyboard.
@@ -83,11 +83,13 @@ cat >"$HOME/page.html" <<'END'
 <script>
 const canvas = document.getElementById('c')
 canvas.getContext('2d').fillRect(0, 0, 64, 64)
-if (location.hash === '#picture')
+if (location.hash === '#picture') {
+  document.title = 'Tavrel picture'
   document.addEventListener('copy', event => {
     event.preventDefault()
     canvas.toBlob(blob => navigator.clipboard.write([new ClipboardItem({'image/png': blob})]))
   })
+}
 </script>
 END
 browse() { chromium --no-sandbox --no-first-run --disable-gpu --user-data-dir="$HOME/$1" "$2" >/dev/null 2>&1 & }
@@ -107,6 +109,54 @@ before=$(clipboard)
 "$program" 2>"$log" &
 wait_for 20 "the status item" tray_icon_embedded
 
-captured "the browser" "text Some bold words
-"
+captured browser "text Some bold words"
 captured_type NSHTMLPboardType
+
+browse picture "file://$HOME/page.html#picture"
+wait_for 40 "the page with the picture" window_named "Tavrel picture"
+front_title() { xdotool getactivewindow getwindowname | grep -q "$1"; }
+wait_for 20 "the page with the picture in front" front_title "Tavrel picture"
+captured picture "text "
+captured_type NSTIFFPboardType
+close_front
+
+# edited PROGRAM CLASS: an editor with a line of text in it, all of it selected.
+edited() {
+  "$1" "$HOME/Documents/words.txt" >/dev/null 2>&1 &
+  front "$2"
+  wait_for 20 "the selection in $1" all_selected
+}
+all_selected() {
+  xdotool key ctrl+a
+  xclip -selection primary -o | grep -qx 'Grüße, 世界'
+}
+printf 'Grüße, 世界' >"$HOME/Documents/words.txt"
+for editor in mousepad featherpad; do
+  edited $editor $editor
+  captured $editor "text Grüße, 世界"
+  xdotool key ctrl+Home
+  captured "$editor with nothing selected" "text "
+  grep -q "retry = 9 changeCount=0" "$log" || give_up "$editor: not ten tries"
+  close_front
+done
+
+# A program in a terminal is never interrupted.
+cat >"$HOME/listen.sh" <<'END'
+trap 'echo interrupted >>"$HOME/interrupted"' INT
+echo Marked
+while :; do sleep 0.1; done
+END
+lxterminal -e "sh $HOME/listen.sh" >/dev/null 2>&1 &
+front lxterminal
+marked() {
+  local y
+  for y in 10 20 30 40 50 60; do
+    xdotool mousemove --window "$(xdotool getactivewindow)" 20 $y click --repeat 2 --delay 30 1
+    ! xclip -selection primary -o | grep -qx Marked || return 0
+  done
+  return 1
+}
+wait_for 20 "the marked word in the terminal" marked
+captured terminal "text Marked"
+[ ! -e "$HOME/interrupted" ] || give_up "the program in the terminal was interrupted"
+close_front
