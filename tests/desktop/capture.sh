@@ -127,7 +127,7 @@ edited() {
   wait_for 20 "the selection in $1" all_selected
 }
 all_selected() {
-  xdotool key ctrl+a
+  xdotool key ctrl+Home ctrl+shift+End
   xclip -selection primary -o | grep -qx 'Grüße, 世界'
 }
 printf 'Grüße, 世界' >"$HOME/Documents/words.txt"

@@ -1,5 +1,6 @@
 #include "platform/linux/ScriptApplications.h"
 
+#include "base/PathString.h"
 #include "base/Url.h"
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/DesktopEntry.h"
@@ -25,11 +26,17 @@ bool isSameName(const std::string& a, const std::string& b) {
   return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
 }
 
+// By the name a person reads, or by that of its file, as the core names the application in front.
+bool isKnownAs(const RunningApplication& application, const std::string& name) {
+  return (application.name && isSameName(*application.name, name)) ||
+         (application.path &&
+          isSameName(deletingPathExtension(lastPathComponent(*application.path)), name));
+}
+
 std::optional<RunningApplication> running(ScriptDesktop& desktop, const std::string& name) {
   const std::vector<RunningApplication> launched = desktop.applications.launched();
-  const auto found = std::find_if(launched.begin(), launched.end(), [&](const auto& each) {
-    return each.name && isSameName(*each.name, name);
-  });
+  const auto found = std::find_if(launched.begin(), launched.end(),
+                                  [&](const auto& each) { return isKnownAs(each, name); });
   return found != launched.end() ? std::optional(*found) : std::nullopt;
 }
 

@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# Hot keys and services over a real editor: a hot key runs its item on what is selected; one whose
+# item does not apply reaches the editor as the same keystroke, again and again; a service works on
+# the selection and its answer is pasted back; no modifier stays down.
+#   gestures.sh PROGRAM
+set -eu
+cd "$(dirname "$0")/../.."
+program=$(realpath "$1")
+
+if [ "${TAVREL_GESTURES_INSIDE:-}" != yes ]; then
+  shots=${TAVREL_SHOTS:-$PWD/build/shots/gestures}
+  rm -rf "$shots"
+  mkdir -p "$shots"
+  exec env TAVREL_GESTURES_INSIDE=yes TAVREL_SHOTS="$shots" tools/with-desktop --wm "$0" "$program"
+fi
+
+. tools/desktop-lib.sh
+log=$TAVREL_SHOTS/tavrel.log
+words=$HOME/Documents/words.txt
+mkdir -p "$HOME/Documents" "$XDG_CONFIG_HOME"
+printf 'words to be shouted' >"$words"
+printf '#!/bin/sh\ncat >"$HOME/kept.new" && mv "$HOME/kept.new" "$HOME/kept"\n' >"$HOME/Keep.sh"
+chmod +x "$HOME/Keep.sh"
+
+# item TYPE TITLE URL [MORE]
+item() {
+  printf '<dict><key>TVR_MenuItemType</key><string>%s</string><key>TVR_MenuItemTitle</key><string>%s</string><key>TVR_MenuItemURL</key><string>%s</string>%s</dict>' "$1" "$2" "$3" "${4:-}"
+}
+shortcut() { printf '<key>TVR_MenuItemShortcutString</key><string>%s</string>' "$1"; }
+{
+  echo '<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_MenuTree</key><array>'
+  item applescript Keep "file://$HOME/Keep.sh" "$(shortcut K)"
+  item applescript Elsewhere "file://$HOME/Keep.sh" "$(shortcut a)<key>TVR_MenuItemInvokers</key><array><string>Elsewhere</string></array>"
+  item services Shout upper-case
+  echo '</array></dict></plist>'
+} >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist"
+
+active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
+primary_is() { [ "$(xclip -selection primary -o)" = "$1" ]; }
+nothing_held() { [ -z "$(xinput query-state "$(xinput list --id-only 'Virtual core keyboard')" | grep 'key\[[0-9]*\]=down')" ]; }
+selected_first_word() {
+  xdotool key ctrl+Home ctrl+shift+Right
+  primary_is words
+}
+
+tint2 >/dev/null 2>&1 &
+wait_for 20 "the panel's tray" sh -c 'xprop -root | grep -q _NET_CLIENT_LIST && xdotool search --class tint2'
+"$program" 2>"$log" &
+wait_for 20 "the status item" tray_icon_embedded
+mousepad "$words" >/dev/null 2>&1 &
+wait_for 40 "the editor" active_class mousepad
+
+wait_for 20 "a selected word" selected_first_word
+xdotool key ctrl+shift+k
+wait_for 20 "the item of the hot key" grep -qx words "$HOME/kept"
+wait_for 5 "every key to be up" nothing_held
+echo "a hot key ran its item on the selection."
+
+for turn in 1 2 3; do
+  wait_for 20 "a selected word" selected_first_word
+  xdotool key ctrl+a
+  wait_for 20 "the editor to select all, turn $turn" primary_is "$(cat "$words")"
+  wait_for 5 "every key to be up" nothing_held
+done
+echo "a hot key that does not apply reached the editor, three times."
+
+wait_for 20 "a selected word" selected_first_word
+xdotool keydown Control_L sleep 0.04 keyup Control_L sleep 0.06 keydown Control_L sleep 0.04 keyup Control_L
+wait_for 20 "the menu" menu_open
+screenshot menu
+xdotool type --delay 20 Shout
+xdotool key Return
+saved() {
+  xdotool key ctrl+s
+  grep -qx 'WORDS to be shouted' "$words"
+}
+wait_for 20 "the answer of the service in the editor" saved
+screenshot shouted
+wait_for 5 "every key to be up" nothing_held
+echo "a service answered, and the editor has its answer."
