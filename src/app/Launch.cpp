@@ -60,6 +60,7 @@ void TVController::applicationWillFinishLaunching() {
       {doubleTapName, NTModifierKeyActionHandler::sender},
       [this](const Notification&) { doubleTapNotification(); });
   armDoubleTap();
+  armLongPress();
 }
 
 void TVController::applicationDidFinishLaunching() {
@@ -77,6 +78,17 @@ void TVController::armDoubleTap() {
       chosen == 0 ? std::uint32_t{keyCode::command} : static_cast<std::uint32_t>(chosen);
   const std::uint32_t mask = NTModifierKeyActionHandler::keyMaskForKeyCode(key);
   doubleTapActionHandler->addClient(doubleTapName, static_cast<std::int32_t>(mask));
+}
+
+void TVController::armLongPress() {
+  longPress.reset();
+  if (settings.longPressInterval <= 0)
+    return;
+  longPress = std::make_unique<LongPress>(LongPressActions{
+      [this] { return settings.longPressInterval; },
+      [this](Point where) { return targetUIElementAt(where).has_value(); },
+      [this](float seconds) { stopBeepSoundFor(seconds); }, [this] { doubleTapNotification(); }});
+  (void)longPress->watch();
 }
 
 } // namespace tavrel

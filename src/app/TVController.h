@@ -3,6 +3,7 @@
 #include "app/PopupPanel.h"
 #include "app/Settings.h"
 #include "invoke/HotKeyRecord.h"
+#include "invoke/LongPress.h"
 #include "invoke/NTModifierKeyActionHandler.h"
 #include "menu/MenuIcons.h"
 #include "platform/Accessibility.h"
@@ -108,8 +109,9 @@ public:
   std::vector<std::string> excludeUIElements; ///< roles that are no target
   AXUIElementRef systemWideElement;           ///< made when first used
   std::unique_ptr<NTModifierKeyActionHandler> doubleTapActionHandler;
-  bool needToRecreateMenu = false; ///< the tree changed behind the menu's back
-  bool filesSelected = false;      ///< the captured selection holds files
+  std::unique_ptr<LongPress> longPress; ///< null unless a long press is the way in
+  bool needToRecreateMenu = false;      ///< the tree changed behind the menu's back
+  bool filesSelected = false;           ///< the captured selection holds files
 
 private:
   void addFixedTop(Menu& menu);
@@ -119,6 +121,7 @@ private:
   void captureFrontSelection();
 
   void armDoubleTap();
+  void armLongPress();
   void captureForHotKey();
   bool handOnKeystroke();
 

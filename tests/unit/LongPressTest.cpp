@@ -212,5 +212,29 @@ TEST_F(LongPressTest, ADesktopThatCannotTellOfButtonsSaysSo) {
   EXPECT_EQ(other.watch(), -1);
 }
 
+/// The long press as launch arms it.
+class ArmedLongPress : public ControllerTest {
+protected:
+  std::size_t opened(std::int32_t startType) {
+    set(TVR2_PopupStartType, startType);
+    set(TVR_LongPressInterval, 0.5);
+    desktop.accessibility.control.roleAtPoint = "AXTextArea";
+    controller.applicationWillFinishLaunching();
+    if (const auto& handler = desktop.eventMonitor.control.buttonHandler)
+      handler(ButtonChange::primaryPressed);
+    desktop.clock.advance(0.6);
+    return desktop.presenter.control.shown.size();
+  }
+};
+
+TEST_F(ArmedLongPress, OpensThePopUpWhenItIsTheWayIn) {
+  EXPECT_EQ(opened(2), 1U);
+}
+
+TEST_F(ArmedLongPress, IsOffUnlessChosen) {
+  EXPECT_EQ(opened(1), 0U);
+  EXPECT_FALSE(desktop.eventMonitor.control.buttonHandler);
+}
+
 } // namespace
 } // namespace tavrel

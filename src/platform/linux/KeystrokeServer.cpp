@@ -1,10 +1,8 @@
 #include "platform/linux/KeystrokeServer.h"
 
 #include "platform/linux/XcbReply.h"
+#include "platform/linux/XcbXkb.h"
 
-#define explicit explicitActions // a member of the C header bears the name
-#include <xcb/xkb.h>
-#undef explicit
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>

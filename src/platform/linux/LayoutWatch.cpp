@@ -1,13 +1,10 @@
 #include "platform/linux/LayoutWatch.h"
 
 #include "platform/linux/QtConnection.h"
+#include "platform/linux/XcbXkb.h"
 
 #include <QCoreApplication>
 #include <QObject>
-
-#define explicit explicitActions // a member of the C header bears the name
-#include <xcb/xkb.h>
-#undef explicit
 
 #include <chrono>
 

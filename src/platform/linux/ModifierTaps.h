@@ -24,10 +24,10 @@ struct ModifierChange {
 /// by server key code and button number.
 class ModifierTaps {
 public:
-  explicit ModifierTaps(ServerModifiers modifiers) : modifiers_(std::move(modifiers)) {}
+  explicit ModifierTaps(ServerModifiers modifiers) : modifiers_(modifiers) {}
 
   /// The layout has changed.
-  void setModifiers(ServerModifiers modifiers) { modifiers_ = std::move(modifiers); }
+  void setModifiers(ServerModifiers modifiers) { modifiers_ = modifiers; }
 
   void keyDown(std::size_t key);
   void keyUp(std::size_t key);

@@ -29,7 +29,7 @@ std::vector<xcb_atom_t> pairsAt(xcb_connection_t* server, xcb_window_t window,
   if (!reply || reply->format != 32)
     return {};
   const auto* atoms = static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get()));
-  return {atoms, atoms + reply->value_len / 2 * 2};
+  return {atoms, atoms + std::size_t{reply->value_len} / 2 * 2};
 }
 
 } // namespace
