@@ -17,6 +17,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -161,6 +162,7 @@ pid_t started(char** command) {
   const pid_t child = fork();
   if (child != 0)
     return child;
+  dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO); // ours is for the figures
   execvp(command[0], command);
   _exit(127);
 }
