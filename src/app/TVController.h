@@ -124,6 +124,7 @@ private:
   void armLongPress();
   void captureForHotKey();
   bool handOnKeystroke();
+  bool performHotkeyItem(const HotKeyRecord& record);
 
   TVApplication& application_;
   std::optional<ObserverId> doubleTapObserver_;

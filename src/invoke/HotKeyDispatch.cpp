@@ -3,6 +3,7 @@
 #include "app/TVController.h"
 #include "base/LetterCase.h"
 #include "base/Modifiers.h"
+#include "exec/ExecutingScript.h"
 #include "exec/OptionKeyFlag.h"
 #include "invoke/HotKeyRecord.h"
 #include "invoke/KeyNames.h"
@@ -10,6 +11,7 @@
 #include "platform/Applications.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
+#include "selection/PrivatePasteboard.h"
 
 #include <array>
 
@@ -62,14 +64,21 @@ bool TVController::performHotkey(EventHotKeyRef reference) {
   if (!fired)
     return false;
   captureForHotKey();
+  const bool hasRun = performHotkeyItem(*fired);
+  if (!gExecutingScript)
+    forgetConcealedSelection();
+  return hasRun;
+}
+
+bool TVController::performHotkeyItem(const HotKeyRecord& record) {
   if (TVR_BoolForKey(TVR_OnlyWithFinder, false) && hostName != "Finder")
     return handOnKeystroke();
-  if (!isHideItem(*fired->HotKeyItem)) {
-    executeItem(*fired->HotKeyItem, true, nullptr);
+  if (!isHideItem(*record.HotKeyItem)) {
+    executeItem(*record.HotKeyItem, true, nullptr);
     return true;
   }
-  gAppCharCode = fired->HotKeyChar;
-  gAppModifiers = fired->HotKeyMod;
+  gAppCharCode = record.HotKeyChar;
+  gAppModifiers = record.HotKeyMod;
   return handOnKeystroke();
 }
 

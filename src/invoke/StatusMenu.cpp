@@ -56,8 +56,12 @@ void TVController::menuWillOpen(Menu& menu) {
 }
 
 void TVController::menuDidClose(Menu& menu) {
-  if (&menu == &statusMenu && statusItem)
+  if (&menu != &statusMenu)
+    return;
+  if (statusItem)
     setIcon(*statusItem, normalIcon);
+  if (!gExecutingScript) // else the script is at work on the selection still
+    forgetConcealedSelection();
 }
 
 void TVController::menuNeedsUpdate(Menu& menu) {

@@ -35,13 +35,19 @@ std::int64_t copyUntilAnswered(const AXUIElementRef& application) {
   return changes;
 }
 
+std::string loggedText(Pasteboard& selection) {
+  if (isConcealed(selection))
+    return "concealed";
+  return selection.string(pasteboardType::string).value_or("(null)");
+}
+
 void logCapture(std::int64_t changes) {
   Pasteboard& selection = privatePasteboard();
   const std::vector<std::string> types = selection.types();
-  platform().log.write(filledInOrder(
-      "types=%@  contents(NSStringPboardType)=[%@] \nchangeCount=%@",
-      {descriptionOf(PropertyList::Array(types.begin(), types.end())),
-       selection.string(pasteboardType::string).value_or("(null)"), std::to_string(changes)}));
+  platform().log.write(
+      filledInOrder("types=%@  contents(NSStringPboardType)=[%@] \nchangeCount=%@",
+                    {descriptionOf(PropertyList::Array(types.begin(), types.end())),
+                     loggedText(selection), std::to_string(changes)}));
 }
 
 } // namespace

@@ -39,6 +39,7 @@ void backUpGeneralPasteboard() {
 
 void restoreGeneralPasteboard() {
   copyPasteboard(backupPasteboard(), platform().pasteboards.general());
+  clearPasteboard(backupPasteboard());
 }
 
 void copyPrivateToGeneralPasteboard() {

@@ -14,7 +14,7 @@ void copyPasteboard(Pasteboard& source, Pasteboard& destination);
 /// Leaves an empty string: a cleared pasteboard is never without a type.
 void clearPasteboard(Pasteboard& pasteboard);
 
-/// Saves the clipboard, and puts it back.
+/// Saves the clipboard, and puts it back; nothing of it stays behind then.
 void backUpGeneralPasteboard();
 void restoreGeneralPasteboard();
 

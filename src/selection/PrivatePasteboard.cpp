@@ -1,6 +1,7 @@
 #include "selection/PrivatePasteboard.h"
 
 #include "platform/Platform.h"
+#include "selection/PasteboardCopy.h"
 
 #include <algorithm>
 
@@ -17,6 +18,15 @@ std::optional<std::string> firstAvailableType(Pasteboard& pasteboard,
     if (std::find(offered.begin(), offered.end(), type) != offered.end())
       return type;
   return std::nullopt;
+}
+
+bool isConcealed(Pasteboard& pasteboard) {
+  return firstAvailableType(pasteboard, {pasteboardType::concealed}).has_value();
+}
+
+void forgetConcealedSelection() {
+  if (isConcealed(privatePasteboard()))
+    clearPasteboard(privatePasteboard());
 }
 
 bool isSelectionFiles() {

@@ -18,6 +18,12 @@ inline constexpr const char* TVRMenuPboardType = "TVRMenuPboardType";
 [[nodiscard]] std::optional<std::string>
 firstAvailableType(Pasteboard& pasteboard, const std::vector<std::string>& candidates);
 
+/// Whether what it holds is to be neither logged nor kept longer than needed.
+[[nodiscard]] bool isConcealed(Pasteboard& pasteboard);
+
+/// Empties the captured selection when it is concealed: to be called once nobody needs it.
+void forgetConcealedSelection();
+
 /// Whether the captured selection holds files.
 [[nodiscard]] bool isSelectionFiles();
 

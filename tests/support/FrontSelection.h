@@ -28,6 +28,14 @@ inline void answerCopy(MemoryDesktop& desktop, CopyAnswer answer, int press = 1)
   };
 }
 
+/// What a password manager copies.
+[[nodiscard]] inline CopyAnswer copyPassword(std::string password) {
+  return [password = std::move(password)](Pasteboard& pasteboard) {
+    pasteboard.declareTypes({pasteboardType::concealed, pasteboardType::string});
+    pasteboard.setString(password, pasteboardType::string);
+  };
+}
+
 [[nodiscard]] inline CopyAnswer copyFiles(std::vector<std::string> paths,
                                           const char* type = pasteboardType::filenames) {
   return [paths = std::move(paths), type](Pasteboard& pasteboard) {

@@ -1,4 +1,5 @@
 #include "support/CoreTest.h"
+#include "support/FrontSelection.h"
 
 namespace tavrel {
 namespace {
@@ -53,6 +54,28 @@ TEST_F(HotKeysOfTree, AGroupsShortcutCountsOnlyWithoutChildren) {
   launch({group({item("a", 0, 0)}, 5), group({}, 6), item("b", 0, 11)});
   EXPECT_THAT(keys.log,
               ::testing::ElementsAre("register 0 0x100", "register 6 0x100", "register 11 0x100"));
+}
+
+TEST_F(HotKeysOfTree, APasswordIsForgottenOnceTheItemHasRun) {
+  launch({item("a", 0, 0)});
+  answerCopy(desktop, copyPassword("hunter2"));
+  EXPECT_TRUE(desktop.hotKeys.press(0, 0x100));
+  EXPECT_EQ(privatePasteboard().string(pasteboardType::string), "");
+  EXPECT_FALSE(isConcealed(privatePasteboard()));
+}
+
+TEST_F(HotKeysOfTree, WordsAreKeptAfterTheItemHasRun) {
+  launch({item("a", 0, 0)});
+  answerCopy(desktop, copyText("words"));
+  EXPECT_TRUE(desktop.hotKeys.press(0, 0x100));
+  EXPECT_EQ(privatePasteboard().string(pasteboardType::string), "words");
+}
+
+TEST_F(HotKeysOfTree, APasswordIsForgottenAlsoWhenTheKeystrokeIsHandedOn) {
+  launch({item("a", 0, 0, hidden)});
+  answerCopy(desktop, copyPassword("hunter2"));
+  press(0, 0x100);
+  EXPECT_EQ(privatePasteboard().string(pasteboardType::string), "");
 }
 
 TEST_F(HotKeysOfTree, AReleasedKeyRunsItsItem) {

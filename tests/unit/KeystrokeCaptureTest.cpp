@@ -148,6 +148,30 @@ TEST_F(KeystrokeCapture, TellsOfASelectionWithoutText) {
                         "contents(NSStringPboardType)=[(null)] \nchangeCount=1");
 }
 
+TEST_F(KeystrokeCapture, OfAPasswordIsTakenButNotWrittenIntoTheLog) {
+  answerCopy(desktop, copyPassword("hunter2"));
+  capture();
+  EXPECT_THAT(selection.string(pasteboardType::string), Optional(std::string("hunter2")));
+  EXPECT_EQ(log.back(), "types=(\n    \"org.nspasteboard.ConcealedType\",\n    "
+                        "NSStringPboardType\n)  "
+                        "contents(NSStringPboardType)=[concealed] \nchangeCount=1");
+}
+
+TEST_F(KeystrokeCapture, OfWordsIsWrittenIntoTheLogWhateverTheClipboardConceals) {
+  copyPassword("hunter2")(general);
+  answerCopy(desktop, copyText("words"));
+  capture();
+  EXPECT_THAT(log.back(), ::testing::HasSubstr("=[words] "));
+}
+
+TEST_F(KeystrokeCapture, LeavesNothingOfTheClipboardInTheBackup) {
+  copyText("mine")(general);
+  capture();
+  EXPECT_THAT(general.string(pasteboardType::string), Optional(std::string("mine")));
+  Pasteboard& backup = desktop.pasteboards.named(TVRBackupPboard);
+  EXPECT_THAT(backup.string(pasteboardType::string), Optional(std::string()));
+}
+
 TEST_F(KeystrokeCapture, TheBeepIsSilentFromTheFirstKeyToTheLast) {
   desktop.sounds.control.alertVolume = 70;
   std::vector<std::int32_t> heard;

@@ -51,6 +51,14 @@ TEST_F(PasteBack, TheClipboardIsAfterwardsAsItWas) {
   EXPECT_EQ(general.data("b"), std::nullopt);
 }
 
+TEST_F(PasteBack, LeavesNothingOfTheClipboardInTheBackup) {
+  copyText("mine")(general);
+  paste();
+  Pasteboard& backup = desktop.pasteboards.named(TVRBackupPboard);
+  EXPECT_THAT(backup.types(), ElementsAre("NSStringPboardType"));
+  EXPECT_THAT(backup.string(pasteboardType::string), Optional(std::string()));
+}
+
 TEST_F(PasteBack, TheApplicationHasAFifthOfASecond) {
   paste();
   EXPECT_THAT(desktop.clock.control.sleeps, ElementsAre(0.2));

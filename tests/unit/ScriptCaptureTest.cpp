@@ -131,6 +131,12 @@ TEST_F(ScriptCapture, AnOddByteIsDroppedFromAPath) {
   EXPECT_THAT(capturedFiles(), Optional(ElementsAre("/a", "")));
 }
 
+TEST_F(ScriptCapture, LeavesNothingOfTheClipboardInTheBackup) {
+  controller.setSelectionToPasteboardWithScript("Finder");
+  EXPECT_THAT(desktop.pasteboards.named("TVRBackupPboard").types(),
+              ElementsAre("NSStringPboardType"));
+}
+
 TEST_F(ScriptCapture, TheScriptFindsAClearedClipboard) {
   std::vector<std::string> found;
   script = [&] {
