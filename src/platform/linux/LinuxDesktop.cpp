@@ -63,8 +63,8 @@ struct LinuxDesktop::Adapters {
   LinuxSystemLog log;
   LinuxWorkspace workspace{registry, windows};
   LongRuns longRuns;
-  LinuxScriptHost scriptHost{{applications, clock, sounds, log, pasteboards, workspace, registry,
-                              windows, resources + "/roles"},
+  LinuxScriptHost scriptHost{{accessibility, applications, clock, keyboard, sounds, log,
+                              pasteboards, workspace, registry, windows, resources + "/roles"},
                              longRuns};
   LinuxScripts scripts{scriptHost, longRuns, [this](const std::string& path) {
                          return runSelectedScript(path, {applications, pasteboards, log, longRuns});

@@ -6,6 +6,7 @@
 #include "platform/linux/DesktopEntry.h"
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/ScriptArguments.h"
+#include "platform/linux/ScriptKeys.h"
 #include "script/ScriptError.h"
 
 #include <QString>
@@ -148,20 +149,7 @@ const ScriptCommands& commands() {
   return all;
 }
 
-} // namespace
-
-HostAnswer askApplication(ScriptDesktop& desktop, const HostEvent& event) {
-  const auto command = commands().find(event.command);
-  if (command != commands().end())
-    return command->second(desktop, event);
-  if (!installed(desktop, event.application) && !running(desktop, event.application))
-    return notThere(event.application);
-  return HostError{errors::notUnderstood, "application \"" + event.application +
-                                              "\" doesn’t understand the “" + event.command +
-                                              "” message."};
-}
-
-HostAnswer askSystemEvents(ScriptDesktop& desktop, const HostEvent& event) {
+HostAnswer askProcesses(ScriptDesktop& desktop, const HostEvent& event) {
   const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
   const auto names = [&] {
     HostList list;
@@ -183,6 +171,27 @@ HostAnswer askSystemEvents(ScriptDesktop& desktop, const HostEvent& event) {
   if (asksNames)
     return HostValue{names()};
   return HostError{errors::noSuchObject, "Can’t get that process."};
+}
+
+} // namespace
+
+HostAnswer askApplication(ScriptDesktop& desktop, const HostEvent& event) {
+  const auto command = commands().find(event.command);
+  if (command != commands().end())
+    return command->second(desktop, event);
+  if (!installed(desktop, event.application) && !running(desktop, event.application))
+    return notThere(event.application);
+  return HostError{errors::notUnderstood, "application \"" + event.application +
+                                              "\" doesn’t understand the “" + event.command +
+                                              "” message."};
+}
+
+HostAnswer askSystemEvents(ScriptDesktop& desktop, const HostEvent& event) {
+  if (event.command == "keystroke")
+    return typeKeystroke(desktop, event);
+  if (event.command == "key code")
+    return typeKeyCode(desktop, event);
+  return askProcesses(desktop, event);
 }
 
 HostAnswer askPreferences(ScriptDesktop& desktop, const HostEvent& event) {

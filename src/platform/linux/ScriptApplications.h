@@ -11,7 +11,7 @@ namespace tavrel {
                                                 const script::HostEvent& event);
 
 /// The file manager in its role: what every application is asked, and `reveal`, `exists`, `move`,
-/// `duplicate`, and where `home` and `desktop` are.
+/// `duplicate`, where `home` and `desktop` are, and the `selection`, whole or an item of it.
 [[nodiscard]] script::HostAnswer askFileManager(ScriptDesktop& desktop,
                                                 const script::HostEvent& event);
 
@@ -24,7 +24,7 @@ namespace tavrel {
 [[nodiscard]] script::HostAnswer askPreferences(ScriptDesktop& desktop,
                                                 const script::HostEvent& event);
 
-/// "System Events": which processes there are and which is in front.
+/// "System Events": which processes there are, and keys typed in the application in front.
 [[nodiscard]] script::HostAnswer askSystemEvents(ScriptDesktop& desktop,
                                                  const script::HostEvent& event);
 

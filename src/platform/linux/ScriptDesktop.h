@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/Accessibility.h"
 #include "platform/Applications.h"
 #include "platform/Clock.h"
+#include "platform/Keyboard.h"
 #include "platform/Pasteboards.h"
 #include "platform/Sounds.h"
 #include "platform/SystemLog.h"
@@ -17,8 +19,10 @@ class DesktopWindows;
 
 /// What scripts reach of the desktop. All must outlive whoever holds this.
 struct ScriptDesktop {
+  Accessibility& accessibility;
   Applications& applications;
   Clock& clock;
+  Keyboard& keyboard;
   Sounds& sounds;
   SystemLog& log;
   Pasteboards& pasteboards;

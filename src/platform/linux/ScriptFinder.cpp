@@ -2,6 +2,7 @@
 
 #include "base/PathString.h"
 #include "base/Url.h"
+#include "platform/linux/FileManagerSelection.h"
 #include "platform/linux/ScriptArguments.h"
 #include "platform/linux/UserFolders.h"
 #include "script/ScriptError.h"
@@ -139,15 +140,64 @@ HostAnswer getOfFinder(ScriptDesktop& desktop, const HostEvent& event) {
   return askApplication(desktop, event);
 }
 
-} // namespace
-
-HostAnswer askFileManager(ScriptDesktop& desktop, const HostEvent& event) {
+HostAnswer performInFinder(ScriptDesktop& desktop, const HostEvent& event) {
   static const ScriptCommands commands{
       {"reveal", reveal}, {"select", reveal},       {"open", openItem},  {"exists", itemExists},
       {"move", move},     {"duplicate", duplicate}, {"get", getOfFinder}};
-  const auto command = commands.find(event.command);
-  return command != commands.end() ? command->second(desktop, event)
-                                   : askApplication(desktop, event);
+  const auto found = commands.find(event.command);
+  return found != commands.end() ? found->second(desktop, event) : askApplication(desktop, event);
+}
+
+const ObjectPath* selectionIn(const HostEvent& event) {
+  const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
+  const bool isIt = object && !object->steps.empty() &&
+                    object->steps[0].kind == ObjectStep::Kind::property &&
+                    object->steps[0].name == "selection";
+  return isIt ? object : nullptr;
+}
+
+HostAnswer itemOfSelection(const HostList& files, const ObjectStep& step) {
+  if (step.kind == ObjectStep::Kind::every && step.name == "item")
+    return HostValue{files};
+  const auto* key = step.keys.empty() ? nullptr : std::get_if<std::int64_t>(&step.keys[0].value);
+  const bool isIndex = step.kind == ObjectStep::Kind::element && step.name == "item" && key;
+  const auto count = static_cast<std::int64_t>(files.size());
+  const std::int64_t index = isIndex ? *key + (*key < 0 ? count + 1 : 0) : 0;
+  if (index < 1 || index > count)
+    return HostError{errors::noSuchObject, "Can’t get that of the selection."};
+  return HostValue{files[static_cast<std::size_t>(index - 1)]};
+}
+
+HostAnswer selected(ScriptDesktop& desktop, const std::string& role, const ObjectPath& object) {
+  HostList files;
+  for (const std::string& path : selectionOfFileManager(desktop, role))
+    files.push_back({HostFile{path}});
+  if (object.steps.size() == 1)
+    return HostValue{files};
+  return object.steps.size() == 2
+             ? itemOfSelection(files, object.steps[1])
+             : HostError{errors::noSuchObject, "Can’t get that of the selection."};
+}
+
+// What is asked of the selection is asked of the files that are selected now.
+HostAnswer askSelection(ScriptDesktop& desktop, const HostEvent& event, const ObjectPath& object) {
+  const HostAnswer answer = selected(desktop, event.application, object);
+  const auto* files = std::get_if<HostValue>(&answer);
+  if (!files || event.command == "get")
+    return answer;
+  const auto count = static_cast<std::int64_t>(scriptPaths(*files).size());
+  if (event.command == "count")
+    return HostValue{count};
+  if (event.command == "exists")
+    return HostValue{count > 0};
+  return performInFinder(desktop, {event.application, event.command, *files, event.parameters});
+}
+
+} // namespace
+
+HostAnswer askFileManager(ScriptDesktop& desktop, const HostEvent& event) {
+  const ObjectPath* selection = selectionIn(event);
+  return selection ? askSelection(desktop, event, *selection) : performInFinder(desktop, event);
 }
 
 } // namespace tavrel

@@ -1,18 +1,9 @@
-#include "linux/FakeApplications.h"
-#include "platform/linux/DesktopWindows.h"
-#include "platform/linux/LinuxApplications.h"
-#include "platform/linux/LinuxClock.h"
-#include "platform/linux/LinuxPasteboards.h"
-#include "platform/linux/LinuxScriptHost.h"
-#include "platform/linux/LinuxSystemLog.h"
-#include "platform/linux/LinuxWorkspace.h"
-#include "script/Engine.h"
+#include "linux/ScriptHostFixture.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QThread>
-#include <gmock/gmock.h>
 
 #include <mutex>
 
@@ -23,20 +14,6 @@ namespace fs = std::filesystem;
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-/// Sounds and log entries are counted, not heard.
-struct QuietSounds final : Sounds {
-  int beeps = 0;
-  bool play(const std::string&) override { return true; }
-  void beep() override { ++beeps; }
-  std::int32_t alertVolume() override { return 0; }
-  void setAlertVolume(std::int32_t) override {}
-};
-
-struct KeptLog final : SystemLog {
-  std::vector<std::string> lines;
-  void write(const std::string& line) override { lines.push_back(line); }
-};
 
 /// The bus name that shows items, as file managers have it.
 class ItemShower final : public QDBusVirtualObject {
@@ -73,45 +50,7 @@ private:
   QDBusConnection bus_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "item shower");
 };
 
-class ScriptHostTest : public ::testing::Test {
-protected:
-  /// What the expression gives, or "error N: message".
-  std::string result(const std::string& source) {
-    const auto loaded = engine.loadSource(source, script::Author::person);
-    if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
-      return "error " + std::to_string(error->number) + ": " + error->message;
-    const script::RunResult run = engine.run(std::get<script::ScriptId>(loaded));
-    return run.error ? "error " + std::to_string(run.error->number) + ": " + run.error->message
-                     : run.description;
-  }
-  /// A path of the scratch folder, ready for a source.
-  [[nodiscard]] std::string quoted(const std::string& name) const {
-    return "\"" + (scratch.path() / name).string() + "\"";
-  }
-  [[nodiscard]] std::string contents(const std::string& name) const {
-    std::ifstream file(scratch.path() / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  void write(const std::string& name, const std::string& text) const {
-    std::ofstream(scratch.path() / name, std::ios::binary) << text;
-  }
-
-  ScratchFolder scratch;
-  FakeApplications fakes;
-  ApplicationRegistry registry{fakes.folders()};
-  DesktopWindows windows;
-  LinuxApplications applications{registry, windows, TAVREL_RESOURCES "/roles"};
-  LinuxClock clock;
-  QuietSounds sounds;
-  KeptLog log;
-  LinuxWorkspace workspace{registry, windows};
-  LinuxPasteboards pasteboards;
-  LongRuns runs{1000};
-  LinuxScriptHost host{{applications, clock, sounds, log, pasteboards, workspace, registry, windows,
-                        TAVREL_RESOURCES "/roles"},
-                       runs};
-  script::Engine engine{host};
-};
+using ScriptHostTest = ScriptHostFixture;
 
 TEST_F(ScriptHostTest, AShellCommandGivesWhatItPrints) {
   EXPECT_EQ(result("do shell script \"printf 'a\\\\nb\\\\n'\""), "\"a\rb\"");
