@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# The files that are selected in the file manager in front reach an item of the pop-up, and the
+# person's clipboard is the same afterwards.
+#   capture-files.sh PROGRAM
+set -eu
+cd "$(dirname "$0")/../.."
+program=$(realpath "$1")
+
+if [ "${TAVREL_FILES_INSIDE:-}" != yes ]; then
+  shots=${TAVREL_SHOTS:-$PWD/build/shots/capture-files}
+  rm -rf "$shots"
+  mkdir -p "$shots"
+  exec env TAVREL_FILES_INSIDE=yes TAVREL_SHOTS="$shots" tools/with-desktop --wm "$0" "$program"
+fi
+
+. tools/desktop-lib.sh
+mkdir -p "$HOME/shown" "$XDG_CONFIG_HOME"
+echo x >"$HOME/shown/a b.txt"
+echo x >"$HOME/shown/c.txt"
+cat >"$HOME/Keep.sh" <<'END_OF_SCRIPT'
+#!/bin/sh
+printf '%s\n' "$@" >"$HOME/kept.new"
+mv "$HOME/kept.new" "$HOME/kept"
+END_OF_SCRIPT
+chmod +x "$HOME/Keep.sh"
+cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<END_OF_TREE
+<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_MenuTree</key><array>
+<dict><key>TVR_MenuItemType</key><string>applescript</string><key>TVR_MenuItemTitle</key><string>Keep</string>
+<key>TVR_MenuItemURL</key><string>file://$HOME/Keep.sh</string></dict>
+</array></dict></plist>
+END_OF_TREE
+
+# captured EXPECTED: chooses the item and compares what it was handed.
+captured() {
+  rm -f "$HOME/kept"
+  click_window "$(tray_icon)"
+  wait_for 20 "the menu" menu_open
+  xdotool key Down Down Down Return
+  wait_for 20 "what was captured" test -e "$HOME/kept"
+  [ "$(sort "$HOME/kept")" = "$1" ] || give_up "the item got $(cat "$HOME/kept")"
+  wait_for 20 "the menu to close" no_menu_open
+  [ "$(xclip -selection clipboard -o)" = mine ] || give_up "the clipboard has changed"
+}
+
+tint2 >/dev/null 2>&1 &
+wait_for 20 "the panel's tray" sh -c 'xprop -root | grep -q _NET_CLIENT_LIST && xdotool search --class tint2'
+"$program" 2>"$TAVREL_SHOTS/tavrel.log" &
+wait_for 20 "the status item" tray_icon_embedded
+pcmanfm "$HOME/shown" >/dev/null 2>&1 &
+manager_in_front() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi pcmanfm; }
+wait_for 40 "the file manager in front" manager_in_front
+
+printf mine | xclip -selection clipboard
+captured ""
+all_selected() {
+  xdotool key ctrl+a ctrl+c
+  [ "$(xclip -selection clipboard -o -t text/uri-list | grep -c file:)" = 2 ]
+}
+wait_for 20 "both files to be selected" all_selected
+screenshot selected
+printf mine | xclip -selection clipboard
+captured "$HOME/shown/a b.txt
+$HOME/shown/c.txt"
