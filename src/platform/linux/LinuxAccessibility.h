@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/linux/AccessibilityBus.h"
 #include "platform/linux/KeystrokePoster.h"
 
 namespace tavrel {
@@ -10,7 +11,7 @@ class LinuxAccessibility final : public Accessibility {
 public:
   /// All must outlive this.
   LinuxAccessibility(ApplicationRegistry& registry, DesktopWindows& windows, OwnKeystrokes& own)
-      : poster_(registry, windows, own) {}
+      : windows_(windows), poster_(registry, windows, own) {}
 
   AXUIElementRef applicationElement(std::int32_t processIdentifier) override;
   AXUIElementRef systemWideElement() override;
@@ -19,6 +20,8 @@ public:
   bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
 
 private:
+  DesktopWindows& windows_;
+  AccessibilityBus bus_;
   KeystrokePoster poster_;
 };
 

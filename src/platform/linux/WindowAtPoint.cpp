@@ -1,0 +1,33 @@
+#include "platform/linux/WindowAtPoint.h"
+
+#include "platform/linux/QtConnection.h"
+#include "platform/linux/XcbReply.h"
+
+#include <xcb/xcb.h>
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace {
+WindowId childAt(xcb_connection_t& x, WindowId parent, ScreenPixel pixel) {
+  const auto reply = xcbReply(xcb_translate_coordinates_reply(
+      &x, xcb_translate_coordinates(&x, rootWindow(x), parent, pixel.x, pixel.y), nullptr));
+  return reply ? reply->child : 0;
+}
+} // namespace
+
+// A managed window lies in the frame that the manager drew around it.
+WindowId windowAt(ScreenPixel pixel, DesktopWindows& windows) {
+  xcb_connection_t* x = qtConnection();
+  if (!x)
+    return 0;
+  const std::vector<WindowId> managed = windows.windows();
+  const WindowId top = childAt(*x, rootWindow(*x), pixel);
+  for (WindowId each = top; each != 0; each = childAt(*x, each, pixel))
+    if (std::ranges::find(managed, each) != managed.end())
+      return each;
+  return top;
+}
+
+} // namespace tavrel
