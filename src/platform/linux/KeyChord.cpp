@@ -1,6 +1,7 @@
 #include "platform/linux/KeyChord.h"
 
 #include "base/Modifiers.h"
+#include "platform/linux/TypingKeys.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon.h>
@@ -26,26 +27,6 @@ constexpr std::array<ModifierKey, 8> modifierSymbols{{{55, XKB_KEY_Control_L},
                                                       {59, XKB_KEY_Super_L},
                                                       {62, XKB_KEY_Super_R}}};
 
-// A key, and what has to be held for it to type what it is to type.
-struct TypingKey {
-  std::uint8_t code = 0;
-  std::uint32_t group = 0;
-  bool withShift = false;
-};
-
-xkb_mod_mask_t modifierMask(xkb_keymap& keymap, const char* name) {
-  const xkb_mod_index_t index = xkb_keymap_mod_get_index(&keymap, name);
-  return index == XKB_MOD_INVALID ? 0 : xkb_mod_mask_t{1} << index;
-}
-
-std::optional<std::uint8_t> keyAt(xkb_keymap& keymap, std::uint16_t keyCode) {
-  const KeyTranslation places = keyTranslation(keymap);
-  const auto found = std::ranges::find(places, keyCode);
-  if (found == places.end())
-    return std::nullopt;
-  return static_cast<std::uint8_t>(found - places.begin());
-}
-
 std::optional<std::uint8_t> keyWithSymbol(xkb_keymap& keymap, xkb_keysym_t wanted) {
   for (xkb_keycode_t key = 8; key <= 255; ++key) {
     const xkb_keysym_t* symbols = nullptr;
@@ -62,62 +43,6 @@ std::optional<std::uint8_t> modifierKeyFor(xkb_keymap& keymap, std::uint16_t key
         return key;
   return keyAt(keymap, keyCode);
 }
-
-class TypingKeys {
-public:
-  TypingKeys(const TypingLayout& layout, CapsLock capsLock)
-      : keymap_(layout.keymap), group_(layout.group), state_(xkb_state_new(&keymap_)),
-        shift_(modifierMask(keymap_, XKB_MOD_NAME_SHIFT)),
-        locked_(capsLock == CapsLock::on ? modifierMask(keymap_, XKB_MOD_NAME_CAPS) : 0) {}
-
-  std::optional<TypingKey> keyFor(const KeyboardEvent& event) {
-    const auto place = keyAt(keymap_, event.keyCode);
-    if (event.character != 0)
-      if (const auto typed = keyThatTypes(event.character, place))
-        return typed;
-    return place ? std::optional(TypingKey{*place, group_, false}) : std::nullopt;
-  }
-
-  std::uint32_t characterOf(const TypingKey& key) {
-    set(key.group, key.withShift);
-    return xkb_state_key_get_utf32(state_.get(), key.code);
-  }
-
-private:
-  std::optional<TypingKey> keyThatTypes(std::uint32_t character,
-                                        std::optional<std::uint8_t> first) {
-    std::vector<std::uint32_t> groups{group_};
-    for (std::uint32_t group = 0; group < xkb_keymap_num_layouts(&keymap_); ++group)
-      groups.push_back(group);
-    for (const std::uint32_t group : groups)
-      for (const bool withShift : {false, true}) {
-        set(group, withShift);
-        if (const auto code = codeThatTypes(character, first))
-          return TypingKey{*code, group, withShift};
-      }
-    return std::nullopt;
-  }
-
-  std::optional<std::uint8_t> codeThatTypes(std::uint32_t character,
-                                            std::optional<std::uint8_t> first) {
-    if (first && xkb_state_key_get_utf32(state_.get(), *first) == character)
-      return first;
-    for (xkb_keycode_t key = 8; key <= 255; ++key)
-      if (xkb_state_key_get_utf32(state_.get(), key) == character)
-        return static_cast<std::uint8_t>(key);
-    return std::nullopt;
-  }
-
-  void set(std::uint32_t group, bool withShift) {
-    xkb_state_update_mask(state_.get(), withShift ? shift_ : 0, 0, locked_, 0, 0, group);
-  }
-
-  xkb_keymap& keymap_;
-  std::uint32_t group_;
-  std::unique_ptr<xkb_state, XkbStateUnref> state_;
-  xkb_mod_mask_t shift_;
-  xkb_mod_mask_t locked_;
-};
 
 bool holds(const std::vector<KeyboardEvent>& events, std::initializer_list<std::uint16_t> keys) {
   return std::ranges::any_of(events, [&](const KeyboardEvent& event) {
@@ -174,8 +99,10 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
     const auto key = typing.keyFor(event);
     if (!key)
       continue;
-    const bool forTerminal = receiver == KeyReceiver::terminal && isBareCommand &&
+    const bool forTerminal = receiver != KeyReceiver::application && isBareCommand &&
                              isCopyOrPaste(typing.characterOf(*key));
+    if (forTerminal && receiver == KeyReceiver::bareTerminal)
+      return {{}, layout.group};
     chord.group = key->group;
     add(chord.keys, *key, (key->withShift && !hasShift) || forTerminal ? shift : std::nullopt,
         event.direction);

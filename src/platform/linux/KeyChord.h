@@ -9,7 +9,8 @@ struct xkb_keymap;
 
 namespace tavrel {
 
-enum class KeyReceiver { application, terminal };
+/// In a terminal Command-C and Command-V take Shift; a bare one has no keys for them at all.
+enum class KeyReceiver { application, terminal, bareTerminal };
 enum class CapsLock { off, on };
 
 /// A chord in the server's own terms: the keys in order, and the group they are to be typed in.
@@ -29,8 +30,8 @@ struct TypingLayout {
 /// that types it in the group in force, with Shift where it takes that, else the one of another
 /// group; a key without, or whose character nothing types, is the one in its place. Command is the
 /// key that acts as Ctrl, wherever the layout puts it. In a terminal Command-C and Command-V get
-/// Shift, as Ctrl-C would interrupt what runs there. Every key that is left down goes up at the
-/// end.
+/// Shift, as Ctrl-C would interrupt what runs there; in a bare one, which takes the chord with
+/// Shift for the one without, they are left out. Every key that is left down goes up at the end.
 [[nodiscard]] KeyChord keyChord(const std::vector<KeyboardEvent>& events,
                                 const TypingLayout& layout, KeyReceiver receiver);
 

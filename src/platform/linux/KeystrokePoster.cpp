@@ -178,6 +178,8 @@ void KeystrokePoster::bringToFront() {
 
 KeyReceiver KeystrokePoster::receiver() {
   const auto facts = windows_.facts(windows_.activeWindow());
+  if (facts && isBareTerminal(*facts))
+    return KeyReceiver::bareTerminal;
   return facts && isTerminal(*facts, registry_) ? KeyReceiver::terminal : KeyReceiver::application;
 }
 

@@ -28,7 +28,13 @@ constexpr std::array<std::string_view, 18> terminalClasses{"XTerm",
                                                            "Sakura",
                                                            "org.wezfurlong.wezterm",
                                                            "foot"};
+constexpr std::array<std::string_view, 6> bareTerminalClasses{"XTerm", "UXTerm", "KOI8RXTerm",
+                                                              "URxvt", "Rxvt",   "Xvt"};
 } // namespace
+
+bool isBareTerminal(const WindowFacts& window) {
+  return std::ranges::find(bareTerminalClasses, window.windowClass) != bareTerminalClasses.end();
+}
 
 bool isTerminal(const WindowFacts& window, ApplicationRegistry& registry) {
   if (std::ranges::find(terminalClasses, window.windowClass) != terminalClasses.end())

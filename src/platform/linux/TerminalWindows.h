@@ -10,4 +10,7 @@ class ApplicationRegistry;
 /// class of a well-known one that has none.
 [[nodiscard]] bool isTerminal(const WindowFacts& window, ApplicationRegistry& registry);
 
+/// Whether it is one of the old terminals that take Ctrl+Shift+C for Ctrl+C.
+[[nodiscard]] bool isBareTerminal(const WindowFacts& window);
+
 } // namespace tavrel

@@ -1,0 +1,89 @@
+#include "platform/linux/KeyChord.h"
+
+#include <gtest/gtest.h>
+#include <xkbcommon/xkbcommon.h>
+
+namespace tavrel {
+namespace {
+
+constexpr std::uint8_t control = 37, shift = 50, c = 54, i = 31;
+
+XkbKeymap layoutNamed(const char* layout, const char* variant = "") {
+  const std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> context(
+      xkb_context_new(XKB_CONTEXT_NO_FLAGS), &xkb_context_unref);
+  const xkb_rule_names names{"evdev", "pc105", layout, variant, ""};
+  return XkbKeymap(xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
+}
+
+std::vector<KeyboardEvent> copyWith(std::uint16_t keyOfC) {
+  return {{0, 55, KeyDirection::down},
+          {'c', keyOfC, KeyDirection::down},
+          {'c', keyOfC, KeyDirection::up},
+          {0, 55, KeyDirection::up}};
+}
+
+std::vector<std::uint8_t> pressed(const KeyChord& chord) {
+  std::vector<std::uint8_t> keys;
+  for (const ServerKey& key : chord.keys)
+    if (key.direction == KeyDirection::down)
+      keys.push_back(key.code);
+  return keys;
+}
+
+using Keys = std::vector<std::uint8_t>;
+
+TEST(KeyChord, CommandCIsControlC) {
+  const XkbKeymap us = layoutNamed("us");
+  const KeyChord chord = keyChord(copyWith(8), {*us}, KeyReceiver::application);
+  const std::vector<ServerKey> expected{{control, KeyDirection::down},
+                                        {c, KeyDirection::down},
+                                        {c, KeyDirection::up},
+                                        {control, KeyDirection::up}};
+  EXPECT_EQ(chord.keys, expected);
+}
+
+TEST(KeyChord, OnDvorakTheKeyThatTypesCIsInAnotherPlace) {
+  const XkbKeymap dvorak = layoutNamed("us", "dvorak");
+  EXPECT_EQ(pressed(keyChord(copyWith(34), {*dvorak}, KeyReceiver::application)),
+            (Keys{control, i}));
+}
+
+TEST(KeyChord, ACyrillicGroupIsLeftForTheOneThatTypesC) {
+  const XkbKeymap both = layoutNamed("us,ru");
+  const KeyChord chord = keyChord(copyWith(8), {*both, 1}, KeyReceiver::application);
+  EXPECT_EQ(chord.group, 0U);
+  EXPECT_EQ(pressed(chord), (Keys{control, c}));
+}
+
+TEST(KeyChord, CapsLockDoesNotAddShiftToAShortcut) {
+  const XkbKeymap us = layoutNamed("us");
+  EXPECT_EQ(pressed(keyChord(copyWith(8), {*us, 0, CapsLock::on}, KeyReceiver::application)),
+            (Keys{control, c}));
+}
+
+TEST(KeyChord, ATerminalGetsShiftToo) {
+  const XkbKeymap us = layoutNamed("us");
+  EXPECT_EQ(pressed(keyChord(copyWith(8), {*us}, KeyReceiver::terminal)),
+            (Keys{control, shift, c}));
+}
+
+TEST(KeyChord, ABareTerminalGetsNothingThatCouldInterruptWhatRunsThere) {
+  const XkbKeymap us = layoutNamed("us");
+  EXPECT_TRUE(keyChord(copyWith(8), {*us}, KeyReceiver::bareTerminal).keys.empty());
+}
+
+TEST(KeyChord, WhatIsLeftDownGoesUp) {
+  const XkbKeymap us = layoutNamed("us");
+  const KeyChord chord = keyChord({{'c', 8, KeyDirection::down}}, {*us}, KeyReceiver::application);
+  const std::vector<ServerKey> expected{{c, KeyDirection::down}, {c, KeyDirection::up}};
+  EXPECT_EQ(chord.keys, expected);
+}
+
+TEST(KeyChord, ACapitalTakesShift) {
+  const XkbKeymap us = layoutNamed("us");
+  EXPECT_EQ(pressed(keyChord({{'C', 8, KeyDirection::down}}, {*us}, KeyReceiver::application)),
+            (Keys{shift, c}));
+}
+
+} // namespace
+} // namespace tavrel
