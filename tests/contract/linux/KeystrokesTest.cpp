@@ -1,0 +1,135 @@
+#include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/DesktopWindows.h"
+#include "platform/linux/KeystrokeServer.h"
+#include "platform/linux/LinuxAccessibility.h"
+#include "platform/linux/OwnKeystrokes.h"
+#include "support/Desktop.h"
+#include "support/FakeInput.h"
+#include "support/TemporaryFolder.h"
+
+#include <QKeyEvent>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+namespace {
+
+// Tells the keys that come by the server's numbers of their symbols, with Ctrl and "?" for others.
+class Recorder final : public QWidget {
+public:
+  std::vector<std::string> keys;
+
+private:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() >= Qt::Key_Shift && event->key() <= Qt::Key_ScrollLock)
+      return; // modifiers and locks
+    const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+    const bool others = (event->modifiers() & ~(Qt::ControlModifier | Qt::KeypadModifier)) != 0;
+    keys.push_back(std::string(control ? "Ctrl+" : "") + (others ? "?+" : "") +
+                   std::to_string(event->nativeVirtualKey()));
+  }
+};
+
+struct KeystrokesWorld {
+  ApplicationRegistry registry{{}};
+  DesktopWindows windows;
+  OwnKeystrokes own;
+  LinuxAccessibility accessibility{registry, windows, own};
+
+  static void use(const QStringList& layout) {
+    QProcess::execute(QStringLiteral("setxkbmap"), layout);
+  }
+  void copy(std::uint16_t keyOfC = 8) {
+    const auto front = accessibility.applicationElement(0);
+    for (const KeyboardEvent& event :
+         {KeyboardEvent{0, 55, KeyDirection::down}, KeyboardEvent{'c', keyOfC, KeyDirection::down},
+          KeyboardEvent{'c', keyOfC, KeyDirection::up}, KeyboardEvent{0, 55, KeyDirection::up}})
+      EXPECT_TRUE(accessibility.postKeyboardEvent(front, event));
+  }
+};
+
+class Keystrokes : public ::testing::Test {
+protected:
+  void SetUp() override {
+    recorder.show();
+    recorder.activateWindow();
+    ASSERT_TRUE(eventually([&] { return recorder.isActiveWindow(); }));
+  }
+  void TearDown() override { KeystrokesWorld::use({QStringLiteral("us")}); }
+  bool arrives(const std::string& key) {
+    return eventually([&] { return recorder.keys == std::vector<std::string>{key}; });
+  }
+  KeystrokesWorld world;
+  Recorder recorder;
+};
+
+TEST_F(Keystrokes, ACopyArrivesOnEachLayout) {
+  for (const auto& [layout, key] :
+       {std::pair("us", 8), std::pair("de", 8), std::pair("us -variant dvorak", 34)}) {
+    KeystrokesWorld::use(QString::fromLatin1(layout).split(QLatin1Char(' ')));
+    recorder.keys.clear();
+    world.copy(static_cast<std::uint16_t>(key));
+    EXPECT_TRUE(arrives("Ctrl+99")) << layout;
+  }
+}
+
+TEST_F(Keystrokes, ACopyArrivesWithCapsLockOn) {
+  FakeInput input;
+  input.tap(serverKey::capsLock);
+  world.copy();
+  EXPECT_TRUE(eventually([&] { return recorder.keys.size() == 1; }));
+  input.tap(serverKey::capsLock);
+}
+
+TEST_F(Keystrokes, WhatAPersonHoldsDoesNotMixInAndIsHeldAfterwards) {
+  FakeInput keyboard(Device::keyboard);
+  keyboard.down(serverKey::control);
+  keyboard.down(serverKey::alt);
+  recorder.keys.clear();
+  world.copy();
+  EXPECT_TRUE(
+      eventually([&] { return !recorder.keys.empty() && recorder.keys.back() == "Ctrl+99"; }));
+  const auto server = KeystrokeServer::create();
+  EXPECT_TRUE(server->down()[serverKey::control] && server->down()[serverKey::alt]);
+  keyboard.up(serverKey::alt);
+  keyboard.up(serverKey::control);
+  EXPECT_TRUE(eventually([&] { return server->down().none(); }));
+}
+
+TEST_F(Keystrokes, WhatAProgramHeldDoesNotStayDown) {
+  FakeInput program;
+  program.down(serverKey::control);
+  program.down(serverKey::alt);
+  world.copy();
+  const auto server = KeystrokeServer::create();
+  EXPECT_TRUE(eventually([&] { return server->down().none(); }));
+  program.up(serverKey::alt);
+  program.up(serverKey::control);
+}
+
+TEST(KeystrokesInTerminals, NothingThatRunsInAnXtermIsInterrupted) {
+  KeystrokesWorld world;
+  const TemporaryFolder folder;
+  const std::string base = folder.path();
+  const std::string script = "trap 'echo hit >>" + base + "/hit' INT; echo up >" + base +
+                             "/up; read line; echo \"$line\" >" + base + "/line; sleep 99";
+  const Program terminal(QStringLiteral("xterm"),
+                         {QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
+                          QString::fromStdString(script)});
+  ASSERT_TRUE(eventually([&] { return std::filesystem::exists(base + "/up"); }));
+  ASSERT_TRUE(eventually([&] {
+    const auto front = world.windows.facts(world.windows.activeWindow());
+    return front && front->windowClass == "XTerm";
+  }));
+  world.copy();
+  handle({QStringLiteral("key"), QStringLiteral("a"), QStringLiteral("Return")});
+  EXPECT_TRUE(eventually([&] { return std::filesystem::exists(base + "/line"); }));
+  EXPECT_FALSE(std::filesystem::exists(base + "/hit"));
+}
+
+} // namespace
+} // namespace tavrel
