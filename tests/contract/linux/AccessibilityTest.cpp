@@ -6,6 +6,7 @@
 #include "platform/linux/OwnKeystrokes.h"
 #include "support/Desktop.h"
 
+#include <QCursor>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QProcess>
@@ -33,34 +34,27 @@ struct LinuxAccessibilityWorld {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, AccessibilityContract, LinuxAccessibilityWorld);
 
-// The window application's windows have nothing in them.
-Point middleOfTheOnlyWindow(LinuxAccessibilityWorld& world) {
-  QProcess geometry;
+// The pointer tells where on the screen a place in a window is.
+Point placeInTheOnlyWindow(LinuxAccessibilityWorld& world, int x, int y) {
   EXPECT_TRUE(eventually([&] { return !world.windows.windows().empty(); }));
-  geometry.start(QStringLiteral("xdotool"),
-                 {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"),
-                  QString::number(world.windows.windows().back())});
-  geometry.waitForFinished();
-  double x = 0;
-  double y = 0;
-  for (const QByteArray& line : geometry.readAllStandardOutput().split('\n')) {
-    x = line.startsWith("X=") ? line.mid(2).toDouble() : x;
-    y = line.startsWith("Y=") ? line.mid(2).toDouble() : y;
-  }
-  return {x + 100, QGuiApplication::primaryScreen()->geometry().height() - 1 - (y + 50)};
+  handle({QStringLiteral("mousemove"), QStringLiteral("--window"),
+          QString::number(world.windows.windows().back()), QString::number(x), QString::number(y)});
+  const QPoint pointer = QCursor::pos();
+  const int bottom = QGuiApplication::primaryScreen()->geometry().bottom();
+  return {static_cast<double>(pointer.x()), static_cast<double>(bottom - pointer.y())};
 }
 
 TEST(LinuxAccessibility, WhatLiesInAPanelIsADockItem) {
   LinuxAccessibilityWorld world;
   const Program panel(QStringLiteral(TAVREL_WINDOW_APPLICATION), {QStringLiteral("dock")});
-  const Point inside = middleOfTheOnlyWindow(world);
+  const Point inside = placeInTheOnlyWindow(world, 100, 50);
   EXPECT_TRUE(eventually([&] { return world.roleAt(inside) == PropertyList("AXDockItem"); }));
 }
 
 TEST(LinuxAccessibility, WhileTheAccessibilityBusIsOffNothingWaits) {
   LinuxAccessibilityWorld world;
   const Program other(QStringLiteral(TAVREL_WINDOW_APPLICATION), {QStringLiteral("ordinary")});
-  const Point inside = middleOfTheOnlyWindow(world);
+  const Point inside = placeInTheOnlyWindow(world, 100, 50);
   QElapsedTimer clock;
   clock.start();
   EXPECT_FALSE(world.roleAt(inside));
@@ -72,9 +66,8 @@ TEST(LinuxAccessibility, AnEditorsMenusAreToldFromItsText) {
                          {QStringLiteral("--launch-immediately")});
   LinuxAccessibilityWorld world;
   const Program editor(QStringLiteral("mousepad"));
-  const auto roleFromCorner = [&](double x, double y) {
-    const Point middle = middleOfTheOnlyWindow(world);
-    return world.roleAt({middle.x - 100 + x, middle.y + 50 - y});
+  const auto roleFromCorner = [&](int x, int y) {
+    return world.roleAt(placeInTheOnlyWindow(world, x, y));
   };
   EXPECT_TRUE(eventually([&] { return roleFromCorner(20, 10) == PropertyList("AXMenuBarItem"); }));
   // The toolkit's pages do not tell what lies in them.
