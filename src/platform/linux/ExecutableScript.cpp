@@ -14,9 +14,9 @@
 namespace tavrel {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using RunClock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds betweenLooks{100};
+constexpr std::chrono::milliseconds betweenStopLooks{100};
 constexpr std::chrono::seconds timeToEnd{2};
 constexpr int msecsBetweenGroupLooks = 10;
 
@@ -28,16 +28,16 @@ void writeSelection(QTemporaryFile& file, const std::vector<std::string>& paths)
   file.flush();
 }
 
-int msecsUntil(Clock::time_point moment) {
-  const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - Clock::now());
+int msecsUntil(RunClock::time_point moment) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - RunClock::now());
   return static_cast<int>(std::max<std::int64_t>(0, left.count()));
 }
 
 /// Ends the script and all that it started: what does not go when it is asked is killed.
 void stop(ScriptProcess& process) {
   process.signalAll(SIGTERM);
-  const auto deadline = Clock::now() + timeToEnd;
-  while (Clock::now() < deadline && process.signalAll(0))
+  const auto deadline = RunClock::now() + timeToEnd;
+  while (RunClock::now() < deadline && process.signalAll(0))
     if (process.serve(msecsBetweenGroupLooks))
       ::poll(nullptr, 0, msecsBetweenGroupLooks); // it ended; what it started may not have
   process.signalAll(SIGKILL);
@@ -46,13 +46,13 @@ void stop(ScriptProcess& process) {
 }
 
 ExecutableOutcome waitFor(ScriptProcess& process, const std::function<bool()>& shouldStop) {
-  auto look = Clock::now() + betweenLooks;
+  auto look = RunClock::now() + betweenStopLooks;
   for (;;) {
     if (const auto outcome = process.serve(msecsUntil(look)))
       return *outcome;
-    if (Clock::now() < look)
+    if (RunClock::now() < look)
       continue;
-    look = Clock::now() + betweenLooks;
+    look = RunClock::now() + betweenStopLooks;
     if (shouldStop && shouldStop()) {
       stop(process);
       return {ExecutableOutcome::Ending::stopped, 0};
