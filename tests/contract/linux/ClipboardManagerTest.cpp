@@ -101,20 +101,5 @@ TEST_F(ClipboardManagerTest, TheClipboardOfAnotherProgramIsNotHandedOver) {
   EXPECT_FALSE(manager.wasAsked);
 }
 
-TEST_F(ClipboardManagerTest, ARealManagerKeepsTextAndImages) {
-  QProcess manager;
-  manager.start("xfce4-clipman", {});
-  ASSERT_TRUE(manager.waitForStarted());
-  ASSERT_TRUE(waitFor([&] { return paster.owner("CLIPBOARD_MANAGER") != 0; }));
-  holdRestored({plain("UTF8_STRING", "kept"), plain("application/x-tavrel", "kept, too")});
-  pasteboards.reset();
-  EXPECT_TRUE(
-      waitFor([&] { return paster.paste("UTF8_STRING") == textProperty("UTF8_STRING", "kept"); }));
-  EXPECT_EQ(paster.paste("application/x-tavrel"),
-            textProperty("application/x-tavrel", "kept, too"));
-  manager.terminate();
-  manager.waitForFinished();
-}
-
 } // namespace
 } // namespace tavrel
