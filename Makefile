@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: help run test build check bench asan format clean packages-build packages-run packages-test
+.PHONY: help run test build check bench bench-desktop asan format clean packages-build packages-run packages-test packages-bench
 
 help:
 	@echo "make run     installs what is missing, builds, starts Tavrel (on a virtual desktop without a display)"
@@ -11,10 +11,11 @@ help:
 	@echo "make check   runs the checks of style and structure"
 	@echo "make asan    runs the tests that need no display under the sanitizers"
 	@echo "make bench   measures, and prints the ratios"
+	@echo "make bench-desktop  measures gestures beside other launchers"
 	@echo "make format  lays the sources out"
 	@echo "make clean   removes what was built"
 
-packages-build packages-run packages-test: packages-%:
+packages-build packages-run packages-test packages-bench: packages-%:
 	@tools/install-packages $*
 
 # Configured every time: a build folder made by `make run` on a display knows no tests yet.
@@ -36,6 +37,9 @@ asan: build
 
 bench: packages-build packages-run packages-test
 	@tools/bench
+
+bench-desktop: packages-build packages-run packages-test packages-bench
+	@tools/bench-desktop
 
 format:
 	git ls-files '*.h' '*.cpp' '*.mm' | xargs clang-format -i
