@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 namespace tavrel {
 
@@ -19,5 +20,9 @@ namespace tavrel {
 
 /// A number as a double; nothing for a value that is no number.
 [[nodiscard]] std::optional<double> doubleValue(const PropertyList& value);
+
+/// The decimal number that a text begins with, after white space; 0 when there is none. A full stop
+/// divides, whatever the person's language.
+[[nodiscard]] double leadingNumber(std::string_view text);
 
 } // namespace tavrel

@@ -141,4 +141,9 @@ bool operator==(const PropertyList& a, const PropertyList& b) {
   return a.value_ == b.value_;
 }
 
+const std::string* stringFor(const PropertyList::Dictionary& dictionary, const std::string& key) {
+  const auto found = dictionary.find(key);
+  return found == dictionary.end() ? nullptr : found->second.string();
+}
+
 } // namespace tavrel

@@ -86,4 +86,8 @@ private:
   Value value_;
 };
 
+/// The string under a key; null when missing or of another kind.
+[[nodiscard]] const std::string* stringFor(const PropertyList::Dictionary& dictionary,
+                                           const std::string& key);
+
 } // namespace tavrel

@@ -20,6 +20,9 @@ public:
   /// The text under a key of the information property list; nothing when missing.
   [[nodiscard]] virtual std::optional<std::string> informationValue(const std::string& key) = 0;
 
+  /// The application itself, as the desktop starts it: an absolute path.
+  [[nodiscard]] virtual std::string bundlePath() = 0;
+
   /// The absolute path of a resource, by name and ending; nothing when missing.
   [[nodiscard]] virtual std::optional<std::string> resourcePath(const std::string& name,
                                                                 const std::string& type) = 0;

@@ -3,7 +3,9 @@
 namespace tavrel {
 
 class Accessibility;
+class Alerts;
 class Applications;
+class Authorization;
 class Bundle;
 class Clock;
 class EventMonitor;
@@ -17,17 +19,23 @@ class Pasteboards;
 class Preferences;
 class Presenter;
 class RichText;
+class Scripting;
 class Scripts;
 class Services;
 class Sounds;
 class StatusBar;
+class SystemEvents;
 class SystemLog;
+class TextEncodings;
+class Web;
 class Workspace;
 
 /// What the desktop lends the application: one reference a port.
 struct Platform {
   Accessibility& accessibility;
+  Alerts& alerts;
   Applications& applications;
+  Authorization& authorization;
   Bundle& bundle;
   Clock& clock;
   EventMonitor& eventMonitor;
@@ -42,11 +50,15 @@ struct Platform {
   Preferences& preferences;
   Presenter& presenter;
   RichText& richText;
+  Scripting& scripting;
   Scripts& scripts;
   Services& services;
   Sounds& sounds;
   StatusBar& statusBar;
+  SystemEvents& systemEvents;
   SystemLog& log;
+  TextEncodings& textEncodings;
+  Web& web;
   Workspace& workspace;
 };
 

@@ -26,6 +26,15 @@ public:
   /// Writes this program's changes, keeping every other key as it stands in the store now, and
   /// renews the copy. False when the changes could not be written; they stay pending then.
   virtual bool synchronize(const std::string& domain) = 0;
+
+  /// Every value of a domain, this program's own changes in it; nothing for one that holds none.
+  [[nodiscard]] virtual std::optional<PropertyList::Dictionary>
+  persistentDomain(const std::string& domain) = 0;
+
+  /// Empties a domain, or gives it these values and no others. Like every write.
+  virtual void removePersistentDomain(const std::string& domain) = 0;
+  virtual void setPersistentDomain(const std::string& domain,
+                                   const PropertyList::Dictionary& values) = 0;
 };
 
 } // namespace tavrel

@@ -37,6 +37,10 @@ public:
                                     const std::string& destination,
                                     const std::vector<std::string>& names) = 0;
 
+  /// Removes a file, or a folder with everything in it; a link goes alone. False when nothing is
+  /// there or something of it stays.
+  virtual bool removeFile(const std::string& path) = 0;
+
   /// The system's version as a BCD number, as 0x1068 for 10.6.8.
   [[nodiscard]] virtual std::int32_t systemVersion() = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/linux/PreferenceFile.h"
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -17,6 +18,7 @@ namespace fs = std::filesystem;
 Q_LOGGING_CATEGORY(bundleLog, "tavrel.bundle")
 
 constexpr const char* localizationEnding = ".lproj";
+constexpr const char* desktopEntryName = "qorvane.tavrel.Tavrel.desktop";
 
 std::vector<std::string> availableLocalizations(const fs::path& folder) {
   std::vector<std::string> names;
@@ -103,6 +105,13 @@ std::optional<std::string> LinuxBundle::informationValue(const std::string& key)
   if (found == information.values.end() || !found->second.string())
     return std::nullopt;
   return *found->second.string();
+}
+
+std::string LinuxBundle::bundlePath() {
+  const fs::path entry = fs::path(folder_).parent_path() / "applications" / desktopEntryName;
+  std::error_code ignored;
+  return fs::exists(entry, ignored) ? entry.string()
+                                    : QCoreApplication::applicationFilePath().toStdString();
 }
 
 std::optional<std::string> LinuxBundle::resourcePath(const std::string& name,

@@ -15,6 +15,8 @@ public:
   std::string localizedString(const std::string& key) override;
   std::vector<std::string> preferredLocalizations() override { return localizations_; }
   std::optional<std::string> informationValue(const std::string& key) override;
+  /// Our desktop entry where one is installed with us, else the program.
+  std::string bundlePath() override;
   std::optional<std::string> resourcePath(const std::string& name,
                                           const std::string& type) override;
 

@@ -4,7 +4,9 @@
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/LinuxAccessibility.h"
+#include "platform/linux/LinuxAlerts.h"
 #include "platform/linux/LinuxApplications.h"
+#include "platform/linux/LinuxAuthorization.h"
 #include "platform/linux/LinuxBundle.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxDistributedNotificationCenter.h"
@@ -19,11 +21,15 @@
 #include "platform/linux/LinuxPresenter.h"
 #include "platform/linux/LinuxRichText.h"
 #include "platform/linux/LinuxScriptHost.h"
+#include "platform/linux/LinuxScripting.h"
 #include "platform/linux/LinuxScripts.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/LinuxSounds.h"
 #include "platform/linux/LinuxStatusBar.h"
+#include "platform/linux/LinuxSystemEvents.h"
 #include "platform/linux/LinuxSystemLog.h"
+#include "platform/linux/LinuxTextEncodings.h"
+#include "platform/linux/LinuxWeb.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/OwnKeystrokes.h"
 #include "platform/linux/ResourceFolder.h"
@@ -39,7 +45,9 @@ struct LinuxDesktop::Adapters {
 
   OwnKeystrokes ownKeystrokes;
   LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
+  LinuxAlerts alerts;
   LinuxApplications applications{registry, windows, resources + "/roles"};
+  LinuxAuthorization authorization;
   LinuxBundle bundle{resources};
   LinuxClock clock;
   LinuxEventMonitor eventMonitor{ownKeystrokes};
@@ -54,13 +62,17 @@ struct LinuxDesktop::Adapters {
   LinuxPreferences preferences{preferenceFolder()};
   LinuxPresenter presenter;
   LinuxRichText richText;
+  LinuxScripting scripting;
   LinuxServices services{{serviceFolders(resources), [this] {
                             const auto front = applications.active();
                             return front && front->name ? *front->name : std::string();
                           }}};
   LinuxSounds sounds{resources};
   LinuxStatusBar statusBar{presenter};
+  LinuxSystemEvents systemEvents;
   LinuxSystemLog log;
+  LinuxTextEncodings textEncodings;
+  LinuxWeb web;
   LinuxWorkspace workspace{registry, windows};
   LongRuns longRuns;
   LinuxScriptHost scriptHost{{accessibility, applications, clock, keyboard, sounds, log,
@@ -70,11 +82,20 @@ struct LinuxDesktop::Adapters {
                          return runSelectedScript(path, {applications, pasteboards, log, longRuns});
                        }};
 
-  Platform ports{
-      accessibility, applications, bundle,    clock,    eventMonitor,  eventQueue,
-      files,         hotKeys,      images,    keyboard, notifications, distributedNotifications,
-      pasteboards,   preferences,  presenter, richText, scripts,       services,
-      sounds,        statusBar,    log,       workspace};
+  Platform ports{accessibility, alerts,
+                 applications,  authorization,
+                 bundle,        clock,
+                 eventMonitor,  eventQueue,
+                 files,         hotKeys,
+                 images,        keyboard,
+                 notifications, distributedNotifications,
+                 pasteboards,   preferences,
+                 presenter,     richText,
+                 scripting,     scripts,
+                 services,      sounds,
+                 statusBar,     systemEvents,
+                 log,           textEncodings,
+                 web,           workspace};
 };
 
 LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {}

@@ -115,4 +115,23 @@ bool LinuxPreferences::synchronize(const std::string& name) {
   return true;
 }
 
+std::optional<PropertyList::Dictionary>
+LinuxPreferences::persistentDomain(const std::string& domain) {
+  const auto& values = opened(domain).values;
+  return values.empty() ? std::nullopt : std::optional(values);
+}
+
+void LinuxPreferences::removePersistentDomain(const std::string& domain) {
+  const PropertyList::Dictionary values = opened(domain).values;
+  for (const auto& [key, value] : values)
+    setValue(domain, key, std::nullopt);
+}
+
+void LinuxPreferences::setPersistentDomain(const std::string& domain,
+                                           const PropertyList::Dictionary& values) {
+  removePersistentDomain(domain);
+  for (const auto& [key, value] : values)
+    setValue(domain, key, value);
+}
+
 } // namespace tavrel

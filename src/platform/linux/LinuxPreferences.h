@@ -21,6 +21,11 @@ public:
   void setValue(const std::string& domain, const std::string& key,
                 std::optional<PropertyList> value) override;
   bool synchronize(const std::string& domain) override;
+  [[nodiscard]] std::optional<PropertyList::Dictionary>
+  persistentDomain(const std::string& domain) override;
+  void removePersistentDomain(const std::string& domain) override;
+  void setPersistentDomain(const std::string& domain,
+                           const PropertyList::Dictionary& values) override;
 
 private:
   using Changes = std::map<std::string, std::optional<PropertyList>>;

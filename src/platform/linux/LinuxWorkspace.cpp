@@ -171,6 +171,13 @@ bool LinuxWorkspace::performFileOperation(FileOperation operation, const std::st
              destination, transferFiles(operation, source, destination, names));
 }
 
+// Never through a link: it goes, what it leads to stays.
+bool LinuxWorkspace::removeFile(const std::string& path) {
+  std::error_code error;
+  const auto removed = std::filesystem::remove_all(path, error);
+  return !error && removed > 0;
+}
+
 std::int32_t LinuxWorkspace::systemVersion() {
   return 0x1068;
 }

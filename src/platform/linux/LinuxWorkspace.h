@@ -24,6 +24,7 @@ public:
   bool performFileOperation(FileOperation operation, const std::string& source,
                             const std::string& destination,
                             const std::vector<std::string>& names) override;
+  bool removeFile(const std::string& path) override;
   /// 10.6.8: the newest system whose behaviour this desktop offers.
   [[nodiscard]] std::int32_t systemVersion() override;
 

@@ -14,6 +14,7 @@ public:
     std::map<std::string, std::string> information;   ///< by key
     std::map<std::string, std::string> resourcePaths; ///< by "name.type"
     std::vector<std::string> localizations;           ///< best first
+    std::string path = "/Applications/Tavrel.app";
   };
   Control control;
 
@@ -24,6 +25,7 @@ public:
   std::optional<std::string> informationValue(const std::string& key) override {
     return lookedUp(control.information, key);
   }
+  std::string bundlePath() override { return control.path; }
   std::optional<std::string> resourcePath(const std::string& name,
                                           const std::string& type) override {
     return lookedUp(control.resourcePaths, name + "." + type);

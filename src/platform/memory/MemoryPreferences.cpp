@@ -46,4 +46,23 @@ bool MemoryPreferences::synchronize(const std::string& domain) {
   return true;
 }
 
+std::optional<PropertyList::Dictionary>
+MemoryPreferences::persistentDomain(const std::string& domain) {
+  const auto& values = copyOf(domain).values;
+  return values.empty() ? std::nullopt : std::optional(values);
+}
+
+void MemoryPreferences::removePersistentDomain(const std::string& domain) {
+  const PropertyList::Dictionary values = copyOf(domain).values;
+  for (const auto& [key, value] : values)
+    setValue(domain, key, std::nullopt);
+}
+
+void MemoryPreferences::setPersistentDomain(const std::string& domain,
+                                            const PropertyList::Dictionary& values) {
+  removePersistentDomain(domain);
+  for (const auto& [key, value] : values)
+    setValue(domain, key, value);
+}
+
 } // namespace tavrel

@@ -26,6 +26,11 @@ bool MemoryWorkspace::performFileOperation(FileOperation operation, const std::s
   return control.fileOperationsSucceed;
 }
 
+bool MemoryWorkspace::removeFile(const std::string& path) {
+  control.removedFiles.push_back(path);
+  return control.fileOperationsSucceed;
+}
+
 std::int32_t MemoryWorkspace::systemVersion() {
   return control.systemVersion;
 }

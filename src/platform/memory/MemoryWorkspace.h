@@ -21,11 +21,12 @@ public:
     std::vector<std::string> openedUrls;
     std::vector<LaunchRequest> launches;
     std::vector<FileRequest> fileRequests;
+    std::vector<std::string> removedFiles; ///< every request, oldest first
 
     bool opensFiles = true; ///< the answer of `openFile`
     bool opensUrls = true;  ///< the answer of `openUrl` to a URL; to any other text it is false
     std::int32_t launchStatus = 0;
-    bool fileOperationsSucceed = true;
+    bool fileOperationsSucceed = true; ///< moving, copying and removing
     std::int32_t systemVersion = 0x1068;
   } control;
 
@@ -35,6 +36,7 @@ public:
   bool performFileOperation(FileOperation operation, const std::string& source,
                             const std::string& destination,
                             const std::vector<std::string>& names) override;
+  bool removeFile(const std::string& path) override;
   [[nodiscard]] std::int32_t systemVersion() override;
 };
 
