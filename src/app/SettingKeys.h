@@ -24,5 +24,8 @@ inline constexpr const char* TVR_OnlyWithFinder = "TVR_OnlyWithFinder";
 inline constexpr const char* TVR_LongPressSound = "TVR_LongPressSound";
 inline constexpr const char* TVR_SmallFontSize = "TVR_SmallFontSize";
 inline constexpr const char* TVR_OpenWithPathFinder = "TVR_OpenWithPathFinder";
+inline constexpr const char* TVR_OnlineUpdateCheck = "TVR_OnlineUpdateCheck";
+inline constexpr const char* TVR_LastUpdateCheck = "TVR_LastUpdateCheck";
+inline constexpr const char* TVR_VersionString = "TVR_VersionString";
 
 } // namespace tavrel

@@ -7,6 +7,7 @@
 #include "exec/OptionKeyFlag.h"
 #include "exec/ScriptRunner.h"
 #include "invoke/KeyState.h"
+#include "maint/UpdateCheck.h"
 #include "menu/PathHelpers.h"
 #include "platform/Platform.h"
 #include "platform/Workspace.h"
@@ -86,6 +87,7 @@ void TVController::executeItem(const PropertyList& item, bool fromHotKey,
   choice.alternate = menuItem != nullptr && menuItem->isAlternate;
   choice.plainFolder = isDirectory(target.path, CleanUp::first) == DirectoryKind::folder;
   choice.filesCaptured = hasCapturedFiles();
+  doCheckUpdates();
   perform(actionForItem(choice), target, *this);
 }
 
@@ -100,6 +102,7 @@ void TVController::fileItemDidSelected(MenuItem& menuItem) {
   ItemChoice choice = choiceNow(type);
   choice.alternate = menuItem.isAlternate;
   choice.filesCaptured = type == ItemType::folder ? isSelectionFiles() : hasCapturedFiles();
+  doCheckUpdates();
   perform(actionForBrowsedFile(choice), target, *this);
 }
 

@@ -1,0 +1,45 @@
+#include "maint/UpdateAlerts.h"
+
+#include "base/Format.h"
+#include "maint/Localized.h"
+#include "platform/Alerts.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+namespace tavrel {
+
+namespace {
+
+constexpr const char* product = "Tavrel";
+
+void tell(const std::string& title, const char* message) {
+  (void)platform().alerts.run({.title = title,
+                               .message = filled(localized(message), product),
+                               .defaultButton = localized("OK")});
+}
+
+} // namespace
+
+void showUpdateError() {
+  tell(localized("UPDATE_ERROR_TITLE"), "UPDATE_ERROR_TEXT");
+}
+
+void showUpToDate() {
+  tell(filled(localized("UP_TO_DATE_TITLE"), product), "UP_TO_DATE_TEXT");
+}
+
+void offerNewVersion(const std::string& version, const std::string& url) {
+  const AlertAnswer answer = platform().alerts.run(
+      {.title = filled(localized("NEW_VERSION_TITLE"), product),
+       .message = filledInOrder(localized("NEW_VERSION_TEXT"), {product, version}),
+       .defaultButton = localized("Download and Show History"),
+       .alternateButton = localized("Cancel"),
+       .otherButton = localized("Download")});
+  if (answer == AlertAnswer::alternate)
+    return;
+  platform().workspace.openUrl(url);
+  if (answer == AlertAnswer::standard)
+    platform().workspace.openUrl(localized("HistoryPageURL"));
+}
+
+} // namespace tavrel

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace tavrel {
+
+/// Tells the person that the list of versions could not be had.
+void showUpdateError();
+
+/// Tells the person that there is nothing newer.
+void showUpToDate();
+
+/// Offers a newer version and opens what the person chose: its download, and the history of
+/// versions after it.
+void offerNewVersion(const std::string& version, const std::string& url);
+
+} // namespace tavrel
