@@ -2,6 +2,7 @@
 
 #include "base/PropertyList.h"
 #include "platform/Event.h"
+#include "platform/ScriptableApplication.h"
 
 #include <functional>
 #include <optional>
@@ -13,7 +14,7 @@ namespace tavrel {
 using HotKeyHandler = std::function<bool(std::uint64_t reference)>;
 
 /// The application object: the head of the event stream, and what scripts ask of it.
-class TVApplication final : public EventTarget {
+class TVApplication final : public EventTarget, public ScriptableApplication {
 public:
   /// `base` is the desktop's own handling of events, where each one goes in the end.
   explicit TVApplication(EventTarget& base);
@@ -23,19 +24,24 @@ public:
   void setHotKeyHandler(HotKeyHandler handler);
 
   /// The application in front when the menu was last called up; nothing before the first time.
-  [[nodiscard]] std::optional<std::string> hostAppName() const;
+  [[nodiscard]] std::optional<std::string> hostAppName() const override;
   void setHostName(std::optional<std::string> name);
 
   /// The first localization the person prefers, "English" when there is none.
-  [[nodiscard]] std::string currentLocalization() const;
+  [[nodiscard]] std::string currentLocalization() const override;
 
   /// The bundle's long version text, read anew each time; nothing when the bundle names none.
-  [[nodiscard]] std::optional<std::string> longVersion();
+  [[nodiscard]] std::optional<std::string> longVersion() override;
 
   /// The captured selection as one value: an array of paths, a string or image data.
-  [[nodiscard]] std::optional<PropertyList> contextObject() const;
+  [[nodiscard]] std::optional<PropertyList> contextObject() const override;
   /// Kept, and deliberately never answered: the selection is what was captured.
   void setContextObject(std::optional<PropertyList> object);
+
+  // Commands (scripting/)
+  void handleCopyToClipboardScriptCommand() override;
+  [[nodiscard]] PropertyList handleConvertScriptCommand(const ScriptArguments& arguments) override;
+  void handleUninstallScriptCommand() override;
 
 private:
   EventTarget& base_;
