@@ -1,9 +1,11 @@
+#include "app/DoubleTapName.h"
 #include "app/PreferenceStore.h"
 #include "app/SettingKeys.h"
 #include "app/SystemVersion.h"
 #include "app/TVApplication.h"
 #include "app/TVController.h"
 #include "base/Modifiers.h"
+#include "bridge/BridgeMessage.h"
 #include "invoke/KeycodeTable.h"
 #include "platform/HotKeys.h"
 #include "platform/Platform.h"
@@ -12,13 +14,10 @@
 
 namespace tavrel {
 
-namespace {
-constexpr const char* doubleTapName = "TVR_TheKeyDoubleTapped";
-}
-
 TVController::TVController(TVApplication& application) : application_(application) {
   platform().presenter.setActionTarget(this);
   platform().hotKeys.setEventTarget(&application);
+  platform().scripting.setApplication(&application);
   application.setHotKeyHandler(
       [this](EventHotKeyRef reference) { return performHotkey(reference); });
 }
@@ -32,6 +31,9 @@ TVController::~TVController() {
   application_.setHotKeyHandler(nullptr);
   releaseSharedIcons();
   unregisterAllHotkeys();
+  platform().scripting.setApplication(nullptr);
+  for (const ObserverId observer : distributedObservers_)
+    platform().distributedNotifications.removeObserver(observer);
   if (doubleTapObserver_)
     platform().notifications.removeObserver(*doubleTapObserver_);
   if (beepStopped_)
@@ -54,6 +56,7 @@ void TVController::applicationWillFinishLaunching() {
   if (settings.enableStatusMenuBar)
     activateStatusMenu();
   registerHotkeys();
+  observeOtherPrograms();
   statusMenu.delegate = this;
   doubleTapActionHandler = std::make_unique<NTModifierKeyActionHandler>();
   doubleTapObserver_ = platform().notifications.addObserver(
@@ -65,6 +68,19 @@ void TVController::applicationWillFinishLaunching() {
 
 void TVController::applicationDidFinishLaunching() {
   platform().services.setServicesProvider(this);
+}
+
+// Whatever the name: who posts says what is meant.
+void TVController::observeOtherPrograms() {
+  NotificationCenter& center = platform().distributedNotifications;
+  distributedObservers_.push_back(center.addObserver(
+      {std::nullopt, preferenceDomain}, [this](const Notification& notification) {
+        receiveNotificationFromPrefrences(notification);
+      }));
+  distributedObservers_.push_back(center.addObserver(
+      {std::nullopt, contextMenuSender}, [this](const Notification& notification) {
+        receiveNotificationFromContextMenu(notification);
+      }));
 }
 
 // The name is added for the key that the settings name now.

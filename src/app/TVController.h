@@ -31,6 +31,8 @@ public:
   // Launch (app/)
   void applicationWillFinishLaunching();
   void applicationDidFinishLaunching();
+  /// Reads every setting and the tree anew and puts them into effect.
+  void receiveNotificationFromPrefrences(const Notification& notification);
 
   // Menus (menu/)
   /// Fills an empty menu from records; level 0 gets the fixed entries, too.
@@ -99,6 +101,10 @@ public:
   void openTavrelPref(MenuItem& menuItem);
   void insertFileItemsToPlist(const std::vector<std::string>& paths);
 
+  // The contextual-menu plug-in (bridge/)
+  /// Carries out what the plug-in asks for; a name it does not know is ignored.
+  void receiveNotificationFromContextMenu(const Notification& notification);
+
   Settings settings;
   MenuImages images;
   std::optional<PropertyList> menuRootArray; ///< an array of item records; nothing: empty menu
@@ -125,9 +131,15 @@ private:
   void captureForHotKey();
   bool handOnKeystroke();
   bool performHotkeyItem(const HotKeyRecord& record);
+  void observeOtherPrograms();
+  void execScriptFor(const PropertyList::Dictionary& userInfo);
+  /// Captures what is selected in front, lets a service work on it and pastes its answer as soon as
+  /// it is there.
+  void execServices(const std::string& serviceName);
 
   TVApplication& application_;
   std::optional<ObserverId> doubleTapObserver_;
+  std::vector<ObserverId> distributedObservers_;
   bool beepStopped_ = false;
   std::shared_ptr<const char> alive_ = std::make_shared<const char>(); ///< timers ask for it
 };

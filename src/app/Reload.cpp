@@ -1,0 +1,28 @@
+#include "app/DoubleTapName.h"
+#include "app/PreferenceStore.h"
+#include "app/SettingKeys.h"
+#include "app/TVController.h"
+#include "platform/Platform.h"
+#include "platform/Preferences.h"
+
+namespace tavrel {
+
+// Unlike a launch this installs no shortcut for the pop-up: after a reload without one there is
+// none.
+void TVController::receiveNotificationFromPrefrences(const Notification&) {
+  platform().preferences.synchronize(preferenceDomain);
+  showIcon = TVR_BoolForKey(TVR_DisplayIcons, true);
+  settings = readSettings();
+  menuRootArray = copyMenuRootArray();
+  createStatusMenu();
+  if (settings.enableStatusMenuBar)
+    activateStatusMenu();
+  else
+    deactivateStatusMenu();
+  registerHotkeys();
+  doubleTapActionHandler->removeClient(doubleTapName);
+  armDoubleTap();
+  armLongPress();
+}
+
+} // namespace tavrel

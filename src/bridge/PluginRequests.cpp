@@ -1,0 +1,81 @@
+#include "app/TVApplication.h"
+#include "app/TVController.h"
+#include "base/Format.h"
+#include "base/PathString.h"
+#include "bridge/BridgeMessage.h"
+#include "exec/FileActions.h"
+#include "exec/ScriptRunner.h"
+#include "invoke/KeyState.h"
+#include "maint/UpdateCheck.h"
+#include "menu/PathHelpers.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+namespace tavrel {
+
+namespace {
+
+// The key is asked for as it is now: no menu choice has stored it.
+void runScriptFile(const std::string& path) {
+  if (CheckOptionKey())
+    platform().workspace.openFile(path);
+  else
+    execScript(path);
+}
+
+void quitProcess(const std::string& path) {
+  const std::string name = deletingPathExtension(lastPathComponent(path));
+  runOwnSource(filled("tell application \"%@\" to quit", name));
+}
+
+void openPath(const std::string& path, TVController& controller) {
+  if (isDirectory(path, CleanUp::first) == DirectoryKind::folder)
+    controller.openFolder(path);
+  else
+    platform().workspace.openFile(path);
+}
+
+void answerMessage(const std::string& messageName) {
+  if (messageName == "TVRM_CheckUpdate")
+    doCheckUpdates();
+}
+
+std::string orNone(const std::string* text) {
+  return text ? *text : std::string();
+}
+
+} // namespace
+
+void TVController::receiveNotificationFromContextMenu(const Notification& notification) {
+  const PropertyList::Dictionary& userInfo = notification.userInfo;
+  const std::string* path = stringFor(userInfo, "path");
+  switch (bridgeMessage(notification.name)) {
+  case BridgeMessage::execScript:
+    return execScriptFor(userInfo);
+  case BridgeMessage::quitProcess:
+    return quitProcess(orNone(path));
+  case BridgeMessage::execServices:
+    return execServices(orNone(stringFor(userInfo, "serviceName")));
+  case BridgeMessage::openWithPathFinder:
+    return path ? openPath(*path, *this) : void();
+  case BridgeMessage::revealInFinder:
+    return path ? showInFinder(*path) : void();
+  case BridgeMessage::showMessage:
+    return answerMessage(orNone(stringFor(userInfo, "messageName")));
+  case BridgeMessage::unknown:
+    return;
+  }
+}
+
+// The host is stored even when nothing runs: items run next see what the menu was shown over.
+void TVController::execScriptFor(const PropertyList::Dictionary& userInfo) {
+  const std::string* host = stringFor(userInfo, "hostName");
+  hostName = orNone(host);
+  application_.setHostName(host ? std::optional(*host) : std::nullopt);
+  if (const std::string* path = stringFor(userInfo, "path"))
+    runScriptFile(*path);
+  else if (const std::string* source = stringFor(userInfo, "sourceCode"))
+    execScriptSource(*source, ScriptOrigin::Person);
+}
+
+} // namespace tavrel
