@@ -32,11 +32,16 @@
 #include "platform/linux/LinuxWeb.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/OwnKeystrokes.h"
+#include "platform/linux/PreferenceWatch.h"
 #include "platform/linux/ResourceFolder.h"
 #include "platform/linux/SelectedScript.h"
 #include "platform/linux/ServiceFolders.h"
 
 namespace tavrel {
+
+namespace {
+constexpr const char* preferenceDomain = "qorvane.tavrel.pref";
+}
 
 struct LinuxDesktop::Adapters {
   std::string resources = resourceFolder();
@@ -57,7 +62,8 @@ struct LinuxDesktop::Adapters {
   LinuxImages images{resources + "/images"};
   LinuxKeyboard keyboard{[this] { return eventMonitor.tapIsInterrupted(); }};
   InProcessNotificationCenter notifications;
-  LinuxDistributedNotificationCenter distributedNotifications;
+  LinuxDistributedNotificationCenter distributedNotifications{
+      [this] { return presenter.isOpen(); }};
   LinuxPasteboards pasteboards;
   LinuxPreferences preferences{preferenceFolder()};
   LinuxPresenter presenter;
@@ -82,6 +88,12 @@ struct LinuxDesktop::Adapters {
                          return runSelectedScript(path, {applications, pasteboards, log, longRuns});
                        }};
 
+  PreferenceWatch preferenceWatch{
+      preferences.pathOf(preferenceDomain), [this] {
+        if (preferences.hasChangedElsewhere(preferenceDomain))
+          distributedNotifications.deliver({"saved", preferenceDomain, {}});
+      }};
+
   Platform ports{accessibility, alerts,
                  applications,  authorization,
                  bundle,        clock,
@@ -98,7 +110,10 @@ struct LinuxDesktop::Adapters {
                  web,           workspace};
 };
 
-LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {}
+LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {
+  adapters_->presenter.setClosedHandler(
+      [adapters = adapters_.get()] { adapters->distributedNotifications.resume(); });
+}
 
 LinuxDesktop::~LinuxDesktop() = default;
 

@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QLoggingCategory>
+#include <QTimer>
 
 namespace tavrel {
 
@@ -28,8 +29,10 @@ std::optional<std::string> objectNamed(const QString& name) {
 }
 } // namespace
 
-LinuxDistributedNotificationCenter::LinuxDistributedNotificationCenter()
-    : receiver_(std::make_unique<DBusSignalReceiver>(
+LinuxDistributedNotificationCenter::LinuxDistributedNotificationCenter(
+    std::function<bool()> isHeldBack)
+    : isHeldBack_(std::move(isHeldBack)),
+      receiver_(std::make_unique<DBusSignalReceiver>(
           [this](const QDBusMessage& message) { receive(message); })) {
   if (!ownConnection().connect(QString(), centerPath, centerInterface, signalName, receiver_.get(),
                                SLOT(receive(QDBusMessage))))
@@ -48,15 +51,24 @@ void LinuxDistributedNotificationCenter::receive(const QDBusMessage& message) {
     qCWarning(notificationsLog, "a notification with values of foreign kinds was ignored");
     return;
   }
-  waiting_.push_back({message.arguments().at(1).toString().toStdString(),
-                      objectNamed(message.arguments().at(0).toString()), *userInfo->dictionary()});
-  if (!delivering_)
-    deliverWaiting();
+  deliver({message.arguments().at(1).toString().toStdString(),
+           objectNamed(message.arguments().at(0).toString()), *userInfo->dictionary()});
+}
+
+void LinuxDistributedNotificationCenter::deliver(Notification notification) {
+  waiting_.push_back(std::move(notification));
+  deliverWaiting();
+}
+
+void LinuxDistributedNotificationCenter::resume() {
+  QTimer::singleShot(0, receiver_.get(), [this] { deliverWaiting(); });
 }
 
 void LinuxDistributedNotificationCenter::deliverWaiting() {
+  if (delivering_)
+    return;
   delivering_ = true;
-  while (!waiting_.empty()) {
+  while (!waiting_.empty() && !isHeldBack_()) {
     const Notification next = std::move(waiting_.front());
     waiting_.pop_front();
     center_.post(next);

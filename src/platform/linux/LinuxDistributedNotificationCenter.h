@@ -3,6 +3,7 @@
 #include "platform/InProcessNotificationCenter.h"
 
 #include <deque>
+#include <functional>
 #include <memory>
 
 class QDBusMessage;
@@ -15,13 +16,17 @@ class DBusSignalReceiver;
 /// information: "ssa{sv}") of the interface qorvane.tavrel.DistributedNotifications at the path
 /// /qorvane/tavrel/DistributedNotifications, from whatever sender. An empty object is none.
 /// Messages of another signature are ignored with a line on standard error. What arrives while a
-/// handler runs an event loop of its own waits until that handler is back.
+/// handler runs an event loop of its own waits until that handler is back, and what arrives while a
+/// menu is open until it has closed: handlers may change the menu.
 class LinuxDistributedNotificationCenter final : public NotificationCenter {
 public:
   /// The name, inside this process, of the connection that the signals use.
   static constexpr const char* connectionName = "tavrel.notifications";
 
-  LinuxDistributedNotificationCenter();
+  /// `isHeldBack` is asked before each delivery; whoever says yes calls `resume` later.
+  explicit LinuxDistributedNotificationCenter(std::function<bool()> isHeldBack = [] {
+    return false;
+  });
   ~LinuxDistributedNotificationCenter() override;
 
   [[nodiscard]] ObserverId addObserver(NotificationFilter filter,
@@ -31,10 +36,17 @@ public:
   void removeObserver(ObserverId observer) override { center_.removeObserver(observer); }
   void post(const Notification& notification) override;
 
+  /// Delivers inside this process alone, in its turn.
+  void deliver(Notification notification);
+
+  /// What was held back is delivered, from the event loop.
+  void resume();
+
 private:
   void receive(const QDBusMessage& message);
   void deliverWaiting();
 
+  std::function<bool()> isHeldBack_;
   InProcessNotificationCenter center_;
   std::deque<Notification> waiting_;
   bool delivering_ = false;

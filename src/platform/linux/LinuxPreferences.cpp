@@ -22,14 +22,24 @@ bool isFileName(const std::string& domain) {
          domain.find('/') == std::string::npos && domain.find('\0') == std::string::npos;
 }
 
-std::string pathOf(const std::string& folder, const std::string& domain) {
-  return appendingPathComponent(folder, domain + ".plist");
+bool isUsable(const PreferenceFile& file) {
+  return file.problem.empty();
 }
 
-PreferenceFile readAloud(const std::string& path) {
+PreferenceFile readFirst(const std::string& path) {
   PreferenceFile file = readPreferenceFile(path);
-  if (!file.problem.empty())
+  if (!isUsable(file))
     say(path, file.problem + "; it counts as empty and is left alone");
+  return file;
+}
+
+// A file that somebody is still writing must not empty the menu.
+PreferenceFile readAgain(const std::string& path, const PropertyList::Dictionary& before) {
+  PreferenceFile file = readPreferenceFile(path);
+  if (isUsable(file))
+    return file;
+  say(path, file.problem + "; what was read before stays in effect");
+  file.values = before;
   return file;
 }
 
@@ -78,10 +88,23 @@ LinuxPreferences::~LinuxPreferences() {
 LinuxPreferences::Domain& LinuxPreferences::opened(const std::string& name) {
   const auto [place, added] = domains_.try_emplace(name);
   if (added && isFileName(name))
-    place->second.values = readAloud(pathOf(folder_, name)).values;
+    place->second.values = readFirst(pathOf(name)).values;
   else if (added)
     say(name, "cannot name a preference file");
   return place->second;
+}
+
+std::string LinuxPreferences::pathOf(const std::string& domain) const {
+  return appendingPathComponent(folder_, domain + ".plist");
+}
+
+bool LinuxPreferences::hasChangedElsewhere(const std::string& name) {
+  const Domain& domain = opened(name);
+  const PreferenceFile file = readAgain(pathOf(name), domain.values);
+  PropertyList::Dictionary expected = file.values;
+  for (const auto& [key, value] : domain.pending)
+    apply(expected, key, value);
+  return expected != domain.values;
 }
 
 std::optional<PropertyList> LinuxPreferences::value(const std::string& domain,
@@ -102,8 +125,8 @@ bool LinuxPreferences::synchronize(const std::string& name) {
   Domain& domain = opened(name);
   if (!isFileName(name))
     return domain.pending.empty();
-  const std::string path = pathOf(folder_, name);
-  PreferenceFile file = readAloud(path);
+  const std::string path = pathOf(name);
+  PreferenceFile file = readAgain(path, domain.values);
   for (const auto& [key, value] : domain.pending)
     apply(file.values, key, value);
   domain.values = file.values;

@@ -8,8 +8,8 @@
 namespace tavrel {
 
 /// Domains as property-list files: NAME.plist in one folder. A file that is no property list reads
-/// as empty and is never overwritten: a write first moves it aside. Each trouble is one line on
-/// standard error.
+/// as what was read before it became so, at first as empty, and is never overwritten: a write first
+/// moves it aside. Each trouble is one line on standard error.
 class LinuxPreferences final : public Preferences {
 public:
   /// The folder need not exist yet.
@@ -26,6 +26,12 @@ public:
   void removePersistentDomain(const std::string& domain) override;
   void setPersistentDomain(const std::string& domain,
                            const PropertyList::Dictionary& values) override;
+
+  /// Whether the file of a domain can be read and says something else than what was read or written
+  /// last. One that cannot be read is told on standard error.
+  [[nodiscard]] bool hasChangedElsewhere(const std::string& domain);
+
+  [[nodiscard]] std::string pathOf(const std::string& domain) const;
 
 private:
   using Changes = std::map<std::string, std::optional<PropertyList>>;

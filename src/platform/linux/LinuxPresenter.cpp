@@ -58,6 +58,7 @@ void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font)
   session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
   open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
   session.finish(target_);
+  closed_();
 }
 
 Point LinuxPresenter::pointerLocation() {

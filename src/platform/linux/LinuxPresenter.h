@@ -4,11 +4,17 @@
 
 #include <QRect>
 
+#include <functional>
+
 namespace tavrel {
 
 class LinuxPresenter final : public Presenter {
 public:
   void setActionTarget(MenuActionTarget* target) override { target_ = target; }
+  [[nodiscard]] bool isOpen() const { return open_; }
+  /// Called when a menu has closed and what was chosen in it is done.
+  void setClosedHandler(std::function<void()> closed) { closed_ = std::move(closed); }
+
   void popUp(Menu& menu, Point where, MenuFont font) override;
   [[nodiscard]] Point pointerLocation() override;
 
@@ -17,6 +23,7 @@ public:
 
 private:
   MenuActionTarget* target_ = nullptr;
+  std::function<void()> closed_ = [] {};
   bool open_ = false;
 };
 
