@@ -7,13 +7,16 @@
 #include "platform/Platform.h"
 #include "platform/SystemLog.h"
 
+#include <utility>
+
 namespace tavrel {
 
 void execScript(const std::string& path) {
   TVAppleScript script(path);
-  gExecutingScript = true;
+  // A script that asks the person something lets another one run meanwhile, and goes on after it.
+  const bool isInsideAnother = std::exchange(gExecutingScript, true);
   script.executeAndReturnError();
-  gExecutingScript = false;
+  gExecutingScript = isInsideAnother;
 }
 
 void execScriptSource(const std::string& source, ScriptOrigin origin) {

@@ -120,6 +120,34 @@ TEST_F(ScriptRunner, TheFlagIsUpExactlyWhileACompiledScriptRuns) {
   EXPECT_FALSE(gExecutingScript);
 }
 
+TEST_F(ScriptRunner, TheFlagStaysUpWhenAScriptInsideTheScriptHasEnded) {
+  bool afterInner = false;
+  control.files["/inner.scpt"] = {};
+  file.body = [&](MemoryScripts::Properties&) {
+    execScript("/inner.scpt");
+    afterInner = gExecutingScript;
+    return osaError::none;
+  };
+  execScript("/count.scpt");
+  EXPECT_TRUE(afterInner);
+  EXPECT_FALSE(gExecutingScript);
+}
+
+TEST_F(ScriptRunner, AScriptInsideAScriptIsLoadedStoredAndDisposedOfByItself) {
+  control.files["/inner.scpt"] = {};
+  file.body = [&](MemoryScripts::Properties& properties) {
+    execScript("/inner.scpt");
+    return countOn(properties);
+  };
+  execScript("/count.scpt");
+  EXPECT_THAT(control.log,
+              ElementsAre("load /count.scpt = 1", "load /inner.scpt = 2", "execute 2 = 3",
+                          "dispose 3", "store 2 /inner.scpt", "dispose 2", "execute 1 = 4",
+                          "dispose 4", "store 1 /count.scpt", "dispose 1"));
+  EXPECT_EQ(control.componentsOpened, 1U);
+  EXPECT_EQ(count(), 1);
+}
+
 TEST_F(ScriptRunner, ASourceDoesNotPutTheFlagUp) {
   bool during = true;
   control.sourceRan = [&](const std::string&) { during = gExecutingScript; };
