@@ -1,63 +1,34 @@
 #include "platform/linux/ExecutableScript.h"
 
-#include "platform/linux/ScriptProcess.h"
+#include "platform/linux/LineSplitter.h"
 
 #include <QFile>
 #include <QTemporaryFile>
 
-#include <algorithm>
-#include <chrono>
-#include <csignal>
-#include <cstdint>
-#include <poll.h>
+#include <cerrno>
 
 namespace tavrel {
 namespace {
 
-using RunClock = std::chrono::steady_clock;
-
-constexpr std::chrono::milliseconds betweenStopLooks{100};
-constexpr std::chrono::seconds timeToEnd{2};
-constexpr int msecsBetweenGroupLooks = 10;
-
-void writeSelection(QTemporaryFile& file, const std::vector<std::string>& paths) {
+/// False when the disk did not take all of it: a path that was cut short is another path.
+bool writeSelection(QTemporaryFile& file, const std::vector<std::string>& paths) {
   if (!file.open())
-    return;
-  for (const std::string& path : paths)
-    file.write(path.c_str(), static_cast<qint64>(path.size()) + 1);
-  file.flush();
-}
-
-int msecsUntil(RunClock::time_point moment) {
-  const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - RunClock::now());
-  return static_cast<int>(std::max<std::int64_t>(0, left.count()));
-}
-
-/// Ends the script and all that it started: what does not go when it is asked is killed.
-void stop(ScriptProcess& process) {
-  process.signalAll(SIGTERM);
-  const auto deadline = RunClock::now() + timeToEnd;
-  while (RunClock::now() < deadline && process.signalAll(0))
-    if (process.serve(msecsBetweenGroupLooks))
-      ::poll(nullptr, 0, msecsBetweenGroupLooks); // it ended; what it started may not have
-  process.signalAll(SIGKILL);
-  while (!process.serve(msecsBetweenGroupLooks)) {
+    return false;
+  for (const std::string& path : paths) {
+    const auto size = static_cast<qint64>(path.size()) + 1;
+    if (file.write(path.c_str(), size) != size)
+      return false;
   }
+  return file.flush();
 }
 
-ExecutableOutcome waitFor(ScriptProcess& process, const std::function<bool()>& shouldStop) {
-  auto look = RunClock::now() + betweenStopLooks;
-  for (;;) {
-    if (const auto outcome = process.serve(msecsUntil(look)))
-      return *outcome;
-    if (RunClock::now() < look)
-      continue;
-    look = RunClock::now() + betweenStopLooks;
-    if (shouldStop && shouldStop()) {
-      stop(process);
-      return {ExecutableOutcome::Ending::stopped, 0};
-    }
-  }
+ProcessRequest requestFor(const ExecutableScript& script, const QTemporaryFile& selection) {
+  ProcessRequest request{script.path, {script.path}, {}, {}};
+  request.arguments.insert(request.arguments.end(), script.files.begin(), script.files.end());
+  request.environment = {
+      {"TAVREL_SELECTION_FILES", QFile::encodeName(selection.fileName()).toStdString()},
+      {"TAVREL_HOST_APP", script.hostApplication}};
+  return request;
 }
 
 } // namespace
@@ -65,12 +36,12 @@ ExecutableOutcome waitFor(ScriptProcess& process, const std::function<bool()>& s
 ExecutableOutcome runExecutableScript(const ExecutableScript& script,
                                       const ScriptProcessWatch& watch) {
   QTemporaryFile selection;
-  writeSelection(selection, script.files);
+  if (!writeSelection(selection, script.files) && !script.files.empty())
+    return {ExecutableOutcome::Ending::notStarted, EIO};
   LineSplitter lines(watch.report);
-  ScriptProcess process(script, QFile::encodeName(selection.fileName()).toStdString(), lines,
-                        watch.output);
-  const ExecutableOutcome outcome = waitFor(process, watch.shouldStop);
-  (void)process.serve(0); // a last look at what it said
+  const ExecutableOutcome outcome = runProgram(
+      requestFor(script, selection), script.text,
+      {watch.shouldStop, [&](std::string_view bytes) { lines.add(bytes); }, watch.output});
   lines.finish();
   return outcome;
 }

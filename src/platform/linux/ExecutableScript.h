@@ -1,9 +1,6 @@
 #pragma once
 
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
+#include "platform/linux/ProgramRun.h"
 
 namespace tavrel {
 
@@ -23,26 +20,12 @@ struct ScriptProcessWatch {
   std::function<void(std::string_view)> output{}; ///< gets standard output, piece by piece
 };
 
-/// How a script ended.
-struct ExecutableOutcome {
-  enum class Ending {
-    notStarted, ///< number: the system's reason
-    exited,     ///< number: the exit status
-    signalled,  ///< number: the signal
-    stopped,    ///< because it was to stop; number: 0
-  };
-  Ending ending = Ending::notStarted;
-  int number = 0;
-
-  [[nodiscard]] bool isSuccess() const { return ending == Ending::exited && number == 0; }
-};
-
 /// Runs the script and waits for its end; never through a shell. Without `output`, its standard
 /// output goes nowhere.
 /// The paths of the files stand, each ended by a NUL, in the file that the variable
-/// TAVREL_SELECTION_FILES names while the script runs. A script that is to stop ends with all the
-/// processes it started: asked first, killed after two seconds. What it started and left behind is
-/// not waited for. A line of standard error over 4096 bytes is reported in pieces.
+/// TAVREL_SELECTION_FILES names while the script runs; where that list cannot be written whole, the
+/// script does not start. Otherwise as `runProgram` has it. A line of standard error over 4096
+/// bytes is reported in pieces.
 [[nodiscard]] ExecutableOutcome runExecutableScript(const ExecutableScript& script,
                                                     const ScriptProcessWatch& watch);
 

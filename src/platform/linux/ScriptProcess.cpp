@@ -50,6 +50,7 @@ void waitForEnd(pid_t process) {
 /// Made before the fork: after it nothing may allocate.
 struct Prepared {
   const char* program;
+  const char* folder; ///< null: ours
   char* const* arguments;
   char* const* environment;
   int input;
@@ -72,6 +73,8 @@ int movedUp(int descriptor) {
   if (::dup2(input, STDIN_FILENO) < 0 || ::dup2(output, STDOUT_FILENO) < 0 ||
       ::dup2(errors, STDERR_FILENO) < 0)
     giveUpChild(report);
+  if (prepared.folder != nullptr && ::chdir(prepared.folder) != 0)
+    giveUpChild(report);
   resetSignals();
   closeOthersOnExec();
   ::execve(prepared.program, prepared.arguments, prepared.environment);
@@ -80,10 +83,10 @@ int movedUp(int descriptor) {
 
 } // namespace
 
-ScriptProcess::ScriptProcess(const ExecutableScript& script, const std::string& selectionFile,
-                             LineSplitter& lines, std::function<void(std::string_view)> output)
-    : lines_(lines), output_(std::move(output)), input_(script.text) {
-  if (const int reason = start(script, selectionFile); reason != 0)
+ScriptProcess::ScriptProcess(const ProcessRequest& request, std::string_view input,
+                             ProgramListeners listeners)
+    : listeners_(std::move(listeners)), input_(input) {
+  if (const int reason = start(request); reason != 0)
     outcome_ = {ExecutableOutcome::Ending::notStarted, reason};
 }
 
@@ -94,23 +97,23 @@ ScriptProcess::~ScriptProcess() {
   waitForEnd(process_);
 }
 
-int ScriptProcess::start(const ExecutableScript& script, const std::string& selectionFile) {
-  std::vector<std::string> arguments = {script.path};
-  arguments.insert(arguments.end(), script.files.begin(), script.files.end());
-  std::vector<std::string> environment = childEnvironment(
-      {{"TAVREL_SELECTION_FILES", selectionFile}, {"TAVREL_HOST_APP", script.hostApplication}});
+int ScriptProcess::start(const ProcessRequest& request) {
+  std::vector<std::string> arguments = request.arguments;
+  std::vector<std::string> environment = childEnvironment(request.environment);
   const std::vector<char*> argumentList = pointersTo(arguments);
   const std::vector<char*> environmentList = pointersTo(environment);
   Pipe input = makePipe();
   Pipe errors = makePipe();
   Pipe report = makePipe();
-  Pipe output = output_ ? makePipe() : nowhere();
+  Pipe output = listeners_.output ? makePipe() : nowhere();
   if (!input.reading.isOpen() || !errors.reading.isOpen() || !report.reading.isOpen() ||
       !output.writing.isOpen())
     return errno;
-  const Prepared prepared{script.path.c_str(), argumentList.data(),  environmentList.data(),
-                          input.reading.get(), output.writing.get(), errors.writing.get(),
-                          report.writing.get()};
+  const Prepared prepared{
+      request.program.c_str(), request.folder.empty() ? nullptr : request.folder.c_str(),
+      argumentList.data(),     environmentList.data(),
+      input.reading.get(),     output.writing.get(),
+      errors.writing.get(),    report.writing.get()};
   const pid_t child = ::fork();
   if (child == 0)
     become(prepared);
@@ -172,11 +175,11 @@ void ScriptProcess::writeInput() {
 }
 
 void ScriptProcess::readErrors() {
-  readPipeful(errorEnd_, [this](std::string_view bytes) { lines_.add(bytes); });
+  readPipeful(errorEnd_, listeners_.errors);
 }
 
 void ScriptProcess::readOutput() {
-  readPipeful(outputEnd_, output_);
+  readPipeful(outputEnd_, listeners_.output);
 }
 
 std::optional<ExecutableOutcome> ScriptProcess::reap() {

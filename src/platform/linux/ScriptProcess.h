@@ -1,44 +1,44 @@
 #pragma once
 
-#include "platform/linux/ExecutableScript.h"
 #include "platform/linux/FileDescriptor.h"
-#include "platform/linux/LineSplitter.h"
+#include "platform/linux/ProgramRun.h"
 
-#include <functional>
 #include <optional>
-#include <string>
-#include <string_view>
 #include <sys/types.h>
 
 namespace tavrel {
 
-/// An executable script while it runs: a session of its own, fed and listened to without waiting.
+/// Who gets what a program says. Without `output` that goes nowhere.
+struct ProgramListeners {
+  std::function<void(std::string_view)> output;
+  std::function<void(std::string_view)> errors;
+};
+
+/// A program while it runs: a session of its own, fed and listened to without waiting.
 class ScriptProcess {
 public:
-  /// `output` gets standard output; without it that goes nowhere.
-  ScriptProcess(const ExecutableScript& script, const std::string& selectionFile,
-                LineSplitter& lines, std::function<void(std::string_view)> output = {});
+  /// The input must outlive this.
+  ScriptProcess(const ProcessRequest& request, std::string_view input, ProgramListeners listeners);
   ScriptProcess(const ScriptProcess&) = delete;
   ScriptProcess& operator=(const ScriptProcess&) = delete;
   /// Kills and reaps what still runs.
   ~ScriptProcess();
 
-  /// Serves input and output until something happens, at most for this long. How the script
+  /// Serves input and output until something happens, at most for this long. How the program
   /// ended, once it has; an errno when it never ran.
   [[nodiscard]] std::optional<ExecutableOutcome> serve(int milliseconds);
-  /// Sends a signal to the script and all that it started; false when none of them is left.
+  /// Sends a signal to the program and all that it started; false when none of them is left.
   bool signalAll(int number) const;
 
 private:
-  [[nodiscard]] int start(const ExecutableScript& script, const std::string& selectionFile);
+  [[nodiscard]] int start(const ProcessRequest& request);
   void follow(pid_t process);
   void writeInput();
   void readErrors();
   void readOutput();
   [[nodiscard]] std::optional<ExecutableOutcome> reap();
 
-  LineSplitter& lines_;
-  std::function<void(std::string_view)> output_;
+  ProgramListeners listeners_;
   std::string_view input_;
   FileDescriptor inputEnd_;
   FileDescriptor outputEnd_;

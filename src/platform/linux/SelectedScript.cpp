@@ -3,15 +3,23 @@
 #include "base/PathString.h"
 #include "platform/linux/ExecutableScript.h"
 
+#include <cstring>
+
 namespace tavrel {
 namespace {
 
 // Where the selection of the menu now shown is kept.
 constexpr const char* menuPasteboard = "TVRMenuPboardType";
 
+// In the order in which the application itself looks for them.
+std::optional<PropertyList> fileListOn(Pasteboard& pasteboard) {
+  auto list = pasteboard.propertyList(pasteboardType::filenames);
+  return list ? list : pasteboard.propertyList(pasteboardType::pathFinderFilenames);
+}
+
 std::vector<std::string> filesOn(Pasteboard& pasteboard) {
   std::vector<std::string> files;
-  const auto list = pasteboard.propertyList(pasteboardType::filenames);
+  const auto list = fileListOn(pasteboard);
   const PropertyList::Array* array = list ? list->array() : nullptr;
   for (const PropertyList& each : array ? *array : PropertyList::Array())
     if (const std::string* path = each.string())
@@ -31,6 +39,8 @@ OSAError runSelectedScript(const std::string& path, const SelectedScriptDesktop&
   const ExecutableOutcome outcome = runExecutableScript(
       script, {[&] { return desktop.runs.shouldStop(); },
                [&](const std::string& line) { desktop.log.write(name + ": " + line); }});
+  if (outcome.ending == ExecutableOutcome::Ending::notStarted)
+    desktop.log.write(name + ": cannot be started: " + std::strerror(outcome.number));
   return outcome.isSuccess() ? osaError::none : osaError::scriptError;
 }
 

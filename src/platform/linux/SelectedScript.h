@@ -17,8 +17,8 @@ struct SelectedScriptDesktop {
 };
 
 /// Runs an executable script on what was captured for the menu: the files as arguments, else the
-/// text as standard input. Its standard error is logged with its name. `scriptError` when it ends
-/// with another status than 0.
+/// text as standard input. Its standard error is logged with its name, and why it cannot start.
+/// `scriptError` when it does not, or ends with another status than 0.
 [[nodiscard]] OSAError runSelectedScript(const std::string& path,
                                          const SelectedScriptDesktop& desktop);
 

@@ -33,6 +33,9 @@ struct KeptLog final : SystemLog {
 /// Scripts that ask the desktop they run on.
 class ScriptHostFixture : public ::testing::Test {
 protected:
+  /// Runs that last longer than the patience are told to the person.
+  explicit ScriptHostFixture(double patienceSeconds = 1000) : runs(patienceSeconds) {}
+
   /// What the expression gives, or "error N: message".
   std::string result(const std::string& source) {
     const auto loaded = engine.loadSource(source, script::Author::person);
@@ -67,7 +70,7 @@ protected:
   KeptLog log;
   LinuxWorkspace workspace{registry, windows};
   LinuxPasteboards pasteboards;
-  LongRuns runs{1000};
+  LongRuns runs;
   LinuxScriptHost host{{accessibility, applications, clock, keyboard, sounds, log, pasteboards,
                         workspace, registry, windows, TAVREL_RESOURCES "/roles"},
                        runs};
