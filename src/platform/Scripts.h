@@ -92,7 +92,9 @@ public:
   /// Forgets a script or a value. Disposing of 0 succeeds and does nothing.
   virtual OSAError dispose(ComponentInstance component, OSAID id) = 0;
 
-  /// Writes a loaded script with the state it has now to a file. On failure the file is as it was.
+  /// Writes a loaded script with the state it has now over the file at a path; `fileNotFound` when
+  /// none is there, for what was taken away during the run stays away. A file whose script the
+  /// person has edited meanwhile is left alone. On failure the file is as it was.
   virtual OSAError store(ComponentInstance component, OSAID script, const std::string& path) = 0;
 
   /// A compiled script of our own resources, to be run for its result; null when it cannot be read.

@@ -166,6 +166,14 @@ TYPED_TEST_P(ScriptsContract, StoringWhereNothingCanBeWrittenIsTold) {
             osaError::none);
 }
 
+TYPED_TEST_P(ScriptsContract, AFileThatIsGoneIsNotMadeAgainByStoring) {
+  const OSAID script = this->load(this->world.counter());
+  EXPECT_EQ(this->scripts().store(this->component, script, this->world.missing()),
+            osaError::fileNotFound);
+  EXPECT_EQ(this->scripts().load(this->component, this->world.missing()).code,
+            osaError::fileNotFound);
+}
+
 TYPED_TEST_P(ScriptsContract, WhatWasDisposedOfIsGone) {
   const std::string path = this->world.counter();
   const OSAID script = this->load(path);
@@ -264,11 +272,11 @@ REGISTER_TYPED_TEST_SUITE_P(
     PropertiesLastFromRunToRunOfALoadedScript, ARunThatIsNotStoredLeavesTheFileAlone,
     AStoredScriptGoesOnWhereItWas, TwoLoadsOfAFileAreTwoScripts,
     AReadOnlyScriptRunsAndIsNotStorable, StoringWhereNothingCanBeWrittenIsTold,
-    WhatWasDisposedOfIsGone, DisposingOfNothingIsHarmless, NothingIsNoScript, AResultIsNoScript,
-    ASourceThatRunsToItsEndHasNoError, AFailingSourceTellsItsNumberAndWords,
-    ASourceThatDoesNotCompileFailsAsItRuns, AResultThatIsAListHasTheUnitsOfItsTexts,
-    AnEmptyListIsAListAllTheSame, AResultThatIsATextIsNoList,
-    AScriptRunForItsResultThatFailsHasNone, AScriptRunsForItsResultAsOftenAsItIsAsked,
-    WhatCannotBeReadIsNoScriptToRunForItsResult);
+    AFileThatIsGoneIsNotMadeAgainByStoring, WhatWasDisposedOfIsGone, DisposingOfNothingIsHarmless,
+    NothingIsNoScript, AResultIsNoScript, ASourceThatRunsToItsEndHasNoError,
+    AFailingSourceTellsItsNumberAndWords, ASourceThatDoesNotCompileFailsAsItRuns,
+    AResultThatIsAListHasTheUnitsOfItsTexts, AnEmptyListIsAListAllTheSame,
+    AResultThatIsATextIsNoList, AScriptRunForItsResultThatFailsHasNone,
+    AScriptRunsForItsResultAsOftenAsItIsAsked, WhatCannotBeReadIsNoScriptToRunForItsResult);
 
 } // namespace tavrel

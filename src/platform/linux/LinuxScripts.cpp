@@ -9,6 +9,13 @@ namespace {
 constexpr OSAError cannotRead = -54;
 constexpr OSAError cannotWrite = -61;
 
+/// Whether a file still holds the script that was loaded from it, with whatever state.
+bool isSameScript(const ScriptFile& file, const PropertyList& container) {
+  const std::string* old = file.container.stringFor("source");
+  const std::string* own = container.stringFor("source");
+  return old && own && *old == *own;
+}
+
 } // namespace
 
 ComponentInstance LinuxScripts::openDefaultComponent(std::uint32_t type, std::uint32_t subtype) {
@@ -84,9 +91,13 @@ OSAError LinuxScripts::store(ComponentInstance component, OSAID id, const std::s
   const auto found = scripts_.find(id);
   if (found == scripts_.end())
     return osaError::invalidID;
+  const ScriptFile file = readScriptFile(path);
+  if (file.kind == ScriptFile::Kind::missing)
+    return osaError::fileNotFound;
   const auto container = engine_.container(found->second.id);
-  return container && writeScriptFile(path, *container, found->second.form) ? osaError::none
-                                                                            : cannotWrite;
+  const bool isStored = container && isSameScript(file, *container) &&
+                        writeScriptFile(path, *container, found->second.form);
+  return isStored ? osaError::none : cannotWrite;
 }
 
 std::unique_ptr<NSAppleScript> LinuxScripts::initWithContentsOfFile(const std::string& path) {

@@ -101,9 +101,12 @@ bool writeAll(int descriptor, const Bytes& bytes) {
   return true;
 }
 
-mode_t modeFor(const std::string& path) {
+// Of a pipe or a device there would be nothing left; nothing when that is what is there.
+std::optional<mode_t> modeFor(const std::string& path) {
   struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : newFileMode;
+  if (::stat(path.c_str(), &status) != 0)
+    return newFileMode;
+  return S_ISREG(status.st_mode) ? std::optional(status.st_mode & 07777) : std::nullopt;
 }
 
 bool makeFolders(const std::string& folder) {
@@ -142,13 +145,15 @@ std::string replaceFile(const std::string& path, const Bytes& bytes) {
   if (!makeFolders(folder))
     return systemProblem();
   std::string temporary = appendingPathComponent(folder, ".tavrel-XXXXXX");
-  const mode_t mode = modeFor(target);
+  const auto mode = modeFor(target);
+  if (!mode)
+    return "is no file";
   const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!descriptor.isOpen())
     return systemProblem();
   keepAttributes(target, descriptor.number());
   const bool replaced =
-      writeAll(descriptor.number(), bytes) && ::fchmod(descriptor.number(), mode) == 0 &&
+      writeAll(descriptor.number(), bytes) && ::fchmod(descriptor.number(), *mode) == 0 &&
       ::fsync(descriptor.number()) == 0 && ::rename(temporary.c_str(), target.c_str()) == 0;
   if (replaced) {
     syncFolder(folder);

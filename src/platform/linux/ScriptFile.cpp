@@ -25,11 +25,13 @@ ScriptFile readScriptFile(const std::string& path) {
   file.kind = ScriptFile::Kind::unreadable;
   if (!contents)
     return file;
-  file.isWritable = ::access(path.c_str(), W_OK) == 0;
-  const DecodedPropertyList list = decodePropertyList(Bytes(contents->begin(), contents->end()));
   if (contents->starts_with("#!") && ::access(path.c_str(), X_OK) == 0) {
     file.kind = ScriptFile::Kind::program;
-  } else if (isContainer(list)) {
+    return file;
+  }
+  file.isWritable = ::eaccess(path.c_str(), W_OK) == 0;
+  const DecodedPropertyList list = decodePropertyList(Bytes(contents->begin(), contents->end()));
+  if (isContainer(list)) {
     file.kind = ScriptFile::Kind::container;
     file.container = *list.value;
     file.form = list.form;

@@ -64,9 +64,12 @@ OSAError MemoryScripts::store(ComponentInstance component, OSAID script, const s
   if (loaded == loaded_.end())
     return osaError::invalidID;
   control.log.push_back("store " + std::to_string(script) + " " + path);
-  const OSAError code = control.files[path].storeCode;
+  const auto file = control.files.find(path);
+  if (file == control.files.end())
+    return osaError::fileNotFound;
+  const OSAError code = file->second.storeCode;
   if (code == osaError::none)
-    control.files[path] = loaded->second.file;
+    file->second = loaded->second.file;
   return code;
 }
 

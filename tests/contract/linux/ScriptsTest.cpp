@@ -4,7 +4,10 @@
 #include "script/RecordingHost.h"
 #include "support/ScratchFolders.h"
 
+#include <csignal>
+#include <sys/wait.h>
 #include <sys/xattr.h>
+#include <thread>
 
 namespace tavrel {
 namespace {
@@ -128,6 +131,89 @@ TEST_F(ScriptFileTest, AFullDiskLeavesTheFileAsItWas) {
   EXPECT_NE(runAndStore(path), osaError::none);
   EXPECT_EQ(textIn(path), before);
   EXPECT_EQ(std::distance(fs::directory_iterator(disk), fs::directory_iterator()), 2);
+}
+
+TEST_F(ScriptFileTest, AScriptMayHaveAnyName) {
+  for (const char* name : {"a b.scpt", "a\nb.scpt", "caf\xe9.scpt", "it's \"$(x)\".scpt"}) {
+    const std::string path = world.compiled(name, counterSource);
+    EXPECT_EQ(runAndStore(path), osaError::none);
+    EXPECT_EQ(world.countIn(path), 1);
+  }
+}
+
+TEST_F(ScriptFileTest, AScriptBehindALinkIsStoredThere) {
+  const std::string path = world.counter();
+  const fs::path link = world.folder() / "link.scpt";
+  fs::create_symlink("counter.scpt", link);
+  EXPECT_EQ(runAndStore(link.string()), osaError::none);
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(world.countIn(path), 1);
+}
+
+TEST_F(ScriptFileTest, AFolderThatTakesNoFilesLeavesTheScriptAsItWas) {
+  const fs::path folder = world.folder() / "closed";
+  fs::create_directory(folder);
+  const std::string path = (folder / "counter.scpt").string();
+  fs::copy_file(world.counter(), path);
+  AsPlainPerson::give(path);
+  ::chmod(folder.c_str(), 0555);
+  const std::string before = textIn(path);
+  const AsPlainPerson person;
+  EXPECT_NE(runAndStore(path), osaError::none);
+  EXPECT_EQ(textIn(path), before);
+}
+
+TEST_F(ScriptFileTest, AScriptThatMayOnlyBeReadIsNotStorable) {
+  const std::string path = world.counter();
+  ::chmod(path.c_str(), 0444);
+  const AsPlainPerson person;
+  const LoadedScript loaded = world.scripts().load(component, path);
+  EXPECT_EQ(loaded.code, osaError::none);
+  EXPECT_FALSE(loaded.storable);
+}
+
+TEST_F(ScriptFileTest, AScriptThatWasEditedWhileItRanIsNotStoredOverTheEdit) {
+  Scripts& scripts = world.scripts();
+  const std::string path = world.counter();
+  const OSAID script = scripts.load(component, path).script;
+  EXPECT_EQ(scripts.execute(component, script).code, osaError::none);
+  world.compiled("counter.scpt", "property n : 100");
+  const std::string edited = textIn(path);
+  EXPECT_NE(scripts.store(component, script, path), osaError::none);
+  EXPECT_EQ(textIn(path), edited);
+}
+
+TEST_F(ScriptFileTest, AScriptThatRanInsideItselfIsStoredByBoth) {
+  Scripts& scripts = world.scripts();
+  const std::string path = world.counter();
+  const OSAID outer = scripts.load(component, path).script;
+  EXPECT_EQ(scripts.execute(component, outer).code, osaError::none);
+  EXPECT_EQ(scripts.execute(component, outer).code, osaError::none);
+  EXPECT_EQ(runAndStore(path), osaError::none);
+  EXPECT_EQ(scripts.store(component, outer, path), osaError::none);
+  EXPECT_EQ(world.countIn(path), 2);
+}
+
+TEST_F(ScriptFileTest, AProgramThatDiesInTheMiddleOfStoringLeavesTheOldScriptOrTheNew) {
+  const std::string path = world.counter();
+  for (int delay = 0; delay < 40; ++delay) {
+    const pid_t child = ::fork();
+    if (child == 0)
+      for (;;)
+        (void)writeScriptFile(path, readScriptFile(path).container, PropertyListForm::binary);
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + 97 * delay));
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ASSERT_EQ(readScriptFile(path).kind, ScriptFile::Kind::container);
+  }
+}
+
+TEST_F(ScriptFileTest, WhatIsNoFileIsNeverReplaced) {
+  const fs::path pipe = world.folder() / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_FALSE(writeScriptFile(pipe.string(), readScriptFile(world.counter()).container,
+                               PropertyListForm::binary));
+  EXPECT_TRUE(fs::is_fifo(pipe));
 }
 
 TEST_F(ScriptFileTest, AListOfFilesIsGivenByTheirPaths) {
