@@ -149,6 +149,13 @@ const ScriptCommands& commands() {
   return all;
 }
 
+bool isOwnPane(const HostEvent& event) {
+  const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
+  const bool isNamedPane = object && object->steps.size() == 1 && object->steps[0].name == "pane" &&
+                           object->steps[0].keys.size() == 1;
+  return isNamedPane && isSameName(scriptText(object->steps[0].keys[0]).value_or(""), "Tavrel");
+}
+
 HostAnswer askProcesses(ScriptDesktop& desktop, const HostEvent& event) {
   const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
   const auto names = [&] {
@@ -199,6 +206,8 @@ HostAnswer askPreferences(ScriptDesktop& desktop, const HostEvent& event) {
   const bool reveals = event.command == "reveal" || event.command == "activate";
   if (!reveals)
     return askApplication(desktop, event);
+  if (event.command == "reveal" && !isOwnPane(event))
+    return HostError{errors::noSuchObject, "There is no such pane here."};
   if (installed(desktop, program))
     return launched(desktop, program, {});
   if (event.command == "reveal")

@@ -1,6 +1,7 @@
 #include "platform/linux/ScriptArguments.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace tavrel {
 
@@ -27,7 +28,7 @@ std::optional<double> scriptNumber(const HostValue& value) {
   double number = 0;
   const char* end = text ? text->data() + text->size() : nullptr;
   const bool isNumber = text && std::from_chars(text->data(), end, number).ptr == end;
-  return isNumber && !text->empty() ? std::optional(number) : std::nullopt;
+  return isNumber && !text->empty() && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 std::vector<std::string> scriptPaths(const HostValue& value) {
@@ -41,7 +42,7 @@ std::vector<std::string> scriptPaths(const HostValue& value) {
   const auto* object = std::get_if<ObjectPath>(&value.value);
   const bool isFile = object && !object->steps.empty() && !object->steps.back().keys.empty();
   auto path = isFile ? scriptText(object->steps.back().keys[0]) : scriptText(value);
-  if (path && path->starts_with("/"))
+  if (path && path->starts_with("/") && path->find('\0') == std::string::npos)
     paths.push_back(*std::move(path));
   return paths;
 }

@@ -11,6 +11,7 @@ namespace tavrel {
 /// A number or a text that holds one.
 [[nodiscard]] std::optional<double> scriptNumber(const script::HostValue& value);
 /// The path of a file, or of a text that is an absolute path; a list gives those of its elements.
+/// One with a null character is none: the system would cut it short.
 [[nodiscard]] std::vector<std::string> scriptPaths(const script::HostValue& value);
 /// The texts of a list, or of a single value.
 [[nodiscard]] std::vector<std::string> scriptTexts(const script::HostValue& value);

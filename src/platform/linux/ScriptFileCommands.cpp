@@ -1,10 +1,9 @@
+#include "base/Utf8.h"
 #include "platform/linux/BoundedFile.h"
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/ScriptAdditions.h"
 #include "platform/linux/ScriptArguments.h"
 #include "script/ScriptError.h"
-
-#include <QString>
 
 #include <algorithm>
 #include <filesystem>
@@ -42,6 +41,12 @@ std::size_t startOf(const HostEvent& event, const char* label, std::size_t size)
   return static_cast<std::size_t>(std::clamp(start, 0.0, static_cast<double>(size)));
 }
 
+// A path that cannot be is not there.
+bool isReachable(const std::string& path) {
+  std::error_code ignored;
+  return fs::exists(path, ignored);
+}
+
 HostAnswer read(ScriptDesktop&, const HostEvent& event) {
   const std::string path = pathOf(event);
   const auto contents = readFile(path, largestText);
@@ -52,11 +57,15 @@ HostAnswer read(ScriptDesktop&, const HostEvent& event) {
   const double bytes = count ? scriptNumber(*count).value_or(0) : 1e18;
   if (start == contents->size() && !contents->empty())
     return HostError{errors::endOfFile, "End of file."};
-  std::string text = contents->substr(start, static_cast<std::size_t>(std::max(bytes, 0.0)));
+  const double rest = static_cast<double>(contents->size() - start);
+  std::string text =
+      contents->substr(start, static_cast<std::size_t>(std::clamp(bytes, 0.0, rest)));
   const std::string until = textParameter(event, "until") + textParameter(event, "before");
   if (const std::size_t end = text.find(until); !until.empty() && end != std::string::npos)
     text.resize(end + (parameterOf(event, "until") ? until.size() : 0));
-  return HostValue{QString::fromStdString(text).toStdString()};
+  if (!isUtf8(text))
+    return HostError{errors::cannotCoerce, "What was read of " + path + " is no UTF-8 text."};
+  return HostValue{std::move(text)};
 }
 
 // In place at a byte, or from the start; the rest of the file stays, as the language has it.
@@ -66,11 +75,11 @@ HostAnswer write(ScriptDesktop&, const HostEvent& event) {
   if (paths.empty())
     return HostError{errors::missingParameter, "There is no file to write to."};
   std::error_code error;
-  const auto size = fs::exists(paths.front()) ? fs::file_size(paths.front(), error) : 0;
+  const auto size = isReachable(paths.front()) ? fs::file_size(paths.front(), error) : 0;
   const HostValue* at = parameterOf(event, "starting at");
   const bool atEnd = at && scriptText(*at) == "eof";
   const std::size_t start = atEnd ? size : startOf(event, "starting at", size);
-  if (!fs::exists(paths.front()))
+  if (!isReachable(paths.front()))
     std::ofstream(paths.front()).flush();
   std::fstream file(paths.front(), std::ios::in | std::ios::out | std::ios::binary);
   file.seekp(static_cast<std::streamoff>(start));
@@ -97,9 +106,9 @@ HostAnswer setEof(ScriptDesktop&, const HostEvent& event) {
 // A file is named by its path from then on: there is nothing to keep open.
 HostAnswer openForAccess(ScriptDesktop&, const HostEvent& event) {
   const std::string path = pathOf(event);
-  if (flagParameter(event, "write permission", false) && !fs::exists(path))
+  if (flagParameter(event, "write permission", false) && !isReachable(path))
     std::ofstream(path).flush();
-  return fs::exists(path) ? HostAnswer(HostValue{HostFile{path}}) : missingFile(path);
+  return isReachable(path) ? HostAnswer(HostValue{HostFile{path}}) : missingFile(path);
 }
 
 HostAnswer closeAccess(ScriptDesktop&, const HostEvent&) {
@@ -107,11 +116,13 @@ HostAnswer closeAccess(ScriptDesktop&, const HostEvent&) {
 }
 
 HostAnswer listFolder(ScriptDesktop&, const HostEvent& event) {
+  const bool showsHidden = flagParameter(event, "invisibles", true);
   std::vector<std::string> names;
   std::error_code error;
   for (fs::directory_iterator each(pathOf(event), error), end; !error && each != end;
        each.increment(error))
-    names.push_back(each->path().filename().string());
+    if (std::string name = each->path().filename().string(); showsHidden || name[0] != '.')
+      names.push_back(std::move(name));
   if (error)
     return missingFile(pathOf(event));
   std::sort(names.begin(), names.end());

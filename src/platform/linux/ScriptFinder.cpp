@@ -11,6 +11,7 @@
 #include <QDBusMessage>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace tavrel {
@@ -72,7 +73,7 @@ bool isSecondManager(const HostEvent& event) {
 // The second file manager is asked by its own entry: the bus name belongs to the first.
 HostAnswer reveal(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
-  if (paths.empty() || !isThere(paths.front()))
+  if (paths.empty() || !std::ranges::all_of(paths, isThere))
     return missingFile();
   if (!isSecondManager(event) && showItems(paths))
     return HostValue{};
@@ -84,7 +85,7 @@ HostAnswer reveal(ScriptDesktop& desktop, const HostEvent& event) {
 
 HostAnswer openItem(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
-  if (paths.empty() || !isThere(paths.front()))
+  if (paths.empty() || !std::ranges::all_of(paths, isThere))
     return missingFile();
   if (isSecondManager(event))
     return openWith(desktop, "Path Finder", paths);

@@ -50,6 +50,8 @@ HostAnswer doScript(ScriptDesktop&, const HostEvent& event) {
   const auto program = command.empty() ? std::nullopt : findProgram(command.front());
   if (!program)
     return HostError{errors::notRunning, "No terminal is installed."};
+  if (directText(event).find('\0') != std::string::npos)
+    return HostError{errors::cannotCoerce, "A command has no null character."};
   for (const char* argument : {"/bin/sh", "-c"})
     command.emplace_back(argument);
   command.push_back(directText(event) + "\nexec \"${SHELL:-/bin/sh}\"");

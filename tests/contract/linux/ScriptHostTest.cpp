@@ -80,6 +80,44 @@ TEST_F(ScriptHostTest, AMissingFileIsAnError) {
   EXPECT_THAT(result("read POSIX file " + quoted("missing")), HasSubstr("error -43"));
 }
 
+TEST_F(ScriptHostTest, APathThatCannotBeIsAnErrorInEveryCommand) {
+  const std::string file = "(POSIX file " + quoted(std::string(300, 'x')) + ")";
+  for (const std::string& command :
+       {"read " + file, "write \"a\" to " + file, "get eof " + file, "set eof " + file + " to 0",
+        "info for " + file, "list folder " + file,
+        "open for access " + file + " with write permission"})
+    EXPECT_THAT(result(command), HasSubstr("error -")) << command;
+}
+
+TEST_F(ScriptHostTest, APathIsNeverCutShort) {
+  write("file", "kept");
+  EXPECT_THAT(result("write \"lost\" to POSIX file (" + quoted("file") + " & character id 0)"),
+              HasSubstr("error -"));
+  EXPECT_EQ(contents("file"), "kept");
+}
+
+TEST_F(ScriptHostTest, WhatIsNoTextIsNotReadAsText) {
+  write("file", "caf\xe9");
+  EXPECT_THAT(result("read POSIX file " + quoted("file")), HasSubstr("error -1700"));
+  EXPECT_EQ(result("read POSIX file " + quoted("file") + " for 3"), "\"caf\"");
+}
+
+TEST_F(ScriptHostTest, MeasuresBeyondAllFilesAreTakenAsTheirEnds) {
+  write("file", "text");
+  const std::string file = "POSIX file " + quoted("file");
+  EXPECT_EQ(result("read " + file + " for 1.0E+300"), "\"text\"");
+  EXPECT_EQ(result("read " + file + " for \"inf\""), "\"\"");
+  EXPECT_EQ(result("read " + file + " from \"nan\""), "\"text\"");
+}
+
+TEST_F(ScriptHostTest, AFolderIsListedWithOrWithoutWhatIsHidden) {
+  for (const char* name : {"b", "a", ".hidden"})
+    write(name, "");
+  const std::string folder = "POSIX file \"" + scratch.path().string() + "\"";
+  EXPECT_EQ(result("list folder " + folder), "{\".hidden\", \"a\", \"b\"}");
+  EXPECT_EQ(result("list folder " + folder + " without invisibles"), "{\"a\", \"b\"}");
+}
+
 TEST_F(ScriptHostTest, TheFileManagerKnowsWhatIsThere) {
   write("file", "");
   EXPECT_EQ(result("tell application \"Finder\" to exists POSIX file " + quoted("file")), "true");
@@ -163,6 +201,25 @@ TEST_F(ScriptHostTest, WithoutAPreferenceProgramTheFileIsNamed) {
             "missing value");
   ASSERT_EQ(log.lines.size(), 1U);
   EXPECT_THAT(log.lines[0], HasSubstr("qorvane.tavrel.pref.plist"));
+}
+
+TEST_F(ScriptHostTest, APaneThatIsNotThereIsAnErrorWithANumber) {
+  EXPECT_THAT(result("tell application \"System Preferences\" to reveal pane \"Sound\""),
+              HasSubstr("error -1728"));
+  EXPECT_THAT(log.lines, ::testing::IsEmpty());
+}
+
+TEST_F(ScriptHostTest, OneFileThatIsNotThereKeepsAllFromBeingOpened) {
+  write("a", "");
+  for (const char* command : {"reveal", "open"})
+    EXPECT_THAT(result("tell application \"Finder\" to " + std::string(command) + " {POSIX file " +
+                       quoted("a") + ", POSIX file " + quoted("none") + "}"),
+                HasSubstr("error -43"));
+}
+
+TEST_F(ScriptHostTest, ATerminalIsNeverGivenPartOfACommand) {
+  EXPECT_THAT(result("tell application \"terminal\" to do script \"a\" & character id 0 & \"b\""),
+              HasSubstr("error -"));
 }
 
 TEST_F(ScriptHostTest, BeepsAndLogLinesAreForThePerson) {
