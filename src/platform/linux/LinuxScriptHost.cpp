@@ -34,8 +34,14 @@ Ask askOf(const std::string& application) {
 
 } // namespace
 
+// What is to end asks for nothing more, and what it waited for counts as refused.
 HostAnswer LinuxScriptHost::perform(const HostEvent& event) {
-  return event.application.empty() ? addition(event) : askOf(event.application)(desktop_, event);
+  const HostError stopped{errors::userCanceled, "User canceled."};
+  if (shouldStop())
+    return stopped;
+  HostAnswer answer =
+      event.application.empty() ? addition(event) : askOf(event.application)(desktop_, event);
+  return shouldStop() ? HostAnswer(stopped) : answer;
 }
 
 HostAnswer LinuxScriptHost::addition(const HostEvent& event) {
@@ -43,6 +49,7 @@ HostAnswer LinuxScriptHost::addition(const HostEvent& event) {
     return runShellScript(event, [this] { return shouldStop(); });
   if (event.command == "delay")
     return delay(event);
+  const DialogWatch watch([this] { return shouldStop(); });
   for (const ScriptCommands* each : {&additionCommands(), &fileCommands(), &dialogCommands()}) {
     const auto command = each->find(event.command);
     if (command != each->end())

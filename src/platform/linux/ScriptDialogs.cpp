@@ -3,6 +3,7 @@
 #include "platform/linux/ScriptArguments.h"
 #include "script/ScriptError.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
@@ -26,6 +27,7 @@ HostError canceled() {
 }
 
 constexpr int usualWidth = 380; // pixels
+constexpr int msecsBetweenStopLooks = 100;
 
 QString shown(const std::string& text) {
   return QString::fromStdString(text);
@@ -229,6 +231,15 @@ HostAnswer chooseFileName(ScriptDesktop&, const HostEvent& event) {
 }
 
 } // namespace
+
+DialogWatch::DialogWatch(std::function<bool()> shouldStop) {
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [stops = std::move(shouldStop)] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog != nullptr && stops())
+      dialog->reject();
+  });
+  timer_.start(msecsBetweenStopLooks);
+}
 
 const ScriptCommands& dialogCommands() {
   static const ScriptCommands all{{"display dialog", displayDialog},
