@@ -156,27 +156,47 @@ bool isOwnPane(const HostEvent& event) {
   return isNamedPane && isSameName(scriptText(object->steps[0].keys[0]).value_or(""), "Tavrel");
 }
 
+HostList processNames(ScriptDesktop& desktop) {
+  HostList list;
+  for (const RunningApplication& each : desktop.applications.launched())
+    list.push_back({each.name.value_or("")});
+  return list;
+}
+
+// As records, so that scripts can look for the one whose property is so and so.
+HostList processes(ScriptDesktop& desktop) {
+  const auto front = desktop.applications.active();
+  HostList list;
+  for (const RunningApplication& each : desktop.applications.launched())
+    list.push_back({HostRecord{
+        {"name", {each.name.value_or("")}},
+        {"frontmost", {front.has_value() && front->serialNumber == each.serialNumber}}}});
+  return list;
+}
+
+HostAnswer getOfProcesses(ScriptDesktop& desktop, const ObjectPath& object) {
+  const ObjectStep& which = object.steps[0];
+  const bool isEvery = which.kind == ObjectStep::Kind::every;
+  if (isEvery && object.steps.size() == 1)
+    return HostValue{processes(desktop)};
+  if (isEvery && object.steps.size() == 2 && object.steps[1].name == "name")
+    return HostValue{processNames(desktop)};
+  return HostError{errors::noSuchObject, "Can’t get that process."};
+}
+
 HostAnswer askProcesses(ScriptDesktop& desktop, const HostEvent& event) {
   const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
-  const auto names = [&] {
-    HostList list;
-    for (const RunningApplication& each : desktop.applications.launched())
-      list.push_back({each.name.value_or("")});
-    return list;
-  };
   const bool isAboutProcesses =
       object && !object->steps.empty() && object->steps[0].name.ends_with("process");
   if (!isAboutProcesses)
     return askApplication(desktop, event);
   const ObjectStep& which = object->steps[0];
   if (event.command == "count")
-    return HostValue{static_cast<std::int64_t>(names().size())};
+    return HostValue{static_cast<std::int64_t>(processNames(desktop).size())};
   if (event.command == "exists" && !which.keys.empty())
     return HostValue{running(desktop, scriptText(which.keys[0]).value_or("")).has_value()};
-  const bool asksNames = event.command == "get" && object->steps.size() == 2 &&
-                         object->steps[1].name == "name" && which.kind == ObjectStep::Kind::every;
-  if (asksNames)
-    return HostValue{names()};
+  if (event.command == "get")
+    return getOfProcesses(desktop, *object);
   return HostError{errors::noSuchObject, "Can’t get that process."};
 }
 

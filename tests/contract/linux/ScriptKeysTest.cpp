@@ -27,6 +27,14 @@ protected:
   QLineEdit line;
 };
 
+TEST_F(ScriptKeysTest, TheProcessInFrontIsFound) {
+  ASSERT_TRUE(eventually([&] { return applications.active().has_value(); }));
+  const auto front = applications.active();
+  ASSERT_TRUE(front && front->name);
+  EXPECT_EQ(typed("get name of first application process whose frontmost is true"),
+            "\"" + *front->name + "\"");
+}
+
 TEST_F(ScriptKeysTest, ATextIsTypedWithCapitalsAndSigns) {
   EXPECT_EQ(typed("keystroke \"Hello, World! (3%)\""), "missing value");
   EXPECT_TRUE(reads("Hello, World! (3%)")) << line.text().toStdString();
