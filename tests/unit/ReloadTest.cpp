@@ -173,6 +173,41 @@ TEST_F(Reload, ANotificationOfAnotherSenderChangesNothing) {
   EXPECT_THAT(desktop.preferences.control.synchronized, IsEmpty());
 }
 
+// A script that waits for the person lets messages in.
+TEST_F(Reload, InTheMiddleOfAnItemsScriptItLeavesTheItemWhole) {
+  desktop.files.control.addScript("/s.scpt");
+  setTree({fileRecord("applescript", "Script", "file:///s.scpt")});
+  launch();
+  desktop.scripts.control.files["/s.scpt"].body = [this](auto&) {
+    setTree({});
+    set(TVR2_EnableStatusMenuBar, false);
+    notify();
+    return osaError::none;
+  };
+  desktop.presenter.control.person = [](OpenMenu& menu) { menu.choose({"Script"}); };
+  desktop.statusBar.click();
+  EXPECT_THAT(desktop.scripts.control.ran, ElementsAre("/s.scpt"));
+  EXPECT_EQ(statusItems(), 0U);
+  EXPECT_EQ(controller.settings.enableStatusMenuBar, false);
+}
+
+TEST_F(Reload, InTheMiddleOfAHotKeysScriptItLeavesTheKeysInOrder) {
+  desktop.files.control.addScript("/s.scpt");
+  PropertyList::Dictionary item{{TVR_MenuItemURL, "file:///s.scpt"},
+                                {TVR_MenuItemShortcutString, "o"},
+                                {TVR_MenuItemShortcutModifier, 0x100000},
+                                {TVR_MenuItemShortcutKeyCode, 31}};
+  setTree({record("applescript", "Script", item)});
+  launch();
+  desktop.scripts.control.files["/s.scpt"].body = [this](auto&) {
+    notify();
+    return osaError::none;
+  };
+  EXPECT_TRUE(desktop.hotKeys.press(31, eventModifier::command));
+  EXPECT_EQ(desktop.scripts.control.ran.size(), 1U);
+  EXPECT_EQ(gHotkeyArray.size(), 1U);
+}
+
 TEST_F(Reload, AControllerThatIsGoneIsToldNothing) {
   {
     TVController another(application);

@@ -142,6 +142,35 @@ TEST_F(Distributed, TheNextOneWaitsUntilAHandlerIsBack) {
   EXPECT_THAT(diary, ElementsAre("begin first", "end first", "begin second", "end second"));
 }
 
+TEST(HeldBack, WhatArrivesWhileAMenuIsOpenWaitsAndKeepsItsOrder) {
+  bool open = true;
+  std::vector<std::string> heard;
+  LinuxDistributedNotificationCenter center([&] { return open; });
+  (void)center.addObserver({}, [&](const Notification& each) { heard.push_back(each.name); });
+  center.deliver({"one", std::nullopt, {}});
+  center.deliver({"two", std::nullopt, {}});
+  EXPECT_TRUE(heard.empty());
+  open = false;
+  center.resume();
+  EXPECT_TRUE(heard.empty()) << "not inside the call of whoever closed the menu";
+  EXPECT_TRUE(eventually([&] { return heard.size() == 2; }));
+  center.deliver({"three", std::nullopt, {}});
+  EXPECT_THAT(heard, ElementsAre("one", "two", "three"));
+}
+
+TEST(HeldBack, AHandlerThatOpensAMenuHoldsTheNextOneBack) {
+  bool open = false;
+  std::vector<std::string> heard;
+  LinuxDistributedNotificationCenter center([&] { return open; });
+  (void)center.addObserver({}, [&](const Notification& each) {
+    heard.push_back(each.name);
+    open = true;
+    center.deliver({"inner", std::nullopt, {}});
+  });
+  center.deliver({"outer", std::nullopt, {}});
+  EXPECT_THAT(heard, ElementsAre("outer"));
+}
+
 TEST_F(Distributed, TwoCentersHearEachOther) {
   LinuxDistributedNotificationCenter other;
   other.post({"hello", "other", {{"n", 1}}});
