@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxDesktop.h"
 
 #include "platform/InProcessNotificationCenter.h"
+#include "platform/linux/AccessibleApplication.h"
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/LinuxAccessibility.h"
@@ -111,6 +112,7 @@ struct LinuxDesktop::Adapters {
 };
 
 LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {
+  installAccessibleApplication();
   adapters_->presenter.setClosedHandler(
       [adapters = adapters_.get()] { adapters->distributedNotifications.resume(); });
 }

@@ -36,7 +36,7 @@ HostAnswer count(ScriptDesktop& desktop, const HostEvent&) {
 
 // Brings the terminal to the front where one runs; the window that is to run a command is opened
 // by that command, so nothing starts here.
-HostAnswer activate(ScriptDesktop& desktop, const HostEvent&) {
+HostAnswer activateTerminal(ScriptDesktop& desktop, const HostEvent&) {
   const std::vector<RunningApplication> all = terminals(desktop);
   if (!all.empty())
     (void)desktop.applications.bringToFront(all.back().serialNumber);
@@ -63,8 +63,10 @@ HostAnswer doScript(ScriptDesktop&, const HostEvent& event) {
 } // namespace
 
 HostAnswer askTerminal(ScriptDesktop& desktop, const HostEvent& event) {
-  static const ScriptCommands commands{
-      {"count", count}, {"activate", activate}, {"launch", activate}, {"do script", doScript}};
+  static const ScriptCommands commands{{"count", count},
+                                       {"activate", activateTerminal},
+                                       {"launch", activateTerminal},
+                                       {"do script", doScript}};
   const auto command = commands.find(event.command);
   return command != commands.end() ? command->second(desktop, event)
                                    : askApplication(desktop, event);
