@@ -57,6 +57,14 @@ public:
   [[nodiscard]] virtual Value evaluate(Frame& frame) const = 0;
   /// The same, but an object of an application is left where it is instead of being fetched.
   [[nodiscard]] virtual Value designate(Frame& frame) const { return evaluate(frame); }
+  /// A reference to the place instead of what it holds. Throws (`cannotCoerce`) for the variables
+  /// of a handler, which do not last; the value of what is no place.
+  [[nodiscard]] virtual Value refer(Frame& frame) const { return designate(frame); }
+  /// What a reference to a part of this starts from: a reference where there can be one, else the
+  /// value.
+  [[nodiscard]] virtual Value reach(Frame& frame) const { return refer(frame); }
+  /// The value as a handler is given it: a variable that holds a reference gives the reference.
+  [[nodiscard]] virtual Value hand(Frame& frame) const { return evaluate(frame); }
   /// Makes the place hold the value; an error for what is no place.
   virtual void assign(Frame& frame, Value value) const;
   /// Moves the value out of a variable so that nobody shares it; elsewhere a plain evaluation.

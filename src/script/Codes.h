@@ -62,7 +62,7 @@ enum class Place : std::uint8_t { beginning, end };
 [[nodiscard]] CodePtr commandCode(const std::string& name, CodePtr direct,
                                   std::vector<LabelledCode> parameters);
 
-/// The value of an object of an application; any other value as it is.
+/// The value of an object of an application or behind a reference; any other value as it is.
 [[nodiscard]] Value fetched(Runtime& runtime, Value value);
 
 } // namespace tavrel::script

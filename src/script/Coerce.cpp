@@ -2,7 +2,7 @@
 
 #include "base/Ascii.h"
 #include "script/Dates.h"
-#include "script/ScriptObject.h"
+#include "script/Reference.h"
 
 #include <charconv>
 #include <cmath>
@@ -130,6 +130,8 @@ std::optional<Value> numberIn(std::string_view text) {
 
 Value numberOf(Runtime& runtime, const Value& given) {
   const Value& value = unwrapped(given);
+  if (value.is(ValueKind::reference))
+    return numberOf(runtime, behind(runtime, value));
   if (value.isNumber())
     return value;
   if (value.is(ValueKind::boolean))
@@ -152,6 +154,8 @@ bool booleanOf(Runtime&, const Value& value) {
 }
 
 std::string textOf(Runtime& runtime, const Value& value) {
+  if (value.is(ValueKind::reference))
+    return textOf(runtime, behind(runtime, value));
   if (const auto* text = value.as<Text>())
     return text->value();
   if (const auto* list = value.as<List>())
@@ -166,6 +170,8 @@ std::string textOf(Runtime& runtime, const Value& value) {
 }
 
 Value coerced(Runtime& runtime, const Value& value, const std::string& type) {
+  if (value.is(ValueKind::reference))
+    return coerced(runtime, behind(runtime, value), type);
   if (type == "list")
     return asList(runtime, value);
   if (type == "alias list")

@@ -90,8 +90,8 @@ void describeObject(std::string& out, const Value& value, int depth) {
     describeSpecifier(out, object->path);
   else if (const auto* script = value.as<ScriptObject>())
     out.append("«script ").append(script->name()).append("»");
-  else if (const auto* reference = value.as<Reference>())
-    out.append("item ").append(std::to_string(reference->at + 1)).append(" of a list");
+  else if (value.is(ValueKind::reference))
+    out.append("a reference");
 }
 
 void describe(std::string& out, const Value& value, int depth) {

@@ -178,7 +178,7 @@ private:
 class ReferenceTo final : public Code {
 public:
   explicit ReferenceTo(CodePtr target) : target_(std::move(target)) {}
-  Value evaluate(Frame& frame) const override { return target_->designate(frame); }
+  Value evaluate(Frame& frame) const override { return target_->refer(frame); }
 
 private:
   CodePtr target_;

@@ -1,6 +1,7 @@
 #include "script/HostValues.h"
 
 #include "script/Coercion.h"
+#include "script/Reference.h"
 #include "script/SpecifierObject.h"
 
 namespace tavrel::script {
@@ -79,6 +80,8 @@ HostValue hostValueOf(Runtime& runtime, const Value& value) {
   case ValueKind::constant:
   case ValueKind::typeName:
     return {HostName{value.name()}};
+  case ValueKind::reference:
+    return hostValueOf(runtime, behind(runtime, value));
   default:
     return hostObjectOf(runtime, value);
   }

@@ -2,6 +2,7 @@
 
 #include "script/Coercion.h"
 #include "script/Operators.h"
+#include "script/Reference.h"
 
 namespace tavrel::script {
 namespace {
@@ -13,6 +14,11 @@ bool ends(Flow flow) {
 
 Flow afterLoop(Flow flow) {
   return flow == Flow::returned ? flow : Flow::next;
+}
+
+Value itemReference(Runtime& runtime, const Value& list, std::size_t place) {
+  return elementReference(runtime, list, "item",
+                          Value::integer(static_cast<std::int64_t>(place) + 1));
 }
 
 class Forever final : public Action {
@@ -113,9 +119,8 @@ public:
     Flow flow = Flow::next;
     for (std::size_t i = 0; i < count && i < list->size() && !ends(flow); ++i) {
       frame.runtime.step();
-      place_->assign(frame, item_ == Item::reference
-                                ? Value(Ref(new Reference(frame.runtime.heap, list, i)))
-                                : list->values()[i]);
+      place_->assign(frame, item_ == Item::reference ? itemReference(frame.runtime, whole, i)
+                                                     : list->values()[i]);
       flow = body_.run(frame);
     }
     return afterLoop(flow);

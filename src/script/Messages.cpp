@@ -4,6 +4,7 @@
 #include "script/Calls.h"
 #include "script/Coercion.h"
 #include "script/HostValues.h"
+#include "script/Reference.h"
 #include "script/SpecifierObject.h"
 
 namespace tavrel::script {
@@ -35,14 +36,14 @@ std::vector<Value> evaluated(Frame& frame, const std::vector<CodePtr>& codes) {
   std::vector<Value> values;
   values.reserve(codes.size());
   for (const CodePtr& each : codes)
-    values.push_back(each->evaluate(frame));
+    values.push_back(each->hand(frame));
   return values;
 }
 
 std::vector<LabelledValue> evaluated(Frame& frame, const std::vector<LabelledCode>& codes) {
   std::vector<LabelledValue> values;
   for (const auto& [label, code] : codes)
-    values.push_back({label, code->evaluate(frame)});
+    values.push_back({label, code->hand(frame)});
   return values;
 }
 
@@ -116,9 +117,9 @@ public:
   Value evaluate(Frame& frame) const override {
     AdditionCall call{frame, {}, {}};
     if (direct_)
-      call.direct = direct_->designate(frame);
+      call.direct = behind(frame.runtime, direct_->designate(frame));
     for (const auto& [label, code] : parameters_)
-      call.parameters.push_back({label, code->designate(frame)});
+      call.parameters.push_back({label, behind(frame.runtime, code->designate(frame))});
     if (addition_)
       return addition_(call);
     return isOfDesktop(name_) ? ask({}, call) : ask(applicationOf(frame, call), call);

@@ -81,15 +81,4 @@ public:
   const bool isAlias;
 };
 
-/// An element of a list by its place, as a loop variable that is written through.
-class Reference final : public Container {
-public:
-  static constexpr ValueKind valueKind = ValueKind::reference;
-  Reference(Heap& heap, Ref<List> list, std::size_t index)
-      : Container(valueKind, heap), target(std::move(list)), at(index) {}
-  void empty() override { target = {}; }
-  Ref<List> target;
-  std::size_t at;
-};
-
 } // namespace tavrel::script

@@ -5,19 +5,14 @@
 #include "script/Elements.h"
 #include "script/HostValues.h"
 #include "script/Operators.h"
-#include "script/Properties.h"
+#include "script/Parts.h"
+#include "script/Reference.h"
 #include "script/SpecifierObject.h"
 
 #include <algorithm>
 
 namespace tavrel::script {
 namespace {
-
-[[noreturn]] void cannotGet(const std::string& what, const Value& whole) {
-  std::string message = "Can’t get ";
-  message.append(what).append(" of ").append(described(whole)).append(".");
-  throw ScriptError{errors::noSuchObject, std::move(message)};
-}
 
 Value containerOf(Frame& frame, const CodePtr& container) {
   if (container)
@@ -29,15 +24,6 @@ Value stepInto(const Specifier& container, ObjectStep step) {
   ObjectPath path = container.path;
   path.steps.push_back(std::move(step));
   return Value(Ref(new Specifier(std::move(path))));
-}
-
-// The value behind a loop variable that is written through.
-Value behind(const Value& value) {
-  const auto* reference = value.as<Reference>();
-  if (!reference)
-    return value;
-  const List* list = reference->target.get();
-  return list && reference->at < list->size() ? list->values()[reference->at] : Value::missing();
 }
 
 void setOfApplication(Frame& frame, const Specifier& object, const Value& value) {
@@ -53,27 +39,42 @@ public:
 
   Value evaluate(Frame& frame) const override { return fetched(frame.runtime, designate(frame)); }
   Value designate(Frame& frame) const override {
-    const Value given = containerOf(frame, container_);
-    if (const auto* object = given.as<Specifier>())
+    const Value whole = behind(frame.runtime, containerOf(frame, container_));
+    if (const auto* object = whole.as<Specifier>())
       return stepInto(*object, stepOf(frame));
-    return partOf(frame, behind(given));
+    return partOf(frame, whole);
+  }
+  Value refer(Frame& frame) const override {
+    const Value place = container_ ? container_->reach(frame) : containerOf(frame, container_);
+    const Value whole = behind(frame.runtime, place);
+    if (const auto* object = whole.as<Specifier>())
+      return stepInto(*object, stepOf(frame));
+    return placeOfPart(frame, place, whole);
   }
   void assign(Frame& frame, Value value) const override {
     const Value given = containerOf(frame, container_);
-    if (const auto* object = given.as<Specifier>()) {
-      const Value part = stepInto(*object, stepOf(frame));
-      setOfApplication(frame, *part.as<Specifier>(), value);
-    } else {
-      setPart(frame, given, std::move(value));
+    if (given.is(ValueKind::reference) && isContents()) {
+      given.as<Reference>()->write(frame.runtime, std::move(value));
+      return;
     }
+    const Value whole = behind(frame.runtime, given);
+    if (const auto* object = whole.as<Specifier>())
+      setOfApplication(frame, *stepInto(*object, stepOf(frame)).as<Specifier>(), value);
+    else
+      setPart(frame, whole, std::move(value));
   }
 
 protected:
   [[nodiscard]] virtual ObjectStep stepOf(Frame& frame) const = 0;
   [[nodiscard]] virtual Value partOf(Frame& frame, const Value& whole) const = 0;
+  /// A reference to the part; the part itself for what cannot be written.
+  [[nodiscard]] virtual Value placeOfPart(Frame& frame, const Value&, const Value& whole) const {
+    return partOf(frame, whole);
+  }
   virtual void setPart(Frame& frame, const Value&, Value value) const {
     Code::assign(frame, std::move(value));
   }
+  [[nodiscard]] virtual bool isContents() const { return false; }
 
 private:
   CodePtr container_;
@@ -87,36 +88,17 @@ public:
 protected:
   ObjectStep stepOf(Frame&) const override { return {ObjectStep::Kind::property, *name_, {}}; }
   Value partOf(Frame& frame, const Value& whole) const override {
-    if (isDelimiters(whole))
-      return frame.runtime.delimiters;
-    if (auto value = propertyOf(frame.runtime, whole, name_))
-      return *std::move(value);
-    if (whole.is(ValueKind::text) && *name_ == "text")
-      return whole;
-    cannotGet(*name_, whole);
+    return propertyPart(frame.runtime, whole, name_);
+  }
+  Value placeOfPart(Frame& frame, const Value& place, const Value&) const override {
+    return isContents() ? place : propertyReference(frame.runtime, place, name_);
   }
   void setPart(Frame& frame, const Value& whole, Value value) const override {
-    if (isDelimiters(whole)) {
-      frame.runtime.delimiters = std::move(value);
-      return;
-    }
-    const auto* reference = whole.as<Reference>();
-    if (reference && *name_ == "contents" && reference->at < reference->target->size())
-      reference->target->replace(reference->at, std::move(value));
-    else if (!setProperty(frame.runtime, behind(whole), name_, value))
-      throw ScriptError{errors::cannotSet, std::string("Can’t set ")
-                                               .append(*name_)
-                                               .append(" of ")
-                                               .append(described(whole))
-                                               .append(".")};
+    setPropertyPart(frame.runtime, whole, name_, std::move(value));
   }
+  bool isContents() const override { return *name_ == "contents"; }
 
 private:
-  [[nodiscard]] bool isDelimiters(const Value& whole) const {
-    return *name_ == "text item delimiters" &&
-           (whole.is(ValueKind::constant) || whole.is(ValueKind::script));
-  }
-
   const std::string* name_;
 };
 
@@ -130,33 +112,16 @@ protected:
     return {ObjectStep::Kind::element, type_, {hostValueOf(frame.runtime, key_->evaluate(frame))}};
   }
   Value partOf(Frame& frame, const Value& whole) const override {
-    const Value key = key_->evaluate(frame);
-    if (!key.isNumber())
-      return named(frame, whole, key);
-    return elementAt(frame.runtime, whole, type_, integerOf(frame.runtime, key));
+    return elementPart(frame.runtime, whole, type_, key_->evaluate(frame));
   }
-  void setPart(Frame& frame, const Value& given, Value value) const override {
-    const Value whole = behind(given);
-    auto* list = whole.as<List>();
-    const auto place = list ? placeOf(integerOf(frame.runtime, key_->evaluate(frame)), list->size())
-                            : std::nullopt;
-    if (!place || type_ != "item")
-      throw ScriptError{errors::badIndex, std::string("Can’t set that ")
-                                              .append(type_)
-                                              .append(" of ")
-                                              .append(described(whole))
-                                              .append(".")};
-    list->replace(*place, std::move(value));
+  Value placeOfPart(Frame& frame, const Value& place, const Value&) const override {
+    return elementReference(frame.runtime, place, type_, key_->evaluate(frame));
+  }
+  void setPart(Frame& frame, const Value& whole, Value value) const override {
+    setElementPart(frame.runtime, whole, type_, key_->evaluate(frame), std::move(value));
   }
 
 private:
-  // file "/a/b" outside of any application
-  Value named(Frame& frame, const Value& whole, const Value& key) const {
-    if (type_ != "file" && type_ != "folder" && type_ != "disk")
-      cannotGet(type_ + " " + described(key), whole);
-    return coerced(frame.runtime, key, "file");
-  }
-
   std::string type_;
   CodePtr key_;
 };
@@ -244,7 +209,7 @@ public:
 private:
   [[nodiscard]] bool holds(Frame& frame, const Value& each) const {
     frame.runtime.step();
-    const TargetGuard guard(frame, each);
+    const TargetGuard guard(frame, behind(frame.runtime, each));
     return booleanOf(frame.runtime, condition_->evaluate(frame));
   }
 
@@ -258,11 +223,11 @@ public:
       : place_(place), container_(std::move(container)) {}
 
   Value evaluate(Frame& frame) const override {
-    const Value whole = fetched(frame.runtime, behind(containerOf(frame, container_)));
+    const Value whole = fetched(frame.runtime, containerOf(frame, container_));
     return elementAt(frame.runtime, whole, "item", place_ == Place::end ? -1 : 1);
   }
   void assign(Frame& frame, Value value) const override {
-    const Value whole = behind(containerOf(frame, container_));
+    const Value whole = behind(frame.runtime, containerOf(frame, container_));
     auto* list = whole.as<List>();
     if (!list)
       cannotGet("end", whole);
@@ -302,7 +267,8 @@ private:
 
 } // namespace
 
-Value fetched(Runtime& runtime, Value value) {
+Value fetched(Runtime& runtime, Value given) {
+  Value value = given.is(ValueKind::reference) ? behind(runtime, given) : std::move(given);
   const auto* object = value.as<Specifier>();
   if (!object || object->path.steps.empty())
     return value;

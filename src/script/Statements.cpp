@@ -5,6 +5,7 @@
 #include "script/Coercion.h"
 #include "script/HostValues.h"
 #include "script/Operators.h"
+#include "script/Reference.h"
 
 #include <algorithm>
 
@@ -210,7 +211,7 @@ class Tell final : public Action {
 public:
   Tell(CodePtr target, Sequence body) : target_(std::move(target)), body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
-    const TargetGuard guard(frame, target_->designate(frame));
+    const TargetGuard guard(frame, behind(frame.runtime, target_->designate(frame)));
     return body_.run(frame);
   }
 

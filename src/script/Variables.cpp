@@ -2,7 +2,7 @@
 
 #include "script/Coercion.h"
 #include "script/Properties.h"
-#include "script/SpecifierObject.h"
+#include "script/Reference.h"
 
 namespace tavrel::script {
 namespace {
@@ -22,15 +22,6 @@ private:
   Value value_;
 };
 
-// A loop variable can stand for an element of its list.
-Value contentsOf(const Value& value) {
-  const auto* reference = value.as<Reference>();
-  if (!reference)
-    return value;
-  const List* list = reference->target.get();
-  return list && reference->at < list->size() ? list->values()[reference->at] : Value::missing();
-}
-
 class Variable : public Code {
 public:
   explicit Variable(const std::string* name) : name_(name) {}
@@ -39,7 +30,7 @@ public:
     const Value& value = place(frame);
     if (value.is(ValueKind::undefined))
       refuseUndefined(*name_);
-    return value.is(ValueKind::reference) ? contentsOf(value) : value;
+    return value.is(ValueKind::reference) ? behind(frame.runtime, value) : value;
   }
   Value designate(Frame& frame) const override {
     const Value& value = place(frame);
@@ -47,6 +38,12 @@ public:
       refuseUndefined(*name_);
     return value;
   }
+  Value refer(Frame&) const override {
+    throw ScriptError{errors::cannotCoerce,
+                      std::string("Can’t make ").append(*name_).append(" into type reference.")};
+  }
+  Value reach(Frame& frame) const override { return designate(frame); }
+  Value hand(Frame& frame) const override { return designate(frame); }
   void assign(Frame& frame, Value value) const override { place(frame) = std::move(value); }
   Value takeOut(Frame& frame) const override {
     Value& value = place(frame);
@@ -56,6 +53,7 @@ public:
 
 protected:
   [[nodiscard]] virtual Value& place(Frame& frame) const = 0;
+  [[nodiscard]] const std::string* name() const { return name_; }
 
 private:
   const std::string* name_;
@@ -98,15 +96,22 @@ public:
   Field(std::size_t outward, std::size_t index, const std::string* name)
       : Variable(name), outward_(outward), index_(index) {}
 
+  Value refer(Frame& frame) const override {
+    return fieldReference(frame.runtime, owner(frame), index_, name());
+  }
+  Value reach(Frame& frame) const override { return refer(frame); }
+
 protected:
-  Value& place(Frame& frame) const override {
+  Value& place(Frame& frame) const override { return owner(frame).fields[index_]; }
+
+private:
+  [[nodiscard]] ScriptObject& owner(Frame& frame) const {
     ScriptObject* script = &frame.self;
     for (std::size_t i = 0; i < outward_; ++i)
       script = script->outer();
-    return script->fields[index_];
+    return *script;
   }
 
-private:
   std::size_t outward_;
   std::size_t index_;
 };
