@@ -63,6 +63,9 @@ Value runText(const AdditionCall& call) {
   runtime.guardStack();
   if (runtime.author == Author::application)
     throw ScriptError{errors::notPermitted, "“run script” is not allowed in this script."};
+  if (call.direct.is(ValueKind::file))
+    throw ScriptError{errors::cannotCoerce,
+                      std::string("Can’t run ").append(described(call.direct)).append(".")};
   const auto shape = bindScript(runtime.heap, parseScript(textOf(runtime, call.direct)));
   const Value given = call.parameter("with parameters");
   const bool isGiven = !given.is(ValueKind::undefined);

@@ -12,6 +12,12 @@ bool isDeclaration(const Node& node) {
          node.kind == NodeKind::global;
 }
 
+[[noreturn]] void refuseDoubled(int number, const Node& node, const char* what) {
+  std::string message = "The ";
+  message.append(node.text).append(" ").append(what).append(" is specified more than once.");
+  throw ScriptError{number, std::move(message), node.span};
+}
+
 bool isRun(const Node& node) {
   return node.kind == NodeKind::handler && node.text == "run";
 }
@@ -66,8 +72,11 @@ void Binder::refuseStatements(const Node& block) {
 // Properties stand first: they are what persists. Script objects are fields too.
 void Binder::declareFields(const Node& block) {
   for (const Node& each : block.children)
-    if (each.kind == NodeKind::propertyDeclaration)
-      (void)field(symbol(each.text));
+    if (each.kind == NodeKind::propertyDeclaration) {
+      const std::size_t known = shape_->fields.size();
+      if (field(symbol(each.text)) < known)
+        refuseDoubled(errors::doubledProperty, each, "property");
+    }
   shape_->propertyCount = shape_->fields.size();
   for (const Node& each : block.children) {
     if (each.kind == NodeKind::script)
@@ -98,10 +107,18 @@ void Binder::scopeOf(const Node& block) {
   locals_.clear();
   globals_.clear();
   assigned_ = assignedNames(block);
-  for (const Node& each : block.children)
-    if (each.kind == NodeKind::global)
-      for (const Node& name : each.children)
-        globals_.insert(symbol(name.text));
+  noteGlobals(block);
+}
+
+// They may be declared wherever a statement can stand.
+void Binder::noteGlobals(const Node& node) {
+  if (node.kind == NodeKind::global)
+    for (const Node& name : node.children)
+      globals_.insert(symbol(name.text));
+  else if (node.kind >= NodeKind::block && node.kind != NodeKind::handler &&
+           node.kind != NodeKind::script)
+    for (const Node& each : node.children)
+      noteGlobals(each);
 }
 
 void Binder::addHandler(const Node& node) {
@@ -112,6 +129,8 @@ void Binder::addHandler(const Node& node) {
   runsFree_ = false;
   Handler handler;
   handler.name = symbol(node.text);
+  if (shape_->handler(handler.name))
+    refuseDoubled(errors::doubledHandler, node, "handler");
   handler.span = node.span;
   for (std::size_t i = 0; i + 1 < node.children.size(); ++i)
     addParameter(handler, node.children[i]);
@@ -138,6 +157,8 @@ void Binder::addParameter(Handler& handler, const Node& node) {
     return;
   }
   const std::string* name = symbol(node.text);
+  if (locals_.contains(name))
+    refuseDoubled(errors::doubledParameter, node, "parameter");
   handler.parameters.push_back({label, localCode(local(name), name)});
 }
 

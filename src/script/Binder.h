@@ -42,6 +42,7 @@ private:
   [[nodiscard]] CodePtr global(const std::string* name);
   [[nodiscard]] std::size_t local(const std::string* name);
   void scopeOf(const Node& block);
+  void noteGlobals(const Node& node);
 
   // BindStatements.cpp
   [[nodiscard]] Sequence sequence(const Node& block);

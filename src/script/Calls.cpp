@@ -28,13 +28,16 @@ Value finishCall(Frame& frame, const Handler& handler) {
   throw ScriptError{errors::missingArgument, std::move(message)};
 }
 
-// Sources that the application builds around a path ask for little. A shell command in a terminal
-// must be the one that the application means: to go to one folder.
+// Sources that the application builds around a path ask for little. A file is opened in a file
+// manager alone: a terminal might run it. A shell command in a terminal must be the one that the
+// application means: to go to one folder.
 bool isHarmlessCommand(const HostEvent& event) {
   static constexpr auto harmless =
-      std::to_array<std::string_view>({"activate", "reveal", "open", "quit", "count", "get"});
+      std::to_array<std::string_view>({"activate", "reveal", "quit", "count", "get"});
   if (std::find(harmless.begin(), harmless.end(), event.command) != harmless.end())
     return true;
+  if (event.command == "open")
+    return event.application == "Finder" || event.application == "Path Finder";
   const auto* text = event.direct ? std::get_if<std::string>(&event.direct->value) : nullptr;
   if (event.command != "do script" || !text)
     return false;

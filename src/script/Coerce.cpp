@@ -73,12 +73,33 @@ Value asBoolean(const Value& value) {
   refuse(value, "boolean");
 }
 
+// Scripts ask whether a file is there by naming an alias of it.
+void demandFile(Runtime& runtime, const std::string& path) {
+  if (runtime.author == Author::application)
+    return;
+  const HostAnswer answer =
+      runtime.host.perform({"Finder", "exists", HostValue{HostFile{path}}, {}});
+  const auto* value = std::get_if<HostValue>(&answer);
+  const bool* exists = value ? std::get_if<bool>(&value->value) : nullptr;
+  if (exists && !*exists)
+    throw ScriptError{errors::fileNotFound,
+                      std::string("File ").append(path).append(" wasn’t found.")};
+}
+
 Value asFile(const Value& value, const std::string& type) {
   const auto* file = value.as<File>();
   if (!file && !value.is(ValueKind::text))
     refuse(value, type);
   const std::string path = file ? file->path : value.as<Text>()->value();
   return Value(Ref(new File(path, type == "alias")));
+}
+
+Value asAlias(Runtime& runtime, const Value& value) {
+  Value alias = asFile(value, "alias");
+  const auto* file = value.as<File>();
+  if (!file || !file->isAlias)
+    demandFile(runtime, alias.as<File>()->path);
+  return alias;
 }
 
 // What a file manager gives for `selection as alias list`: always a list, of files only.
@@ -190,7 +211,7 @@ Value coerced(Runtime& runtime, const Value& value, const std::string& type) {
   if (type == "date")
     return asDate(runtime, single);
   if (type == "posix file" || type == "file" || type == "alias" || type == "furl")
-    return asFile(single, type);
+    return type == "alias" ? asAlias(runtime, single) : asFile(single, type);
   if (type != "item" && type != typeOf(value))
     refuse(value, type);
   return value;

@@ -112,10 +112,13 @@ bool equalObjects(Runtime& runtime, const Value& a, const Value& b) {
   return a.object() == b.object();
 }
 
-// Several values at once come neither before nor after anything.
+// Only numbers, texts and dates come before or after anything; a list of one stands for its
+// element.
 void refuseUnordered(const Value& value) {
   const auto* list = value.as<List>();
-  if (list && list->size() != 1)
+  const Value& single = list && list->size() == 1 ? list->values()[0] : value;
+  if (!single.isNumber() && !single.is(ValueKind::text) && !single.is(ValueKind::date) &&
+      !single.is(ValueKind::file))
     throw ScriptError{errors::cannotCoerce, described(value).append(" has no order.")};
 }
 
@@ -152,6 +155,7 @@ int order(Runtime& runtime, const Value& a, const Value& b) {
   if (const auto* date = a.as<Date>())
     return sign(date->seconds - coerced(runtime, b, "date").as<Date>()->seconds);
   refuseUnordered(a);
+  refuseUnordered(b);
   if (a.isNumber())
     return sign(a.number() - numberOf(runtime, b).number());
   return compareTexts(runtime, textOf(runtime, a), textOf(runtime, b));

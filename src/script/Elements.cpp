@@ -81,7 +81,7 @@ TextPart boundOf(Runtime& runtime, const Value& whole, const Bound& bound) {
   const std::vector<TextPart> parts = partsOrError(runtime, whole, bound.type);
   const auto place = placeOf(bound.index, parts.size());
   if (!place)
-    missing(whole, titleOf(bound.type, bound.index), errors::badIndex);
+    missing(whole, titleOf(bound.type, bound.index), errors::noSuchObject);
   return parts[*place];
 }
 

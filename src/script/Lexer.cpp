@@ -174,7 +174,7 @@ private:
     const bool negated = word == "isn" || word == "doesn" || word == "aren" || word == "don";
     const std::size_t sign = sees("'t") ? 2 : sees("\u2019t") ? 4 : 0;
     if (!negated || sign == 0) {
-      add(TokenKind::word, start, word);
+      add(TokenKind::word, start, word == "app" ? std::string("application") : word);
       return;
     }
     at_ += sign;

@@ -1,6 +1,7 @@
 #include "script/Actions.h"
 
 #include "script/Coercion.h"
+#include "script/Elements.h"
 #include "script/Operators.h"
 #include "script/Reference.h"
 
@@ -14,6 +15,12 @@ bool ends(Flow flow) {
 
 Flow afterLoop(Flow flow) {
   return flow == Flow::returned ? flow : Flow::next;
+}
+
+// The items of a text are its characters.
+Value itemsOf(Runtime& runtime, const Value& value) {
+  return value.is(ValueKind::text) ? everyElement(runtime, value, "character")
+                                   : coerced(runtime, value, "list");
 }
 
 Value itemReference(Runtime& runtime, const Value& list, std::size_t place) {
@@ -113,7 +120,7 @@ public:
   Each(CodePtr place, CodePtr list, Item item, Sequence body)
       : place_(std::move(place)), list_(std::move(list)), item_(item), body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
-    const Value whole = coerced(frame.runtime, list_->evaluate(frame), "list");
+    const Value whole = itemsOf(frame.runtime, list_->evaluate(frame));
     const Ref list(whole.as<List>());
     const std::size_t count = list->size();
     Flow flow = Flow::next;

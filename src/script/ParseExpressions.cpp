@@ -253,9 +253,9 @@ bool Parser::startsExpression() const {
   if (!isReserved(token.text))
     return true;
   for (std::string_view word :
-       {"every",     "some",  "first", "last", "middle", "front",    "back",
-        "beginning", "end",   "the",   "my",   "its",    "me",       "it",
-        "true",      "false", "not",   "ref",  "script", "property", "continue"})
+       {"every", "some", "first",  "last",     "middle",   "front", "back", "beginning",
+        "end",   "the",  "my",     "its",      "me",       "it",    "true", "false",
+        "not",   "ref",  "script", "property", "continue", "return"})
     if (token.text == word)
       return true;
   return false;

@@ -1,5 +1,7 @@
 #include "script/Parser.h"
 
+#include <utility>
+
 namespace tavrel::script {
 
 // What is always there may be asked for; all else is not to be had.
@@ -24,7 +26,9 @@ Node Parser::handler() {
     handlerParameters(result);
   else if (peek().kind != TokenKind::lineEnd)
     labelledParameters(result);
+  const int outer = std::exchange(loops_, 0);
   result.children.push_back(block({"end"}));
+  loops_ = outer;
   expectWord("end");
   if (peek().kind != TokenKind::lineEnd && identifier() != result.text)
     expected("the name of the handler");
@@ -76,7 +80,9 @@ Node Parser::parameter(std::string label) {
 
 Node Parser::scriptObject() {
   const std::string name = seesIdentifier() ? identifier() : std::string();
+  const int outer = std::exchange(loops_, 0);
   Node body = block({"end"});
+  loops_ = outer;
   endBlock("script");
   return node(NodeKind::script, name, {std::move(body)});
 }

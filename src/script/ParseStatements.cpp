@@ -68,10 +68,8 @@ Node Parser::simpleStatement() {
     return declaration(NodeKind::local);
   if (takeWord("return"))
     return node(NodeKind::giveBack, {}, {startsExpression() ? expression() : Node{}});
-  if (takeWord("exit")) {
-    takeWord("repeat");
-    return node(NodeKind::exitRepeat);
-  }
+  if (takeWord("exit"))
+    return exitRepeat();
   if (seesWord("log") && peek(1).kind != TokenKind::lineEnd) {
     ++at_;
     return node(NodeKind::log, {}, {expression()});
@@ -124,6 +122,21 @@ void Parser::endBlock(std::string_view word) {
     expectWord(word);
 }
 
+Node Parser::exitRepeat() {
+  if (loops_ == 0)
+    throw ScriptError{errors::strayExit, "Exit statement was not in a repeat loop.", peek().span};
+  takeWord("repeat");
+  return node(NodeKind::exitRepeat);
+}
+
+Node Parser::loopBody() {
+  ++loops_;
+  Node body = block({"end"});
+  --loops_;
+  endBlock("repeat");
+  return body;
+}
+
 Node Parser::repeat() {
   Node result = node(NodeKind::repeatForever);
   if (takeWord("with"))
@@ -136,8 +149,7 @@ Node Parser::repeat() {
     result = node(NodeKind::repeatTimes, {}, {expression()});
     takeWord("times");
   }
-  result.children.push_back(block({"end"}));
-  endBlock("repeat");
+  result.children.push_back(loopBody());
   return result;
 }
 
@@ -153,8 +165,7 @@ Node Parser::repeatWith() {
     expectWord("in");
     result = node(NodeKind::repeatIn, variable, {expression()});
   }
-  result.children.push_back(block({"end"}));
-  endBlock("repeat");
+  result.children.push_back(loopBody());
   return result;
 }
 
@@ -169,15 +180,18 @@ Node Parser::attempt() {
 }
 
 void Parser::errorVariables(Node& attempt) {
+  takeWord("the");
   if (seesIdentifier() && !seesWord("number") && !seesWord("partial"))
     attempt.children[2] = node(NodeKind::variable, identifier());
   while (peek().kind != TokenKind::lineEnd) {
-    if (takeWord("number"))
-      attempt.children[3] = errorNumber();
-    else if (takeWord("from") || takeWord("to") || takeWords("partial result"))
-      (void)identifier();
-    else
+    const bool isNumber = takeWord("number");
+    if (!isNumber && !takeWord("from") && !takeWord("to") && !takeWords("partial result"))
       expected("end of line");
+    takeWord("the");
+    if (isNumber)
+      attempt.children[3] = errorNumber();
+    else
+      (void)identifier();
   }
 }
 
@@ -214,13 +228,7 @@ Node Parser::fail() {
 Node Parser::tell() {
   const std::size_t known = dictionaries_.size();
   Node target = expression();
-  if (target.kind == NodeKind::element && target.text == "application") {
-    std::string name = target.children[1].text;
-    for (char& c : name)
-      c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    dictionaries_.push_back(Dictionary::application);
-    dictionaries_.push_back(dictionaryOf(name));
-  }
+  learnTerms(target);
   Node body;
   if (takeWord("to")) {
     body = node(NodeKind::block, {}, {statement()});
@@ -232,15 +240,34 @@ Node Parser::tell() {
   return node(NodeKind::tell, {}, {std::move(target), std::move(body)});
 }
 
+// The terms of an application are known where it is told to do something. Its name must stand in
+// the source: that of a variable is known too late.
+void Parser::learnTerms(const Node& target) {
+  if (target.kind != NodeKind::element || target.text != "application")
+    return;
+  const Node& title = target.children[1];
+  std::string name = title.kind == NodeKind::text ? title.text : std::string();
+  for (char& c : name)
+    c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  dictionaries_.push_back(Dictionary::application);
+  dictionaries_.push_back(dictionaryOf(name));
+}
+
+// What is told that nobody knows must not pass for something considered.
+std::string Parser::attribute() {
+  for (std::string_view name : {"case", "white space", "hyphens", "punctuation", "diacriticals",
+                                "numeric strings", "expansion", "application responses"})
+    if (takeWords(name))
+      return std::string(name);
+  expected("“case”, “diacriticals”, “white space” or the like");
+}
+
 Node Parser::considering(NodeKind kind) {
   const Nesting nesting(*this);
   Node result = node(kind);
-  do {
-    std::string name = identifier();
-    while (seesIdentifier() && !seesWord("but"))
-      name.append(" ").append(identifier());
-    result.children.push_back(node(NodeKind::constant, std::move(name)));
-  } while (takeWord("and") || takeSymbol(","));
+  do
+    result.children.push_back(node(NodeKind::constant, attribute()));
+  while (takeWord("and") || takeSymbol(","));
   if (takeWord("but")) {
     const bool considers = takeWord("considering");
     if (!considers)
@@ -271,10 +298,14 @@ Node Parser::withClause() {
 }
 
 Node Parser::usingTerms() {
-  const Node target = reference();
+  const std::size_t known = dictionaries_.size();
+  learnTerms(expression());
+  if (dictionaries_.size() == known)
+    expected("an application");
   Node body = block({"end"});
   expectWord("end");
   takeWords("using terms from");
+  dictionaries_.resize(known);
   return body;
 }
 

@@ -72,6 +72,8 @@ private:
   [[nodiscard]] Node setStatement();
   [[nodiscard]] Node copyStatement();
   [[nodiscard]] Node branch();
+  [[nodiscard]] Node exitRepeat();
+  [[nodiscard]] Node loopBody();
   [[nodiscard]] Node repeat();
   [[nodiscard]] Node repeatWith();
   [[nodiscard]] Node attempt();
@@ -79,6 +81,8 @@ private:
   [[nodiscard]] Node errorNumber();
   [[nodiscard]] Node fail();
   [[nodiscard]] Node tell();
+  void learnTerms(const Node& target);
+  [[nodiscard]] std::string attribute();
   [[nodiscard]] Node considering(NodeKind kind);
   [[nodiscard]] Node withClause();
   [[nodiscard]] Node usingTerms();
@@ -146,6 +150,7 @@ private:
   std::vector<Token> tokens_;
   std::size_t at_ = 0;
   int depth_ = 0;
+  int loops_ = 0;      ///< around the place, in its handler
   int conditions_ = 0; ///< of elements (`whose`) around the place
   Stops stops_;
   std::vector<Dictionary> dictionaries_;

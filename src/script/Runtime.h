@@ -47,6 +47,8 @@ public:
     if (steps_ >= nextCheck_)
       check();
   }
+  /// Whether the run has had all the steps it may take.
+  [[nodiscard]] bool isUsedUp() const { return steps_ > limits_.steps; }
   /// Throws when the native stack runs short.
   void guardStack() const;
 

@@ -159,7 +159,7 @@ public:
       return attempt_.body.run(frame);
     } catch (const ScriptError& error) {
       // Who stops a script means all of it.
-      if (error.number == errors::timedOut || frame.runtime.host.shouldStop())
+      if (frame.runtime.isUsedUp() || frame.runtime.host.shouldStop())
         throw;
       if (attempt_.only && *attempt_.only != error.number)
         throw;

@@ -75,6 +75,18 @@ TEST_F(CoercionTest, WhatIsNoClassIsAnError) {
   EXPECT_EQ(errorOf("1 as neverSet"), errors::notDefined);
 }
 
+TEST_F(CoercionTest, AnAliasIsOfAFileThatIsThere) {
+  host.replies["exists"] = [](const HostEvent& event) {
+    return HostValue{std::get<HostFile>(event.direct->value).path == "/there"};
+  };
+  EXPECT_EQ(result("{alias \"/there\", POSIX file \"/there\" as alias}"),
+            "{alias \"/there\", alias \"/there\"}");
+  EXPECT_EQ(result("alias \"/gone\""), "error -43: File /gone wasn’t found.");
+  EXPECT_EQ(result("try\nPOSIX file \"/gone\" as alias\n\"there\"\non error\n\"gone\"\nend try"),
+            "\"gone\"");
+  EXPECT_EQ(result("POSIX file \"/gone\""), "POSIX file \"/gone\"");
+}
+
 TEST_F(CoercionTest, ACastCanGoOn) {
   EXPECT_EQ(result("{1 as text & \"a\", \"2\" as integer + 1, 1 as text as integer as list}"),
             "{\"1a\", 3, {1}}");
@@ -92,6 +104,11 @@ TEST_F(CoercionTest, ValuesOfOtherClassesHaveNoOrder) {
   cannot("true < me");
   cannot("{1, 2} < {1, 3}");
   cannot("(current date) < 5");
+  for (const char* value : {"missing value", "true", "yes", "text", "{a:1}", "{}"}) {
+    cannot(std::string(value) + " < 1");
+    cannot(std::string("\"a\" > ") + value);
+  }
+  EXPECT_EQ(result("{5} < 6"), "true");
   EXPECT_EQ(result("{1 < \"2\", \"b\" > \"A\"}"), "{true, true}");
 }
 

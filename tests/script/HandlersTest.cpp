@@ -89,6 +89,13 @@ TEST_F(HandlersTest, AHandlerThatGivesNothingHasNoValue) {
   EXPECT_NE(errorOf("on f()\nend f\nf() & 1"), 0);
 }
 
+TEST_F(HandlersTest, ExitBelongsToALoopOfItsHandler) {
+  EXPECT_EQ(errorOf("on f()\nexit repeat\nend f\nf()"), errors::strayExit);
+  EXPECT_EQ(errorOf("repeat\nscript\nexit repeat\nend script\nend repeat"), errors::strayExit);
+  EXPECT_EQ(errorOf("repeat\nend repeat\nexit repeat"), errors::strayExit);
+  EXPECT_EQ(result("repeat\ntry\nif true then exit repeat\nend try\nend repeat\n1"), "1");
+}
+
 TEST_F(HandlersTest, AHandlerInsideAHandlerIsNoStatement) {
   EXPECT_EQ(errorOf("on f()\non g()\nend g\nend f\nf()"), errors::syntax);
 }

@@ -55,6 +55,14 @@ TEST_F(InjectionTest, AShellCommandInThePathIsRefused) {
   EXPECT_EQ(shellCommands, 0);
 }
 
+TEST_F(InjectionTest, AFileInThePathIsNotOpenedInATerminal) {
+  EXPECT_EQ(reveal("/a\" as POSIX file\ntell application \"xterm\" to open \"/tmp/x"),
+            "error -10004: “open” is not allowed in this script.");
+  EXPECT_EQ(
+      result("tell application \"Path Finder\" to open \"/a\" as POSIX file", Author::application),
+      "1");
+}
+
 TEST_F(InjectionTest, ScriptsInThePathAreRefused) {
   EXPECT_EQ(reveal("/a\" & (run script \"do shell script \\\"touch /tmp/x\\\"\") & \""),
             "error -10004: “run script” is not allowed in this script.");

@@ -89,6 +89,12 @@ TEST_F(LimitsTest, ARunEndsWhenItsStepsAreUsedUp) {
   EXPECT_EQ(result("set n to 0\nrepeat 100 times\nset n to n + 1\nend repeat\nn"), "100");
 }
 
+TEST_F(LimitsTest, AnApplicationThatAnswersTooLateIsCaughtLikeEveryOtherError) {
+  EXPECT_EQ(result("try\nerror number -1712\non error number n\nn\nend try"), "-1712");
+  EXPECT_EQ(result("try\nerror number -1712\non error number -1712\n\"late\"\nend try"),
+            "\"late\"");
+}
+
 TEST_F(LimitsTest, ARunEndsWhenThePersonStopsIt) {
   host.stops = true;
   EXPECT_EQ(errorOf("repeat\nend repeat"), errors::userCanceled);

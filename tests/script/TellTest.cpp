@@ -67,6 +67,21 @@ TEST_F(TellTest, TermsAreKnownOnlyToTheirApplication) {
             errors::syntax);
 }
 
+TEST_F(TellTest, TermsReachAsFarAsTheirBlock) {
+  const std::string begin = "set n to \"Finder\"\nusing terms from app \"Finder\"\n";
+  const std::string block = begin + "tell application n to activate\nend using terms from\n";
+  EXPECT_EQ(asked(begin + "tell application n to make new folder at home\nend using terms from"),
+            "make of Finder");
+  EXPECT_EQ(errorOf(block + "tell application n to reveal \"a\""), errors::syntax);
+}
+
+TEST_F(TellTest, ATextMayBeginWithReturn) {
+  EXPECT_EQ(result("tell 5 to get count (return & \"a\")"), "2");
+  (void)outcome("display dialog return & \"a\"");
+  ASSERT_EQ(host.asked.size(), 1U);
+  EXPECT_EQ(std::get<std::string>(host.asked[0].direct->value), "\ra");
+}
+
 TEST_F(TellTest, APrepositionAfterAClassBeginsTheNextParameter) {
   (void)outcome("tell application \"Finder\" to make new folder at home");
   ASSERT_EQ(host.asked.size(), 1U);
