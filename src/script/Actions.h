@@ -12,8 +12,6 @@ namespace tavrel::script {
 [[nodiscard]] ActionPtr expressionAction(CodePtr value);
 enum class Keeping : std::uint8_t { shares, copies };
 [[nodiscard]] ActionPtr setAction(CodePtr place, CodePtr value, Keeping keeping);
-/// `set x to x & more`, without copying x where nobody shares it.
-[[nodiscard]] ActionPtr appendAction(CodePtr place, CodePtr more);
 struct Branch {
   CodePtr condition;
   Sequence body;
@@ -35,6 +33,11 @@ enum class Attention : std::uint8_t { considering, ignoring };
 [[nodiscard]] ActionPtr considerAction(Attention attention, std::vector<std::string> what,
                                        Sequence body);
 [[nodiscard]] ActionPtr logAction(CodePtr value);
+
+// Append.cpp
+/// `set x to x & a & b`, without copying x where nobody shares it. The pieces must leave x alone:
+/// they are looked at before it is.
+[[nodiscard]] ActionPtr appendAction(CodePtr place, std::vector<CodePtr> pieces);
 
 // Loops.cpp
 [[nodiscard]] ActionPtr foreverAction(Sequence body);

@@ -137,7 +137,8 @@ Value characterId(const AdditionCall& call) {
   const Value codes = coerced(runtime, call.direct, "list");
   std::string text;
   for (const Value& each : codes.as<List>()->values())
-    appendCharacter(text, static_cast<std::uint32_t>(integerOf(runtime, each)));
+    appendCharacter(text, static_cast<std::uint32_t>(
+                              std::clamp<std::int64_t>(integerOf(runtime, each), -1, 0x110000)));
   return runtime.text(std::move(text));
 }
 

@@ -20,6 +20,30 @@ bool isSameVariable(const Node& a, const Node& b) {
   return a.kind == NodeKind::variable && b.kind == NodeKind::variable && a.text == b.text;
 }
 
+// Whether the expression may run a handler, and so may change a variable on its way.
+bool mayRunHandlers(const Node& node) {
+  if (node.kind == NodeKind::call || node.kind == NodeKind::labelledCall ||
+      node.kind == NodeKind::resume || (node.kind == NodeKind::command && node.text == "run"))
+    return true;
+  return std::any_of(node.children.begin(), node.children.end(), mayRunHandlers);
+}
+
+// The pieces of `x & a & b`, in order, when the value begins with the target; else none.
+std::vector<const Node*> appendedPieces(const Node& target, const Node& value) {
+  std::vector<const Node*> pieces;
+  const Node* whole = &value;
+  while (whole->kind == NodeKind::binary && whole->text == "&" && whole->children.size() == 2) {
+    if (mayRunHandlers(whole->children[1]))
+      return {};
+    pieces.push_back(&whole->children[1]);
+    whole = &whole->children[0];
+  }
+  if (!isSameVariable(target, *whole))
+    return {};
+  std::reverse(pieces.begin(), pieces.end());
+  return pieces;
+}
+
 } // namespace
 
 Sequence Binder::sequence(const Node& block) {
@@ -98,10 +122,13 @@ ActionPtr Binder::plainStatement(const Node& node) {
 ActionPtr Binder::assignment(const Node& node, Keeping keeping) {
   const Node& target = child(node, 0);
   const Node& value = child(node, 1);
-  const bool appends = keeping == Keeping::shares && value.kind == NodeKind::binary &&
-                       value.text == "&" && isSameVariable(target, child(value, 0));
-  if (appends)
-    return appendAction(assignable(target), expression(child(value, 1)));
+  if (keeping == Keeping::shares)
+    if (const auto pieces = appendedPieces(target, value); !pieces.empty()) {
+      std::vector<CodePtr> codes;
+      for (const Node* each : pieces)
+        codes.push_back(expression(*each));
+      return appendAction(assignable(target), std::move(codes));
+    }
   CodePtr code = expression(value);
   return setAction(assignable(target), std::move(code), keeping);
 }

@@ -95,12 +95,12 @@ void Binder::declareFields(const Node& block) {
 
 std::size_t Binder::field(const std::string* name) {
   auto& fields = shape_->fields;
-  const auto found = std::find(fields.begin(), fields.end(), name);
-  if (found != fields.end())
-    return static_cast<std::size_t>(found - fields.begin());
-  fields.push_back(name);
-  shape_->initialValues.emplace_back();
-  return fields.size() - 1;
+  const auto [entry, isNew] = fields_.emplace(name, fields.size());
+  if (isNew) {
+    fields.push_back(name);
+    shape_->initialValues.emplace_back();
+  }
+  return entry->second;
 }
 
 void Binder::scopeOf(const Node& block) {
@@ -136,7 +136,7 @@ void Binder::addHandler(const Node& node) {
     addParameter(handler, node.children[i]);
   handler.body = sequence(body);
   handler.localCount = locals_.size();
-  shape_->handlers.push_back(std::move(handler));
+  shape_->add(std::move(handler));
 }
 
 // The names of a pattern are the handler's own, whatever else has them.
@@ -169,7 +169,7 @@ void Binder::addRunHandler(const Node& block) {
   runsFree_ = true;
   if (!outer_)
     for (const std::string* name : assigned_)
-      if (std::find(shape_->fields.begin(), shape_->fields.end(), name) == shape_->fields.end()) {
+      if (!fields_.contains(name)) {
         (void)field(name);
         variables_.insert(name);
       }
@@ -183,7 +183,7 @@ void Binder::addRunHandler(const Node& block) {
   handler.name = symbol("run");
   handler.body = std::move(body);
   handler.localCount = locals_.size();
-  shape_->handlers.push_back(std::move(handler));
+  shape_->add(std::move(handler));
   runsFree_ = false;
 }
 
@@ -194,11 +194,10 @@ std::size_t Binder::local(const std::string* name) {
 CodePtr Binder::fieldNamed(const std::string* name, bool alsoVariables) {
   std::size_t outward = 0;
   for (Binder* each = this; each; each = each->outer_, ++outward) {
-    const auto& fields = each->shape_->fields;
-    const auto found = std::find(fields.begin(), fields.end(), name);
+    const auto found = each->fields_.find(name);
     const bool isHidden = each->variables_.contains(name) && !alsoVariables;
-    if (found != fields.end() && !isHidden)
-      return fieldCode(outward, static_cast<std::size_t>(found - fields.begin()), name);
+    if (found != each->fields_.end() && !isHidden)
+      return fieldCode(outward, found->second, name);
   }
   return nullptr;
 }

@@ -75,7 +75,8 @@ private:
   Heap& heap_;
   Binder* outer_;
   std::shared_ptr<Shape> shape_;
-  std::set<const std::string*> variables_; ///< fields that only the run handler sees
+  std::map<const std::string*, std::size_t> fields_; ///< of the shape, by name
+  std::set<const std::string*> variables_;           ///< fields that only the run handler sees
   Names globals_;
   std::map<const std::string*, std::size_t> locals_;
   Names assigned_;

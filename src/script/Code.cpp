@@ -27,10 +27,14 @@ Flow Sequence::run(Frame& frame) const {
   return Flow::next;
 }
 
+void Shape::add(Handler handler) {
+  places_.emplace(handler.name, handlers_.size());
+  handlers_.push_back(std::move(handler));
+}
+
 const Handler* Shape::handler(const std::string* handlerName) const {
-  const auto found = std::find_if(handlers.begin(), handlers.end(),
-                                  [&](const Handler& each) { return each.name == handlerName; });
-  return found != handlers.end() ? &*found : nullptr;
+  const auto found = places_.find(handlerName);
+  return found != places_.end() ? &handlers_[found->second] : nullptr;
 }
 
 ScriptObject::ScriptObject(Heap& heap, std::shared_ptr<const Shape> form,

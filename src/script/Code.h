@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <unordered_map>
 
 namespace tavrel::script {
 
@@ -118,9 +119,15 @@ struct Shape {
   std::size_t propertyCount = 0;      ///< the first of the fields, those that persist
   std::vector<CodePtr> initialValues; ///< by field; null for variables without one
   std::size_t localCount = 0;         ///< that the initial values need
-  std::vector<Handler> handlers;
 
+  /// Null without a handler of that name.
   [[nodiscard]] const Handler* handler(const std::string* handlerName) const;
+  /// A handler of a name that none has yet.
+  void add(Handler handler);
+
+private:
+  std::vector<Handler> handlers_;
+  std::unordered_map<const std::string*, std::size_t> places_;
 };
 
 } // namespace tavrel::script

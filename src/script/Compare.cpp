@@ -132,6 +132,8 @@ std::string_view plainType(std::string_view name) {
 } // namespace
 
 std::u32string comparable(const Runtime& runtime, std::string_view text) {
+  Loan room(runtime.heap);
+  room.take(text.size() * sizeof(char32_t));
   std::u32string result;
   result.reserve(text.size());
   const Considered& considered = runtime.considered;

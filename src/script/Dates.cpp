@@ -128,8 +128,10 @@ bool setDay(DateParts& parts, const Reading& reading) {
   else
     return false;
   parts.year += parts.year < 100 ? 2000 : 0;
-  return parts.month >= 1 && parts.month <= 12 && parts.day >= 1 && parts.day <= 31 &&
-         parts.year < 10000;
+  const chrono::year_month_day date{chrono::year{parts.year},
+                                    chrono::month{static_cast<unsigned>(parts.month)},
+                                    chrono::day{static_cast<unsigned>(parts.day)}};
+  return date.ok() && parts.month <= 12 && parts.day <= 31 && parts.year < 10000;
 }
 
 bool setTime(DateParts& parts, const Reading& reading) {
@@ -149,7 +151,7 @@ bool setTime(DateParts& parts, const Reading& reading) {
 DateParts partsOf(double seconds) {
   const chrono::sys_days day = dayOf(seconds);
   const chrono::year_month_day date(day);
-  const double inDay = seconds - std::floor(seconds / secondsOfDay) * secondsOfDay;
+  const double inDay = std::fmod(std::fmod(seconds, secondsOfDay) + secondsOfDay, secondsOfDay);
   const int whole = std::isfinite(inDay) ? static_cast<int>(inDay) : 0;
   return {static_cast<int>(date.year()),
           static_cast<int>(static_cast<unsigned>(date.month())),

@@ -4,6 +4,7 @@
 #include "script/ScriptObject.h"
 #include "script/SpecifierObject.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -20,14 +21,18 @@ std::string shortest(double value, std::chars_format format) {
   return {digits.data(), end.ptr};
 }
 
-void quote(std::string& out, const std::string& text) {
+void quote(std::string& out, std::string_view text) {
+  const bool isCut = text.size() > longest;
+  std::size_t kept = std::min(text.size(), longest);
+  while (isCut && kept > 0 && (static_cast<unsigned char>(text[kept]) & 0xC0U) == 0x80U)
+    --kept;
   out += '"';
-  for (char c : text) {
+  for (char c : text.substr(0, kept)) {
     if (c == '"' || c == '\\')
       out += '\\';
     out += c;
   }
-  out += '"';
+  out += isCut ? "…\"" : "\"";
 }
 
 void describe(std::string& out, const Value& value, int depth);

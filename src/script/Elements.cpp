@@ -30,7 +30,16 @@ Value part(Runtime& runtime, const std::string& text, const TextPart& each) {
   return runtime.text(text.substr(each.start, each.length));
 }
 
-std::vector<TextPart> partsOrError(Runtime& runtime, const Value& whole, const std::string& type) {
+bool isCharacter(const std::string& type) {
+  return type == "character" || type == "item";
+}
+
+Value characterAt(Runtime& runtime, const Text& text, std::size_t place) {
+  const std::size_t start = text.offsetOf(place);
+  return part(runtime, text.value(), {start, text.offsetOf(place + 1) - start});
+}
+
+TextParts partsOrError(Runtime& runtime, const Value& whole, const std::string& type) {
   auto parts = partsOf(runtime, whole.as<Text>()->value(), type);
   if (!parts)
     missing(whole, "every " + type, errors::noSuchObject);
@@ -56,12 +65,12 @@ std::optional<Value> simpleElement(Runtime& runtime, const Value& whole, const s
     return place ? std::optional(list->values()[*place]) : std::nullopt;
   }
   const auto* text = whole.as<Text>();
-  if (text && (type == "character" || type == "item") && text->isAscii()) {
-    const auto place = placeOf(index, text->value().size());
-    return place ? std::optional(part(runtime, text->value(), {*place, 1})) : std::nullopt;
+  if (text && isCharacter(type)) {
+    const auto place = placeOf(index, text->length());
+    return place ? std::optional(characterAt(runtime, *text, *place)) : std::nullopt;
   }
   if (text) {
-    const std::vector<TextPart> parts = partsOrError(runtime, whole, type);
+    const TextParts parts = partsOrError(runtime, whole, type);
     const auto place = placeOf(index, parts.size());
     return place ? std::optional(part(runtime, text->value(), parts[*place])) : std::nullopt;
   }
@@ -78,7 +87,7 @@ TextPart span(const TextPart& first, const TextPart& last) {
 }
 
 TextPart boundOf(Runtime& runtime, const Value& whole, const Bound& bound) {
-  const std::vector<TextPart> parts = partsOrError(runtime, whole, bound.type);
+  const TextParts parts = partsOrError(runtime, whole, bound.type);
   const auto place = placeOf(bound.index, parts.size());
   if (!place)
     missing(whole, titleOf(bound.type, bound.index), errors::noSuchObject);
@@ -140,6 +149,8 @@ Value everyElement(Runtime& runtime, const Value& whole, const std::string& type
 std::int64_t countElements(Runtime& runtime, const Value& whole, const std::string& type) {
   if (const auto* record = whole.as<Record>(); record && type == "item")
     return static_cast<std::int64_t>(record->entries().size());
+  if (const auto* text = whole.as<Text>(); text && isCharacter(type))
+    return static_cast<std::int64_t>(text->length());
   if (whole.is(ValueKind::text))
     return static_cast<std::int64_t>(partsOrError(runtime, whole, type).size());
   return static_cast<std::int64_t>(valuesOf(runtime, whole, type).size());

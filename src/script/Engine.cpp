@@ -55,6 +55,22 @@ PropertyList errorDictionary(const ErrorReport& error, const std::string& source
   return result;
 }
 
+/// Scripts that know the script they stand in hold each other; after the outermost run nobody needs
+/// them any more.
+class Engine::Running {
+public:
+  explicit Running(Engine& engine) : engine_(engine) { ++engine_.runs_; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() {
+    if (--engine_.runs_ == 0)
+      engine_.heap_.clear();
+  }
+
+private:
+  Engine& engine_;
+};
+
 Engine::Engine(Host& host) : host_(host) {}
 
 Engine::~Engine() = default;
@@ -115,6 +131,7 @@ RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Li
   Script& script = found->second;
   RunResult result;
   heap_.limit = limits.heap;
+  const Running running(*this);
   result.error = attempted([&] {
     Runtime runtime(heap_, host_, script.author, limits);
     const Ref<ScriptObject> object = instantiate(runtime, script.shape, {});

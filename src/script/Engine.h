@@ -69,6 +69,8 @@ private:
     PropertyList::Dictionary properties;
   };
 
+  class Running;
+
   [[nodiscard]] Loaded add(Script script);
   void restore(Runtime& runtime, ScriptObject& object, const Script& script) const;
   static void keep(const ScriptObject& object, Script& script);
@@ -77,6 +79,7 @@ private:
   Heap heap_;
   std::map<ScriptId, Script> scripts_;
   ScriptId last_ = 0;
+  int runs_ = 0; ///< inside one another
 };
 
 } // namespace tavrel::script

@@ -33,9 +33,16 @@ struct ToValue {
   }
 };
 
-HostValue hostObjectOf(Runtime& runtime, const Value& value) {
-  if (const auto* text = value.as<Text>())
+// A list that holds another many times is small; as plain data it is not.
+constexpr std::size_t hostValueSize = 2 * sizeof(HostValue);
+
+HostValue plain(Runtime& runtime, const Value& value, Loan& loan);
+
+HostValue plainObject(Runtime& runtime, const Value& value, Loan& loan) {
+  if (const auto* text = value.as<Text>()) {
+    loan.take(text->value().size());
     return {text->value()};
+  }
   if (const auto* file = value.as<File>())
     return {HostFile{file->path}};
   if (const auto* date = value.as<Date>())
@@ -45,27 +52,22 @@ HostValue hostObjectOf(Runtime& runtime, const Value& value) {
   HostList list;
   if (const auto* values = value.as<List>())
     for (const Value& each : values->values())
-      list.push_back(hostValueOf(runtime, each));
+      list.push_back(plain(runtime, each, loan));
   else if (const auto* record = value.as<Record>()) {
     HostRecord entries;
     for (const auto& [label, each] : record->entries())
-      entries[*label] = hostValueOf(runtime, each);
-    return {entries};
+      entries[*label] = plain(runtime, each, loan);
+    return {std::move(entries)};
   } else
     throw ScriptError{
         errors::cannotCoerce,
         std::string("An application can’t take ").append(described(value)).append(".")};
-  return {list};
+  return {std::move(list)};
 }
 
-} // namespace
-
-Value valueOf(Runtime& runtime, const HostValue& value) {
-  return std::visit(ToValue{runtime}, value.value);
-}
-
-HostValue hostValueOf(Runtime& runtime, const Value& value) {
+HostValue plain(Runtime& runtime, const Value& value, Loan& loan) {
   runtime.guardStack();
+  loan.take(hostValueSize);
   runtime.step();
   switch (value.kind()) {
   case ValueKind::undefined:
@@ -81,10 +83,21 @@ HostValue hostValueOf(Runtime& runtime, const Value& value) {
   case ValueKind::typeName:
     return {HostName{value.name()}};
   case ValueKind::reference:
-    return hostValueOf(runtime, behind(runtime, value));
+    return plain(runtime, behind(runtime, value), loan);
   default:
-    return hostObjectOf(runtime, value);
+    return plainObject(runtime, value, loan);
   }
+}
+
+} // namespace
+
+Value valueOf(Runtime& runtime, const HostValue& value) {
+  return std::visit(ToValue{runtime}, value.value);
+}
+
+HostValue hostValueOf(Runtime& runtime, const Value& value) {
+  Loan loan(runtime.heap);
+  return plain(runtime, value, loan);
 }
 
 } // namespace tavrel::script

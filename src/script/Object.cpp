@@ -34,7 +34,7 @@ Container::~Container() {
   (previous_ ? previous_->next_ : heap_.first_) = next_;
 }
 
-Heap::~Heap() {
+void Heap::clear() {
   std::vector<Ref<Container>> left;
   for (Container* each = first_; each; each = each->next_)
     left.emplace_back(each);

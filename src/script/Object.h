@@ -107,12 +107,14 @@ public:
   Heap() = default;
   Heap(const Heap&) = delete;
   Heap& operator=(const Heap&) = delete;
-  ~Heap();
+  ~Heap() { clear(); }
 
   /// Counts bytes (or elements, at 16 bytes each) that are taken. Throws ScriptError
   /// (`outOfMemory`) when they would be more than `limit`.
   void take(std::size_t bytes);
   void giveBack(std::size_t bytes) { used_ -= bytes; }
+  /// Empties all containers that are left: those that hold each other in a circle.
+  void clear();
 
   std::size_t limit = std::size_t{512} << 20U;
 
@@ -120,6 +122,26 @@ private:
   friend class Container;
   Container* first_ = nullptr;
   std::size_t used_ = 0;
+};
+
+/// What an operation needs on the way to its result, counted for as long as this lives.
+class Loan {
+public:
+  explicit Loan(Heap& heap) : heap_(&heap) {}
+  Loan(Loan&& other) noexcept : heap_(other.heap_), taken_(std::exchange(other.taken_, 0)) {}
+  Loan& operator=(Loan&&) = delete;
+  Loan(const Loan&) = delete;
+  Loan& operator=(const Loan&) = delete;
+  ~Loan() { heap_->giveBack(taken_); }
+  /// Throws as Heap::take does.
+  void take(std::size_t bytes) {
+    heap_->take(bytes);
+    taken_ += bytes;
+  }
+
+private:
+  Heap* heap_;
+  std::size_t taken_ = 0;
 };
 
 } // namespace tavrel::script

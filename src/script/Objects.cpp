@@ -6,33 +6,50 @@ namespace tavrel::script {
 namespace {
 
 constexpr std::size_t elementSize = 2 * sizeof(Value);
+constexpr std::size_t textSize = sizeof(Text); ///< beside its bytes
 
 bool startsCharacter(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
+
+std::size_t charactersIn(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), startsCharacter));
 }
 
 } // namespace
 
 Text::Text(Heap& heap, std::string value)
     : Object(valueKind), heap_(heap), value_(std::move(value)) {
-  heap_.take(value_.size());
+  heap_.take(value_.size() + textSize);
 }
 
 Text::~Text() {
-  heap_.giveBack(value_.size());
+  heap_.giveBack(value_.size() + textSize);
 }
 
 std::size_t Text::length() const {
   if (length_ == std::string::npos)
-    length_ =
-        static_cast<std::size_t>(std::count_if(value_.begin(), value_.end(), startsCharacter));
+    length_ = charactersIn(value_);
   return length_;
+}
+
+std::size_t Text::offsetOf(std::size_t character) const {
+  if (isAscii())
+    return character;
+  if (character < place_.character)
+    place_ = {};
+  auto& [at, offset] = place_;
+  for (; at < character; ++at)
+    do
+      ++offset;
+    while (offset < value_.size() && !startsCharacter(value_[offset]));
+  return offset;
 }
 
 void Text::append(std::string_view more) {
   heap_.take(more.size());
   value_.append(more);
-  length_ = std::string::npos;
+  length_ += length_ == std::string::npos ? 0 : charactersIn(more);
 }
 
 List::List(Heap& heap, std::vector<Value> values)

@@ -18,6 +18,9 @@ public:
   /// In characters.
   [[nodiscard]] std::size_t length() const;
   [[nodiscard]] bool isAscii() const { return length() == value_.size(); }
+  /// The byte that a character from 0 up to length() starts at. To go from one to the next is
+  /// quick wherever they are.
+  [[nodiscard]] std::size_t offsetOf(std::size_t character) const;
   /// For an owner that nobody shares it with.
   void append(std::string_view more);
 
@@ -25,6 +28,11 @@ private:
   Heap& heap_;
   std::string value_;
   mutable std::size_t length_ = std::string::npos; ///< npos while not counted
+  struct Place {
+    std::size_t character = 0;
+    std::size_t offset = 0;
+  };
+  mutable Place place_; ///< that was asked for last
 };
 
 class List final : public Container {

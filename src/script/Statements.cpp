@@ -80,44 +80,6 @@ private:
   Keeping keeping_;
 };
 
-class Append final : public Action {
-public:
-  Append(CodePtr place, CodePtr more) : place_(std::move(place)), more_(std::move(more)) {}
-  Flow run(Frame& frame) const override {
-    const Value more = more_->evaluate(frame);
-    frame.result = {};
-    Value whole = place_->takeOut(frame);
-    try {
-      if (!appended(whole, more))
-        whole = joinedValues(frame.runtime, whole, more);
-    } catch (...) {
-      place_->assign(frame, std::move(whole));
-      throw;
-    }
-    place_->assign(frame, std::move(whole));
-    return Flow::next;
-  }
-
-private:
-  static bool appended(const Value& whole, const Value& more) {
-    if (!whole.isObject() || whole.object()->isShared())
-      return false;
-    auto* text = whole.as<Text>();
-    const auto* moreText = more.as<Text>();
-    if (text && moreText)
-      text->append(moreText->value());
-    auto* list = whole.as<List>();
-    const auto* moreList = more.as<List>();
-    if (list && moreList)
-      for (const Value& each : moreList->values())
-        list->append(each);
-    return (text && moreText) || (list && moreList);
-  }
-
-  CodePtr place_;
-  CodePtr more_;
-};
-
 class If final : public Action {
 public:
   If(std::vector<Branch> branches, Sequence otherwise)
@@ -282,10 +244,6 @@ ActionPtr expressionAction(CodePtr value) {
 
 ActionPtr setAction(CodePtr place, CodePtr value, Keeping keeping) {
   return std::make_unique<Set>(std::move(place), std::move(value), keeping);
-}
-
-ActionPtr appendAction(CodePtr place, CodePtr more) {
-  return std::make_unique<Append>(std::move(place), std::move(more));
 }
 
 ActionPtr branchAction(std::vector<Branch> branches, Sequence otherwise) {

@@ -10,12 +10,29 @@ constexpr const char* classKey = "class";
 constexpr const char* valueKey = "value";
 constexpr const char* labelsKey = "labels";
 
-std::optional<PropertyList> stored(const Value& value, int depth);
+// What a file of properties is for stays far below this. A list that holds another many times is
+// small; written out it is not.
+constexpr std::size_t largest = std::size_t{64} << 20U;
 
-std::optional<PropertyList> storedList(const std::vector<Value>& values, int depth) {
+/// How deep a value nests, and how much may still be written.
+struct Room {
+  int depth = 0;
+  std::size_t& bytes;
+
+  [[nodiscard]] bool take(std::size_t count) const {
+    const bool fits = count <= bytes;
+    bytes -= fits ? count : bytes;
+    return fits;
+  }
+  [[nodiscard]] Room inside() const { return {depth + 1, bytes}; }
+};
+
+std::optional<PropertyList> stored(const Value& value, Room room);
+
+std::optional<PropertyList> storedList(const std::vector<Value>& values, Room room) {
   PropertyList::Array result;
   for (const Value& each : values) {
-    auto element = stored(each, depth + 1);
+    auto element = stored(each, room.inside());
     if (!element)
       return std::nullopt;
     result.push_back(*std::move(element));
@@ -27,22 +44,23 @@ PropertyList ofClass(const char* name, PropertyList value) {
   return PropertyList::Dictionary{{classKey, name}, {valueKey, std::move(value)}};
 }
 
-std::optional<PropertyList> storedRecord(const Record& record, int depth) {
+std::optional<PropertyList> storedRecord(const Record& record, Room room) {
   PropertyList::Array labels;
   std::vector<Value> values;
   for (const auto& [label, value] : record.entries()) {
     labels.emplace_back(*label);
     values.push_back(value);
   }
-  auto list = storedList(values, depth);
+  auto list = storedList(values, room);
   if (!list)
     return std::nullopt;
   return PropertyList::Dictionary{
       {classKey, "record"}, {labelsKey, std::move(labels)}, {valueKey, *std::move(list)}};
 }
 
-std::optional<PropertyList> stored(const Value& value, int depth) {
-  if (depth > deepest)
+std::optional<PropertyList> stored(const Value& value, Room room) {
+  const auto* text = value.as<Text>();
+  if (room.depth > deepest || !room.take(sizeof(PropertyList) + (text ? text->value().size() : 0)))
     return std::nullopt;
   switch (value.kind()) {
   case ValueKind::missing:
@@ -58,11 +76,11 @@ std::optional<PropertyList> stored(const Value& value, int depth) {
   case ValueKind::typeName:
     return ofClass("class", value.name());
   case ValueKind::text:
-    return PropertyList(value.as<Text>()->value());
+    return PropertyList(text->value());
   case ValueKind::list:
-    return storedList(value.as<List>()->values(), depth);
+    return storedList(value.as<List>()->values(), room);
   case ValueKind::record:
-    return storedRecord(*value.as<Record>(), depth);
+    return storedRecord(*value.as<Record>(), room);
   case ValueKind::date:
     return PropertyList(PropertyList::Date{value.as<Date>()->seconds});
   case ValueKind::file:
@@ -143,7 +161,8 @@ std::optional<Value> restored(Runtime& runtime, const PropertyList& from, int de
 } // namespace
 
 std::optional<PropertyList> storedValue(const Value& value) {
-  return stored(value, 0);
+  std::size_t bytes = largest;
+  return stored(value, {0, bytes});
 }
 
 std::optional<Value> restoredValue(Runtime& runtime, const PropertyList& from) {

@@ -8,14 +8,12 @@
 namespace tavrel::script {
 namespace {
 
-using Parts = std::vector<TextPart>;
-
-Parts characters(const std::string& text) {
-  Parts parts;
+TextParts characters(Runtime& runtime, const std::string& text) {
+  TextParts parts(runtime.heap);
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t start = at;
     (void)takeCharacter(text, at);
-    parts.push_back({start, std::min(at, text.size()) - start});
+    parts.add({start, std::min(at, text.size()) - start});
   }
   return parts;
 }
@@ -44,8 +42,8 @@ bool joinsHere(char32_t c, char32_t before, std::string_view rest) {
   return isWordCharacter(before) && isWordCharacter(after);
 }
 
-Parts words(const std::string& text) {
-  Parts parts;
+TextParts words(Runtime& runtime, const std::string& text) {
+  TextParts parts(runtime.heap);
   bool inside = false;
   char32_t before = U' ';
   for (std::size_t at = 0; at < text.size();) {
@@ -56,26 +54,26 @@ Parts words(const std::string& text) {
         isWordCharacter(c) ||
         (inside && joinsWords(c) && joinsHere(c, before, std::string_view(text).substr(at)));
     if (isPart && !inside)
-      parts.push_back({start, 0});
+      parts.add({start, 0});
     if (isPart)
-      parts.back().length = at - parts.back().start;
+      parts.last().length = at - parts.last().start;
     inside = isPart;
     before = c;
   }
   return parts;
 }
 
-Parts paragraphs(const std::string& text) {
-  Parts parts;
+TextParts paragraphs(Runtime& runtime, const std::string& text) {
+  TextParts parts(runtime.heap);
   std::size_t start = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
     if (text[at] != '\n' && text[at] != '\r')
       continue;
-    parts.push_back({start, at - start});
+    parts.add({start, at - start});
     at += text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n' ? 1 : 0;
     start = at + 1;
   }
-  parts.push_back({start, text.size() - start});
+  parts.add({start, text.size() - start});
   return parts;
 }
 
@@ -107,38 +105,46 @@ std::vector<std::string> delimitersOf(Runtime& runtime) {
   return result;
 }
 
-Parts textItems(Runtime& runtime, const std::string& text) {
+TextParts textItems(Runtime& runtime, const std::string& text) {
   const std::vector<std::string> delimiters = delimitersOf(runtime);
   if (std::all_of(delimiters.begin(), delimiters.end(), [](const auto& d) { return d.empty(); }))
-    return characters(text);
-  Parts parts;
+    return characters(runtime, text);
+  TextParts parts(runtime.heap);
   std::size_t start = 0;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t length =
         delimiterAt(text, at, delimiters, runtime.considered.caseDifferences);
     if (length > 0) {
-      parts.push_back({start, at - start});
+      parts.add({start, at - start});
       start = at + length;
     }
     at += std::max<std::size_t>(length, 1);
     if (at % 1024 == 0)
       runtime.step(delimiters.size());
   }
-  parts.push_back({start, text.size() - start});
+  parts.add({start, text.size() - start});
   return parts;
 }
 
 } // namespace
 
-std::optional<std::vector<TextPart>> partsOf(Runtime& runtime, const std::string& text,
-                                             std::string_view type) {
+void TextParts::add(const TextPart& part) {
+  if (parts_.size() == counted_) {
+    constexpr std::size_t more = 4096;
+    loan_.take(more * sizeof(TextPart));
+    counted_ += more;
+  }
+  parts_.push_back(part);
+}
+
+std::optional<TextParts> partsOf(Runtime& runtime, const std::string& text, std::string_view type) {
   runtime.step(text.size() / 16);
   if (type == "character" || type == "item" || type == "text")
-    return characters(text);
+    return characters(runtime, text);
   if (type == "word")
-    return words(text);
+    return words(runtime, text);
   if (type == "paragraph")
-    return paragraphs(text);
+    return paragraphs(runtime, text);
   if (type == "text item")
     return textItems(runtime, text);
   return std::nullopt;

@@ -103,5 +103,19 @@ TEST_F(DatesTest, APartThatDatesDoNotHaveIsAnError) {
   EXPECT_EQ(errorOf("set d to current date\nset day of d to \"x\""), errors::cannotCoerce);
 }
 
+TEST_F(DatesTest, ADayThatTheMonthDoesNotHaveIsNoDate) {
+  for (const char* day : {"2/30/2024", "2/29/2023", "4/31/2024", "1/0/2024", "13/1/2024"})
+    EXPECT_EQ(errorOf(std::string("date \"") + day + "\""), errors::cannotCoerce) << day;
+  EXPECT_EQ(errorOf("date \"2/29/2024\""), 0);
+}
+
+TEST_F(DatesTest, ADateBeyondAllCalendarsHasATime) {
+  for (const char* far : {"1.0E+300", "-1.0E+300", "1.0E+18"})
+    EXPECT_EQ(result(std::string("set t to time of ((date \"1/1/2024\") + ") + far +
+                     ")\nt ≥ 0 and t < 86400"),
+              "true")
+        << far;
+}
+
 } // namespace
 } // namespace tavrel::script

@@ -114,6 +114,65 @@ TEST_F(LimitsTest, AListThatOutgrowsTheMemoryGivesItBackAfterwards) {
             "1000");
 }
 
+TEST_F(LimitsTest, AListThatHoldsAnotherTooOftenIsNoResultForTheDesktop) {
+  const std::string many = "set l to {1}\nrepeat 40 times\nset l to {l, l}\nend repeat\n";
+  const RunResult run = outcome(many + "l");
+  EXPECT_FALSE(run.error);
+  EXPECT_TRUE(std::holds_alternative<std::monostate>(run.value.value));
+  EXPECT_EQ(errorOf(many + "display dialog l"), errors::outOfMemory);
+  EXPECT_TRUE(host.asked.empty());
+}
+
+TEST_F(LimitsTest, ThePartsOfATextCountAsMemory) {
+  limits.heap = std::size_t{16} << 20U;
+  const std::string text = "set t to \"0 2 4 6 8 \"\nrepeat 17 times\nset t to t & t\nend repeat\n";
+  EXPECT_EQ(result(text + "count t"), "1310720");
+  for (const char* each : {"characters of t", "words of t", "count words of t"})
+    EXPECT_EQ(errorOf(text + each), errors::outOfMemory) << each;
+  EXPECT_EQ(result(text + "try\ncount words of t\nend try\nlength of t"), "1310720");
+  limits.heap = std::size_t{6} << 20U;
+  EXPECT_EQ(errorOf(text + "t = \"a\" & t"), errors::outOfMemory);
+}
+
+TEST_F(LimitsTest, ManySmallTextsCountAsMemory) {
+  limits.heap = std::size_t{1} << 20U;
+  EXPECT_EQ(errorOf("set l to {}\nrepeat 20000 times\nset end of l to \"a\" & \"\"\nend repeat"),
+            errors::outOfMemory);
+}
+
+// Each would take minutes if what is there already were copied for each piece.
+TEST_F(LimitsTest, ManyPiecesAreAppendedOneByOne) {
+  const std::string times = "\nrepeat with i from 1 to 300000\n";
+  EXPECT_EQ(
+      result("set t to \"\"" + times + "set t to t & \"a\" & i mod 10\nend repeat\nlength of t"),
+      "600000");
+  EXPECT_EQ(result("set l to {}" + times + "set l to l & i\nend repeat\ncount l"), "300000");
+  EXPECT_EQ(result("set t to \"é\"" + times +
+                   "set t to t & \"é\"\nif length of t is i then error\n"
+                   "end repeat\nlength of t"),
+            "300001");
+  EXPECT_EQ(
+      result("set t to \"é\"\nrepeat 17 times\nset t to t & t\nend repeat\nset n to 0\n"
+             "repeat with i from 1 to length of t\nif character i of t is \"é\" then set n to "
+             "n + 1\nend repeat\nn"),
+      "131072");
+}
+
+TEST_F(LimitsTest, AScriptOfManyNamesIsReadAtOnce) {
+  std::string source;
+  for (int i = 0; i < 40'000; ++i)
+    source += "set v" + std::to_string(i) + " to 1\n";
+  EXPECT_EQ(result(source + "v39999"), "1");
+}
+
+TEST_F(LimitsTest, AnErrorShowsOnlyTheBeginningOfALongText) {
+  const std::string text = "set t to \"é123456789\"\nrepeat 12 times\nset t to t & t\nend repeat\n";
+  const RunResult run = outcome(text + "character 50000 of t");
+  ASSERT_TRUE(run.error);
+  EXPECT_LT(run.error->message.size(), 5000U);
+  EXPECT_NE(run.error->message.find("…\""), std::string::npos);
+}
+
 TEST_F(LimitsTest, AListInsideItselfCanBeShownAndCompared) {
   const std::string circle = "set l to {1}\nset end of l to l\n";
   EXPECT_EQ(errorOf(circle + "l"), 0);

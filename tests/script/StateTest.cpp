@@ -68,6 +68,23 @@ TEST_F(StateTest, ADisposedScriptIsNotThereAnyMore) {
   EXPECT_FALSE(engine.container(script));
 }
 
+// A script object knows the script it stands in, and that one knows it.
+TEST_F(StateTest, ScriptsThatHoldEachOtherAreFreedAfterTheirRun) {
+  limits.heap = std::size_t{8} << 20U;
+  const ScriptId script = loaded("script inner\nproperty t : \"0123456789\"\nend script\n"
+                                 "repeat 17 times\nset t of inner to t of inner & t of inner\n"
+                                 "end repeat\nlength of t of inner");
+  for (int i = 0; i < 20; ++i)
+    EXPECT_EQ(engine.run(script, {}, limits).description, "1310720") << i;
+}
+
+TEST_F(StateTest, AListThatHoldsAnotherTooOftenIsNotKept) {
+  const ScriptId script = loaded("property p : 1\nset p to {1}\nrepeat 40 times\n"
+                                 "set p to {p, p}\nend repeat\ncount p");
+  EXPECT_EQ(engine.run(script).description, "2");
+  EXPECT_FALSE(engine.container(script)->find("properties")->find("p"));
+}
+
 TEST_F(StateTest, AListThatHoldsItselfIsFreed) {
   EXPECT_EQ(errorOf("set L to {}\nset end of L to L\nlength of L"), 0);
 }
