@@ -1,5 +1,6 @@
 #include "script/Calls.h"
 
+#include "base/Utf8.h"
 #include "script/HostValues.h"
 
 #include <algorithm>
@@ -13,6 +14,11 @@ constexpr int mostGenerations = 100;
 Value finishCall(Frame& frame, const Handler& handler) {
   return handler.body.run(frame) == Flow::returned ? std::move(frame.returned)
                                                    : std::move(frame.result);
+}
+
+// What a program complained about can be any bytes.
+std::string wellFormed(const std::string& message) {
+  return isUtf8(message) ? message : utf8FromUtf16(utf16FromUtf8(message));
 }
 
 [[noreturn]] void refuseParameters(const Handler& handler) {
@@ -128,7 +134,7 @@ Value performEvent(Runtime& runtime, const HostEvent& event) {
   }
   HostAnswer answer = runtime.host.perform(event);
   if (auto* error = std::get_if<HostError>(&answer))
-    throw ScriptError{error->number, std::move(error->message), {}, event.application};
+    throw ScriptError{error->number, wellFormed(error->message), {}, event.application};
   return valueOf(runtime, std::get<HostValue>(answer));
 }
 

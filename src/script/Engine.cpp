@@ -63,8 +63,10 @@ public:
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
   ~Running() {
-    if (--engine_.runs_ == 0)
-      engine_.heap_.clear();
+    if (--engine_.runs_ > 0)
+      return;
+    engine_.heap_.clear();
+    engine_.host_.runEnded();
   }
 
 private:

@@ -84,6 +84,9 @@ public:
 
   /// Asked every few thousand steps of a running script: true ends it with error -128.
   [[nodiscard]] virtual bool shouldStop() = 0;
+
+  /// Told when the outermost run is over: what scripts left open is to be closed.
+  virtual void runEnded() {}
 };
 
 } // namespace tavrel::script

@@ -96,6 +96,14 @@ TEST_F(TellTest, WhatADesktopDoesNotUnderstandIsAnError) {
             "-1708");
 }
 
+TEST_F(TellTest, TheBytesOfAComplaintBecomeText) {
+  host.replies["beep"] = [](const HostEvent&) {
+    return HostError{7, "a\xFF"
+                        "b"};
+  };
+  EXPECT_EQ(result("try\nbeep\non error m\n{m, length of m}\nend try"), "{\"a\uFFFDb\", 3}");
+}
+
 TEST_F(TellTest, TheTargetComesBackAfterAnError) {
   EXPECT_EQ(result("try\ntell 5\nerror \"x\"\nend tell\nend try\ntell 6 to get it"), "6");
 }

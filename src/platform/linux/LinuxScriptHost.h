@@ -14,6 +14,7 @@ public:
   [[nodiscard]] script::HostAnswer perform(const script::HostEvent& event) override;
   [[nodiscard]] double now() override;
   [[nodiscard]] bool shouldStop() override;
+  void runEnded() override { desktop_.openFiles.clear(); }
 
 private:
   [[nodiscard]] script::HostAnswer addition(const script::HostEvent& event);

@@ -72,6 +72,7 @@ HostAnswer systemAttribute(ScriptDesktop&, const HostEvent& event) {
   return HostValue{qEnvironmentVariable(directText(event).c_str()).toStdString()};
 }
 
+// A folder's path ends in a slash, so that scripts can join the name of a file to it.
 HostAnswer pathTo(ScriptDesktop&, const HostEvent& event) {
   using enum QStandardPaths::StandardLocation;
   struct Named {
@@ -93,7 +94,8 @@ HostAnswer pathTo(ScriptDesktop&, const HostEvent& event) {
   const std::string name = directText(event);
   for (const Named& each : places)
     if (name == each.name)
-      return HostValue{HostFile{QStandardPaths::writableLocation(each.location).toStdString()}};
+      return HostValue{
+          HostFile{QStandardPaths::writableLocation(each.location).toStdString().append("/")}};
   if (name == "startup disk")
     return HostValue{HostFile{"/"}};
   return HostError{errors::fileNotFound, "There is no “" + name + "” here."};

@@ -30,6 +30,8 @@ struct ScriptDesktop {
   ApplicationRegistry& registry;
   DesktopWindows& windows;
   std::string rolesFolder;
+  /// The files that a script holds open, by path, with the byte that it goes on at.
+  std::map<std::string, std::size_t> openFiles{};
 };
 
 /// Commands of scripts by name.

@@ -221,7 +221,7 @@ HostAnswer chooseFile(ScriptDesktop&, const HostEvent& event) {
 HostAnswer chooseFolder(ScriptDesktop&, const HostEvent& event) {
   const QString name =
       QFileDialog::getExistingDirectory(nullptr, promptOf(event), startFolder(event));
-  return chosenFiles(name.isEmpty() ? QStringList() : QStringList(name), false);
+  return chosenFiles(name.isEmpty() ? QStringList() : QStringList(name + "/"), false);
 }
 
 HostAnswer chooseFileName(ScriptDesktop&, const HostEvent& event) {

@@ -76,6 +76,37 @@ TEST_F(ScriptHostTest, FilesAreReadAndWritten) {
   EXPECT_EQ(result("get eof (POSIX file " + quoted("file") + ")"), "7");
 }
 
+TEST_F(ScriptHostTest, AnOpenFileIsGoneOnWith) {
+  EXPECT_EQ(result("set f to open for access POSIX file " + quoted("file") +
+                   " with write permission\nset eof f to 0\nwrite \"one\\n\" to f\n"
+                   "write \"two\\n\" to f\nwrite \"three\" to f for 2\nclose access f"),
+            "missing value");
+  EXPECT_EQ(contents("file"), "one\ntwo\nth");
+  EXPECT_EQ(result("set f to open for access POSIX file " + quoted("file") +
+                   "\nset l to {}\ntry\nrepeat\nset end of l to read f before linefeed\n"
+                   "end repeat\non error number -39\nend try\nclose access f\nl"),
+            "{\"one\", \"two\", \"th\"}");
+  EXPECT_EQ(result("read POSIX file " + quoted("file") + " until linefeed"), "\"one\n\"");
+}
+
+TEST_F(ScriptHostTest, AFileThatAScriptLeftOpenIsReadFromItsStartByTheNext) {
+  write("file", "one two");
+  const std::string file = "POSIX file " + quoted("file");
+  EXPECT_EQ(result("set f to open for access " + file + "\nread f for 4"), "\"one \"");
+  EXPECT_EQ(result("read " + file + " for 3"), "\"one\"");
+}
+
+TEST_F(ScriptHostTest, APartOfAFileIsReadAndTakenApart) {
+  write("file", "a,b;c");
+  const std::string file = "read POSIX file " + quoted("file");
+  EXPECT_EQ(result(file + " from 2 to 3"), "\",b\"");
+  EXPECT_EQ(result(file + " from 2 to eof"), "\",b;c\"");
+  EXPECT_EQ(result(file + " using delimiter \",\""), "{\"a\", \"b;c\"}");
+  EXPECT_EQ(result(file + " using delimiters {\",\", \";\"}"), "{\"a\", \"b\", \"c\"}");
+  EXPECT_THAT(result(file + " as list"), HasSubstr("error -1700"));
+  EXPECT_EQ(result(file + " as «class utf8»"), "\"a,b;c\"");
+}
+
 TEST_F(ScriptHostTest, AMissingFileIsAnError) {
   EXPECT_THAT(result("read POSIX file " + quoted("missing")), HasSubstr("error -43"));
 }
@@ -235,7 +266,7 @@ TEST_F(ScriptHostTest, TheClipboardKeepsText) {
 
 TEST_F(ScriptHostTest, PathsOfPlacesAreKnown) {
   EXPECT_EQ(result("POSIX path of (path to home folder)"),
-            "\"" + std::string(std::getenv("HOME")) + "\"");
+            "\"" + std::string(std::getenv("HOME")) + "/\"");
   EXPECT_THAT(result("path to library folder"), HasSubstr("error -43"));
 }
 
