@@ -38,21 +38,14 @@ int complain(const std::string& file, const std::string& problem) {
 std::string placeOf(const std::string& source, const script::Span& range) {
   std::size_t line = 1;
   for (std::size_t at = 0; at < range.start && at < source.size(); ++at)
-    if (source[at] == '\n' || (source[at] == '\r' && source[at + 1] != '\n'))
-      ++line;
+    line +=
+        source[at] == '\n' || (source[at] == '\r' && source.compare(at, 2, "\r\n") != 0) ? 1 : 0;
   return "line " + std::to_string(line) + ": ";
 }
 
 bool isThere(const std::string& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0;
-}
-
-/// As if it had been made by any other program: with the person's mask.
-void makeUsual(const std::string& path) {
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
-  (void)::chmod(path.c_str(), 0666 & ~mask);
 }
 
 int compile(const std::string& from, const std::string& to) {
@@ -70,7 +63,7 @@ int compile(const std::string& from, const std::string& to) {
   if (!container || !writeScriptFile(to, *container, PropertyListForm::binary))
     return complain(to, "cannot be written");
   if (isNew)
-    makeUsual(to);
+    (void)::chmod(to.c_str(), 0644);
   return done;
 }
 

@@ -12,7 +12,8 @@ constexpr const char* labelsKey = "labels";
 
 // What a file of properties is for stays far below this. A list that holds another many times is
 // small; written out it is not.
-constexpr std::size_t largest = std::size_t{64} << 20U;
+constexpr std::size_t largest = std::size_t{32} << 20U;
+constexpr std::size_t containerSize = 128; ///< beside what it holds
 
 /// How deep a value nests, and how much may still be written.
 struct Room {
@@ -60,7 +61,9 @@ std::optional<PropertyList> storedRecord(const Record& record, Room room) {
 
 std::optional<PropertyList> stored(const Value& value, Room room) {
   const auto* text = value.as<Text>();
-  if (room.depth > deepest || !room.take(sizeof(PropertyList) + (text ? text->value().size() : 0)))
+  const bool isContainer = value.is(ValueKind::list) || value.is(ValueKind::record);
+  const std::size_t more = text ? text->value().size() : isContainer ? containerSize : 0;
+  if (room.depth > deepest || !room.take(sizeof(PropertyList) + more))
     return std::nullopt;
   switch (value.kind()) {
   case ValueKind::missing:

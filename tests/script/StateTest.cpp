@@ -78,6 +78,14 @@ TEST_F(StateTest, ScriptsThatHoldEachOtherAreFreedAfterTheirRun) {
     EXPECT_EQ(engine.run(script, {}, limits).description, "1310720") << i;
 }
 
+TEST_F(StateTest, WhatCannotBeKeptLeavesTheOldValueInTheFile) {
+  const ScriptId script = loaded("property p : 0\nif p is 0 then\nset p to 1\nelse\n"
+                                 "set p to me\nend if\n1");
+  for (int i = 0; i < 3; ++i)
+    EXPECT_EQ(engine.run(script).description, "1");
+  EXPECT_EQ(engine.container(script)->find("properties")->find("p")->integer(), 1);
+}
+
 TEST_F(StateTest, AListThatHoldsAnotherTooOftenIsNotKept) {
   const ScriptId script = loaded("property p : 1\nset p to {1}\nrepeat 40 times\n"
                                  "set p to {p, p}\nend repeat\ncount p");
