@@ -33,8 +33,10 @@ using LabelledCode = std::pair<const std::string*, CodePtr>;
 [[nodiscard]] CodePtr scriptCode(std::shared_ptr<const Shape> shape);
 [[nodiscard]] CodePtr referenceCode(CodePtr target);
 
-// References.cpp
+// PropertyCode.cpp
 [[nodiscard]] CodePtr propertyCode(const std::string* name, CodePtr container);
+
+// ElementCode.cpp
 [[nodiscard]] CodePtr elementCode(std::string type, CodePtr container, CodePtr key);
 [[nodiscard]] CodePtr everyCode(std::string type, CodePtr container);
 enum class Pick : std::uint8_t { middle, some };
@@ -45,9 +47,15 @@ struct BoundCode {
 };
 [[nodiscard]] CodePtr rangeCode(std::string type, CodePtr container, BoundCode first,
                                 BoundCode last);
+
+// FilterCode.cpp
 [[nodiscard]] CodePtr filterCode(std::string type, CodePtr container, CodePtr condition);
+
+// InsertionCode.cpp
 enum class Place : std::uint8_t { beginning, end };
 [[nodiscard]] CodePtr insertionCode(Place place, CodePtr container);
+
+// ObjectCode.cpp
 [[nodiscard]] CodePtr applicationCode(CodePtr name);
 [[nodiscard]] CodePtr fileCode(std::string type, CodePtr path);
 
@@ -62,6 +70,7 @@ enum class Place : std::uint8_t { beginning, end };
 [[nodiscard]] CodePtr commandCode(const std::string& name, CodePtr direct,
                                   std::vector<LabelledCode> parameters);
 
+// PartCode.cpp
 /// The value of an object of an application or behind a reference; any other value as it is.
 [[nodiscard]] Value fetched(Runtime& runtime, Value value);
 

@@ -5,12 +5,14 @@
 #include "script/Token.h"
 
 #include <initializer_list>
+#include <optional>
 #include <set>
 
 namespace tavrel::script {
 
 /// Reads a script's tokens from front to back. One class, written in several files: its
-/// cursor (Parser.cpp), statements, handlers and declarations, expressions, references, commands.
+/// cursor (Parser.cpp), statements, control, handlers and declarations, expressions, references,
+/// elements, names, commands.
 class Parser {
 public:
   explicit Parser(std::vector<Token> tokens);
@@ -69,8 +71,17 @@ private:
   [[nodiscard]] Node block(Enders enders);
   [[nodiscard]] Node statement();
   [[nodiscard]] Node simpleStatement();
+  [[nodiscard]] std::optional<Node> keywordStatement();
+  [[nodiscard]] Node giveBack();
   [[nodiscard]] Node setStatement();
   [[nodiscard]] Node copyStatement();
+  [[nodiscard]] Node fail();
+  [[nodiscard]] Node tell();
+  void learnTerms(const Node& target);
+  [[nodiscard]] Node usingTerms();
+  void endBlock(std::string_view word);
+
+  // ParseControl.cpp
   [[nodiscard]] Node branch();
   [[nodiscard]] Node exitRepeat();
   [[nodiscard]] Node loopBody();
@@ -79,14 +90,9 @@ private:
   [[nodiscard]] Node attempt();
   void errorVariables(Node& attempt);
   [[nodiscard]] Node errorNumber();
-  [[nodiscard]] Node fail();
-  [[nodiscard]] Node tell();
-  void learnTerms(const Node& target);
   [[nodiscard]] std::string attribute();
   [[nodiscard]] Node considering(NodeKind kind);
   [[nodiscard]] Node withClause();
-  [[nodiscard]] Node usingTerms();
-  void endBlock(std::string_view word);
 
   // ParseHandlers.cpp
   [[nodiscard]] Node use();
@@ -122,18 +128,27 @@ private:
   // ParseReferences.cpp
   [[nodiscard]] Node reference();
   [[nodiscard]] Node withOwners(Node head);
-  [[nodiscard]] Node head();
-  [[nodiscard]] Node literal();
   [[nodiscard]] Node ownedBy(Node owner);
+  void attach(Node& reference, Node container) const;
+  [[nodiscard]] Node filtered(Node reference);
+
+  // ParseElements.cpp
+  [[nodiscard]] const TypeTerm* typeAt(bool& plural, std::size_t& length) const;
+  [[nodiscard]] std::string elementType();
   [[nodiscard]] bool seesOrdinalEnding() const;
   [[nodiscard]] Node ordinal(std::int64_t number);
-  [[nodiscard]] Node elements(std::string_view type, bool plural);
   [[nodiscard]] Node rangeEnd();
-  [[nodiscard]] Node filtered(Node reference);
-  [[nodiscard]] const TypeTerm* typeAt(bool& plural, std::size_t& length) const;
-  [[nodiscard]] const NameTerm* termAt(std::span<const NameTerm> terms) const;
-  void attach(Node& reference, Node container) const;
+  [[nodiscard]] Node elements(std::string_view type, bool plural);
+  [[nodiscard]] std::optional<Node> pickedElements();
+
+  // ParseNames.cpp
+  [[nodiscard]] Node head();
+  [[nodiscard]] Node literal();
   [[nodiscard]] Node named();
+  [[nodiscard]] std::optional<Node> fixedWord();
+  [[nodiscard]] std::optional<Node> phrase();
+  [[nodiscard]] const NameTerm* termAt(std::span<const NameTerm> terms) const;
+  [[nodiscard]] std::optional<Node> term();
 
   // ParseCommands.cpp
   [[nodiscard]] const CommandTerm* commandAt() const;
