@@ -9,7 +9,10 @@ namespace tavrel::script {
 // The makers of all statements that can run.
 
 // Statements.cpp
-[[nodiscard]] ActionPtr expressionAction(CodePtr value);
+/// Whether an expression asks for the result of the statement before. If not it is let go first:
+/// a text that only a variable holds can be appended to without a copy.
+enum class PriorResult : std::uint8_t { unused, used };
+[[nodiscard]] ActionPtr expressionAction(CodePtr value, PriorResult before);
 enum class Keeping : std::uint8_t { shares, copies };
 [[nodiscard]] ActionPtr setAction(CodePtr place, CodePtr value, Keeping keeping);
 struct Branch {

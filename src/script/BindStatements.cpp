@@ -20,6 +20,11 @@ bool isSameVariable(const Node& a, const Node& b) {
   return a.kind == NodeKind::variable && b.kind == NodeKind::variable && a.text == b.text;
 }
 
+bool usesResult(const Node& node) {
+  return node.kind == NodeKind::result ||
+         std::any_of(node.children.begin(), node.children.end(), usesResult);
+}
+
 // Whether the expression may run a handler, and so may change a variable on its way.
 bool mayRunHandlers(const Node& node) {
   if (node.kind == NodeKind::call || node.kind == NodeKind::labelledCall ||
@@ -69,7 +74,8 @@ ActionPtr Binder::plainStatement(const Node& node) {
     return branchAction(std::move(none), sequence(node));
   }
   case NodeKind::expression:
-    return expressionAction(expression(child(node, 0)));
+    return expressionAction(expression(child(node, 0)),
+                            usesResult(node) ? PriorResult::used : PriorResult::unused);
   case NodeKind::set:
     return assignment(node, Keeping::shares);
   case NodeKind::copy:
@@ -186,7 +192,7 @@ ActionPtr Binder::consider(const Node& node) {
 // A script object inside a handler is made each time the handler comes by.
 ActionPtr Binder::innerScript(const Node& node) {
   CodePtr script = scriptCode(Binder(heap_, this).script(child(node, 0), node.text));
-  return node.text.empty() ? expressionAction(std::move(script))
+  return node.text.empty() ? expressionAction(std::move(script), PriorResult::used)
                            : setAction(place(node), std::move(script), Keeping::shares);
 }
 

@@ -38,12 +38,12 @@ std::size_t Text::offsetOf(std::size_t character) const {
     return character;
   if (character < place_.character)
     place_ = {};
-  auto& [at, offset] = place_;
-  for (; at < character; ++at)
-    do
-      ++offset;
-    while (offset < value_.size() && !startsCharacter(value_[offset]));
-  return offset;
+  while (place_.character < character) {
+    const auto next = std::find_if(value_.begin() + static_cast<std::ptrdiff_t>(place_.offset) + 1,
+                                   value_.end(), startsCharacter);
+    place_ = {place_.character + 1, static_cast<std::size_t>(next - value_.begin())};
+  }
+  return place_.offset;
 }
 
 void Text::append(std::string_view more) {

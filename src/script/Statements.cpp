@@ -51,14 +51,17 @@ Value copied(Runtime& runtime, const Value& value) {
 
 class Expression final : public Action {
 public:
-  explicit Expression(CodePtr value) : value_(std::move(value)) {}
+  Expression(CodePtr value, PriorResult before) : value_(std::move(value)), before_(before) {}
   Flow run(Frame& frame) const override {
+    if (before_ == PriorResult::unused)
+      frame.result = {};
     frame.result = value_->evaluate(frame);
     return Flow::next;
   }
 
 private:
   CodePtr value_;
+  PriorResult before_;
 };
 
 class Set final : public Action {
@@ -238,8 +241,8 @@ private:
 
 } // namespace
 
-ActionPtr expressionAction(CodePtr value) {
-  return std::make_unique<Expression>(std::move(value));
+ActionPtr expressionAction(CodePtr value, PriorResult before) {
+  return std::make_unique<Expression>(std::move(value), before);
 }
 
 ActionPtr setAction(CodePtr place, CodePtr value, Keeping keeping) {

@@ -22,7 +22,7 @@ printf 'property n : 0\nset n to n + 1\n' >"$HOME/count.applescript"
 "$compile" "$HOME/count.applescript" -o "$HOME/Count.scpt"
 cat >"$HOME/Ask.applescript" <<'END'
 set answer to text returned of (display dialog "What is your name?" default answer "")
-do shell script "printf %s " & quoted form of answer & " > " & quoted form of (POSIX path of (path to home folder) & "/answer")
+do shell script "printf %s " & quoted form of answer & " > " & quoted form of (POSIX path of (path to home folder) & "answer")
 END
 
 printf '#!/bin/sh\necho "$TAVREL_HOST_APP:$#" >"$HOME/told"\necho complains >&2\n' >"$HOME/Tell.sh"

@@ -147,6 +147,9 @@ TEST_F(LimitsTest, ManyPiecesAreAppendedOneByOne) {
   EXPECT_EQ(
       result("set t to \"\"" + times + "set t to t & \"a\" & i mod 10\nend repeat\nlength of t"),
       "600000");
+  EXPECT_EQ(result("global t\non add(x)\nset t to t & x & linefeed\nend add\nset t to \"\"" +
+                   times + "add(\"a\")\nend repeat\nlength of t"),
+            "600000");
   EXPECT_EQ(result("set l to {}" + times + "set l to l & i\nend repeat\ncount l"), "300000");
   EXPECT_EQ(result("set t to \"é\"" + times +
                    "set t to t & \"é\"\nif length of t is i then error\n"
