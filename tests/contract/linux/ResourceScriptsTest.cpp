@@ -49,11 +49,12 @@ TEST_F(ResourceScripts, AFileManagerGivesOnePathForEachSelectedThing) {
   for (const auto& [name, application] :
        {std::pair{"CopyFinderSelection", "Finder"}, {"CopyPathFinderSelection", "Path Finder"}}) {
     select({HostValue{HostFile{"/docs/a b.txt"}}, HostValue{HostFile{"/docs"}}});
+    host.asked.clear();
     const auto result = run(name);
     ASSERT_TRUE(result) << name;
     EXPECT_EQ(result->descriptorType, typeAEList);
     EXPECT_THAT(texts(*result), ::testing::ElementsAre("/docs/a b.txt", "/docs"));
-    EXPECT_EQ(host.asked.back().application, application);
+    EXPECT_EQ(host.asked.front().application, application);
   }
 }
 
