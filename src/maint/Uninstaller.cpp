@@ -68,7 +68,7 @@ bool isGranted(AuthorizationRef& reference) {
 
 void uninstallTavrel() {
   if (isConfirmed() && removePieces() && isLogoutWanted())
-    SendAppleEventToSystemProcess(kAELogOut);
+    SendAppleEventToSystemProcess(kAEReallyLogOut);
 }
 
 bool uninstallFromSystem() {

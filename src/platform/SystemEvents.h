@@ -6,7 +6,7 @@ namespace tavrel {
 
 /// Event classes and identifiers, four characters each.
 inline constexpr std::uint32_t kCoreEventClass = 0x61657674; ///< 'aevt'
-inline constexpr std::uint32_t kAELogOut = 0x726C676F;       ///< 'rlgo': asks, then logs out
+inline constexpr std::uint32_t kAEReallyLogOut = 0x726C676F; ///< 'rlgo': without asking once more
 
 /// An event for the process that runs the session.
 struct SystemEvent {

@@ -158,7 +158,7 @@ TEST_F(Uninstaller, LogoutIsSentToTheSession) {
 
 TEST_F(Uninstaller, TheStatusOfARequestIsHandedOn) {
   desktop.systemEvents.control.status = -600;
-  EXPECT_EQ(SendAppleEventToSystemProcess(kAELogOut), -600);
+  EXPECT_EQ(SendAppleEventToSystemProcess(kAEReallyLogOut), -600);
 }
 
 } // namespace

@@ -53,7 +53,7 @@ struct LinuxDesktop::Adapters {
   LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
   LinuxAlerts alerts;
   LinuxApplications applications{registry, windows, resources + "/roles"};
-  LinuxAuthorization authorization;
+  LinuxAuthorization authorization{uninstallHelperCommand()};
   LinuxBundle bundle{resources};
   LinuxClock clock;
   LinuxEventMonitor eventMonitor{ownKeystrokes};

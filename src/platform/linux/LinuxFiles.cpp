@@ -5,6 +5,7 @@
 #include "platform/linux/FileBookmark.h"
 #include "platform/linux/ItemKind.h"
 #include "platform/linux/LinkEntry.h"
+#include "platform/linux/OwnPieces.h"
 #include "platform/linux/UserFolders.h"
 
 #include <dirent.h>
@@ -57,6 +58,9 @@ std::optional<std::string> aliasTarget(const std::string& path) {
 } // namespace
 
 bool LinuxFiles::exists(const std::string& path) {
+  if (const auto place = placeOfPiece(path))
+    return fileStatus(appendingPathComponent(place->folder, place->relative), LinkMode::follow)
+        .has_value();
   return fileStatus(path, LinkMode::follow).has_value();
 }
 

@@ -5,7 +5,9 @@
 #include "platform/linux/FileManagerRoles.h"
 #include "platform/linux/FileTransfer.h"
 #include "platform/linux/LocalUrl.h"
+#include "platform/linux/OwnPieces.h"
 #include "platform/linux/Program.h"
+#include "platform/linux/SafeRemoval.h"
 
 #include <QDebug>
 #include <QLoggingCategory>
@@ -173,6 +175,13 @@ bool LinuxWorkspace::performFileOperation(FileOperation operation, const std::st
 
 // Never through a link: it goes, what it leads to stays.
 bool LinuxWorkspace::removeFile(const std::string& path) {
+  if (const auto place = placeOfPiece(path)) {
+    const std::string problem = removeBelow(place->folder, place->relative);
+    if (!problem.empty())
+      qCWarning(workspaceLog).noquote()
+          << shown(place->relative) << QString::fromStdString(problem);
+    return problem.empty();
+  }
   std::error_code error;
   const auto removed = std::filesystem::remove_all(path, error);
   return !error && removed > 0;

@@ -13,7 +13,7 @@ namespace tavrel {
 namespace {
 
 /// The root where there is no home to go to: that is no reason not to start.
-std::string homeFolder() {
+std::string startFolder() {
   const char* home = std::getenv("HOME");
   return home != nullptr && ::access(home, X_OK) == 0 ? home : "/";
 }
@@ -64,7 +64,7 @@ std::error_code startProcess(const ProcessRequest& request) {
   std::vector<std::string> environment = childEnvironment(request.environment);
   const std::vector<char*> argumentList = pointersTo(arguments);
   const std::vector<char*> environmentList = pointersTo(environment);
-  const std::string folder = request.folder.empty() ? homeFolder() : request.folder;
+  const std::string folder = request.folder.empty() ? startFolder() : request.folder;
   int ends[2];
   if (::pipe2(ends, O_CLOEXEC) != 0)
     return lastError();

@@ -1,0 +1,67 @@
+// Removes installed pieces with an administrator's rights: started once, by the rights service of
+// the desktop, it says "ready" and then takes the name of a piece a line until its input ends. It
+// knows no other places than those pieces, whatever it is asked.
+
+#include "base/PathString.h"
+#include "platform/linux/InstalledPieces.h"
+#include "platform/linux/SafeRemoval.h"
+
+#include <climits>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <pwd.h>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+std::string resolved(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
+                                                         &std::free);
+  return real ? real.get() : std::string();
+}
+
+// Installed as PREFIX/libexec/tavrel/tavrel-uninstall-helper.
+std::string prefix() {
+  std::string path = resolved("/proc/self/exe");
+  for (int levels = 0; levels < 3; ++levels)
+    path = tavrel::deletingLastPathComponent(path);
+  return path;
+}
+
+// Whoever asked for the rights, and nobody the environment names: that is the asker's.
+std::string home() {
+  const char* asker = std::getenv("PKEXEC_UID");
+  if (!asker) {
+    const char* own = std::getenv("HOME");
+    return own ? resolved(own) : std::string();
+  }
+  const passwd* person = ::getpwuid(static_cast<uid_t>(std::strtoul(asker, nullptr, 10)));
+  return person ? resolved(person->pw_dir) : std::string();
+}
+
+void remove(const std::string& name, const tavrel::PieceFolders& folders) {
+  const auto piece = tavrel::pieceNamed(name);
+  if (!piece) {
+    std::cout << "unknown piece\n";
+    return;
+  }
+  const tavrel::PiecePlace place = tavrel::placeOf(*piece, folders);
+  const std::string problem =
+      place.folder.empty() ? "has no folder" : tavrel::removeBelow(place.folder, place.relative);
+  if (!problem.empty())
+    std::cout << place.folder << '/' << place.relative << ": " << problem << '\n';
+}
+
+} // namespace
+
+int main() {
+  const tavrel::PieceFolders folders{prefix(), home()};
+  std::cout << "ready" << std::endl;
+  for (std::string line; std::getline(std::cin, line);) {
+    remove(line, folders);
+    std::cout << '\0' << std::flush; // the end of this answer
+  }
+  return 0;
+}
