@@ -90,7 +90,8 @@ TEST_F(Reload, TheMenuIsBuiltAnewAtOnce) {
   controller.needToRecreateMenu = true;
   notify();
   EXPECT_FALSE(controller.needToRecreateMenu);
-  EXPECT_THAT(menuText(controller.statusMenu, MenuTextDetail::visibleRows), ::testing::HasSubstr("New"));
+  EXPECT_THAT(menuText(controller.statusMenu, MenuTextDetail::visibleRows),
+              ::testing::HasSubstr("New"));
   EXPECT_EQ(&controller.statusMenu, desktop.statusBar.control.items[0]->menu);
 }
 
