@@ -19,8 +19,8 @@ constexpr std::chrono::milliseconds look{100};
 
 // The timer finds releases that went elsewhere: a menu of ours that opens while the key is down
 // ends the key's grab, and another program gets the release when the menu closes first.
-HeldHotKeys::HeldHotKeys(Find find, Released released)
-    : find_(std::move(find)), tell_(std::move(released)) {
+HeldHotKeys::HeldHotKeys(Find find, std::function<void()> wentDown, Released released)
+    : find_(std::move(find)), wentDown_(std::move(wentDown)), tell_(std::move(released)) {
   watch_.setInterval(look);
   QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { tellReleases(); });
   QCoreApplication::instance()->installNativeEventFilter(this);
@@ -47,13 +47,14 @@ bool HeldHotKeys::pressed(const xcb_key_press_event_t& event) {
   const bool repeat = lastRelease_ == KeyMoment(event.detail, event.time);
   if (repeat && (held_.contains(event.detail) || find_(event.detail, event.state & 0xFF) != 0))
     return true;
-  if (const auto gone = held_.extract(event.detail); !gone.empty() && gone.mapped() != 0)
+  if (const auto gone = held_.extract(event.detail); !gone.empty())
     tell_(gone.mapped()); // up and down again before we looked
   const EventHotKeyRef reference =
       event.event == event.root ? find_(event.detail, event.state & 0xFF) : 0;
   if (reference == 0)
     return false;
   held_[event.detail] = reference;
+  wentDown_();
   watch_.start();
   return true;
 }
@@ -78,8 +79,7 @@ void HeldHotKeys::tellReleases() {
   std::erase_if(held_, [&](const auto& held) {
     if (!isUp(held.first))
       return false;
-    if (held.second != 0)
-      tell_(held.second);
+    tell_(held.second);
     return true;
   });
   if (held_.empty())

@@ -18,9 +18,10 @@ class HeldHotKeys final : private QAbstractNativeEventFilter {
 public:
   /// 0 when no hot key has the key with these modifier bits.
   using Find = std::function<EventHotKeyRef(std::uint8_t key, std::uint16_t modifiers)>;
+  /// Told with 0 when it is no hot key any more.
   using Released = std::function<void(EventHotKeyRef)>;
 
-  HeldHotKeys(Find find, Released released);
+  HeldHotKeys(Find find, std::function<void()> wentDown, Released released);
 
   /// A key that is still held has no meaning any more.
   void forget(EventHotKeyRef reference);
@@ -34,6 +35,7 @@ private:
   using KeyMoment = std::pair<std::uint8_t, std::uint32_t>; ///< server key code and server time
 
   Find find_;
+  std::function<void()> wentDown_;
   Released tell_;
   std::map<std::uint8_t, EventHotKeyRef> held_; ///< by server key code; 0: of no hot key any more
   KeyMoment lastRelease_;

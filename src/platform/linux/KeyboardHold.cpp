@@ -1,74 +1,79 @@
 #include "platform/linux/KeyboardHold.h"
 
+#include "platform/linux/GestureHold.h"
 #include "platform/linux/QtConnection.h"
-#include "platform/linux/XcbReply.h"
 
 #include <QCoreApplication>
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <utility>
 
 namespace tavrel {
 
 namespace {
-KeyboardHold* currentHold = nullptr;
-
-bool isKeyEvent(const xcb_generic_event_t& event) {
-  const auto type = event.response_type & 0x7f;
-  return type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
-}
+constexpr std::chrono::milliseconds betweenLooksForTheWindow{1};
+constexpr std::uint8_t sentByClient = 0x80;
 } // namespace
 
 KeyboardHold::KeyboardHold(std::function<std::uint32_t()> menuWindow)
     : menuWindow_(std::move(menuWindow)) {
-  currentHold = this;
+  grab_.emplace();
+  waiting_ = GestureHold::handOver();
   QCoreApplication::instance()->installNativeEventFilter(this);
-  take();
+  look_.setInterval(betweenLooksForTheWindow);
+  look_.callOnTimeout([this] { sendOn(); });
+  if (!waiting_.empty())
+    look_.start();
 }
 
 KeyboardHold::~KeyboardHold() {
   QCoreApplication::instance()->removeNativeEventFilter(this);
-  currentHold = nullptr;
-  letGo();
+  grab_.reset();
+  GestureHold::takeBack(waiting_);
 }
 
-KeyboardHold* KeyboardHold::current() {
-  return currentHold;
-}
-
-// The root window can be grabbed before the menu's window is there. Whether it worked is not asked:
-// where it did not, the menu tries again as soon as it shows.
-void KeyboardHold::take() {
-  xcb_connection_t* server = qtConnection();
-  if (!server)
-    return;
-  (void)xcbReply(
-      xcb_grab_keyboard_reply(server,
-                              xcb_grab_keyboard(server, 0, rootWindow(*server), XCB_CURRENT_TIME,
-                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
-                              nullptr));
-}
-
-void KeyboardHold::letGo() {
-  xcb_connection_t* server = qtConnection();
-  if (!server)
-    return;
-  xcb_ungrab_keyboard(server, XCB_CURRENT_TIME);
-  (void)xcbReply(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
-}
-
-// The toolkit knows no widget for the root window, and would drop what was typed there.
 bool KeyboardHold::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
   auto* event = static_cast<xcb_generic_event_t*>(message);
-  xcb_connection_t* server = qtConnection();
-  if (!server || eventType != "xcb_generic_event_t" || !isKeyEvent(*event))
+  if (!qtConnection() || eventType != "xcb_generic_event_t" || !isKeyEvent(*event))
     return false;
-  auto& key = reinterpret_cast<xcb_key_press_event_t&>(*event);
-  const std::uint32_t window = menuWindow_();
-  if (key.event == rootWindow(*server) && window != 0)
-    key.event = window;
+  if ((event->response_type & sentByClient) == 0)
+    return takeKey(reinterpret_cast<xcb_key_press_event_t&>(*event));
+  underWay_ -= underWay_ > 0 ? 1 : 0;
   return false;
+}
+
+// The toolkit knows no widget for the root window, and would drop what was typed there. A key must
+// not overtake those that are on their way.
+bool KeyboardHold::takeKey(xcb_key_press_event_t& key) {
+  const std::uint32_t window = menuWindow_();
+  const bool toRoot = key.event == rootWindow(*qtConnection());
+  const bool mustWait = !waiting_.empty() || underWay_ > 0 || (toRoot && window == 0);
+  if (!mustWait && toRoot)
+    key.event = window;
+  if (!mustWait)
+    return false;
+  waiting_.push_back(key);
+  look_.start();
+  sendOn();
+  return true;
+}
+
+// Sent, an event brings its modifiers along: those of the keyboard may be others by now.
+void KeyboardHold::sendOn() {
+  const std::uint32_t window = menuWindow_();
+  if (window == 0)
+    return;
+  look_.stop();
+  for (xcb_key_press_event_t& key : waiting_) {
+    key.event = window;
+    xcb_send_event(qtConnection(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char*>(&key));
+    ++underWay_;
+  }
+  waiting_.clear();
+  xcb_flush(qtConnection());
 }
 
 } // namespace tavrel

@@ -1,15 +1,18 @@
 #pragma once
 
+#include "platform/linux/KeyboardGrab.h"
+#include "platform/linux/TypedKeys.h"
+
 #include <QAbstractNativeEventFilter>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
 
 namespace tavrel {
 
-/// Holds the keyboard for a menu that is about to show: what is typed meanwhile waits in the
-/// toolkit's queue and goes to the menu once that has a window. While another program holds the
-/// keyboard, nothing is held.
+/// Holds the keyboard for a menu that is about to show, and while it shows: what is typed meanwhile,
+/// and what was typed since the gesture began, waits and goes to the menu once that has a window.
 class KeyboardHold final : public QAbstractNativeEventFilter {
 public:
   /// The menu's window, 0 while it has none. There is one hold at a time.
@@ -18,17 +21,20 @@ public:
   KeyboardHold(const KeyboardHold&) = delete;
   KeyboardHold& operator=(const KeyboardHold&) = delete;
 
-  /// Takes hold, once more if need be.
-  void take();
-  /// Lets go at once, so that keys posted from here on reach the application in front.
-  void letGo();
-  /// The one in place; null when no menu is about to show.
-  [[nodiscard]] static KeyboardHold* current();
+  /// Takes hold once more if need be.
+  void take() { KeyboardGrab::take(); }
 
   bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
+  bool takeKey(xcb_key_press_event_t& key);
+  void sendOn();
+
   std::function<std::uint32_t()> menuWindow_;
+  std::optional<KeyboardGrab> grab_;
+  TypedKeys waiting_;
+  int underWay_ = 0; ///< sent to the menu's window, by way of the server
+  QTimer look_;
 };
 
 } // namespace tavrel

@@ -2,13 +2,10 @@
 
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/DesktopWindows.h"
-#include "platform/linux/KeyboardHold.h"
-#include "platform/linux/ServerRoundTrip.h"
+#include "platform/linux/KeyboardGrab.h"
 #include "platform/linux/TerminalWindows.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
-#include <xcb/xcb.h>
 
 #include <chrono>
 #include <set>
@@ -23,18 +20,6 @@ using namespace std::chrono_literals;
 constexpr auto longestChord = 100ms;
 constexpr auto betweenLooksAtHeldKeys = 10ms;
 constexpr qint64 longestActivation = 100; // in milliseconds
-
-// The server only lets the one go who has it: a hot key's grab is our toolkit's.
-void letKeyboardGo() {
-  if (KeyboardHold* hold = KeyboardHold::current())
-    return hold->letGo();
-  const auto* x11 =
-      qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-  if (!x11)
-    return;
-  xcb_ungrab_keyboard(x11->connection(), XCB_CURRENT_TIME);
-  waitForServer();
-}
 
 bool isFinished(const std::vector<KeyboardEvent>& events) {
   std::set<std::uint16_t> down;
@@ -101,7 +86,7 @@ void KeystrokePoster::sendChord() {
   const std::vector<KeyboardEvent> events = std::exchange(gathered_, {});
   if (!keymap)
     return;
-  letKeyboardGo();
+  KeyboardGrab::letGo(); // a hot key's grab, too, is on the toolkit's connection
   bringToFront();
   const std::uint32_t group = server_->group();
   const TypingLayout layout{*keymap, group, server_->capsLockIsOn() ? CapsLock::on : CapsLock::off};
@@ -119,8 +104,28 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
   if (chord.group != group)
     server_->lockGroup(group);
   server_->roundTrip();
-  if (KeyboardHold* hold = KeyboardHold::current())
-    hold->take(); // what the person types next is for the menu
+  if (KeyboardGrab::isHeld())
+    KeyboardGrab::take(); // what the person types next is for the menu
+  putBack(lifted & modifiers);
+  own_.end();
+}
+
+void KeystrokePoster::retype(const TypedKeys& typed) {
+  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
+  if (!keymap)
+    return;
+  const ServerKeySet down = server_->down();
+  const ServerKeySet modifiers = server_->modifierKeys(*keymap);
+  const auto keys = keysToRetype(typed, down, modifiers, server_->lockKeys(*keymap));
+  if (keys.empty())
+    return;
+  own_.begin();
+  ServerKeySet lifted = down & modifiers;
+  for (const ServerKey& key : keys)
+    lifted.set(key.code, down[key.code]);
+  server_->send(keysGoing(lifted, KeyDirection::up));
+  server_->send(keys);
+  server_->roundTrip();
   putBack(lifted & modifiers);
   own_.end();
 }

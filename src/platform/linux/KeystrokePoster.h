@@ -2,6 +2,7 @@
 
 #include "platform/linux/KeyChord.h"
 #include "platform/linux/OwnKeystrokes.h"
+#include "platform/linux/TypedKeys.h"
 
 #include <QTimer>
 
@@ -24,6 +25,9 @@ public:
 
   /// False without a server to post to.
   bool post(std::int32_t process, const KeyboardEvent& event);
+  /// What the person typed while we held the keyboard, to whoever has the focus now. A key that is
+  /// still held is not held for the receiver; a modifier is.
+  void retype(const TypedKeys& typed);
 
 private:
   bool hasServer();

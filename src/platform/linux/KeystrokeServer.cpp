@@ -80,6 +80,12 @@ bool locks(xkb_keymap& keymap, xkb_keycode_t key) {
          symbols[0] == XKB_KEY_Scroll_Lock || symbols[0] == XKB_KEY_Shift_Lock;
 }
 
+bool changesGroup(xkb_keymap& keymap, xkb_keycode_t key) {
+  const xkb_keysym_t* symbols = nullptr;
+  return xkb_keymap_key_get_syms_by_level(&keymap, key, 0, 0, &symbols) > 0 &&
+         symbols[0] >= XKB_KEY_ISO_Group_Shift && symbols[0] <= XKB_KEY_ISO_Last_Group_Lock;
+}
+
 } // namespace
 
 KeystrokeServer::KeystrokeServer(std::unique_ptr<Connection> connection)
@@ -148,6 +154,14 @@ ServerKeySet KeystrokeServer::modifierKeys(xkb_keymap& keymap) {
   for (std::size_t at = 0; at < 8 * each; ++at)
     if (at / each != XCB_MAP_INDEX_LOCK && codes[at] != 0 && !locks(keymap, codes[at]))
       keys.set(codes[at]);
+  return keys;
+}
+
+ServerKeySet KeystrokeServer::lockKeys(xkb_keymap& keymap) {
+  ServerKeySet keys;
+  for (std::size_t key = 0; key < keys.size(); ++key)
+    keys[key] = locks(keymap, static_cast<xkb_keycode_t>(key)) ||
+                changesGroup(keymap, static_cast<xkb_keycode_t>(key));
   return keys;
 }
 

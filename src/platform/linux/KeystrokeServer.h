@@ -38,6 +38,9 @@ public:
   /// The keys that act as modifiers while they are held; none that locks.
   [[nodiscard]] ServerKeySet modifierKeys(xkb_keymap& keymap);
 
+  /// Those that switch something on or off, or to another layout, for more than one key.
+  [[nodiscard]] static ServerKeySet lockKeys(xkb_keymap& keymap);
+
   void lockGroup(std::uint32_t group);
   void send(const std::vector<ServerKey>& keys);
   /// Returns when the server has done all that was asked of it.

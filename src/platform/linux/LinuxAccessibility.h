@@ -19,6 +19,9 @@ public:
   std::optional<PropertyList> role(const AXUIElementRef& element) override;
   bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
 
+  /// Types once more what the person typed while we held the keyboard.
+  void retype(const TypedKeys& typed) { poster_.retype(typed); }
+
 private:
   DesktopWindows& windows_;
   AccessibilityBus bus_;

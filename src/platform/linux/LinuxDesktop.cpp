@@ -4,6 +4,7 @@
 #include "platform/linux/AccessibleApplication.h"
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/DesktopWindows.h"
+#include "platform/linux/GestureHold.h"
 #include "platform/linux/LinuxAccessibility.h"
 #include "platform/linux/LinuxAlerts.h"
 #include "platform/linux/LinuxApplications.h"
@@ -52,14 +53,15 @@ struct LinuxDesktop::Adapters {
   OwnKeystrokes ownKeystrokes;
   LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
   LinuxAlerts alerts;
+  GestureHold gestureHold{[this](const TypedKeys& typed) { accessibility.retype(typed); }};
   LinuxApplications applications{registry, windows, resources + "/roles"};
   LinuxAuthorization authorization{uninstallHelperCommand()};
   LinuxBundle bundle{resources};
   LinuxClock clock;
-  LinuxEventMonitor eventMonitor{ownKeystrokes};
+  LinuxEventMonitor eventMonitor{ownKeystrokes, &gestureHold};
   LinuxEventQueue eventQueue{clock};
   LinuxFiles files;
-  LinuxHotKeys hotKeys;
+  LinuxHotKeys hotKeys{&gestureHold};
   LinuxImages images{resources + "/images"};
   LinuxKeyboard keyboard{[this] { return eventMonitor.tapIsInterrupted(); }};
   InProcessNotificationCenter notifications;

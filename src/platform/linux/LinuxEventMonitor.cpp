@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxEventMonitor.h"
 
+#include "platform/linux/GestureHold.h"
 #include "platform/linux/OwnKeystrokes.h"
 #include "platform/linux/RawInput.h"
 
@@ -19,7 +20,8 @@ Q_LOGGING_CATEGORY(monitorLog, "tavrel.monitor")
 constexpr OSStatus notHandled = -9874;
 } // namespace
 
-LinuxEventMonitor::LinuxEventMonitor(OwnKeystrokes& own) : own_(own) {}
+LinuxEventMonitor::LinuxEventMonitor(OwnKeystrokes& own, GestureHold* hold)
+    : own_(own), hold_(hold) {}
 
 LinuxEventMonitor::~LinuxEventMonitor() {
   own_.setBoundaryListener({});
@@ -51,9 +53,11 @@ bool LinuxEventMonitor::open() {
 }
 
 bool LinuxEventMonitor::tapIsInterrupted() {
-  if (told_.press)
-    readUpToNow();
-  return told_.press && told_.press->interrupted;
+  if (!told_.press)
+    return false;
+  tapInSight_.lookedAt(told_.press);
+  readUpToNow();
+  return told_.press->interrupted;
 }
 
 void LinuxEventMonitor::readUpToNow() {
@@ -82,7 +86,7 @@ void LinuxEventMonitor::read() {
 void LinuxEventMonitor::take(const RawInputEvent& event) {
   switch (event.kind) {
   case RawInputKind::keyDown:
-    return taps_->keyDown(event.detail);
+    return taps_->keyDown(event.detail, event.time);
   case RawInputKind::keyUp:
     return taps_->keyUp(event.detail);
   case RawInputKind::buttonDown:
@@ -101,11 +105,22 @@ void LinuxEventMonitor::deliver() {
   while (!taps_->changes.empty()) {
     told_ = taps_->changes.front();
     taps_->changes.pop_front();
-    for (const auto& handler : handlers_)
-      handler();
+    tell();
     told_ = {};
   }
   delivering_ = false;
+}
+
+void LinuxEventMonitor::tell() {
+  const bool holds = hold_ && tapInSight_.isSecond(told_.press);
+  if (holds) {
+    hold_->begin();
+    hold_->actBegins();
+  }
+  for (const auto& handler : handlers_)
+    handler();
+  if (holds)
+    hold_->actEnds();
 }
 
 void LinuxEventMonitor::deliverLater() {

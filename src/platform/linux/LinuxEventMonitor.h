@@ -3,6 +3,7 @@
 #include "platform/EventMonitor.h"
 #include "platform/linux/ButtonMonitor.h"
 #include "platform/linux/ModifierTaps.h"
+#include "platform/linux/TapInSight.h"
 
 #include <QObject>
 
@@ -13,6 +14,7 @@ class QSocketNotifier;
 
 namespace tavrel {
 
+class GestureHold;
 class OwnKeystrokes;
 class RawInput;
 
@@ -20,8 +22,9 @@ class RawInput;
 /// Installing fails on a display without them, and one line on standard error says so.
 class LinuxEventMonitor final : public EventMonitor {
 public:
-  /// The keystrokes must outlive this.
-  explicit LinuxEventMonitor(OwnKeystrokes& own);
+  /// Both must outlive this. The hold, if any, keeps what is typed from the moment on that a
+  /// modifier may be tapped for the second time.
+  explicit LinuxEventMonitor(OwnKeystrokes& own, GestureHold* hold = nullptr);
   ~LinuxEventMonitor() override;
 
   OSStatus installModifierHandler(std::function<void()> changed) override;
@@ -40,14 +43,17 @@ private:
   void read();
   void take(const struct RawInputEvent& event);
   void deliver();
+  void tell();
   void deliverLater();
 
   OwnKeystrokes& own_;
+  GestureHold* hold_;
   ButtonMonitor buttons_;
   std::unique_ptr<RawInput> input_; ///< null until a handler is installed, and when it failed
   std::unique_ptr<ModifierTaps> taps_;
   std::vector<std::function<void()>> handlers_;
   ModifierChange told_;
+  TapInSight tapInSight_;
   bool delivering_ = false;
   QObject eventLoop_;
   std::unique_ptr<QSocketNotifier> arrival_;

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxHotKeys.h"
 
+#include "platform/linux/GestureHold.h"
 #include "platform/linux/QtConnection.h"
 
 #include <QLoggingCategory>
@@ -18,10 +19,10 @@ constexpr const char* anotherProgram = "another program has this key";
 constexpr const char* anotherItem = "another item has this key";
 } // namespace
 
-LinuxHotKeys::LinuxHotKeys()
-    : connection_(qtConnection()), keys_(connection_ ? serverKeys(*connection_) : ServerKeys()),
+LinuxHotKeys::LinuxHotKeys(GestureHold* hold)
+    : hold_(hold), connection_(qtConnection()), keys_(connection_ ? serverKeys(*connection_) : ServerKeys()),
       held_([this](auto key, auto modifiers) { return find(key, modifiers); },
-            [this](auto reference) { tellReleased(reference); }),
+            [this] { tellPressed(); }, [this](auto reference) { tellReleased(reference); }),
       layout_([this] { follow(); }) {}
 
 LinuxHotKeys::~LinuxHotKeys() {
@@ -104,6 +105,11 @@ void LinuxHotKeys::refuse(const Registered& key, const char* why) const {
             why);
 }
 
+void LinuxHotKeys::tellPressed() {
+  if (hold_)
+    hold_->begin();
+}
+
 // Not from within the toolkit's reading of events: what a hot key does may run the event loop.
 void LinuxHotKeys::tellReleased(EventHotKeyRef reference) {
   QTimer::singleShot(0, &eventLoop_, [this, reference] {
@@ -111,8 +117,12 @@ void LinuxHotKeys::tellReleased(EventHotKeyRef reference) {
     release.type = EventType::systemDefined;
     release.subtype = hotKeyReleasedSubtype;
     release.data1 = reference;
+    if (hold_)
+      hold_->actBegins();
     if (target_ && isRegistered(reference))
       target_->sendEvent(release);
+    if (hold_)
+      hold_->actEnds();
   });
 }
 

@@ -11,13 +11,16 @@
 
 namespace tavrel {
 
+class GestureHold;
+
 /// Keys grabbed on the toolkit's connection, so that our own menu can take the keyboard while one
 /// is held. A key is grabbed by its place; the grabs follow the layout. One line on standard error
 /// names a combination that cannot be had, in words.
 class LinuxHotKeys final : public HotKeys {
 public:
-  /// Needs a QGuiApplication.
-  LinuxHotKeys();
+  /// Needs a QGuiApplication. The hold, if any, keeps what is typed from a hot key's press until
+  /// what it does has shown; it must have been there before and outlive this.
+  explicit LinuxHotKeys(GestureHold* hold = nullptr);
   ~LinuxHotKeys() override;
 
   void setEventTarget(EventTarget* target) override { target_ = target; }
@@ -39,8 +42,10 @@ private:
   [[nodiscard]] EventHotKeyRef find(std::uint8_t key, std::uint16_t modifiers) const;
   void follow();
   void refuse(const Registered& key, const char* why) const;
+  void tellPressed();
   void tellReleased(EventHotKeyRef reference);
 
+  GestureHold* hold_;
   xcb_connection_t* connection_; ///< null where there is no X server
   ServerKeys keys_;
   EventTarget* target_ = nullptr;

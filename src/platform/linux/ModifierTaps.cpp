@@ -7,15 +7,14 @@ constexpr std::size_t noKeyAtAll = 0; ///< the server counts from 8
 }
 
 // A key can be told to go down or up twice: two keyboards have it, or a program lifts it.
-void ModifierTaps::keyDown(std::size_t key) {
+void ModifierTaps::keyDown(std::size_t key, std::uint32_t time) {
   if (key >= modifiers_.keys.size() || down_.contains(key))
     return;
   if (!modifiers_.capsLockKeys.test(key)) // Caps Lock leaves the taps of others alone
     interruptAllBut(key);
   if (!modifiers_.keys.test(key))
     return;
-  const auto press = std::make_shared<ModifierPress>();
-  press->interrupted = !buttons_.empty();
+  const auto press = std::make_shared<ModifierPress>(ModifierPress{key, time, !buttons_.empty()});
   down_[key] = press;
   changes.push_back({press});
 }

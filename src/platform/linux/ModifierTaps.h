@@ -12,6 +12,8 @@ namespace tavrel {
 
 /// One time that a modifier key is down, from going down to going up.
 struct ModifierPress {
+  std::size_t key = 0;    ///< server key code
+  std::uint32_t time = 0; ///< of the server, in milliseconds
   bool interrupted = false; ///< by another key, a mouse button or the wheel
 };
 
@@ -29,7 +31,7 @@ public:
   /// The layout has changed.
   void setModifiers(ServerModifiers modifiers) { modifiers_ = modifiers; }
 
-  void keyDown(std::size_t key);
+  void keyDown(std::size_t key, std::uint32_t time);
   void keyUp(std::size_t key);
   void buttonDown(std::uint32_t button);
   void buttonUp(std::uint32_t button);

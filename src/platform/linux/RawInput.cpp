@@ -30,12 +30,12 @@ std::optional<RawInputKind> kindOf(std::uint16_t type) {
 // Keys and buttons share one shape of event.
 std::optional<RawInputEvent> inputOf(const xcb_generic_event_t& event, std::uint8_t extension) {
   if ((event.response_type & 0x7F) == XCB_MAPPING_NOTIFY)
-    return RawInputEvent{RawInputKind::mappingChanged, 0, 0};
+    return RawInputEvent{RawInputKind::mappingChanged};
   const auto& raw = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
   if ((event.response_type & 0x7F) != XCB_GE_GENERIC || raw.extension != extension)
     return std::nullopt;
   const auto kind = kindOf(raw.event_type);
-  return kind ? std::optional(RawInputEvent{*kind, raw.detail, raw.sourceid}) : std::nullopt;
+  return kind ? std::optional(RawInputEvent{*kind, raw.detail, raw.sourceid, raw.time}) : std::nullopt;
 }
 
 struct RawMask {

@@ -16,6 +16,7 @@ struct RawInputEvent {
   RawInputKind kind{};
   std::uint32_t detail = 0; ///< server key code or button number
   std::uint16_t source = 0; ///< the device it is from
+  std::uint32_t time = 0;   ///< of the server, in milliseconds
 };
 
 /// The keys and buttons of all programs, over a connection of its own; also while another program
