@@ -2,9 +2,11 @@
 
 #include <xcb/xcb.h>
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <numeric>
 #include <string>
 
 namespace tavrel {
@@ -51,8 +53,13 @@ public:
     (void)hasFocus(); // a round trip: what was sent before it is here
     while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(server_), &std::free})
       if ((event->response_type & 0x7f) == XCB_KEY_PRESS)
-        ++keys_;
-    return keys_;
+        ++keys_[reinterpret_cast<const xcb_key_press_event_t&>(*event).detail];
+    return std::accumulate(keys_.begin(), keys_.end(), 0);
+  }
+  /// How often one of them has, by the server's number.
+  [[nodiscard]] int keys(std::uint8_t key) {
+    (void)keys();
+    return keys_[key];
   }
 
 private:
@@ -71,7 +78,7 @@ private:
 
   xcb_connection_t* server_ = xcb_connect(nullptr, nullptr);
   xcb_window_t window_ = xcb_generate_id(server_);
-  int keys_ = 0;
+  std::array<int, 256> keys_{};
 };
 
 } // namespace tavrel

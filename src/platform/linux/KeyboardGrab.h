@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/TypedKeys.h"
+
 #include <cstdint>
 
 namespace tavrel {
@@ -20,6 +22,11 @@ public:
   static void letGo();
   /// Whether to take hold again after letting go for a moment.
   [[nodiscard]] static bool isHeld();
+
+  /// Keys that did not come to us, though we hold the keyboard: they come now.
+  static void tellOf(const TypedKeys& typed);
+  /// Whether a key event is one of those.
+  [[nodiscard]] static bool isTold(const xcb_key_press_event_t& event);
 };
 
 } // namespace tavrel

@@ -38,8 +38,9 @@ bool KeyboardHold::nativeEventFilter(const QByteArray& eventType, void* message,
   auto* event = static_cast<xcb_generic_event_t*>(message);
   if (!qtConnection() || eventType != "xcb_generic_event_t" || !isKeyEvent(*event))
     return false;
-  if ((event->response_type & sentByClient) == 0)
-    return takeKey(reinterpret_cast<xcb_key_press_event_t&>(*event));
+  auto& key = reinterpret_cast<xcb_key_press_event_t&>(*event);
+  if ((event->response_type & sentByClient) == 0 || KeyboardGrab::isTold(key))
+    return takeKey(key);
   underWay_ -= underWay_ > 0 ? 1 : 0;
   return false;
 }
@@ -48,7 +49,7 @@ bool KeyboardHold::nativeEventFilter(const QByteArray& eventType, void* message,
 // not overtake those that are on their way.
 bool KeyboardHold::takeKey(xcb_key_press_event_t& key) {
   const std::uint32_t window = menuWindow_();
-  const bool toRoot = key.event == rootWindow(*qtConnection());
+  const bool toRoot = key.event == rootWindow(*qtConnection()) || KeyboardGrab::isTold(key);
   const bool mustWait = !waiting_.empty() || underWay_ > 0 || (toRoot && window == 0);
   if (!mustWait && toRoot)
     key.event = window;

@@ -11,8 +11,9 @@
 
 namespace tavrel {
 
-/// Holds the keyboard for a menu that is about to show, and while it shows: what is typed meanwhile,
-/// and what was typed since the gesture began, waits and goes to the menu once that has a window.
+/// Holds the keyboard for a menu that is about to show, and while it shows: what is typed
+/// meanwhile, and what was typed since the gesture began, waits and goes to the menu once that has
+/// a window.
 class KeyboardHold final : public QAbstractNativeEventFilter {
 public:
   /// The menu's window, 0 while it has none. There is one hold at a time.

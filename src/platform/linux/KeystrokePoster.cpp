@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 
 #include <chrono>
+#include <optional>
 #include <set>
 #include <thread>
 
@@ -86,7 +87,6 @@ void KeystrokePoster::sendChord() {
   const std::vector<KeyboardEvent> events = std::exchange(gathered_, {});
   if (!keymap)
     return;
-  KeyboardGrab::letGo(); // a hot key's grab, too, is on the toolkit's connection
   bringToFront();
   const std::uint32_t group = server_->group();
   const TypingLayout layout{*keymap, group, server_->capsLockIsOn() ? CapsLock::on : CapsLock::off};
@@ -96,6 +96,10 @@ void KeystrokePoster::sendChord() {
 void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modifiers,
                                 std::uint32_t group) {
   own_.begin();
+  std::optional<PhysicalKeyboards> pressed;
+  if (KeyboardGrab::isHeld())
+    pressed.emplace(server_->connection());
+  KeyboardGrab::letGo(); // a hot key's grab, too, is on the toolkit's connection
   const ServerKeySet lifted = server_->down() & (modifiers | codesOf(chord));
   server_->send(keysGoing(lifted, KeyDirection::up));
   if (chord.group != group)
@@ -104,10 +108,28 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
   if (chord.group != group)
     server_->lockGroup(group);
   server_->roundTrip();
-  if (KeyboardGrab::isHeld())
-    KeyboardGrab::take(); // what the person types next is for the menu
-  putBack(lifted & modifiers);
+  ServerKeySet touched = lifted;
+  if (pressed)
+    touched |= holdAgain(*pressed);
+  putBack(touched & modifiers);
   own_.end();
+}
+
+// What the person types is for the menu, during the chord, too. The server has missed it.
+ServerKeySet KeystrokePoster::holdAgain(PhysicalKeyboards& pressed) {
+  KeyboardGrab::take();
+  TypedKeys missed = pressed.take();
+  KeyboardGrab::tellOf(missed);
+  pressed.letGo();
+  const TypedKeys last = pressed.take();
+  KeyboardGrab::tellOf(last);
+  missed.insert(missed.end(), last.begin(), last.end());
+  ServerKeySet touched;
+  for (const xcb_key_press_event_t& event : missed)
+    touched.set(event.detail);
+  server_->send(
+      keysGoing(touched & server_->down() & ~server_->physicallyDown(), KeyDirection::up));
+  return touched;
 }
 
 void KeystrokePoster::retype(const TypedKeys& typed) {

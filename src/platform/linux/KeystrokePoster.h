@@ -2,6 +2,7 @@
 
 #include "platform/linux/KeyChord.h"
 #include "platform/linux/OwnKeystrokes.h"
+#include "platform/linux/PhysicalKeyboards.h"
 #include "platform/linux/TypedKeys.h"
 
 #include <QTimer>
@@ -36,6 +37,7 @@ private:
   [[nodiscard]] bool isInFront();
   [[nodiscard]] KeyReceiver receiver();
   void typeChord(const KeyChord& chord, const ServerKeySet& modifiers, std::uint32_t group);
+  ServerKeySet holdAgain(PhysicalKeyboards& pressed);
   void putBack(const ServerKeySet& lifted);
   void liftWhatThePersonLeft();
 

@@ -1,5 +1,6 @@
 #include "platform/linux/KeystrokeServer.h"
 
+#include "platform/linux/PhysicalKeyboards.h"
 #include "platform/linux/XcbReply.h"
 #include "platform/linux/XcbXkb.h"
 
@@ -8,8 +9,6 @@
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
-
-#include <string_view>
 
 namespace tavrel {
 
@@ -49,15 +48,6 @@ ServerKeySet keySet(const std::uint8_t (&bits)[32]) {
   for (std::size_t key = 0; key < keys.size(); ++key)
     keys[key] = (bits[key / 8] >> (key % 8) & 1) != 0;
   return keys;
-}
-
-// The keyboard that XTest events come from is no thing a person can press.
-bool isRealKeyboard(const xcb_input_xi_device_info_t& device) {
-  const std::string_view name(
-      xcb_input_xi_device_info_name(&device),
-      static_cast<std::size_t>(xcb_input_xi_device_info_name_length(&device)));
-  return device.type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD &&
-         name.find("XTEST") == std::string_view::npos;
 }
 
 ServerKeySet keysDownOn(xcb_connection_t* xcb, std::uint16_t device) {
@@ -100,6 +90,10 @@ std::unique_ptr<KeystrokeServer> KeystrokeServer::create() {
   return std::unique_ptr<KeystrokeServer>(new KeystrokeServer(std::move(connection)));
 }
 
+xcb_connection_t& KeystrokeServer::connection() {
+  return *connection_->xcb;
+}
+
 bool KeystrokeServer::isThere() {
   while (xcbReply(xcb_poll_for_event(connection_->xcb))) {
   }
@@ -130,16 +124,9 @@ ServerKeySet KeystrokeServer::down() {
 }
 
 ServerKeySet KeystrokeServer::physicallyDown() {
-  const auto devices = xcbReply(xcb_input_xi_query_device_reply(
-      connection_->xcb, xcb_input_xi_query_device(connection_->xcb, XCB_INPUT_DEVICE_ALL),
-      nullptr));
   ServerKeySet keys;
-  if (!devices)
-    return keys;
-  for (auto at = xcb_input_xi_query_device_infos_iterator(devices.get()); at.rem > 0;
-       xcb_input_xi_device_info_next(&at))
-    if (isRealKeyboard(*at.data))
-      keys |= keysDownOn(connection_->xcb, at.data->deviceid);
+  for (const std::uint16_t keyboard : physicalKeyboards(*connection_->xcb))
+    keys |= keysDownOn(connection_->xcb, keyboard);
   return keys;
 }
 

@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+struct xcb_connection_t;
+
 namespace tavrel {
 
 /// One key of the server going down or up.
@@ -27,6 +29,7 @@ public:
   KeystrokeServer(const KeystrokeServer&) = delete;
   KeystrokeServer& operator=(const KeystrokeServer&) = delete;
 
+  [[nodiscard]] xcb_connection_t& connection();
   [[nodiscard]] bool isThere();
   [[nodiscard]] XkbKeymap keymap();
   [[nodiscard]] std::uint32_t group();

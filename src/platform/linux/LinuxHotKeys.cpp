@@ -20,7 +20,8 @@ constexpr const char* anotherItem = "another item has this key";
 } // namespace
 
 LinuxHotKeys::LinuxHotKeys(GestureHold* hold)
-    : hold_(hold), connection_(qtConnection()), keys_(connection_ ? serverKeys(*connection_) : ServerKeys()),
+    : hold_(hold), connection_(qtConnection()),
+      keys_(connection_ ? serverKeys(*connection_) : ServerKeys()),
       held_([this](auto key, auto modifiers) { return find(key, modifiers); },
             [this] { tellPressed(); }, [this](auto reference) { tellReleased(reference); }),
       layout_([this] { follow(); }) {}

@@ -1,0 +1,274 @@
+#include "base/Modifiers.h"
+#include "contract/MenuDiary.h"
+#include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/DesktopWindows.h"
+#include "platform/linux/GestureHold.h"
+#include "platform/linux/KeystrokeServer.h"
+#include "platform/linux/LinuxAccessibility.h"
+#include "platform/linux/LinuxEventMonitor.h"
+#include "platform/linux/LinuxHotKeys.h"
+#include "platform/linux/LinuxKeyboard.h"
+#include "platform/linux/LinuxPresenter.h"
+#include "platform/linux/OwnKeystrokes.h"
+#include "support/Desktop.h"
+#include "support/FakeInput.h"
+#include "support/OtherWindow.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+namespace tavrel {
+namespace {
+
+using ::testing::Contains;
+using namespace std::chrono_literals;
+
+constexpr std::uint32_t placeOfOne = 18;
+constexpr std::uint8_t keyX = 53, keyDown = 116, keyReturn = 36;
+
+/// Types on a keyboard of wire and keys, whatever the program does meanwhile.
+class Typist {
+public:
+  explicit Typist(std::function<void(FakeInput&)> what)
+      : thread_([this, what = std::move(what)] {
+          FakeInput keyboard{Device::keyboard};
+          what(keyboard);
+          isDone_ = true;
+        }) {}
+  ~Typist() { thread_.join(); }
+  Typist(const Typist&) = delete;
+  Typist& operator=(const Typist&) = delete;
+  [[nodiscard]] bool isDone() const { return isDone_; }
+
+private:
+  std::atomic<bool> isDone_ = false;
+  std::thread thread_;
+};
+
+void pressHotKey(FakeInput& keyboard) {
+  keyboard.down(serverKey::control);
+  keyboard.down(serverKey::alt);
+  keyboard.tap(serverKey::one);
+  keyboard.up(serverKey::alt);
+  keyboard.up(serverKey::control);
+}
+
+void tapTwice(FakeInput& keyboard) {
+  for (int time = 0; time < 2; ++time) {
+    keyboard.down(serverKey::control);
+    keyboard.holdAndRelease(serverKey::control, 15);
+  }
+}
+
+/// A window of another program that has the keyboard, and a hot key of ours.
+class GestureKeys : public ::testing::Test, public EventTarget {
+protected:
+  GestureKeys() {
+    menu.delegate = &diary;
+    presenter.setActionTarget(&diary);
+    for (const char* title : {"Alpha", "Beta", "Gamma"}) {
+      MenuItem& item = menu.add({});
+      item.title = title;
+      item.action = MenuAction::statusMenuDidSelected;
+    }
+    hotKeys.setEventTarget(this);
+    EXPECT_EQ(hotKeys.registerHotKey(placeOfOne, eventModifier::command | eventModifier::option, {})
+                  .status,
+              hotKeyStatus::registered);
+  }
+  void SetUp() override {
+    handle({QStringLiteral("mousemove"), QStringLiteral("5"), QStringLiteral("5")});
+    ASSERT_TRUE(eventually([&] { return window.hasFocus(); }));
+    closer.callOnTimeout([] {
+      if (QWidget* menuLeftOpen = QApplication::activePopupWidget())
+        menuLeftOpen->close();
+    });
+  }
+  void sendEvent(const Event&) override {
+    ++gestures;
+    act();
+  }
+  void popUp() { presenter.popUp(menu, {100, 500}, MenuFont::standard); }
+  void copy() {
+    const auto front = accessibility.applicationElement(0);
+    for (const KeyboardEvent& event :
+         {KeyboardEvent{0, 55, KeyDirection::down}, KeyboardEvent{'c', 8, KeyDirection::down},
+          KeyboardEvent{'c', 8, KeyDirection::up}, KeyboardEvent{0, 55, KeyDirection::up}})
+      EXPECT_TRUE(accessibility.postKeyboardEvent(front, event));
+  }
+  [[nodiscard]] bool nothingIsHeld() {
+    return eventually([&] { return server->down().none() && server->physicallyDown().none(); });
+  }
+  /// Types, and waits until all of it has come and every menu is gone.
+  void type(const std::function<void(FakeInput&)>& what) {
+    const Typist typist(what);
+    closer.start(5'000ms); // a key that is lost may be the one that closes the menu
+    EXPECT_TRUE(eventually([&] { return typist.isDone() && !QApplication::activePopupWidget(); }));
+    EXPECT_TRUE(nothingIsHeld());
+  }
+
+  void typeForMenu(const std::function<void(FakeInput&)>& what) {
+    diary.lines.clear();
+    type(what);
+    EXPECT_TRUE(eventually([&] { return !diary.lines.empty(); }));
+    EXPECT_TRUE(nothingIsHeld());
+  }
+
+  ApplicationRegistry registry{{}};
+  DesktopWindows windows;
+  OwnKeystrokes own;
+  LinuxAccessibility accessibility{registry, windows, own};
+  GestureHold hold{[this](const TypedKeys& typed) { accessibility.retype(typed); }};
+  LinuxHotKeys hotKeys{&hold};
+  LinuxPresenter presenter;
+  std::unique_ptr<KeystrokeServer> server = KeystrokeServer::create();
+  MenuDiary diary;
+  Menu menu{"menu"};
+  OtherWindow window;
+  QTimer closer;
+  std::function<void()> act;
+  int gestures = 0;
+};
+
+int rounds() {
+  const int wanted = qEnvironmentVariableIntValue("TAVREL_ROUNDS");
+  return wanted > 0 ? wanted : 100;
+}
+
+TEST_F(GestureKeys, AllThatIsTypedAfterTheHotKeyGoesToTheMenu) {
+  act = [this] { popUp(); };
+  for (int round = 0; round < rounds(); ++round) {
+    typeForMenu([](FakeInput& keyboard) {
+      pressHotKey(keyboard);
+      for (const std::uint8_t key : {keyDown, keyDown, keyReturn})
+        keyboard.tap(key);
+    });
+    ASSERT_THAT(diary.lines, Contains("chosen Beta")) << round;
+  }
+  EXPECT_EQ(window.keys(keyDown) + window.keys(keyReturn), 0);
+}
+
+TEST_F(GestureKeys, WhatIsTypedWhileCopiesArePostedGoesToTheMenu) {
+  act = [this] { popUp(); };
+  diary.update = [this](Menu&) {
+    for (int time = 0; time < 3; ++time) {
+      copy();
+      std::this_thread::sleep_for(3ms);
+    }
+  };
+  for (int round = 0; round < rounds(); ++round) {
+    typeForMenu([](FakeInput& keyboard) {
+      pressHotKey(keyboard);
+      for (const std::uint8_t key : {keyDown, keyDown, keyDown, keyDown, keyDown, keyReturn})
+        keyboard.tap(key);
+    });
+    ASSERT_THAT(diary.lines, Contains("chosen Beta")) << round;
+    ASSERT_EQ(window.keys(serverKey::c), 3 * (round + 1)) << "three copies";
+  }
+  EXPECT_EQ(window.keys(keyDown) + window.keys(keyReturn), 0);
+}
+
+TEST_F(GestureKeys, WhatIsTypedAfterTheHotKeyOfAnItemReachesTheApplication) {
+  act = [] { std::this_thread::sleep_for(30ms); };
+  for (int round = 0; round < 20; ++round) {
+    type([](FakeInput& keyboard) {
+      pressHotKey(keyboard);
+      keyboard.tap(keyX);
+      keyboard.tap(keyX);
+    });
+    ASSERT_TRUE(eventually([&] { return window.keys(keyX) >= 2 * (round + 1); })) << round;
+    ASSERT_EQ(window.keys(keyX), 2 * (round + 1)) << round;
+  }
+  EXPECT_EQ(gestures, 20);
+}
+
+TEST_F(GestureKeys, AnItemThatTakesItsTimeLeavesTheKeyboardAlone) {
+  act = [this] {
+    FakeInput keyboard{Device::keyboard};
+    const auto deadline = std::chrono::steady_clock::now() + 4s;
+    while (window.keys(keyX) == 0 && std::chrono::steady_clock::now() < deadline)
+      keyboard.tap(keyX);
+    EXPECT_GT(window.keys(keyX), 0);
+  };
+  type(pressHotKey);
+  EXPECT_TRUE(eventually([&] { return gestures == 1; }));
+}
+
+TEST_F(GestureKeys, TheHotKeyWorksAgainDirectlyAfter) {
+  act = [] { std::this_thread::sleep_for(20ms); };
+  type([](FakeInput& keyboard) {
+    for (int time = 0; time < 10; ++time)
+      pressHotKey(keyboard);
+  });
+  EXPECT_TRUE(eventually([&] { return gestures == 10; }));
+  EXPECT_EQ(window.keys(serverKey::one), 0);
+}
+
+TEST_F(GestureKeys, WhatIsTypedAfterTheMenuHasItsAnswerReachesTheApplication) {
+  act = [this] { popUp(); };
+  type([](FakeInput& keyboard) {
+    pressHotKey(keyboard);
+    for (const std::uint8_t key : {keyDown, keyReturn, keyX, keyX, keyX})
+      keyboard.tap(key);
+  });
+  EXPECT_THAT(diary.lines, Contains("chosen Alpha"));
+  EXPECT_TRUE(eventually([&] { return window.keys(keyX) == 3; }));
+}
+
+/// Decides about taps as the core does: by looking at the keyboard until the key goes up.
+class DoubleTapKeys : public GestureKeys {
+protected:
+  DoubleTapKeys() {
+    EXPECT_EQ(monitor.installModifierHandler([this] { modifiersChanged(); }), 0);
+  }
+  void modifiersChanged() {
+    if (!keyboard.keyMap().isDown(keyCode::command))
+      return;
+    const auto deadline = std::chrono::steady_clock::now() + 200ms;
+    while (keyboard.keyMap().isDown(keyCode::command))
+      if (std::chrono::steady_clock::now() > deadline)
+        return;
+      else
+        std::this_thread::sleep_for(10ms);
+    if (++taps % 2 == 0)
+      act();
+  }
+
+  LinuxEventMonitor monitor{own, &hold};
+  LinuxKeyboard keyboard{[this] { return monitor.tapIsInterrupted(); }};
+  int taps = 0;
+};
+
+TEST_F(DoubleTapKeys, AllThatIsTypedAfterTheSecondTapGoesToTheMenu) {
+  act = [this] { popUp(); };
+  for (int round = 0; round < rounds(); ++round) {
+    taps = 0;
+    typeForMenu([](FakeInput& input) {
+      tapTwice(input);
+      for (const std::uint8_t key : {keyDown, keyDown, keyReturn})
+        input.tap(key);
+    });
+    ASSERT_THAT(diary.lines, Contains("chosen Beta")) << round;
+  }
+}
+
+TEST_F(DoubleTapKeys, WhatIsTypedAfterTwoTapsThatOpenNothingReachesTheApplication) {
+  act = [] {};
+  type([](FakeInput& input) {
+    tapTwice(input);
+    input.tap(keyX);
+  });
+  EXPECT_TRUE(eventually([&] { return window.keys(keyX) == 1; }));
+  EXPECT_TRUE(nothingIsHeld());
+}
+
+} // namespace
+} // namespace tavrel
