@@ -2,20 +2,16 @@
 
 #include "platform/linux/QtConnection.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 
 #include <xcb/xcb.h>
 
-#include <chrono>
 #include <utility>
 
 namespace tavrel {
 
 namespace {
-using namespace std::chrono_literals;
-
-constexpr auto longestAct = 500ms;
-
 GestureHold* currentGesture = nullptr;
 
 std::uint32_t hiddenWindow(xcb_connection_t& server) {
@@ -39,6 +35,11 @@ GestureHold::GestureHold(GiveBack giveBack) : giveBack_(std::move(giveBack)) {
     return;
   guard_ = std::make_unique<KeyboardGuard>(*server);
   marker_ = hiddenWindow(*server);
+  const auto* loop = QAbstractEventDispatcher::instance();
+  QObject::connect(loop, &QAbstractEventDispatcher::awake, &soon_,
+                   [this] { guard_->becomesBusy(); });
+  QObject::connect(loop, &QAbstractEventDispatcher::aboutToBlock, &soon_,
+                   [this] { guard_->becomesIdle(); });
   QCoreApplication::instance()->installNativeEventFilter(this);
   currentGesture = this;
 }
@@ -56,10 +57,8 @@ void GestureHold::begin() {
 }
 
 void GestureHold::actBegins() {
-  if (phase_ != Phase::holding)
-    return;
-  guard_->start(longestAct);
-  soon_.start(0);
+  if (phase_ == Phase::holding)
+    soon_.start(0);
 }
 
 // A timer that was to fire at once before this one is started fires before it.
@@ -71,7 +70,6 @@ void GestureHold::actEnds() {
 void GestureHold::end() {
   if (phase_ != Phase::holding)
     return;
-  guard_->stop();
   grab_.reset();
   drain();
 }
@@ -96,16 +94,17 @@ TypedKeys GestureHold::handOver() {
   if (gesture.phase_ == Phase::holding) {
     gesture.soon_.stop();
     gesture.phase_ = Phase::idle;
-    if (!gesture.guard_->stop())
-      KeyboardGrab::take();
     gesture.grab_.reset();
   }
+  gesture.guard_->setMenuIsOpen(true);
+  KeyboardGrab::take(); // the guard may have let go a moment ago
   return std::exchange(gesture.keys_, {});
 }
 
 void GestureHold::takeBack(const TypedKeys& unused) {
   if (!currentGesture)
     return;
+  currentGesture->guard_->setMenuIsOpen(false);
   TypedKeys& keys = currentGesture->keys_;
   keys.insert(keys.end(), unused.begin(), unused.end());
   currentGesture->drain();

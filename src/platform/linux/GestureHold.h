@@ -29,7 +29,7 @@ public:
   /// A gesture may have begun: holds the keyboard, unless it does so already.
   void begin();
   /// The gesture is told of from here on. The hold ends as soon as the event loop runs, as it does
-  /// in a question to the person, or after half a second, unless a menu has taken over.
+  /// in a question to the person, or when that takes too long, unless a menu has taken over.
   void actBegins();
   /// What was to be done is done or, by a timer that waits already, just about to be.
   void actEnds();

@@ -1,5 +1,6 @@
 #include "platform/linux/HeldHotKeys.h"
 
+#include "platform/linux/KeyGrabs.h"
 #include "platform/linux/QtConnection.h"
 #include "platform/linux/XcbReply.h"
 
@@ -37,8 +38,16 @@ bool HeldHotKeys::nativeEventFilter(const QByteArray& type, void* message, qintp
     return false;
   const auto kind = static_cast<const xcb_generic_event_t*>(message)->response_type;
   if (kind == XCB_KEY_PRESS)
-    return pressed(*static_cast<const xcb_key_press_event_t*>(message));
+    return pressedAnywhere(*static_cast<const xcb_key_press_event_t*>(message));
   return kind == XCB_KEY_RELEASE && released(*static_cast<const xcb_key_release_event_t*>(message));
+}
+
+// The server waits for our word, also for a key that was given up meanwhile.
+bool HeldHotKeys::pressedAnywhere(const xcb_key_press_event_t& event) {
+  const bool isOurs = pressed(event);
+  if (event.event == event.root)
+    letKeysThrough(*qtConnection());
+  return isOurs;
 }
 
 // A held key repeats into whatever window has the keyboard by now, and repeats may still wait when

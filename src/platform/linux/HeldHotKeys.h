@@ -28,6 +28,7 @@ public:
 
 private:
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+  bool pressedAnywhere(const xcb_key_press_event_t& event);
   bool pressed(const xcb_key_press_event_t& event);
   bool released(const xcb_key_press_event_t& event);
   void tellReleases();

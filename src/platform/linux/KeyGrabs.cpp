@@ -14,7 +14,7 @@ bool grabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs) {
   std::vector<xcb_void_cookie_t> asked;
   for (const KeyGrab& grab : grabs)
     asked.push_back(xcb_grab_key_checked(&connection, 0, root, grab.modifiers, grab.key,
-                                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+                                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_SYNC));
   std::vector<KeyGrab> taken;
   for (std::size_t i = 0; i < asked.size(); ++i)
     if (!xcbReply(xcb_request_check(&connection, asked[i])))
@@ -30,6 +30,11 @@ void ungrabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs) {
   for (const KeyGrab& grab : grabs)
     xcb_ungrab_key(&connection, grab.key, root, grab.modifiers);
   xcbReply(xcb_get_input_focus_reply(&connection, xcb_get_input_focus(&connection), nullptr));
+}
+
+void letKeysThrough(xcb_connection_t& connection) {
+  xcb_allow_events(&connection, XCB_ALLOW_ASYNC_KEYBOARD, XCB_CURRENT_TIME);
+  xcb_flush(&connection);
 }
 
 } // namespace tavrel

@@ -4,6 +4,10 @@
 
 namespace tavrel {
 
+namespace {
+constexpr std::chrono::milliseconds longestBusy{500};
+}
+
 KeyboardGuard::KeyboardGuard(xcb_connection_t& connection)
     : connection_(connection), thread_([this] { run(); }) {}
 
@@ -16,35 +20,42 @@ KeyboardGuard::~KeyboardGuard() {
   thread_.join();
 }
 
-void KeyboardGuard::start(std::chrono::milliseconds longest) {
-  {
-    const std::lock_guard lock(mutex_);
-    longest_ = longest;
-    deadline_ = std::chrono::steady_clock::now() + longest;
-    hasLetGo_ = false;
-  }
-  changed_.notify_one();
+void KeyboardGuard::becomesBusy() {
+  const std::lock_guard lock(mutex_);
+  if (deadline_)
+    return;
+  deadline_ = std::chrono::steady_clock::now() + longestBusy;
+  if (!watches_)
+    changed_.notify_one();
 }
 
-bool KeyboardGuard::stop() {
+void KeyboardGuard::becomesIdle() {
   const std::lock_guard lock(mutex_);
   deadline_.reset();
-  return !hasLetGo_;
 }
 
+void KeyboardGuard::setMenuIsOpen(bool isOpen) {
+  const std::lock_guard lock(mutex_);
+  menuIsOpen_ = isOpen;
+}
+
+// While nothing happens it sleeps; while much happens it wakes no more than twice a second.
 void KeyboardGuard::run() {
   std::unique_lock lock(mutex_);
   while (!isOver_) {
-    if (!deadline_) {
+    watches_ = deadline_.has_value();
+    if (!watches_) {
       changed_.wait(lock);
-    } else if (std::chrono::steady_clock::now() < *deadline_) {
-      changed_.wait_until(lock, Moment(*deadline_));
-    } else {
-      *deadline_ += longest_;
-      hasLetGo_ = true;
-      xcb_ungrab_keyboard(&connection_, XCB_CURRENT_TIME);
-      xcb_flush(&connection_);
+      continue;
     }
+    changed_.wait_until(lock, Moment(*deadline_), [this] { return isOver_; });
+    if (!deadline_ || std::chrono::steady_clock::now() < *deadline_)
+      continue;
+    *deadline_ += longestBusy;
+    if (menuIsOpen_)
+      continue;
+    xcb_ungrab_keyboard(&connection_, XCB_CURRENT_TIME);
+    xcb_flush(&connection_);
   }
 }
 

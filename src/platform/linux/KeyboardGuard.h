@@ -10,9 +10,9 @@ struct xcb_connection_t;
 
 namespace tavrel {
 
-/// Lets the keyboard go, from a thread of its own, when the program is busy for too long while it
-/// holds it, and again and again as long as it is: nobody is to sit before a dead keyboard because
-/// an item takes its time.
+/// Lets the keyboard go, from a thread of its own, when the program has been busy for half a second
+/// without a look at its events, and again and again as long as it is: nobody is to sit before a
+/// dead keyboard because a hot key's item takes its time.
 class KeyboardGuard {
 public:
   /// The connection that holds the keyboard, which must outlive this.
@@ -21,9 +21,11 @@ public:
   KeyboardGuard(const KeyboardGuard&) = delete;
   KeyboardGuard& operator=(const KeyboardGuard&) = delete;
 
-  void start(std::chrono::milliseconds longest);
-  /// Returns when the guard will not let go any more. False when it has done so.
-  bool stop();
+  /// Events are being handled from now on, or waited for.
+  void becomesBusy();
+  void becomesIdle();
+  /// While a menu is open it has the keyboard for good reason. Done when this returns.
+  void setMenuIsOpen(bool isOpen);
 
 private:
   using Moment = std::chrono::steady_clock::time_point;
@@ -32,9 +34,9 @@ private:
   xcb_connection_t& connection_;
   std::mutex mutex_;
   std::condition_variable changed_;
-  std::optional<Moment> deadline_;
-  std::chrono::milliseconds longest_{};
-  bool hasLetGo_ = false;
+  std::optional<Moment> deadline_; ///< nothing while the program is idle
+  bool watches_ = false;           ///< the thread will look by itself
+  bool menuIsOpen_ = false;
   bool isOver_ = false;
   std::thread thread_;
 };

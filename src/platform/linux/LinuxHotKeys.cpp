@@ -29,6 +29,8 @@ LinuxHotKeys::LinuxHotKeys(GestureHold* hold)
 LinuxHotKeys::~LinuxHotKeys() {
   for (const Registered& key : registered_)
     ungrabKeys(*connection_, key.grabs);
+  if (!registered_.empty())
+    letKeysThrough(*connection_);
 }
 
 HotKeyRegistration LinuxHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,

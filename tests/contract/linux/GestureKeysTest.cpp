@@ -64,7 +64,7 @@ void pressHotKey(FakeInput& keyboard) {
 void tapTwice(FakeInput& keyboard) {
   for (int time = 0; time < 2; ++time) {
     keyboard.down(serverKey::control);
-    keyboard.holdAndRelease(serverKey::control, 15);
+    keyboard.holdAndRelease(serverKey::control, 50);
   }
 }
 
@@ -249,7 +249,7 @@ protected:
 
 TEST_F(DoubleTapKeys, AllThatIsTypedAfterTheSecondTapGoesToTheMenu) {
   act = [this] { popUp(); };
-  for (int round = 0; round < rounds(); ++round) {
+  for (int round = 0; round < rounds() / 4; ++round) {
     taps = 0;
     typeForMenu([](FakeInput& input) {
       tapTwice(input);
