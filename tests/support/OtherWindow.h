@@ -62,6 +62,11 @@ public:
     return keys_[key];
   }
 
+  void forgetKeys() {
+    (void)keys();
+    keys_ = {};
+  }
+
 private:
   template <typename Type> using Reply = std::unique_ptr<Type, decltype(&std::free)>;
   [[nodiscard]] xcb_screen_t* screen() const {

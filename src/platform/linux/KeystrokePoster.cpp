@@ -100,7 +100,8 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
   if (KeyboardGrab::isHeld())
     pressed.emplace(server_->connection());
   KeyboardGrab::letGo(); // a hot key's grab, too, is on the toolkit's connection
-  const ServerKeySet lifted = server_->down() & (modifiers | codesOf(chord));
+  const ServerKeySet inTheWay = pressed ? ~ServerKeySet() : modifiers | codesOf(chord);
+  const ServerKeySet lifted = server_->down() & inTheWay; // the server may miss its going up
   server_->send(keysGoing(lifted, KeyDirection::up));
   if (chord.group != group)
     server_->lockGroup(chord.group);
@@ -115,7 +116,7 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
   own_.end();
 }
 
-// What the person types is for the menu, during the chord, too. The server has missed it.
+// What the person types is for the menu, during the chord, too.
 ServerKeySet KeystrokePoster::holdAgain(PhysicalKeyboards& pressed) {
   KeyboardGrab::take();
   TypedKeys missed = pressed.take();
@@ -127,8 +128,6 @@ ServerKeySet KeystrokePoster::holdAgain(PhysicalKeyboards& pressed) {
   ServerKeySet touched;
   for (const xcb_key_press_event_t& event : missed)
     touched.set(event.detail);
-  server_->send(
-      keysGoing(touched & server_->down() & ~server_->physicallyDown(), KeyDirection::up));
   return touched;
 }
 
