@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QPoint>
+#include <QRect>
 #include <QString>
 
 #include <cstdint>
@@ -21,10 +22,10 @@ public:
   AccessibilityBus(const AccessibilityBus&) = delete;
   AccessibilityBus& operator=(const AccessibilityBus&) = delete;
 
-  /// The AX name of the role of the innermost element of a process at a point of the screen;
-  /// nothing when it shows none there, or not by the deadline.
-  [[nodiscard]] std::optional<std::string> roleAt(QPoint point, std::int32_t process,
-                                                  const QDeadlineTimer& deadline);
+  /// The AX name of the role of what a process shows at a point of the screen, in its window that
+  /// has this place; nothing when it shows nothing there, or not by the deadline.
+  [[nodiscard]] std::optional<std::string>
+  roleAt(QPoint point, std::int32_t process, const QRect& window, const QDeadlineTimer& deadline);
 
 private:
   [[nodiscard]] bool connect(const QDeadlineTimer& deadline);

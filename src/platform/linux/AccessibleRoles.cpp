@@ -106,4 +106,11 @@ std::string_view axRole(const AccessibleFacts& facts) {
   return found == roleNames.end() ? "AXUnknown" : found->name;
 }
 
+bool isControl(std::uint32_t role) {
+  constexpr std::array controls{"AXCheckBox",  "AXPopUpButton",    "AXButton", "AXRadioButton",
+                                "AXTextField", "AXValueIndicator", "AXLink",   "AXMenuItem"};
+  const std::string_view name = axRole({role, 0, false});
+  return role != menuRole && std::ranges::find(controls, name) != controls.end();
+}
+
 } // namespace tavrel

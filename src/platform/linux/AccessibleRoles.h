@@ -17,4 +17,7 @@ struct AccessibleFacts {
 /// of the bar or menu that it lies in.
 [[nodiscard]] std::string_view axRole(const AccessibleFacts& facts);
 
+/// Whether an element is one thing to a person, whatever pictures and words lie in it.
+[[nodiscard]] bool isControl(std::uint32_t role);
+
 } // namespace tavrel

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace tavrel {
 
@@ -51,22 +52,44 @@ struct EventVolume::Server {
   };
 
   Server() {
-    if (!loop || !context)
+    if (!loop)
       return;
-    pa_context_set_state_callback(
-        context, [](pa_context*, void* self) { static_cast<Server*>(self)->stateChanged(); }, this);
-    if (pa_context_connect(context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0)
-      (void)pa_threaded_mainloop_start(loop);
+    connect();
+    (void)pa_threaded_mainloop_start(loop);
   }
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
   ~Server() {
     if (loop)
       pa_threaded_mainloop_stop(loop);
-    if (context)
-      pa_context_unref(context);
+    dropContext();
     if (loop)
       pa_threaded_mainloop_free(loop);
+  }
+
+  void connect() {
+    dropContext();
+    context = pa_context_new(pa_threaded_mainloop_get_api(loop), "Tavrel");
+    if (!context)
+      return;
+    pa_context_set_state_callback(
+        context, [](pa_context*, void* self) { static_cast<Server*>(self)->stateChanged(); }, this);
+    (void)pa_context_connect(context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
+  }
+
+  void dropContext() {
+    kept.reset();
+    if (!context)
+      return;
+    pa_context_set_state_callback(context, nullptr, nullptr);
+    pa_context_disconnect(context);
+    pa_context_unref(std::exchange(context, nullptr));
+  }
+
+  // A server may have come, or come back, since it was asked for last.
+  void lookForServer() {
+    if (!context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(context)))
+      connect();
   }
 
   void stateChanged() {
@@ -109,8 +132,7 @@ struct EventVolume::Server {
   }
 
   pa_threaded_mainloop* loop = pa_threaded_mainloop_new();
-  pa_context* context =
-      loop ? pa_context_new(pa_threaded_mainloop_get_api(loop), "Tavrel") : nullptr;
+  pa_context* context = nullptr;
   KeptVolume answer;              ///< of the question that is under way
   std::optional<KeptVolume> kept; ///< nothing: no server
 };
@@ -121,6 +143,7 @@ EventVolume::~EventVolume() = default;
 
 std::int32_t EventVolume::get() const {
   const MainloopLock lock(server_->loop);
+  server_->lookForServer();
   if (!server_->kept || server_->kept->isMuted)
     return 0;
   return static_cast<std::int32_t>(
@@ -129,6 +152,7 @@ std::int32_t EventVolume::get() const {
 
 void EventVolume::set(std::int32_t volume) {
   const MainloopLock lock(server_->loop);
+  server_->lookForServer();
   if (!server_->kept)
     return;
   auto wanted = *server_->kept;
@@ -140,6 +164,7 @@ void EventVolume::set(std::int32_t volume) {
 
 bool EventVolume::isSilent() const {
   const MainloopLock lock(server_->loop);
+  server_->lookForServer();
   return server_->kept && (server_->kept->isMuted || pa_cvolume_max(&server_->kept->volume) == 0);
 }
 

@@ -7,7 +7,9 @@ namespace tavrel {
 
 /// The volume that a PulseAudio server (or one that speaks its protocol) keeps for alert sounds.
 /// No server is started, and nothing waits for one: the volume is known from the moment the server
-/// has told it. Silence leaves the volume kept there alone, so that it cannot get lost.
+/// has told it. Each use looks
+/// for one that was not there, or went. Silence leaves the volume kept there alone, so that it
+/// cannot get lost.
 class EventVolume {
 public:
   EventVolume();

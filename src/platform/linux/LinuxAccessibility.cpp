@@ -78,7 +78,7 @@ AXUIElementRef LinuxAccessibility::elementAt(const AXUIElementRef& root, Point p
     return nullptr;
   if (facts->kind == WindowKind::dock)
     return std::make_shared<ElementAtPoint>("AXDockItem");
-  const auto role = bus_.roleAt({pixel.x, pixel.y}, facts->pid, deadline);
+  const auto role = bus_.roleAt({pixel.x, pixel.y}, facts->pid, placeOf(window), deadline);
   return role ? std::make_shared<ElementAtPoint>(*role) : nullptr;
 }
 

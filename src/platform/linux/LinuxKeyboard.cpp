@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxKeyboard.h"
 
 #include "base/Modifiers.h"
+#include "platform/linux/ServerModifiers.h"
 #include "platform/linux/XkbKeyboard.h"
 #include "platform/linux/XkbLayout.h"
 
@@ -10,6 +11,7 @@
 
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tavrel {
@@ -26,15 +28,18 @@ template <class Reply> using Owned = std::unique_ptr<Reply, CFree>;
 constexpr std::uint32_t keyOfNoKeyboard = 127;
 
 // How the server's modifiers answer to the names that menus use.
-struct ModifierBit {
-  std::uint16_t server;
-  std::uint32_t event;
-};
-constexpr ModifierBit modifierBits[]{{XCB_MOD_MASK_CONTROL, eventModifier::command},
-                                     {XCB_MOD_MASK_SHIFT, eventModifier::shift},
-                                     {XCB_MOD_MASK_LOCK, eventModifier::capsLock},
-                                     {XCB_MOD_MASK_1, eventModifier::option},
-                                     {XCB_MOD_MASK_4, eventModifier::control}};
+std::uint32_t eventModifiersOf(std::uint16_t mask, const ServerModifiers& server) {
+  const std::pair<std::uint16_t, std::uint32_t> bits[]{
+      {XCB_MOD_MASK_CONTROL, eventModifier::command},
+      {XCB_MOD_MASK_SHIFT, eventModifier::shift},
+      {XCB_MOD_MASK_LOCK, eventModifier::capsLock},
+      {server.alt, eventModifier::option},
+      {server.super, eventModifier::control}};
+  std::uint32_t modifiers = 0;
+  for (const auto& [bit, modifier] : bits)
+    modifiers |= (mask & bit) != 0 ? modifier : 0;
+  return modifiers;
+}
 
 // Rules, model, layouts, variants and options, each ended by a NUL.
 std::vector<std::string> ruleNames(std::string_view property) {
@@ -155,11 +160,7 @@ std::uint32_t LinuxKeyboard::eventModifiers() {
     return 0;
   const Owned<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
       server_->connection, xcb_query_pointer(server_->connection, server_->root), nullptr));
-  std::uint32_t modifiers = 0;
-  for (const ModifierBit& bit : modifierBits)
-    if (pointer && (pointer->mask & bit.server) != 0)
-      modifiers |= bit.event;
-  return modifiers;
+  return pointer ? eventModifiersOf(pointer->mask, serverModifiers(*server_->connection)) : 0;
 }
 
 std::string LinuxKeyboard::layoutIdentifier() {

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <span>
+#include <string>
 #include <string_view>
 
 namespace tavrel {
@@ -30,14 +33,28 @@ constexpr std::array<std::string_view, 18> terminalClasses{"XTerm",
                                                            "foot"};
 constexpr std::array<std::string_view, 6> bareTerminalClasses{"XTerm", "UXTerm", "KOI8RXTerm",
                                                               "URxvt", "Rxvt",   "Xvt"};
+constexpr std::array<std::string_view, 18> terminalPrograms{
+    "xterm",          "urxvt",   "rxvt",           "urxvtd",    "lxterminal",
+    "xfce4-terminal", "konsole", "kitty",          "alacritty", "gnome-terminal-server",
+    "mate-terminal",  "st",      "qterminal",      "tilix",     "sakura",
+    "wezterm-gui",    "foot",    "cool-retro-term"};
+constexpr std::array<std::string_view, 4> bareTerminalPrograms{"xterm", "urxvt", "rxvt", "urxvtd"};
+
+// A person may have given the window another class.
+bool runsAnyOf(std::span<const std::string_view> programs, const WindowFacts& window) {
+  const std::string program = std::filesystem::path(executableOf(window.pid)).filename();
+  return std::ranges::find(programs, program) != programs.end();
+}
 } // namespace
 
 bool isBareTerminal(const WindowFacts& window) {
-  return std::ranges::find(bareTerminalClasses, window.windowClass) != bareTerminalClasses.end();
+  return std::ranges::find(bareTerminalClasses, window.windowClass) != bareTerminalClasses.end() ||
+         runsAnyOf(bareTerminalPrograms, window);
 }
 
 bool isTerminal(const WindowFacts& window, ApplicationRegistry& registry) {
-  if (std::ranges::find(terminalClasses, window.windowClass) != terminalClasses.end())
+  if (std::ranges::find(terminalClasses, window.windowClass) != terminalClasses.end() ||
+      runsAnyOf(terminalPrograms, window))
     return true;
   registry.refresh();
   const InstalledApplication* known = applicationOf(window, executableOf(window.pid), registry);

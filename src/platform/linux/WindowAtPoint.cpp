@@ -30,4 +30,14 @@ WindowId windowAt(ScreenPixel pixel, DesktopWindows& windows) {
   return top;
 }
 
+QRect placeOf(WindowId window) {
+  xcb_connection_t* x = qtConnection();
+  if (!x)
+    return {};
+  const auto corner = xcbReply(xcb_translate_coordinates_reply(
+      x, xcb_translate_coordinates(x, window, rootWindow(*x), 0, 0), nullptr));
+  const auto size = xcbReply(xcb_get_geometry_reply(x, xcb_get_geometry(x, window), nullptr));
+  return corner && size ? QRect(corner->dst_x, corner->dst_y, size->width, size->height) : QRect();
+}
+
 } // namespace tavrel

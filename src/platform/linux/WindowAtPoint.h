@@ -2,6 +2,8 @@
 
 #include "platform/linux/DesktopWindows.h"
 
+#include <QRect>
+
 namespace tavrel {
 
 /// A place on the X screen, in its pixels from the top left.
@@ -13,5 +15,8 @@ struct ScreenPixel {
 /// The window on top there: one that the window manager lists, or a menu or the like that it does
 /// not manage. 0 where only the root window is.
 [[nodiscard]] WindowId windowAt(ScreenPixel pixel, DesktopWindows& windows);
+
+/// Where on the screen the inside of a window is; an empty place when it is gone.
+[[nodiscard]] QRect placeOf(WindowId window);
 
 } // namespace tavrel
