@@ -1,10 +1,12 @@
 #include "contract/AccessibilityContract.h"
 
 #include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/BusProbe.h"
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/LinuxAccessibility.h"
 #include "platform/linux/OwnKeystrokes.h"
 #include "support/Desktop.h"
+#include "support/TemporaryFolder.h"
 
 #include <QCursor>
 #include <QElapsedTimer>
@@ -12,6 +14,9 @@
 #include <QProcess>
 #include <QScreen>
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <thread>
 #include <unistd.h>
 
 namespace tavrel {
@@ -64,6 +69,59 @@ TEST(LinuxAccessibility, WhileTheAccessibilityBusIsOffNothingWaits) {
   clock.start();
   EXPECT_FALSE(world.roleAt(inside));
   EXPECT_LT(clock.elapsed(), 100);
+}
+
+/// A socket where somebody listens, or only seems to.
+class FakeBus {
+public:
+  explicit FakeBus(std::string answer)
+      : answer_(std::move(answer)), socket_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_un name{};
+    name.sun_family = AF_UNIX;
+    folder_.path("bus").copy(name.sun_path, sizeof name.sun_path - 1);
+    EXPECT_EQ(::bind(socket_, reinterpret_cast<const sockaddr*>(&name), sizeof name), 0);
+    EXPECT_EQ(::listen(socket_, 4), 0);
+    if (!answer_.empty())
+      thread_ = std::thread([this] {
+        const int client = ::accept(socket_, nullptr, nullptr);
+        (void)!::write(client, answer_.data(), answer_.size());
+        ::close(client);
+      });
+  }
+  ~FakeBus() {
+    if (thread_.joinable())
+      thread_.join();
+    ::close(socket_);
+  }
+  FakeBus(const FakeBus&) = delete;
+  FakeBus& operator=(const FakeBus&) = delete;
+  [[nodiscard]] QString address() const {
+    return QStringLiteral("unix:path=%1,guid=0").arg(QString::fromStdString(folder_.path("bus")));
+  }
+
+private:
+  TemporaryFolder folder_;
+  std::string answer_;
+  int socket_;
+  std::thread thread_;
+};
+
+TEST(LinuxAccessibility, ABusThatDoesNotAnswerIsNotWaitedFor) {
+  const FakeBus silent("");
+  QElapsedTimer clock;
+  clock.start();
+  EXPECT_FALSE(busAnswers(silent.address(), QDeadlineTimer(100)));
+  EXPECT_LT(clock.elapsed(), 1000);
+  EXPECT_FALSE(busAnswers(QStringLiteral("unix:path=/nowhere/bus"), QDeadlineTimer(100)));
+  EXPECT_FALSE(busAnswers(QStringLiteral("nonsense"), QDeadlineTimer(100)));
+}
+
+TEST(LinuxAccessibility, ABusThatKnowsUsAnswers) {
+  const FakeBus welcoming("OK 0123456789abcdef\r\n");
+  EXPECT_TRUE(busAnswers(welcoming.address(), QDeadlineTimer(5000)));
+  const FakeBus refusing("REJECTED EXTERNAL\r\n");
+  EXPECT_FALSE(busAnswers(refusing.address(), QDeadlineTimer(5000)));
+  EXPECT_TRUE(busAnswers(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QDeadlineTimer(5000)));
 }
 
 TEST(LinuxAccessibility, AnEditorsMenusAreToldFromItsText) {

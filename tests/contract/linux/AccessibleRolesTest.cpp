@@ -18,6 +18,13 @@ TEST(AccessibleRoles, WhatIsNotToBePressedLongHasItsName) {
   EXPECT_EQ(axRole({48}), "AXValueIndicator") << "the thumb of a scroll bar is not told apart";
 }
 
+TEST(AccessibleRoles, WhatAPersonPressesIsOneThing) {
+  for (const std::uint32_t control : {43U, 62U, 7U, 44U, 51U, menuItem, entry})
+    EXPECT_TRUE(isControl(control)) << control;
+  for (const std::uint32_t holder : {menu, menuBar, 23U, 39U, 63U, 29U, 0U})
+    EXPECT_FALSE(isControl(holder)) << holder;
+}
+
 TEST(AccessibleRoles, TextsAreFieldsOrAreas) {
   for (const std::uint32_t role : {text, entry}) {
     EXPECT_EQ(axRole({role}), "AXTextField");

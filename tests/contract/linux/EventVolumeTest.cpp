@@ -83,6 +83,24 @@ TEST(EventVolume, WithoutAServerThereIsNoneAndNothingWaits) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
 }
 
+TEST(EventVolume, AServerThatStartsLaterIsFoundByTheNextUse) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable state("PULSE_STATE_PATH", folder.path());
+  const std::string socket = folder.path("late");
+  const EnvironmentVariable where("PULSE_SERVER", "unix:" + socket);
+  const EventVolume volume;
+  EXPECT_EQ(volume.get(), 0);
+  const Program server(QStringLiteral("pulseaudio"),
+                       {QStringLiteral("-n"), QStringLiteral("--daemonize=no"),
+                        QStringLiteral("--use-pid-file=no"), QStringLiteral("--exit-idle-time=-1"),
+                        QStringLiteral("-L"), QStringLiteral("module-null-sink"),
+                        QStringLiteral("-L"), QStringLiteral("module-stream-restore"),
+                        QStringLiteral("-L"),
+                        QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") +
+                            QString::fromStdString(socket)});
+  EXPECT_TRUE(waitFor([&] { return volume.get() == fullVolume; }));
+}
+
 TEST(EventVolume, AServerThatNeverAnswersKeepsNobodyWaiting) {
   const TemporaryFolder folder;
   const int silent = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);

@@ -63,6 +63,10 @@ protected:
   bool arrives(const std::string& key) {
     return eventually([&] { return recorder.keys == std::vector<std::string>{key}; });
   }
+  static bool serverIsLikeTheKeyboard() {
+    const auto server = KeystrokeServer::create();
+    return eventually([&] { return server->down() == server->physicallyDown(); });
+  }
   KeystrokesWorld world;
   Recorder recorder;
 };
@@ -82,7 +86,45 @@ TEST_F(Keystrokes, ACopyArrivesWithCapsLockOn) {
   input.tap(serverKey::capsLock);
   world.copy();
   EXPECT_TRUE(eventually([&] { return recorder.keys.size() == 1; }));
+  EXPECT_TRUE(KeystrokeServer::create()->capsLockIsOn());
   input.tap(serverKey::capsLock);
+  EXPECT_FALSE(KeystrokeServer::create()->capsLockIsOn());
+  EXPECT_TRUE(serverIsLikeTheKeyboard());
+}
+
+TEST_F(Keystrokes, ACopyArrivesWithNumLockOn) {
+  FakeInput keyboard(Device::keyboard);
+  keyboard.tap(serverKey::numLock);
+  world.copy();
+  EXPECT_TRUE(arrives("Ctrl+99"));
+  keyboard.tap(serverKey::numLock);
+  EXPECT_TRUE(serverIsLikeTheKeyboard());
+}
+
+TEST_F(Keystrokes, ACopyArrivesFromTheSecondOfTwoLayoutsWhichStays) {
+  KeystrokesWorld::use({QStringLiteral("us,ru")});
+  const auto server = KeystrokeServer::create();
+  server->lockGroup(1);
+  server->roundTrip();
+  world.copy();
+  EXPECT_TRUE(eventually([&] { return recorder.keys.size() == 1; }));
+  EXPECT_EQ(recorder.keys.front(), "Ctrl+99");
+  EXPECT_EQ(server->group(), 1U);
+  server->lockGroup(0);
+  server->roundTrip();
+  EXPECT_TRUE(serverIsLikeTheKeyboard());
+}
+
+TEST_F(Keystrokes, ATerminalGetsACopyWithShift) {
+  handle({QStringLiteral("set_window"), QStringLiteral("--class"), QStringLiteral("Lxterminal"),
+          QString::number(recorder.winId())});
+  ASSERT_TRUE(eventually([&] {
+    const auto front = world.windows.facts(world.windows.activeWindow());
+    return front && front->windowClass == "Lxterminal";
+  }));
+  world.copy();
+  EXPECT_TRUE(arrives("Ctrl+?+67"));
+  EXPECT_TRUE(serverIsLikeTheKeyboard());
 }
 
 TEST_F(Keystrokes, WhatAPersonHoldsDoesNotMixInAndIsHeldAfterwards) {
@@ -95,6 +137,7 @@ TEST_F(Keystrokes, WhatAPersonHoldsDoesNotMixInAndIsHeldAfterwards) {
       eventually([&] { return !recorder.keys.empty() && recorder.keys.back() == "Ctrl+99"; }));
   const auto server = KeystrokeServer::create();
   EXPECT_TRUE(server->down()[serverKey::control] && server->down()[serverKey::alt]);
+  EXPECT_TRUE(serverIsLikeTheKeyboard());
   keyboard.up(serverKey::alt);
   keyboard.up(serverKey::control);
   EXPECT_TRUE(eventually([&] { return server->down().none(); }));
@@ -111,19 +154,23 @@ TEST_F(Keystrokes, WhatAProgramHeldDoesNotStayDown) {
   program.up(serverKey::control);
 }
 
-TEST(KeystrokesInTerminals, NothingThatRunsInAnXtermIsInterrupted) {
+class KeystrokesInTerminals : public ::testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Classes, KeystrokesInTerminals, ::testing::Values("XTerm", "Strange"));
+
+TEST_P(KeystrokesInTerminals, NothingThatRunsInAnXtermIsInterrupted) {
   KeystrokesWorld world;
   const TemporaryFolder folder;
   const std::string base = folder.path();
   const std::string script = "trap 'echo hit >>" + base + "/hit' INT; echo up >" + base +
                              "/up; read line; echo \"$line\" >" + base + "/line; sleep 99";
   const Program terminal(QStringLiteral("xterm"),
-                         {QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
+                         {QStringLiteral("-class"), QString::fromLatin1(GetParam()),
+                          QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
                           QString::fromStdString(script)});
   ASSERT_TRUE(eventually([&] { return std::filesystem::exists(base + "/up"); }));
   ASSERT_TRUE(eventually([&] {
     const auto front = world.windows.facts(world.windows.activeWindow());
-    return front && front->windowClass == "XTerm";
+    return front && front->windowClass == GetParam();
   }));
   world.copy();
   handle({QStringLiteral("key"), QStringLiteral("a"), QStringLiteral("Return")});
