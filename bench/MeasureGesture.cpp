@@ -2,6 +2,9 @@
 // measure_gesture TURNS signal PROCESS             SIGUSR1 to a process until a menu is mapped
 // measure_gesture TURNS command PROGRAM [ARG...]   a command until a menu is mapped
 // measure_gesture TURNS copy                       Ctrl+C until the clipboard has a new owner
+// measure_gesture TURNS keys FILE                  Ctrl+Alt+1, nine Downs and Return until there is
+// a
+//                                                  file, and how many turns had it
 // measure_gesture TURNS run PROGRAM [ARG...]       a command until it has ended
 // Prints median, least and greatest of the milliseconds, on the running display, whose keys it
 // presses. A menu is an override-redirect window; Escape closes it again between the turns.
@@ -9,6 +12,7 @@
 #include <X11/keysym.h>
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
+#include <xcb/xinput.h>
 #include <xcb/xtest.h>
 
 #include <algorithm>
@@ -65,6 +69,16 @@ public:
     xcb_test_fake_input(connection_, down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, codeOf(symbol),
                         XCB_CURRENT_TIME, root_, 0, 0, 0);
     flush();
+  }
+
+  /// A key of the display's own keyboard, some milliseconds after what came before it.
+  void pressAfter(std::uint32_t pause, xcb_keysym_t symbol, bool down) {
+    const std::uint8_t first = xcb_get_extension_data(connection_, &xcb_input_id)->first_event;
+    xcb_test_fake_input(connection_,
+                        static_cast<std::uint8_t>(first + (down ? XCB_INPUT_DEVICE_KEY_PRESS
+                                                                : XCB_INPUT_DEVICE_KEY_RELEASE)),
+                        codeOf(symbol), pause, root_, 0, 0, keyboard());
+    std::free(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
   }
 
   /// Until an event satisfies the test; nothing when the time is over.
@@ -130,6 +144,21 @@ private:
             nullptr),
         &std::free);
     return reply ? reply->atom : XCB_NONE;
+  }
+
+  std::uint8_t keyboard() {
+    std::free(xcb_input_xi_query_version_reply(
+        connection_, xcb_input_xi_query_version(connection_, 2, 2), nullptr));
+    const Reply<xcb_input_xi_query_device_reply_t> devices(
+        xcb_input_xi_query_device_reply(
+            connection_, xcb_input_xi_query_device(connection_, XCB_INPUT_DEVICE_ALL), nullptr),
+        &std::free);
+    for (auto at = xcb_input_xi_query_device_infos_iterator(devices.get()); at.rem > 0;
+         xcb_input_xi_device_info_next(&at))
+      if (std::string(xcb_input_xi_device_info_name(at.data),
+                      xcb_input_xi_device_info_name_length(at.data)) == "Xvfb keyboard")
+        return static_cast<std::uint8_t>(at.data->deviceid);
+    giveUp("no keyboard of a virtual display");
   }
 
   xcb_keycode_t codeOf(xcb_keysym_t symbol) {
@@ -198,7 +227,41 @@ Trial trialOf(Display& display, const std::string& what, char** arguments) {
             [&] { return display.waitForOwner(); }, [] {}};
   if (what == "run" && arguments[0])
     return {[=] { started(arguments); }, [] { return wait(nullptr) > 0; }, [] {}};
-  giveUp("usage: measure_gesture TURNS hotkey|signal|command|copy|run [ARGUMENT...]");
+  giveUp("usage: measure_gesture TURNS hotkey|signal|command|copy|keys|run [ARGUMENT...]");
+}
+
+void typeAfterGesture(Display& display) {
+  constexpr std::uint32_t pause = 5; // quicker than anybody types
+  for (const xcb_keysym_t symbol : {XK_Control_L, XK_Alt_L, XK_1})
+    display.pressAfter(pause, symbol, true);
+  for (const xcb_keysym_t symbol : {XK_1, XK_Alt_L, XK_Control_L})
+    display.pressAfter(pause, symbol, false);
+  for (int key = 0; key < 10; ++key)
+    for (const bool down : {true, false})
+      display.pressAfter(pause, key < 9 ? XK_Down : XK_Return, down);
+}
+
+bool comes(const char* file) {
+  const SteadyTime deadline = std::chrono::steady_clock::now() + 5s;
+  while (access(file, F_OK) != 0 && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::sleep_for(2ms);
+  return unlink(file) == 0;
+}
+
+int countKeys(Display& display, int turns, const char* file) {
+  unlink(file);
+  int right = 0;
+  for (int turn = 0; turn < turns; ++turn) {
+    typeAfterGesture(display);
+    if (comes(file)) {
+      ++right;
+      continue;
+    }
+    for (const bool down : {true, false, true, false})
+      display.pressAfter(50, XK_Escape, down);
+  }
+  std::printf("%d\n", right);
+  return 0;
 }
 
 double timed(Display& display, const Trial& trial) {
@@ -219,8 +282,10 @@ double timed(Display& display, const Trial& trial) {
 
 int main(int argc, char** argv) {
   if (argc < 3)
-    giveUp("usage: measure_gesture TURNS hotkey|signal|command|copy|run [ARGUMENT...]");
+    giveUp("usage: measure_gesture TURNS hotkey|signal|command|copy|keys|run [ARGUMENT...]");
   Display display;
+  if (std::strcmp(argv[2], "keys") == 0 && argc == 4)
+    return countKeys(display, std::atoi(argv[1]), argv[3]);
   const Trial trial = trialOf(display, argv[2], argv + 3);
   std::vector<double> times;
   for (int turn = 0; turn <= std::atoi(argv[1]); ++turn)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The files that are selected in the file manager in front reach an item of the pop-up, and the
-# person's clipboard is the same afterwards.
+# The files that are selected in the file manager in front (none, one, three) reach an item of the
+# pop-up, in two file managers, and the person's clipboard is the same afterwards.
 #   capture-files.sh PROGRAM
 set -eu
 cd "$(dirname "$0")/../.."
@@ -17,6 +17,7 @@ fi
 mkdir -p "$HOME/shown" "$XDG_CONFIG_HOME"
 echo x >"$HOME/shown/a b.txt"
 echo x >"$HOME/shown/c.txt"
+echo x >"$HOME/shown/d.txt"
 cat >"$HOME/Keep.sh" <<'END_OF_SCRIPT'
 #!/bin/sh
 printf '%s\n' "$@" >"$HOME/kept.new"
@@ -46,18 +47,32 @@ tint2 >/dev/null 2>&1 &
 wait_for 20 "the panel's tray" sh -c 'xprop -root | grep -q _NET_CLIENT_LIST && xdotool search --class tint2'
 "$program" 2>"$TAVREL_SHOTS/tavrel.log" &
 wait_for 20 "the status item" tray_icon_embedded
-pcmanfm "$HOME/shown" >/dev/null 2>&1 &
-manager_in_front() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi pcmanfm; }
-wait_for 40 "the file manager in front" manager_in_front
+manager_in_front() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 
-printf mine | xclip -selection clipboard
-captured ""
-all_selected() {
-  xdotool key ctrl+a ctrl+c
-  [ "$(xclip -selection clipboard -o -t text/uri-list | grep -c file:)" = 2 ]
+not_in_front() { ! manager_in_front "$1"; }
+
+# selected COUNT KEYS...: presses them until so many files are selected.
+selected() {
+  xdotool key "${@:2}" ctrl+c
+  [ "$(xclip -selection clipboard -o -t text/uri-list | grep -c file:)" = "$1" ]
 }
-wait_for 20 "both files to be selected" all_selected
-screenshot selected
-printf mine | xclip -selection clipboard
-captured "$HOME/shown/a b.txt
-$HOME/shown/c.txt"
+
+for manager in pcmanfm thunar; do
+  $manager "$HOME/shown" >/dev/null 2>&1 &
+  wait_for 40 "$manager in front" manager_in_front $manager
+  printf mine | xclip -selection clipboard
+  captured ""
+  wait_for 20 "one file to be selected" selected 1 Home
+  screenshot "$manager-one"
+  printf mine | xclip -selection clipboard
+  captured "$HOME/shown/a b.txt"
+  wait_for 20 "all files to be selected" selected 3 ctrl+a
+  screenshot "$manager-three"
+  printf mine | xclip -selection clipboard
+  captured "$HOME/shown/a b.txt
+$HOME/shown/c.txt
+$HOME/shown/d.txt"
+  echo "$manager: no file, one and three."
+  xdotool windowkill "$(xdotool getactivewindow)"
+  wait_for 20 "$manager to go" not_in_front $manager
+done

@@ -96,7 +96,7 @@ TEST_F(Keystrokes, ACopyArrivesWithNumLockOn) {
   FakeInput keyboard(Device::keyboard);
   keyboard.tap(serverKey::numLock);
   world.copy();
-  EXPECT_TRUE(arrives("Ctrl+99"));
+  EXPECT_TRUE(arrives("Ctrl+99")) << ::testing::PrintToString(recorder.keys);
   keyboard.tap(serverKey::numLock);
   EXPECT_TRUE(serverIsLikeTheKeyboard());
 }
