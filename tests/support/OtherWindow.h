@@ -2,12 +2,12 @@
 
 #include <xcb/xcb.h>
 
-#include <array>
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
-#include <numeric>
 #include <string>
+#include <vector>
 
 namespace tavrel {
 
@@ -53,15 +53,16 @@ public:
     (void)hasFocus(); // a round trip: what was sent before it is here
     while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(server_), &std::free})
       if ((event->response_type & 0x7f) == XCB_KEY_PRESS)
-        ++keys_[reinterpret_cast<const xcb_key_press_event_t&>(*event).detail];
-    return std::accumulate(keys_.begin(), keys_.end(), 0);
+        keys_.push_back(reinterpret_cast<const xcb_key_press_event_t&>(*event));
+    return static_cast<int>(keys_.size());
   }
-  /// How often one of them has, by the server's number.
-  [[nodiscard]] int keys(std::uint8_t key) {
+  /// How often one of them has, by the server's number, with these modifiers at least.
+  [[nodiscard]] int keys(std::uint8_t key, std::uint16_t modifiers = 0) {
     (void)keys();
-    return keys_[key];
+    return static_cast<int>(std::count_if(keys_.begin(), keys_.end(), [&](const auto& event) {
+      return event.detail == key && (event.state & modifiers) == modifiers;
+    }));
   }
-
   void forgetKeys() {
     (void)keys();
     keys_ = {};
@@ -83,7 +84,7 @@ private:
 
   xcb_connection_t* server_ = xcb_connect(nullptr, nullptr);
   xcb_window_t window_ = xcb_generate_id(server_);
-  std::array<int, 256> keys_{};
+  std::vector<xcb_key_press_event_t> keys_;
 };
 
 } // namespace tavrel

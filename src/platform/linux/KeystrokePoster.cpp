@@ -11,6 +11,7 @@
 #include <optional>
 #include <set>
 #include <thread>
+#include <utility>
 
 namespace tavrel {
 
@@ -93,6 +94,7 @@ void KeystrokePoster::sendChord() {
   typeChord(keyChord(events, layout, receiver()), server_->modifierKeys(*keymap), group);
 }
 
+// What we hold down for the person must be up, too: it would not go down again for the chord.
 void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modifiers,
                                 std::uint32_t group) {
   own_.begin();
@@ -102,7 +104,7 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
   KeyboardGrab::letGo(); // a hot key's grab, too, is on the toolkit's connection
   const ServerKeySet inTheWay = pressed ? ~ServerKeySet() : modifiers | codesOf(chord);
   const ServerKeySet lifted = server_->down() & inTheWay; // the server may miss its going up
-  server_->send(keysGoing(lifted, KeyDirection::up));
+  server_->send(keysGoing(lifted | std::exchange(putBack_, {}), KeyDirection::up));
   if (chord.group != group)
     server_->lockGroup(chord.group);
   server_->send(chord.keys);
@@ -144,7 +146,7 @@ void KeystrokePoster::retype(const TypedKeys& typed) {
   ServerKeySet lifted = down & modifiers;
   for (const ServerKey& key : keys)
     lifted.set(key.code, down[key.code]);
-  server_->send(keysGoing(lifted, KeyDirection::up));
+  server_->send(keysGoing(lifted | std::exchange(putBack_, {}), KeyDirection::up));
   server_->send(keys);
   server_->roundTrip();
   putBack(lifted & modifiers);

@@ -181,6 +181,8 @@ TEST_F(GestureKeys, WhatIsTypedWhileCopiesArePostedGoesToTheMenu) {
     });
     ASSERT_THAT(diary.lines, Contains("chosen Beta")) << round;
     ASSERT_EQ(window.keys(serverKey::c), 3 * (round + 1)) << "three copies";
+    ASSERT_EQ(window.keys(serverKey::c, XCB_MOD_MASK_CONTROL), 3 * (round + 1));
+    ASSERT_EQ(window.keys(serverKey::c, XCB_MOD_MASK_1), 0) << "Alt does not mix in";
   }
   EXPECT_EQ(window.keys(keyDown) + window.keys(keyReturn), 0);
 }
@@ -223,7 +225,7 @@ TEST_F(GestureKeys, TheHotKeyWorksAgainDirectlyAfter) {
 
 TEST_F(GestureKeys, WhatIsTypedAfterTheMenuHasItsAnswerReachesTheApplication) {
   act = [this] { popUp(); };
-  type([](FakeInput& keyboard) {
+  typeForMenu([](FakeInput& keyboard) {
     pressHotKey(keyboard);
     for (const std::uint8_t key : {keyDown, keyReturn, keyX, keyX, keyX})
       keyboard.tap(key);
