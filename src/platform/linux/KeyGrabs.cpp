@@ -9,12 +9,15 @@
 
 namespace tavrel {
 
-bool grabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs) {
+bool grabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs,
+              FollowingKeys following) {
+  const std::uint8_t mode =
+      following == FollowingKeys::wait ? XCB_GRAB_MODE_SYNC : XCB_GRAB_MODE_ASYNC;
   const xcb_window_t root = rootWindow(connection);
   std::vector<xcb_void_cookie_t> asked;
   for (const KeyGrab& grab : grabs)
     asked.push_back(xcb_grab_key_checked(&connection, 0, root, grab.modifiers, grab.key,
-                                         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_SYNC));
+                                         XCB_GRAB_MODE_ASYNC, mode));
   std::vector<KeyGrab> taken;
   for (std::size_t i = 0; i < asked.size(); ++i)
     if (!xcbReply(xcb_request_check(&connection, asked[i])))

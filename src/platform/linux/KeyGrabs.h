@@ -14,10 +14,17 @@ struct KeyGrab {
   friend bool operator==(const KeyGrab&, const KeyGrab&) = default;
 };
 
+/// What becomes of the keys that follow a grabbed one.
+enum class FollowingKeys {
+  comeAtOnce,
+  wait, ///< in the server, until `letKeysThrough`: none of them can overtake us
+};
+
 /// Takes all of them on the root window or, when another program has one, none; true when taken.
-/// From the press of one on, the server keeps all other keys back until `letKeysThrough`, so that
-/// none of them can overtake us.
-[[nodiscard]] bool grabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs);
+/// They must not wait for longer than a held key takes to repeat: the server would repeat it after
+/// it has gone up, and then take it to be down.
+[[nodiscard]] bool grabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs,
+                            FollowingKeys following);
 
 /// Returns when the server has given them up: what is typed from then on is not caught.
 void ungrabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs);

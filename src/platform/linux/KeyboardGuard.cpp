@@ -5,7 +5,7 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::milliseconds longestBusy{500};
+constexpr std::chrono::milliseconds longestBusy{250};
 }
 
 KeyboardGuard::KeyboardGuard(xcb_connection_t& connection)
@@ -39,7 +39,7 @@ void KeyboardGuard::setMenuIsOpen(bool isOpen) {
   menuIsOpen_ = isOpen;
 }
 
-// While nothing happens it sleeps; while much happens it wakes no more than twice a second.
+// While nothing happens it sleeps; while much happens it wakes no more than four times a second.
 void KeyboardGuard::run() {
   std::unique_lock lock(mutex_);
   while (!isOver_) {

@@ -10,9 +10,9 @@ struct xcb_connection_t;
 
 namespace tavrel {
 
-/// Lets the keyboard go, from a thread of its own, when the program has been busy for half a second
-/// without a look at its events, and again and again as long as it is: nobody is to sit before a
-/// dead keyboard because a hot key's item takes its time.
+/// Lets the keyboard go, from a thread of its own, when the program has been busy for a quarter of
+/// a second without a look at its events, and again and again as long as it is: nobody is to sit
+/// before a dead keyboard because a hot key's item takes its time.
 class KeyboardGuard {
 public:
   /// The connection that holds the keyboard, which must outlive this.

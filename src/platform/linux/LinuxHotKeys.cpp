@@ -55,7 +55,7 @@ const char* LinuxHotKeys::take(Registered& key) {
   auto grabs = grabsFor(keys_, key.keyCode, key.modifiers);
   if (grabs.empty() || !connection_)
     return noKeyHere;
-  if (!grabKeys(*connection_, grabs))
+  if (!grabKeys(*connection_, grabs, hold_ ? FollowingKeys::wait : FollowingKeys::comeAtOnce))
     return anotherProgram;
   key.grabs = std::move(grabs);
   return nullptr;
