@@ -12,8 +12,8 @@ namespace tavrel {
 
 /// One time that a modifier key is down, from going down to going up.
 struct ModifierPress {
-  std::size_t key = 0;    ///< server key code
-  std::uint32_t time = 0; ///< of the server, in milliseconds
+  std::size_t key = 0;      ///< server key code
+  std::uint32_t time = 0;   ///< of the server, in milliseconds
   bool interrupted = false; ///< by another key, a mouse button or the wheel
 };
 

@@ -35,7 +35,8 @@ std::optional<RawInputEvent> inputOf(const xcb_generic_event_t& event, std::uint
   if ((event.response_type & 0x7F) != XCB_GE_GENERIC || raw.extension != extension)
     return std::nullopt;
   const auto kind = kindOf(raw.event_type);
-  return kind ? std::optional(RawInputEvent{*kind, raw.detail, raw.sourceid, raw.time}) : std::nullopt;
+  return kind ? std::optional(RawInputEvent{*kind, raw.detail, raw.sourceid, raw.time})
+              : std::nullopt;
 }
 
 struct RawMask {

@@ -176,8 +176,10 @@ TEST_F(GestureKeys, WhatIsTypedWhileCopiesArePostedGoesToTheMenu) {
   for (int round = 0; round < rounds(); ++round) {
     typeForMenu([](FakeInput& keyboard) {
       pressHotKey(keyboard);
-      for (const std::uint8_t key : {keyDown, keyDown, keyDown, keyDown, keyDown, keyReturn})
-        keyboard.tap(key);
+      for (const std::uint8_t key : {keyDown, keyDown, keyDown, keyDown, keyDown, keyReturn}) {
+        keyboard.down(key);
+        keyboard.holdAndRelease(key, 8); // nobody is quicker
+      }
     });
     ASSERT_THAT(diary.lines, Contains("chosen Beta")) << round;
     ASSERT_EQ(window.keys(serverKey::c), 3 * (round + 1)) << "three copies";
