@@ -225,17 +225,6 @@ TEST_F(GestureKeys, TheHotKeyWorksAgainDirectlyAfter) {
   EXPECT_EQ(window.keys(serverKey::one), 0);
 }
 
-TEST_F(GestureKeys, WhatIsTypedAfterTheMenuHasItsAnswerReachesTheApplication) {
-  act = [this] { popUp(); };
-  typeForMenu([](FakeInput& keyboard) {
-    pressHotKey(keyboard);
-    for (const std::uint8_t key : {keyDown, keyReturn, keyX, keyX, keyX})
-      keyboard.tap(key);
-  });
-  EXPECT_THAT(diary.lines, Contains("chosen Alpha"));
-  EXPECT_TRUE(eventually([&] { return window.keys(keyX) == 3; }));
-}
-
 /// Decides about taps as the core does: by looking at the keyboard until the key goes up.
 class DoubleTapKeys : public GestureKeys {
 protected:
