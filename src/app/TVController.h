@@ -43,6 +43,15 @@ public:
   /// Whether the entry of this record does not apply now.
   [[nodiscard]] bool isHideItem(const PropertyList& item) const;
 
+  /// Fills a submenu that is about to open, by its title: running applications, recent items, or
+  /// what is in the folder of that path.
+  void attachFolderContentsFor(Menu& menu);
+  /// Opens what a recent entry stands for; with Command it is revealed.
+  void recentItemSelected(MenuItem& menuItem);
+  /// Brings the application of an entry to the front; with Option it is asked to quit, with Command
+  /// revealed.
+  void processItemSelected(MenuItem& menuItem);
+
   // The status item (invoke/)
   void createStatusMenu();
   void activateStatusMenu();
@@ -125,6 +134,7 @@ private:
   /// Takes over the name of the application in front; its process, 0 for none.
   std::int32_t recordFrontApplication();
   void captureFrontSelection();
+  void prepareStatusMenu();
 
   void armDoubleTap();
   void armLongPress();

@@ -4,6 +4,7 @@
 #include "exec/ExecutingScript.h"
 #include "exec/OptionKeyFlag.h"
 #include "invoke/KeyState.h"
+#include "menu/MenuTitles.h"
 #include "platform/Applications.h"
 #include "platform/Images.h"
 #include "platform/Platform.h"
@@ -65,8 +66,15 @@ void TVController::menuDidClose(Menu& menu) {
 }
 
 void TVController::menuNeedsUpdate(Menu& menu) {
-  if (gExecutingScript || &menu != &statusMenu)
+  if (gExecutingScript)
     return;
+  if (&menu == &statusMenu)
+    prepareStatusMenu();
+  else if (menu.title != groupMenuTitle && !isKeyPreessed())
+    attachFolderContentsFor(menu);
+}
+
+void TVController::prepareStatusMenu() {
   captureFrontSelection();
   filesSelected = isSelectionFiles();
   if (needToRecreateMenu)
@@ -100,6 +108,10 @@ void TVController::menuItemChosen(MenuItem& item) {
     statusMenuDidSelected(item);
   else if (item.action == MenuAction::fileItemDidSelected)
     fileItemDidSelected(item);
+  else if (item.action == MenuAction::recentItemSelected)
+    recentItemSelected(item);
+  else if (item.action == MenuAction::processItemSelected)
+    processItemSelected(item);
   else if (item.action == MenuAction::openTavrelPref)
     openTavrelPref(item);
 }

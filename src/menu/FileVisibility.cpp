@@ -2,7 +2,6 @@
 
 #include "app/SystemVersion.h"
 #include "base/PathString.h"
-#include "platform/Files.h"
 #include "platform/Platform.h"
 
 #include <algorithm>
@@ -18,15 +17,15 @@ constexpr std::array<std::string_view, 10> systemPaths{
     "/etc",      "/mach",        "/automount",
     "/mach.sym", "/mach_kernel", "/Desktop Folder",
     "/Network"};
-
-// Looking at a link instead of through it came with 10.4, as recent items did.
-FinalLink finalLink() {
-  return gOsVersion >= 0x1040 ? FinalLink::keep : FinalLink::follow;
-}
 } // namespace
 
+// Looking at a link instead of through it came with 10.4, as recent items did.
+FinalLink visibilityLink() {
+  return gOsVersion >= 0x1040 ? FinalLink::keep : FinalLink::follow;
+}
+
 bool isInvisibleFile(const std::string& path) {
-  const auto information = platform().files.information(path, finalLink());
+  const auto information = platform().files.information(path, visibilityLink());
   return information && (information->flags & itemFlag::invisible) != 0;
 }
 

@@ -1,11 +1,16 @@
 #pragma once
 
+#include "platform/Files.h"
+
 #include <string>
 
 namespace tavrel {
 
 /// Whether the file carries the invisible flag; false when it cannot be asked.
 [[nodiscard]] bool isInvisibleFile(const std::string& path);
+
+/// Whether such questions look at a symbolic link itself or through it.
+[[nodiscard]] FinalLink visibilityLink();
 
 /// Whether folder browsing never lists the file. The last component must not be empty: callers
 /// pass names from directory listings.

@@ -25,6 +25,15 @@ void loadIcon(std::optional<Image>& image, const char* name) {
     image = resized(*std::move(image), menuIconSize);
 }
 
+void setFoundIcon(MenuItem& item, std::optional<Image> icon, const std::optional<Image>& badge) {
+  if (icon) {
+    item.image = badged(resized(*std::move(icon), menuIconSize), badge);
+    return;
+  }
+  item.title = filled("?? %@", item.title);
+  item.enabled = false;
+}
+
 } // namespace
 
 void loadMenuImages(MenuImages& images) {
@@ -49,19 +58,18 @@ Image badged(Image image, const std::optional<Image>& badge) {
 
 void setMenuItemIconWithBadge(MenuItem& item, const std::optional<std::string>& path,
                               const std::optional<Image>& badge) {
-  if (!showIcon)
-    return;
-  const auto icon = path ? platform().images.iconForFile(*path) : std::nullopt;
-  if (icon) {
-    item.image = badged(resized(*icon, menuIconSize), badge);
-    return;
-  }
-  item.title = filled("?? %@", item.title);
-  item.enabled = false;
+  if (showIcon)
+    setFoundIcon(item, path ? platform().images.iconForFile(*path) : std::nullopt, badge);
 }
 
 void setMenuItemIcon(MenuItem& item, const std::optional<std::string>& path) {
   setMenuItemIconWithBadge(item, path, std::nullopt);
+}
+
+void setListedFileIcon(MenuItem& item, const std::string& path, FileKind kind,
+                       const std::optional<Image>& badge) {
+  if (showIcon)
+    setFoundIcon(item, platform().images.iconForListedFile(path, kind), badge);
 }
 
 } // namespace tavrel

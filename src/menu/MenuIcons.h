@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Files.h"
 #include "platform/Image.h"
 #include "platform/Menu.h"
 
@@ -36,6 +37,10 @@ void releaseSharedIcons();
 void setMenuItemIconWithBadge(MenuItem& item, const std::optional<std::string>& path,
                               const std::optional<Image>& badge);
 void setMenuItemIcon(MenuItem& item, const std::optional<std::string>& path);
+
+/// The same for a file whose kind a listing has told.
+void setListedFileIcon(MenuItem& item, const std::string& path, FileKind kind,
+                       const std::optional<Image>& badge);
 
 /// An image with a badge over it, or the image alone when there is no badge.
 [[nodiscard]] Image badged(Image image, const std::optional<Image>& badge);

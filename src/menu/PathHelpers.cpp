@@ -68,8 +68,11 @@ std::string cleanedUpPath(const std::string& path) {
 }
 
 DirectoryKind isDirectory(const std::string& path, CleanUp cleanUp) {
-  const FileKind kind =
-      platform().files.kind(cleanUp == CleanUp::first ? cleanedUpPath(path) : path);
+  return directoryKind(
+      platform().files.kind(cleanUp == CleanUp::first ? cleanedUpPath(path) : path));
+}
+
+DirectoryKind directoryKind(FileKind kind) {
   if (kind == FileKind::package)
     return DirectoryKind::package;
   return kind == FileKind::directory ? DirectoryKind::folder : DirectoryKind::none;

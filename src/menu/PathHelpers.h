@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/PropertyList.h"
+#include "platform/Files.h"
 
 #include <optional>
 #include <string>
@@ -21,6 +22,9 @@ enum class CleanUp { no, first };
 /// What stands at a path: 0 nothing or a plain file, 1 a folder, 2 a package. The numbers are the
 /// ones menus and actions compare with.
 enum class DirectoryKind { none = 0, folder = 1, package = 2 };
+
+/// The number for a kind of file.
+[[nodiscard]] DirectoryKind directoryKind(FileKind kind);
 
 [[nodiscard]] DirectoryKind isDirectory(const std::string& path, CleanUp cleanUp);
 

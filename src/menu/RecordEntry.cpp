@@ -3,6 +3,7 @@
 #include "app/SystemVersion.h"
 #include "base/Modifiers.h"
 #include "base/Numbers.h"
+#include "menu/FolderContents.h"
 #include "menu/ItemRecord.h"
 #include "menu/PathHelpers.h"
 #include "platform/Images.h"
@@ -52,10 +53,6 @@ void addFolderAlternate(Menu& menu, const MenuItem& folder, const std::string& t
   menu.add(std::move(alternate));
 }
 
-bool isBrowsable(DirectoryKind kind, const MenuBuild& build) {
-  return kind == DirectoryKind::folder || (kind == DirectoryKind::package && build.browsePackage);
-}
-
 // Whatever is no absolute path names no file: an entry must not depend on the folder that the
 // application was started in.
 DirectoryKind kindOf(const std::optional<std::string>& path) {
@@ -69,8 +66,7 @@ void addFileParts(Menu& menu, MenuItem& item, const std::string& title, const Me
   if (build.browseFolder) {
     if (!isBrowsable(kind, build))
       return;
-    item.submenu = std::make_shared<Menu>(*path);
-    item.submenu->delegate = build.delegate;
+    item.submenu = browsingSubmenu(*path, build);
   }
   if (kind == DirectoryKind::folder)
     addFolderAlternate(menu, item, title, path, build);

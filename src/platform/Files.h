@@ -39,10 +39,24 @@ enum class FinalLink { follow, keep };
 /// What kind of file stands at a path.
 enum class FileKind { none, plain, directory, package };
 
+/// A name in a directory, with what browsing asks about each.
+struct ListedFile {
+  std::string name;
+  std::string displayName;         ///< as `Files::displayName` answers for its path
+  bool invisible = false;          ///< the flag that `Files::information` answers
+  FileKind kind = FileKind::plain; ///< of what symbolic links, then an alias, lead to
+};
+
 /// How far resolving a bookmark may go.
 enum class BookmarkResolution {
   withoutInterface = 0x100, ///< never asks the person
   withoutMounting = 0x200,  ///< never mounts a volume
+};
+
+/// How a classic alias record is resolved.
+enum class AliasResolution {
+  withoutInterface = 1,    ///< never asks the person, never mounts
+  fileIdentifierFirst = 2, ///< the file's identity before its path; may ask, and may mount
 };
 
 /// Files and names. Paths are absolute, in UTF-8 (a name that is not UTF-8 travels as its bytes).
@@ -59,6 +73,12 @@ public:
 
   /// The names in a directory, in no order, without "." and ".."; empty when it cannot be read.
   [[nodiscard]] virtual std::vector<std::string> list(const std::string& path) = 0;
+
+  /// The names that `list` answers, each with what the single questions would answer about it
+  /// (`link` is for the flag), but quick for a folder of any length. Where a file system does not
+  /// answer within about a second, a name that it was asked about is of the kind `none`; and when
+  /// the names themselves do not come, there are none.
+  [[nodiscard]] virtual std::vector<ListedFile> browse(const std::string& path, FinalLink link) = 0;
 
   /// The name to show for a path; its last component when there is no better one.
   [[nodiscard]] virtual std::string displayName(const std::string& path) = 0;
@@ -81,6 +101,11 @@ public:
   /// The URL a bookmark leads to now; nothing when the file cannot be found or the data is junk.
   [[nodiscard]] virtual std::optional<std::string> resolveBookmark(const Bytes& bookmark,
                                                                    BookmarkResolution how) = 0;
+
+  /// The path that a classic alias record leads to now; nothing when the file cannot be had or the
+  /// data is junk.
+  [[nodiscard]] virtual std::optional<std::string> resolveAliasRecord(const Bytes& record,
+                                                                      AliasResolution how) = 0;
 
   /// The person's home folder, without a trailing slash.
   [[nodiscard]] virtual std::string homeDirectory() = 0;

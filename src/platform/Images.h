@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/PropertyList.h"
+#include "platform/Files.h"
 #include "platform/Image.h"
 
 #include <optional>
@@ -23,6 +24,11 @@ public:
   /// The icon of the file at an absolute path, `menuIconSize`; nothing when no file is there.
   /// Cheap: what is costly to find or draw is found when the image is first drawn.
   [[nodiscard]] virtual std::optional<Image> iconForFile(const std::string& path) = 0;
+
+  /// The same for a file of which a listing has just told what it is: it is not looked for again.
+  /// Nothing for the kind `none`.
+  [[nodiscard]] virtual std::optional<Image> iconForListedFile(const std::string& path,
+                                                               FileKind kind) = 0;
 };
 
 } // namespace tavrel

@@ -81,6 +81,45 @@ TYPED_TEST_P(FilesContract, AListingNamesEveryEntryOnce) {
               ::testing::UnorderedElementsAre("b", ".dot", "folder", "broken"));
 }
 
+TYPED_TEST_P(FilesContract, BrowsingAnswersForEachNameWhatTheSingleQuestionsWould) {
+  this->world.addFile(this->at("b"));
+  this->world.addFile(this->at(".dot"));
+  this->world.addFolder(this->at("folder"));
+  this->world.addApplication(this->at("Edit.app"));
+  this->world.addSymlink(this->at("link"), "folder");
+  this->world.addSymlink(this->at("broken"), "nowhere");
+  this->world.addSymlink(this->at("circle"), "circle");
+  this->world.addAlias(this->at("alias.desktop"), this->at("folder"));
+  this->world.addSymlink(this->at("link to alias.desktop"), "alias.desktop");
+  this->world.addAlias(this->at("lost.desktop"), this->at("none"));
+  std::vector<std::string> names;
+  for (const ListedFile& file : this->files().browse(this->world.root(), FinalLink::keep)) {
+    const std::string path = this->at(file.name);
+    const auto information = this->files().information(path, FinalLink::keep);
+    const std::string resolved = this->files().resolveSymlinks(path);
+    names.push_back(file.name);
+    EXPECT_EQ(file.displayName, this->files().displayName(path)) << file.name;
+    EXPECT_EQ(file.invisible, (information->flags & itemFlag::invisible) != 0) << file.name;
+    EXPECT_EQ(file.kind,
+              this->files().kind(this->files().resolveAlias(resolved).value_or(resolved)))
+        << file.name;
+  }
+  EXPECT_THAT(names, ::testing::UnorderedElementsAreArray(this->files().list(this->world.root())));
+}
+
+TYPED_TEST_P(FilesContract, WhatCannotBeListedCannotBeBrowsed) {
+  this->world.addFile(this->at("file"));
+  this->world.addFolder(this->at("empty"));
+  for (const char* name : {"file", "empty", "none"})
+    EXPECT_THAT(this->files().browse(this->at(name), FinalLink::keep), ::testing::IsEmpty());
+}
+
+TYPED_TEST_P(FilesContract, JunkIsNoAliasRecord) {
+  for (const auto how : {AliasResolution::withoutInterface, AliasResolution::fileIdentifierFirst})
+    for (const Bytes& junk : {Bytes{}, Bytes{1, 2, 3}})
+      EXPECT_FALSE(this->files().resolveAliasRecord(junk, how));
+}
+
 TYPED_TEST_P(FilesContract, WhatCannotBeListedIsEmpty) {
   this->world.addFile(this->at("file"));
   this->world.addFolder(this->at("empty"));
@@ -266,12 +305,14 @@ TYPED_TEST_P(FilesContract, JunkIsNoBookmarkAndAMissingFileHasNone) {
 REGISTER_TYPED_TEST_SUITE_P(
     FilesContract, AFileAFolderAndAPackageAreTold, NothingStandsAtAMissingPath, ALinkIsSeenThrough,
     NothingStandsAtTheEndOfABrokenLinkOrALoop, AListingNamesEveryEntryOnce,
-    WhatCannotBeListedIsEmpty, ADisplayNameIsTheLastComponentWhereThereIsNoBetter,
-    LinksAreResolvedAnywhereInAPath, TheParentOfALinkIsThatOfItsTarget,
-    APathWithoutLinksComesBackUnchanged, APathThatDoesNotResolveComesBackUnchanged,
-    ALeadingTildeIsTheHomeFolder, AnAliasLeadsToItsTarget, AChainOfAliasesIsFollowedToItsEnd,
-    AnAliasLoopHasNoTarget, AnAliasWhoseTargetIsGoneHasNone, ALinkInsideTheTargetOfAnAliasStays,
-    WhatIsNoAliasHasNoTarget, FlagsTellTheKindsOfFilesApart, AScriptHasTheTypeCodeOfScripts,
+    BrowsingAnswersForEachNameWhatTheSingleQuestionsWould, WhatCannotBeListedCannotBeBrowsed,
+    JunkIsNoAliasRecord, WhatCannotBeListedIsEmpty,
+    ADisplayNameIsTheLastComponentWhereThereIsNoBetter, LinksAreResolvedAnywhereInAPath,
+    TheParentOfALinkIsThatOfItsTarget, APathWithoutLinksComesBackUnchanged,
+    APathThatDoesNotResolveComesBackUnchanged, ALeadingTildeIsTheHomeFolder,
+    AnAliasLeadsToItsTarget, AChainOfAliasesIsFollowedToItsEnd, AnAliasLoopHasNoTarget,
+    AnAliasWhoseTargetIsGoneHasNone, ALinkInsideTheTargetOfAnAliasStays, WhatIsNoAliasHasNoTarget,
+    FlagsTellTheKindsOfFilesApart, AScriptHasTheTypeCodeOfScripts,
     ALinkAtTheEndIsFollowedOrKeptAsAsked, ABookmarkLeadsToItsFile,
     TheUrlOfABookmarkedFolderEndsInASlash, ABookmarkFollowsAFileThatIsRenamedOrMoved,
     ABookmarkFollowsTheFolderAroundItsFile, ABookmarkPrefersItsFileToAnotherAtTheOldPlace,

@@ -62,8 +62,18 @@ TYPED_TEST_P(ImagesContract, WhereNoFileIsThereIsNoIcon) {
   EXPECT_FALSE(this->images().iconForFile("relative"));
 }
 
+TYPED_TEST_P(ImagesContract, TheIconOfAListedFileIsThereUnlessItLeadsNowhere) {
+  const std::string path = this->world.addFile();
+  const auto image = this->images().iconForListedFile(path, FileKind::plain);
+  ASSERT_TRUE(image);
+  EXPECT_EQ(image->size, menuIconSize);
+  EXPECT_TRUE(this->images().iconForListedFile(path + "gone since", FileKind::plain));
+  EXPECT_FALSE(this->images().iconForListedFile(this->world.brokenLink(), FileKind::none));
+}
+
 REGISTER_TYPED_TEST_SUITE_P(ImagesContract, AResourceHasItsNaturalSize, AMissingResourceIsNothing,
                             DataOfAPictureHasItsNaturalSize, DataThatIsNoPictureIsNothing,
-                            TheIconOfAFileHasTheSizeOfMenuIcons, WhereNoFileIsThereIsNoIcon);
+                            TheIconOfAFileHasTheSizeOfMenuIcons, WhereNoFileIsThereIsNoIcon,
+                            TheIconOfAListedFileIsThereUnlessItLeadsNowhere);
 
 } // namespace tavrel

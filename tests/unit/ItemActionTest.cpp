@@ -47,7 +47,7 @@ ItemChoice withTerminalSetting(ItemChoice choice) {
 const ItemChoice anApplication = choiceOf(ItemType::application);
 const ItemChoice documentFile = choiceOf(ItemType::documentFile);
 const ItemChoice package = choiceOf(ItemType::package);
-const ItemChoice folder = choiceOf(ItemType::folder);
+const ItemChoice aFolder = choiceOf(ItemType::folder);
 const ItemChoice script = choiceOf(ItemType::appleScript);
 
 TEST(ActionForItem, ADocumentOpensAndCommandRevealsIt) {
@@ -64,17 +64,17 @@ TEST(ActionForItem, APackageThatBecameAFolderIsOpenedAsAFolderEvenWithCommand) {
 }
 
 TEST(ActionForItem, AFolderOpensAndCommandRevealsItOrOpensATerminal) {
-  EXPECT_EQ(actionForItem(folder), ItemAction::openFolder);
-  EXPECT_EQ(actionForItem(withCommand(folder)), ItemAction::showInFinder);
-  EXPECT_EQ(actionForItem(withTerminalSetting(withCommand(folder))),
+  EXPECT_EQ(actionForItem(aFolder), ItemAction::openFolder);
+  EXPECT_EQ(actionForItem(withCommand(aFolder)), ItemAction::showInFinder);
+  EXPECT_EQ(actionForItem(withTerminalSetting(withCommand(aFolder))),
             ItemAction::openFolderWithTerminal);
-  EXPECT_EQ(actionForItem(withTerminalSetting(folder)), ItemAction::openFolder);
+  EXPECT_EQ(actionForItem(withTerminalSetting(aFolder)), ItemAction::openFolder);
 }
 
 TEST(ActionForItem, TheAlternateOfAFolderMovesFilesWhetherAnyWereCapturedOrNot) {
-  EXPECT_EQ(actionForItem(asAlternate(folder)), ItemAction::moveSelectedFiles);
-  EXPECT_EQ(actionForItem(withFiles(asAlternate(folder))), ItemAction::moveSelectedFiles);
-  EXPECT_EQ(actionForItem(withCommand(asAlternate(folder))), ItemAction::moveSelectedFiles);
+  EXPECT_EQ(actionForItem(asAlternate(aFolder)), ItemAction::moveSelectedFiles);
+  EXPECT_EQ(actionForItem(withFiles(asAlternate(aFolder))), ItemAction::moveSelectedFiles);
+  EXPECT_EQ(actionForItem(withCommand(asAlternate(aFolder))), ItemAction::moveSelectedFiles);
 }
 
 TEST(ActionForItem, AUrlAndAServiceHaveNoVariants) {
@@ -98,8 +98,8 @@ TEST(ActionForItem, AnApplicationGetsTheCapturedFilesUnlessOptionIsHeld) {
 }
 
 TEST(ActionForItem, AHotKeyTakesThePlainActionWhateverIsHeld) {
-  EXPECT_EQ(actionForItem(fromHotKey(withCommand(folder))), ItemAction::openFolder);
-  EXPECT_EQ(actionForItem(fromHotKey(asAlternate(folder))), ItemAction::openFolder);
+  EXPECT_EQ(actionForItem(fromHotKey(withCommand(aFolder))), ItemAction::openFolder);
+  EXPECT_EQ(actionForItem(fromHotKey(asAlternate(aFolder))), ItemAction::openFolder);
   EXPECT_EQ(actionForItem(fromHotKey(withCommand(documentFile))), ItemAction::openFile);
   EXPECT_EQ(actionForItem(fromHotKey(withCommand(withOption(script)))), ItemAction::execScript);
   EXPECT_EQ(actionForItem(fromHotKey(withCommand(withFiles(anApplication)))),
@@ -123,12 +123,12 @@ TEST(ActionForBrowsedFile, ADocumentThatIsAFolderIsNotRedirected) {
 }
 
 TEST(ActionForBrowsedFile, TheAlternateOfAFolderOpensItWithoutCapturedFiles) {
-  EXPECT_EQ(actionForBrowsedFile(asAlternate(folder)), ItemAction::openFolder);
-  EXPECT_EQ(actionForBrowsedFile(withFiles(asAlternate(folder))), ItemAction::moveSelectedFiles);
+  EXPECT_EQ(actionForBrowsedFile(asAlternate(aFolder)), ItemAction::openFolder);
+  EXPECT_EQ(actionForBrowsedFile(withFiles(asAlternate(aFolder))), ItemAction::moveSelectedFiles);
 }
 
 TEST(ActionForBrowsedFile, TheAlternateOfAFolderIsOneEvenWithCommand) {
-  const ItemChoice choice = withTerminalSetting(withCommand(asAlternate(folder)));
+  const ItemChoice choice = withTerminalSetting(withCommand(asAlternate(aFolder)));
   EXPECT_EQ(actionForBrowsedFile(choice), ItemAction::openFolder);
   EXPECT_EQ(actionForBrowsedFile(withFiles(choice)), ItemAction::moveSelectedFiles);
 }
@@ -140,9 +140,9 @@ TEST(ActionForBrowsedFile, CommandRevealsEveryOtherKind) {
 }
 
 TEST(ActionForBrowsedFile, CommandOnAFolderRevealsItOrOpensATerminal) {
-  EXPECT_EQ(actionForBrowsedFile(folder), ItemAction::openFolder);
-  EXPECT_EQ(actionForBrowsedFile(withCommand(folder)), ItemAction::showInFinder);
-  EXPECT_EQ(actionForBrowsedFile(withTerminalSetting(withCommand(folder))),
+  EXPECT_EQ(actionForBrowsedFile(aFolder), ItemAction::openFolder);
+  EXPECT_EQ(actionForBrowsedFile(withCommand(aFolder)), ItemAction::showInFinder);
+  EXPECT_EQ(actionForBrowsedFile(withTerminalSetting(withCommand(aFolder))),
             ItemAction::openFolderWithTerminal);
 }
 

@@ -1,8 +1,8 @@
 #include "platform/linux/ApplicationLauncher.h"
 
+#include "base/LocalUrl.h"
 #include "platform/linux/DBusActivation.h"
 #include "platform/linux/ExecLine.h"
-#include "platform/linux/LocalUrl.h"
 #include "platform/linux/ProcessLauncher.h"
 #include "platform/linux/Program.h"
 #include "platform/linux/StartupNotice.h"

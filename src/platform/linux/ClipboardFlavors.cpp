@@ -1,8 +1,8 @@
 #include "platform/linux/ClipboardFlavors.h"
 
+#include "base/LocalUrl.h"
 #include "platform/Pasteboards.h"
 #include "platform/linux/ClipboardText.h"
-#include "platform/linux/LocalUrl.h"
 #include "platform/linux/NativeTarget.h"
 #include "platform/linux/PropertyListCodec.h"
 

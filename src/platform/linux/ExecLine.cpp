@@ -1,6 +1,6 @@
 #include "platform/linux/ExecLine.h"
 
-#include "platform/linux/LocalUrl.h"
+#include "base/LocalUrl.h"
 
 #include <algorithm>
 

@@ -86,6 +86,11 @@ std::vector<std::string> LinuxFiles::list(const std::string& path) {
   return names;
 }
 
+/// A name says whether it is invisible, so that it makes no difference what a link leads to.
+std::vector<ListedFile> LinuxFiles::browse(const std::string& path, FinalLink) {
+  return folderListings_.browse(path);
+}
+
 std::string LinuxFiles::displayName(const std::string& path) {
   if (auto name = entryName(path))
     return *std::move(name);
@@ -135,6 +140,12 @@ std::optional<std::string> LinuxFiles::resolveBookmark(const Bytes& bookmark, Bo
     return std::nullopt;
   const bool plain = kind(*path) == FileKind::plain;
   return fileUrlOfPath(*path, plain ? PathIs::file : PathIs::directory);
+}
+
+/// There are no records of the classic kind here; a bookmark serves as one.
+std::optional<std::string> LinuxFiles::resolveAliasRecord(const Bytes& record, AliasResolution) {
+  const auto known = bookmarkFromData(record);
+  return known ? findBookmarked(*known, userFolders()) : std::nullopt;
 }
 
 std::string LinuxFiles::homeDirectory() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Files.h"
+#include "platform/linux/FolderListings.h"
 #include "platform/linux/HiddenNames.h"
 #include "platform/linux/SymbolicLinks.h"
 
@@ -14,6 +15,7 @@ public:
   bool exists(const std::string& path) override;
   FileKind kind(const std::string& path) override;
   std::vector<std::string> list(const std::string& path) override;
+  std::vector<ListedFile> browse(const std::string& path, FinalLink link) override;
   std::string displayName(const std::string& path) override;
   std::string resolveSymlinks(const std::string& path) override;
   std::optional<std::string> resolveAlias(const std::string& path) override;
@@ -21,9 +23,11 @@ public:
   std::optional<Bytes> bookmark(const std::string& path) override;
   std::optional<std::string> resolveBookmark(const Bytes& bookmark,
                                              BookmarkResolution how) override;
+  std::optional<std::string> resolveAliasRecord(const Bytes& record, AliasResolution how) override;
   std::string homeDirectory() override;
 
 private:
+  FolderListings folderListings_{std::chrono::seconds(1)};
   HiddenNames hiddenNames_;
   SymbolicLinks symbolicLinks_;
 };

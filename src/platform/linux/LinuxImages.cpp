@@ -65,7 +65,15 @@ std::optional<Image> LinuxImages::fromData(const Bytes& data) {
 std::optional<Image> LinuxImages::iconForFile(const std::string& path) {
   if (!path.starts_with('/') || !fileStatus(path, LinkMode::follow))
     return std::nullopt;
-  return Image{{{std::make_shared<FileIconContent>(path, icons_), menuIconSize}}, menuIconSize};
+  return fileIcon(path);
+}
+
+std::optional<Image> LinuxImages::iconForListedFile(const std::string& path, FileKind kind) {
+  return kind == FileKind::none ? std::nullopt : std::optional(fileIcon(path));
+}
+
+Image LinuxImages::fileIcon(const std::string& path) {
+  return {{{std::make_shared<FileIconContent>(path, icons_), menuIconSize}}, menuIconSize};
 }
 
 } // namespace tavrel

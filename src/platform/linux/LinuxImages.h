@@ -18,8 +18,11 @@ public:
   std::optional<Image> named(const std::string& name) override;
   std::optional<Image> fromData(const Bytes& data) override;
   std::optional<Image> iconForFile(const std::string& path) override;
+  std::optional<Image> iconForListedFile(const std::string& path, FileKind kind) override;
 
 private:
+  [[nodiscard]] Image fileIcon(const std::string& path);
+
   std::string resourceFolder_;
   std::map<std::string, std::optional<Image>> named_;
   std::shared_ptr<FileIcons> icons_;

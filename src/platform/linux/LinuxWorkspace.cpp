@@ -1,10 +1,10 @@
 #include "platform/linux/LinuxWorkspace.h"
 
+#include "base/LocalUrl.h"
 #include "base/Url.h"
 #include "platform/linux/BoundedFile.h"
 #include "platform/linux/FileManagerRoles.h"
 #include "platform/linux/FileTransfer.h"
-#include "platform/linux/LocalUrl.h"
 #include "platform/linux/OwnPieces.h"
 #include "platform/linux/Program.h"
 #include "platform/linux/SafeRemoval.h"

@@ -180,6 +180,19 @@ std::vector<std::string> MemoryFiles::list(const std::string& path) {
   return names;
 }
 
+std::vector<ListedFile> MemoryFiles::browse(const std::string& path, FinalLink link) {
+  std::vector<ListedFile> files;
+  for (std::string& name : list(path)) {
+    const std::string inside = appendingPathComponent(path, name);
+    const auto told = information(inside, link);
+    const std::string resolved = resolveSymlinks(inside);
+    files.push_back({std::move(name), displayName(inside),
+                     told && (told->flags & itemFlag::invisible) != 0,
+                     kind(resolveAlias(resolved).value_or(resolved))});
+  }
+  return files;
+}
+
 std::string MemoryFiles::displayName(const std::string& path) {
   const Entry* entry = find(path, FinalLink::keep);
   const bool named = entry && entry->second.displayName;
@@ -231,6 +244,14 @@ std::optional<std::string> MemoryFiles::resolveBookmark(const Bytes& bookmark,
       return fileUrlOfPath(path,
                            fileKind(node) == FileKind::plain ? PathIs::file : PathIs::directory);
   return std::nullopt;
+}
+
+std::optional<std::string> MemoryFiles::resolveAliasRecord(const Bytes& record,
+                                                           AliasResolution how) {
+  control.aliasRecordsResolved.push_back(how);
+  const auto known = control.aliasRecords.find(record);
+  return known != control.aliasRecords.end() && exists(known->second) ? std::optional(known->second)
+                                                                      : std::nullopt;
 }
 
 } // namespace tavrel

@@ -31,10 +31,13 @@ public:
     std::map<std::string, Node, std::less<>> nodes;
     /// Bookmark data that lead to a URL of any kind, whatever files there are.
     std::map<Bytes, std::string> bookmarkUrls;
+    /// Alias records and the paths they lead to; every other data is junk.
+    std::map<Bytes, std::string> aliasRecords;
 
     std::vector<std::pair<std::string, FinalLink>> informationAsked;
     std::vector<std::string> listed;
     std::vector<BookmarkResolution> bookmarksResolved;
+    std::vector<AliasResolution> aliasRecordsResolved;
 
     Control();
     /// Each adds what stands at the path, replacing what stood there; folders on the way are made.
@@ -65,6 +68,7 @@ public:
   bool exists(const std::string& path) override;
   FileKind kind(const std::string& path) override;
   std::vector<std::string> list(const std::string& path) override;
+  std::vector<ListedFile> browse(const std::string& path, FinalLink link) override;
   std::string displayName(const std::string& path) override;
   std::string resolveSymlinks(const std::string& path) override;
   std::optional<std::string> resolveAlias(const std::string& path) override;
@@ -72,6 +76,7 @@ public:
   std::optional<Bytes> bookmark(const std::string& path) override;
   std::optional<std::string> resolveBookmark(const Bytes& bookmark,
                                              BookmarkResolution how) override;
+  std::optional<std::string> resolveAliasRecord(const Bytes& record, AliasResolution how) override;
   std::string homeDirectory() override { return control.home; }
 
 private:

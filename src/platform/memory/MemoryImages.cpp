@@ -40,6 +40,13 @@ std::optional<Image> MemoryImages::iconForFile(const std::string& path) {
   return picture("icon of " + path, menuIconSize);
 }
 
+std::optional<Image> MemoryImages::iconForListedFile(const std::string& path, FileKind kind) {
+  control.iconsAsked.push_back(path);
+  if (kind == FileKind::none || control.withoutIcon.contains(path))
+    return std::nullopt;
+  return picture("icon of " + path, menuIconSize);
+}
+
 std::vector<std::string> pictureNames(const Image& image) {
   std::vector<std::string> names;
   for (const ImageLayer& layer : image.layers) {

@@ -1,4 +1,4 @@
-#include "platform/linux/LocalUrl.h"
+#include "base/LocalUrl.h"
 
 #include "base/Url.h"
 

@@ -1,0 +1,62 @@
+#include "menu/RunningApplications.h"
+
+#include "app/TVController.h"
+#include "base/Format.h"
+#include "base/PathString.h"
+#include "exec/FileActions.h"
+#include "exec/ScriptRunner.h"
+#include "invoke/KeyState.h"
+#include "platform/Applications.h"
+#include "platform/Platform.h"
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace {
+
+// An application in front that has no path counts as none.
+std::string nameInFront() {
+  const auto front = platform().applications.active();
+  return front && front->path ? front->name.value_or("") : std::string();
+}
+
+std::optional<RunningApplication> firstNamed(const std::string& name) {
+  const std::vector<RunningApplication> launched = platform().applications.launched();
+  const auto found = std::ranges::find(launched, name, &RunningApplication::name);
+  return found == launched.end() ? std::nullopt : std::optional(*found);
+}
+
+void askToQuit(const std::string& path) {
+  runOwnSource(filled("tell application \"%@\" to quit",
+                      deletingPathExtension(lastPathComponent(path))));
+}
+
+} // namespace
+
+void addRunningApplications(Menu& menu) {
+  const std::string inFront = nameInFront();
+  for (const RunningApplication& application : platform().applications.launched()) {
+    if (!application.name)
+      continue;
+    MenuItem& item = menu.add({.title = *application.name});
+    item.action = MenuAction::processItemSelected;
+    item.state = *application.name == inFront ? MenuItemState::on : MenuItemState::off;
+    setMenuItemIcon(item, application.path);
+  }
+}
+
+void TVController::processItemSelected(MenuItem& menuItem) {
+  const auto application = firstNamed(menuItem.title);
+  if (!application)
+    return;
+  const std::string path = application->path.value_or("");
+  if (CheckOptionKey())
+    askToQuit(path);
+  else if (CheckCommandKey())
+    showInFinder(path);
+  else
+    platform().applications.bringToFront(application->serialNumber);
+}
+
+} // namespace tavrel

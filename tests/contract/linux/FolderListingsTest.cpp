@@ -1,0 +1,158 @@
+#include "platform/linux/FolderListings.h"
+
+#include "platform/linux/LinuxFiles.h"
+#include "support/DeadFileSystem.h"
+#include "support/ScratchFolders.h"
+#include "support/WaitFor.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace tavrel {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+constexpr std::chrono::milliseconds patience{200};
+
+class FolderListingsTest : public ::testing::Test {
+protected:
+  std::string at(const std::string& name) { return (scratch_.path() / name).string(); }
+
+  std::string add(const std::string& name) {
+    write(at(name), "text");
+    return at(name);
+  }
+
+  std::string addFolder(const std::string& name) {
+    fs::create_directory(at(name));
+    return at(name);
+  }
+
+  // "name kind" in the order of the names.
+  std::vector<std::string> browsed(const std::string& folder) {
+    std::vector<std::string> rows;
+    for (const ListedFile& file : listings.browse(folder))
+      rows.push_back(file.displayName + ' ' + std::to_string(static_cast<int>(file.kind)));
+    std::ranges::sort(rows);
+    return rows;
+  }
+
+  FolderListings listings{patience};
+  ScratchFolder scratch_;
+};
+
+TEST_F(FolderListingsTest, NamesOfAnyBytesAndOfTheLongestAreListedAsTheyAre) {
+  const std::vector<std::string> names{"\xFF\xFE", "line\nfeed", "\u202Edet", std::string(255, 'x'),
+                                       "back\\slash", " "};
+  for (const std::string& name : names)
+    add(name);
+  std::vector<std::string> found;
+  for (const ListedFile& file : listings.browse(scratch_.path().string()))
+    found.push_back(file.name);
+  EXPECT_THAT(found, ::testing::UnorderedElementsAreArray(names));
+}
+
+TEST_F(FolderListingsTest, PipesAndSocketsAreListedAndNeverOpened) {
+  ASSERT_EQ(::mkfifo(at("pipe").c_str(), 0600), 0);
+  ASSERT_EQ(::mkfifo(at("pipe.desktop").c_str(), 0600), 0);
+  EXPECT_THAT(browsed(scratch_.path().string()), ElementsAre("pipe 1", "pipe.desktop 1"));
+}
+
+// Nothing is closed to the administrator, who asks as another person.
+TEST_F(FolderListingsTest, AFolderThatMayNotBeReadIsEmptyAndOneThatMayNotBeSearchedHasItsNames) {
+  constexpr uid_t nobody = 65534;
+  add("file");
+  addFolder("folder");
+  const bool administrator = ::geteuid() == 0;
+  if (administrator) {
+    ASSERT_EQ(::chown(scratch_.path().c_str(), nobody, nobody), 0);
+    ASSERT_EQ(::seteuid(nobody), 0);
+  }
+  fs::permissions(scratch_.path(), fs::perms::owner_exec);
+  EXPECT_THAT(browsed(scratch_.path().string()), IsEmpty());
+  fs::permissions(scratch_.path(), fs::perms::owner_read);
+  EXPECT_THAT(browsed(scratch_.path().string()), ElementsAre("file 1", "folder 2"));
+  fs::permissions(scratch_.path(), fs::perms::owner_all);
+  if (administrator) {
+    ASSERT_EQ(::seteuid(0), 0);
+  }
+}
+
+TEST_F(FolderListingsTest, ALoopOfLinksLeadsNowhere) {
+  fs::create_symlink("two", at("one"));
+  fs::create_symlink("one", at("two"));
+  fs::create_directory_symlink(".", at("here"));
+  EXPECT_THAT(browsed(scratch_.path().string()), ElementsAre("here 2", "one 0", "two 0"));
+}
+
+class DeadFileSystemTest : public FolderListingsTest {
+protected:
+  void SetUp() override {
+    if (!dead.isMounted())
+      GTEST_SKIP() << "no rights to mount a file system here";
+  }
+
+  std::string folder = addFolder("dead");
+  DeadFileSystem dead{folder};
+};
+
+TEST_F(DeadFileSystemTest, CostsOneBoundedWaitAndIsEmptyAndSaysSo) {
+  const auto start = std::chrono::steady_clock::now();
+  ::testing::internal::CaptureStderr();
+  EXPECT_THAT(browsed(folder), IsEmpty());
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+              ::testing::AllOf(HasSubstr(folder), HasSubstr("does not answer")));
+  EXPECT_GE(std::chrono::steady_clock::now() - start, patience);
+}
+
+TEST_F(DeadFileSystemTest, IsNotWaitedForAgainWhileItIsStuck) {
+  constexpr std::chrono::seconds longer{2};
+  FolderListings patient{longer};
+  EXPECT_THAT(patient.browse(folder), IsEmpty());
+  const auto start = std::chrono::steady_clock::now();
+  ::testing::internal::CaptureStderr();
+  EXPECT_THAT(patient.browse(folder), IsEmpty());
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("does not answer"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, longer / 2);
+}
+
+TEST_F(DeadFileSystemTest, TheFolderItIsMountedInIsListedWithoutAskingIt) {
+  add("file");
+  ::testing::internal::CaptureStderr();
+  EXPECT_THAT(browsed(scratch_.path().string()), ElementsAre("dead 2", "file 1"));
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(DeadFileSystemTest, ALinkIntoItLeadsNowhereAndTheRestOfItsFolderIsThere) {
+  add("file");
+  fs::create_symlink(folder + "/inside", at("link"));
+  ::testing::internal::CaptureStderr();
+  EXPECT_THAT(browsed(scratch_.path().string()), ElementsAre("dead 2", "file 1", "link 0"));
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("\"link\""));
+}
+
+TEST_F(DeadFileSystemTest, AnswersAgainOnceItIsGone) {
+  (void)browsed(folder);
+  ::umount2(folder.c_str(), MNT_DETACH | MNT_FORCE);
+  add("dead/alive");
+  EXPECT_TRUE(waitFor([&] { return browsed(folder) == std::vector<std::string>{"alive 1"}; }));
+}
+
+TEST_F(DeadFileSystemTest, DoesNotKeepTheProgramFromEnding) {
+  EXPECT_EXIT(
+      {
+        (void)browsed(folder);
+        std::exit(0);
+      },
+      ::testing::ExitedWithCode(0), "does not answer");
+}
+
+} // namespace
+} // namespace tavrel
