@@ -147,6 +147,8 @@ std::optional<std::string> findBookmarked(const FileBookmark& bookmark,
   const auto there = fileIdentity(bookmark.path);
   if (there && sameFile(*there, bookmark.identity))
     return bookmark.path;
+  if (bookmark.identity.inode == 0)
+    return there ? std::optional(bookmark.path) : std::nullopt;
   const std::string folder = nearestFolder(deletingLastPathComponent(bookmark.path));
   Search search(bookmark.identity);
   search.add(folder);

@@ -34,11 +34,12 @@ struct FileBookmark {
 /// Nothing for data that is no bookmark.
 [[nodiscard]] std::optional<FileBookmark> bookmarkFromData(const Bytes& data);
 
-/// The path the file is at now. When another file stands at its old path that one is taken only
-/// after the search: many editors save by putting a new file in the place of the old. The search
-/// goes through what is left of the old folder, its parent and the folders given, three levels
-/// deep, hidden folders, symbolic links and mounted file systems left out, and ends after 20,000
-/// names.
+/// The path the file is at now; of a file without identity, which was not there when the bookmark
+/// was made, its path if it is there now. When another file stands at its old path that one is
+/// taken only after the search: many editors save by putting a new file in the place of the old.
+/// The search goes through what is left of the old folder, its parent and the folders given, three
+/// levels deep, hidden folders, symbolic links and mounted file systems left out, and ends after
+/// 20,000 names.
 [[nodiscard]] std::optional<std::string> findBookmarked(const FileBookmark& bookmark,
                                                         const std::vector<std::string>& folders);
 

@@ -35,6 +35,7 @@
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/OwnKeystrokes.h"
 #include "platform/linux/PreferenceWatch.h"
+#include "platform/linux/RecentItemsView.h"
 #include "platform/linux/ResourceFolder.h"
 #include "platform/linux/SelectedScript.h"
 #include "platform/linux/ServiceFolders.h"
@@ -68,7 +69,8 @@ struct LinuxDesktop::Adapters {
   LinuxDistributedNotificationCenter distributedNotifications{
       [this] { return presenter.isOpen(); }};
   LinuxPasteboards pasteboards;
-  LinuxPreferences preferences{preferenceFolder()};
+  LinuxPreferences preferences{
+      preferenceFolder(), {{"com.apple.recentitems", [this] { return recentItems(registry); }}}};
   LinuxPresenter presenter;
   LinuxRichText richText;
   LinuxScripting scripting;

@@ -5,6 +5,7 @@
 #include <QLoggingCategory>
 
 #include <cstdlib>
+#include <utility>
 
 namespace tavrel {
 
@@ -87,6 +88,8 @@ LinuxPreferences::~LinuxPreferences() {
 
 LinuxPreferences::Domain& LinuxPreferences::opened(const std::string& name) {
   const auto [place, added] = domains_.try_emplace(name);
+  if (added && renewView(name, place->second))
+    return place->second;
   if (added && isFileName(name))
     place->second.values = readFirst(pathOf(name)).values;
   else if (added)
@@ -107,6 +110,14 @@ bool LinuxPreferences::hasChangedElsewhere(const std::string& name) {
   return expected != domain.values;
 }
 
+bool LinuxPreferences::renewView(const std::string& name, Domain& renewed) {
+  const auto view = views_.find(name);
+  if (view == views_.end())
+    return false;
+  renewed.values = view->second();
+  return true;
+}
+
 std::optional<PropertyList> LinuxPreferences::value(const std::string& domain,
                                                     const std::string& key) {
   const auto& values = opened(domain).values;
@@ -123,6 +134,8 @@ void LinuxPreferences::setValue(const std::string& domain, const std::string& ke
 
 bool LinuxPreferences::synchronize(const std::string& name) {
   Domain& domain = opened(name);
+  if (renewView(name, domain))
+    return std::exchange(domain.pending, {}).empty();
   if (!isFileName(name))
     return domain.pending.empty();
   const std::string path = pathOf(name);

@@ -3,6 +3,7 @@
 #include "platform/Preferences.h"
 #include "platform/linux/PreferenceFile.h"
 
+#include <functional>
 #include <map>
 
 namespace tavrel {
@@ -12,8 +13,13 @@ namespace tavrel {
 /// moves it aside. Each trouble is one line on standard error.
 class LinuxPreferences final : public Preferences {
 public:
-  /// The folder need not exist yet.
-  explicit LinuxPreferences(std::string folder) : folder_(std::move(folder)) {}
+  /// What a domain holds at the moment.
+  using View = std::function<PropertyList::Dictionary()>;
+
+  /// The folder need not exist yet. Domains that have a view are read from it, and cannot be
+  /// written.
+  explicit LinuxPreferences(std::string folder, std::map<std::string, View> views = {})
+      : folder_(std::move(folder)), views_(std::move(views)) {}
   /// Writes what is still pending.
   ~LinuxPreferences() override;
 
@@ -41,7 +47,10 @@ private:
   };
   Domain& opened(const std::string& domain);
 
+  bool renewView(const std::string& domain, Domain& renewed);
+
   std::string folder_;
+  std::map<std::string, View> views_;
   std::map<std::string, Domain> domains_;
 };
 

@@ -5,6 +5,7 @@
 #include "platform/linux/BoundedFile.h"
 #include "platform/linux/FileManagerRoles.h"
 #include "platform/linux/FileTransfer.h"
+#include "platform/linux/NetworkPlaces.h"
 #include "platform/linux/OwnPieces.h"
 #include "platform/linux/Program.h"
 #include "platform/linux/SafeRemoval.h"
@@ -84,7 +85,10 @@ bool LinuxWorkspace::openFile(const std::string& path) {
 
 LinuxWorkspace::Refusal LinuxWorkspace::open(const std::string& path) {
   std::error_code error;
-  if (!path.starts_with('/') || !fs::exists(path, error))
+  const bool there = path.starts_with('/') && fs::exists(path, error);
+  if (const auto place = there ? std::nullopt : networkPlaceOfVolume(path))
+    return openPlace(*place);
+  if (!there)
     return error ? error.message() : "nothing is there";
   if (isEntry(path))
     return openEntry(path, {});
@@ -93,6 +97,11 @@ LinuxWorkspace::Refusal LinuxWorkspace::open(const std::string& path) {
   if (isCompiledProgram(path))
     return launcher_.launchProgram(path, {});
   return openWithHandler(mimeTypesOf(path), urlOf(path));
+}
+
+/// Most file managers open places on other machines, but few say so.
+LinuxWorkspace::Refusal LinuxWorkspace::openPlace(const std::string& url) {
+  return openWithHandler({"x-scheme-handler/" + urlScheme(url), "inode/directory"}, url);
 }
 
 bool LinuxWorkspace::openUrl(const std::string& url) {

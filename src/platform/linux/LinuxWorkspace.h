@@ -10,8 +10,9 @@ namespace tavrel {
 class ApplicationRegistry;
 
 /// Opens through desktop entries and the person's choices in mimeapps.list. Applications are
-/// desktop entries, AppDirs (folders with a program AppRun) and programs. Each refusal is a line
-/// under the logging category tavrel.workspace.
+/// desktop entries, AppDirs (folders with a program AppRun) and programs. "/Volumes/NAME/" opens
+/// the network place of that name that the desktop remembers. Each refusal is a line under the
+/// logging category tavrel.workspace.
 class LinuxWorkspace final : public Workspace {
 public:
   /// Both must outlive the workspace.
@@ -33,6 +34,7 @@ private:
   using Refusal = std::optional<std::string>;
 
   Refusal open(const std::string& path);
+  Refusal openPlace(const std::string& url);
   Refusal openEntry(const std::string& path, const std::vector<std::string>& urls);
   Refusal openWithHandler(const std::vector<std::string>& mimeTypes, const std::string& url);
   Refusal launch(const DesktopEntry& entry, const std::string& path,

@@ -1,0 +1,104 @@
+#include "platform/linux/RecentItemsView.h"
+
+#include "base/LocalUrl.h"
+#include "base/PathString.h"
+#include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/DesktopEntry.h"
+#include "platform/linux/FileBookmark.h"
+#include "platform/linux/NetworkPlaces.h"
+#include "platform/linux/RecentUses.h"
+#include "platform/linux/UserFolders.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::size_t mostRecent = 10;
+
+std::string recentlyUsedFile() {
+  const char* data = std::getenv("XDG_DATA_HOME");
+  return (data && *data == '/' ? std::string(data) : homeFolder() + "/.local/share") +
+         "/recently-used.xbel";
+}
+
+PropertyList recentFile(const std::string& name, const std::string& path) {
+  const BookmarkedIdentity identity = fileIdentity(path).value_or(BookmarkedIdentity{});
+  return PropertyList::Dictionary{{"Name", name}, {"Bookmark", bookmarkData({identity, path})}};
+}
+
+PropertyList::Array recentDocuments(const std::vector<RecentUse>& uses) {
+  PropertyList::Array items;
+  std::set<std::string> known;
+  for (const RecentUse& use : uses) {
+    const auto path = use.isPrivate ? std::nullopt : localPathOfUrl(use.url);
+    if (path && items.size() < mostRecent && known.insert(*path).second)
+      items.push_back(recentFile(lastPathComponent(*path), *path));
+  }
+  return items;
+}
+
+std::vector<RecentApplicationUse> applicationUses(const std::vector<RecentUse>& uses) {
+  std::vector<RecentApplicationUse> all;
+  for (const RecentUse& use : uses)
+    if (!use.isPrivate)
+      all.insert(all.end(), use.applications.begin(), use.applications.end());
+  std::ranges::stable_sort(all, std::ranges::greater(), &RecentApplicationUse::when);
+  return all;
+}
+
+/// The program's own name in a command line such as "'/usr/bin/gedit' %u".
+std::string programOf(std::string_view exec) {
+  constexpr std::string_view around = "'\" ";
+  exec.remove_prefix(std::min(exec.find_first_not_of(around), exec.size()));
+  return lastPathComponent(exec.substr(0, exec.find_first_of(around)));
+}
+
+bool isApplicationOf(const InstalledApplication& application, const RecentApplicationUse& use) {
+  const std::string program = programOf(use.exec);
+  const std::string id = deletingPathExtension(application.id);
+  return id == use.name || id == program || application.entry->name() == use.name ||
+         (!program.empty() && programOf(application.entry->exec()) == program);
+}
+
+PropertyList::Array recentApplications(const std::vector<RecentUse>& uses,
+                                       ApplicationRegistry& registry) {
+  PropertyList::Array items;
+  std::set<std::string> known;
+  registry.refresh();
+  const auto& installed = registry.applications();
+  for (const RecentApplicationUse& use : applicationUses(uses)) {
+    const auto found = std::ranges::find_if(
+        installed, [&](const InstalledApplication& each) { return isApplicationOf(each, use); });
+    if (found != installed.end() && items.size() < mostRecent && known.insert(found->path).second)
+      items.push_back(recentFile(found->entry->name(messagesLocale()), found->path));
+  }
+  return items;
+}
+
+PropertyList::Array recentServers() {
+  PropertyList::Array items;
+  for (const NetworkPlace& place : networkPlaces())
+    if (items.size() < mostRecent)
+      items.push_back(PropertyList::Dictionary{
+          {"Name", place.name}, {"Alias", Bytes(place.url.begin(), place.url.end())}});
+  return items;
+}
+
+PropertyList customList(PropertyList::Array items) {
+  return PropertyList::Dictionary{{"CustomListItems", std::move(items)}};
+}
+
+} // namespace
+
+PropertyList::Dictionary recentItems(ApplicationRegistry& registry) {
+  const std::vector<RecentUse> uses = readRecentUses(recentlyUsedFile());
+  return {{"RecentApplications", customList(recentApplications(uses, registry))},
+          {"RecentDocuments", customList(recentDocuments(uses))},
+          {"RecentServers", customList(recentServers())}};
+}
+
+} // namespace tavrel
