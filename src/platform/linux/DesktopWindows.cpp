@@ -35,6 +35,8 @@ enum AtomName {
   startupBegin,
   startupMore,
   timeProbe,
+  currentWorkspace,
+  windowWorkspace,
   atomCount
 };
 
@@ -52,7 +54,9 @@ constexpr std::array<std::string_view, atomCount> atomNames = {"_NET_CLIENT_LIST
                                                                "UTF8_STRING",
                                                                "_NET_STARTUP_INFO_BEGIN",
                                                                "_NET_STARTUP_INFO",
-                                                               "_TAVREL_TIME_PROBE"};
+                                                               "_TAVREL_TIME_PROBE",
+                                                               "_NET_CURRENT_DESKTOP",
+                                                               "_NET_WM_DESKTOP"};
 
 /// In units of four bytes: more windows and longer texts than anybody has.
 constexpr std::uint32_t longestProperty = 1U << 18;
@@ -230,7 +234,20 @@ bool DesktopWindows::askManager(std::size_t request, WindowId window, std::uint3
 }
 
 bool DesktopWindows::activate(WindowId window) {
+  showWorkspaceOf(window);
   return askManager(activeWindowAtom, window, fromPerson, serverTime());
+}
+
+/// Not every window manager goes there by itself.
+void DesktopWindows::showWorkspaceOf(WindowId window) {
+  if (!connection_)
+    return;
+  const Connection& x = *connection_;
+  constexpr std::uint32_t everywhere = 0xFFFFFFFF;
+  const auto current = x.rootNumbers(currentWorkspace);
+  const auto wanted = numbersOf(x.answer(x.ask(window, x.atoms[windowWorkspace])).get());
+  if (!current.empty() && !wanted.empty() && wanted[0] != everywhere && wanted[0] != current[0])
+    (void)askManager(currentWorkspace, x.root, wanted[0], serverTime());
 }
 
 bool DesktopWindows::close(WindowId window) {

@@ -38,7 +38,8 @@ public:
   /// Nothing when the window is gone.
   [[nodiscard]] std::optional<WindowFacts> facts(WindowId window);
 
-  /// Asks the window manager as a person's own wish; false when there is none that can.
+  /// Asks the window manager as a person's own wish, the window's workspace shown first; false
+  /// when there is none that can.
   bool activate(WindowId window);
 
   /// Asks the window to close, as its close button does; false when there is no window manager that
@@ -52,6 +53,7 @@ public:
   void broadcastStartup(const std::string& message);
 
 private:
+  void showWorkspaceOf(WindowId window);
   bool askManager(std::size_t request, WindowId window, std::uint32_t first, std::uint32_t second);
 
   struct Connection;
