@@ -127,13 +127,27 @@ BENCHMARK(statxEach)->Unit(benchmark::kMillisecond);
 void classifyEach(benchmark::State& state) {
   MemoryDesktop desktop;
   LinuxFiles files;
-  Platform ports{desktop.accessibility, desktop.applications,  desktop.bundle,
-                 desktop.clock,         desktop.eventMonitor,  desktop.eventQueue,
-                 files,                 desktop.hotKeys,       desktop.images,
-                 desktop.keyboard,      desktop.notifications, desktop.distributedNotifications,
-                 desktop.pasteboards,   desktop.preferences,   desktop.presenter,
-                 desktop.richText,      desktop.scripts,       desktop.services,
-                 desktop.sounds,        desktop.statusBar,     desktop.log,
+  Platform ports{desktop.accessibility,
+                 desktop.applications,
+                 desktop.bundle,
+                 desktop.clock,
+                 desktop.eventMonitor,
+                 desktop.eventQueue,
+                 files,
+                 desktop.hotKeys,
+                 desktop.images,
+                 desktop.keyboard,
+                 desktop.notifications,
+                 desktop.distributedNotifications,
+                 desktop.pasteboards,
+                 desktop.preferences,
+                 desktop.presenter,
+                 desktop.richText,
+                 desktop.scripts,
+                 desktop.services,
+                 desktop.sounds,
+                 desktop.statusBar,
+                 desktop.log,
                  desktop.workspace};
   const ScopedPlatform scope(ports);
   for (auto _ : state)

@@ -103,13 +103,27 @@ struct FilesDesktop {
   MemoryDesktop desktop;
   LinuxFiles files;
   LinuxImages images{"."};
-  Platform ports{desktop.accessibility, desktop.applications, desktop.bundle,
-                 desktop.clock,         desktop.eventMonitor, desktop.eventQueue,
-                 files,                 desktop.hotKeys,      images,
-                 desktop.keyboard,      desktop.notifications, desktop.distributedNotifications,
-                 desktop.pasteboards,   desktop.preferences,  desktop.presenter,
-                 desktop.richText,      desktop.scripts,      desktop.services,
-                 desktop.sounds,        desktop.statusBar,    desktop.log,
+  Platform ports{desktop.accessibility,
+                 desktop.applications,
+                 desktop.bundle,
+                 desktop.clock,
+                 desktop.eventMonitor,
+                 desktop.eventQueue,
+                 files,
+                 desktop.hotKeys,
+                 images,
+                 desktop.keyboard,
+                 desktop.notifications,
+                 desktop.distributedNotifications,
+                 desktop.pasteboards,
+                 desktop.preferences,
+                 desktop.presenter,
+                 desktop.richText,
+                 desktop.scripts,
+                 desktop.services,
+                 desktop.sounds,
+                 desktop.statusBar,
+                 desktop.log,
                  desktop.workspace};
   ScopedPlatform scope{ports};
   NoEvent events;

@@ -22,11 +22,12 @@ done
 echo x >"$HOME/lately.txt"
 touch "$HOME/files/"$'line\nfeed' "$HOME/files/"$'\xe2\x80\xaetxt.turned'
 printf "[Default Applications]\ntext/plain=org.xfce.mousepad.desktop\n" >"$XDG_CONFIG_HOME/mimeapps.list"
+today=$(date -u +%FT00:00:00Z) yesterday=$(date -u -d yesterday +%FT00:00:00Z)
 cat >"$XDG_DATA_HOME/recently-used.xbel" <<END_OF_RECENT
 <?xml version="1.0" encoding="UTF-8"?>
 <xbel version="1.0" xmlns:bookmark="http://www.freedesktop.org/standards/desktop-bookmarks" xmlns:mime="http://www.freedesktop.org/standards/shared-mime-info">
-<bookmark href="file://$HOME/lately.txt" added="2024-01-01T00:00:00Z" modified="2024-01-01T00:00:00Z" visited="2024-01-01T00:00:00Z"><info><metadata owner="http://freedesktop.org"><mime:mime-type type="text/plain"/><bookmark:applications><bookmark:application name="Mousepad" exec="&apos;mousepad %u&apos;" modified="2024-01-01T00:00:00Z" count="1"/></bookmark:applications></metadata></info></bookmark>
-<bookmark href="file://$HOME/gone.txt" added="2023-01-01T00:00:00Z" modified="2023-01-01T00:00:00Z" visited="2023-01-01T00:00:00Z"><info><metadata owner="http://freedesktop.org"><mime:mime-type type="text/plain"/><bookmark:applications><bookmark:application name="Mousepad" exec="&apos;mousepad %u&apos;" modified="2023-01-01T00:00:00Z" count="1"/></bookmark:applications></metadata></info></bookmark>
+<bookmark href="file://$HOME/lately.txt" added="$today" modified="$today" visited="$today"><info><metadata owner="http://freedesktop.org"><mime:mime-type type="text/plain"/><bookmark:applications><bookmark:application name="Mousepad" exec="&apos;mousepad %u&apos;" modified="$today" count="1"/></bookmark:applications></metadata></info></bookmark>
+<bookmark href="file://$HOME/gone.txt" added="$yesterday" modified="$yesterday" visited="$yesterday"><info><metadata owner="http://freedesktop.org"><mime:mime-type type="text/plain"/><bookmark:applications><bookmark:application name="Mousepad" exec="&apos;mousepad %u&apos;" modified="$yesterday" count="1"/></bookmark:applications></metadata></info></bookmark>
 </xbel>
 END_OF_RECENT
 cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<END_OF_TREE

@@ -57,11 +57,31 @@ std::string programOf(std::string_view exec) {
   return lastPathComponent(exec.substr(0, exec.find_first_of(around)));
 }
 
-bool isApplicationOf(const InstalledApplication& application, const RecentApplicationUse& use) {
+bool takesFiles(const std::string& exec) {
+  for (const char* code : {"%f", "%F", "%u", "%U"})
+    if (exec.find(code) != std::string::npos)
+      return true;
+  return false;
+}
+
+/// How surely an entry is that of an application: several may start one program, as its settings
+/// do. 0: it is not.
+int likeness(const InstalledApplication& application, const RecentApplicationUse& use) {
   const std::string program = programOf(use.exec);
   const std::string id = deletingPathExtension(application.id);
-  return id == use.name || id == program || application.entry->name() == use.name ||
-         (!program.empty() && programOf(application.entry->exec()) == program);
+  const std::string exec = application.entry->exec();
+  if (id == use.name || application.entry->name() == use.name)
+    return 4;
+  if (program.empty() || (id != program && programOf(exec) != program))
+    return 0;
+  return application.entry->noDisplay() ? 1 : takesFiles(exec) ? 3 : 2;
+}
+
+const InstalledApplication* applicationOfUse(const RecentApplicationUse& use,
+                                             const std::vector<InstalledApplication>& installed) {
+  const auto found = std::ranges::max_element(
+      installed, {}, [&](const InstalledApplication& each) { return likeness(each, use); });
+  return found != installed.end() && likeness(*found, use) > 0 ? &*found : nullptr;
 }
 
 PropertyList::Array recentApplications(const std::vector<RecentUse>& uses,
@@ -69,11 +89,10 @@ PropertyList::Array recentApplications(const std::vector<RecentUse>& uses,
   PropertyList::Array items;
   std::set<std::string> known;
   registry.refresh();
-  const auto& installed = registry.applications();
   for (const RecentApplicationUse& use : applicationUses(uses)) {
-    const auto found = std::ranges::find_if(
-        installed, [&](const InstalledApplication& each) { return isApplicationOf(each, use); });
-    if (found != installed.end() && items.size() < mostRecent && known.insert(found->path).second)
+    const InstalledApplication* found =
+        items.size() < mostRecent ? applicationOfUse(use, registry.applications()) : nullptr;
+    if (found && known.insert(found->path).second)
       items.push_back(recentFile(found->entry->name(messagesLocale()), found->path));
   }
   return items;

@@ -134,6 +134,16 @@ TEST_F(RecentItemsOfTheDesktop, ApplicationsAreThoseThatUsedSomethingLately) {
   EXPECT_EQ(bookmarkFromData(*items("RecentApplications")[1].dataFor("Bookmark"))->path, writer);
 }
 
+TEST_F(RecentItemsOfTheDesktop, OfSeveralEntriesOfOneProgramTheOneThatOpensFilesIsMeant) {
+  const std::string program = applications.addProgram("writer");
+  applications.addEntry("a settings", "Exec=" + program + " --preferences\n");
+  applications.addEntry("b hidden", "Exec=" + program + " %U\nNoDisplay=true\n");
+  applications.addEntry("c writer", "Exec=" + program + " %U\n");
+  recentlyUsed(xbel(bookmarkElement("file:///a", "2021-01-01T10:00:00Z",
+                                    usedBy("x", "'writer %u'", "2021-01-01T10:00:00Z"))));
+  EXPECT_THAT(names("RecentApplications"), ElementsAre("c writer"));
+}
+
 TEST_F(RecentItemsOfTheDesktop, ServersAreConnectionsThenMountsThenBookmarksEachOnce) {
   write(at("config/gtk-3.0/servers"),
         xbel("<bookmark href=\"smb://old/share\" modified=\"2020-01-01T00:00:00Z\"/>\n"
