@@ -28,8 +28,8 @@ std::optional<RunningApplication> firstNamed(const std::string& name) {
 }
 
 void askToQuit(const std::string& path) {
-  runOwnSource(filled("tell application \"%@\" to quit",
-                      deletingPathExtension(lastPathComponent(path))));
+  runOwnSource(
+      filled("tell application \"%@\" to quit", deletingPathExtension(lastPathComponent(path))));
 }
 
 } // namespace

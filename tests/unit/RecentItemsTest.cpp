@@ -168,8 +168,7 @@ TEST_F(RecentItems, AServerThatIsMountedHasItsIcon) {
   files.addFolder("/Volumes/nas");
   files.aliasRecords[alias] = "/Volumes/nas";
   recent("RecentServers", {aliased("nas", alias)});
-  EXPECT_EQ(opened(),
-            "RecentServers\n  nas <recentItemSelected> {icon of /Volumes/nas 16x16}\n");
+  EXPECT_EQ(opened(), "RecentServers\n  nas <recentItemSelected> {icon of /Volumes/nas 16x16}\n");
   EXPECT_THAT(files.aliasRecordsResolved, ElementsAre(AliasResolution::withoutInterface));
 }
 
@@ -195,8 +194,8 @@ TEST_F(RecentItems, WithCommandADocumentIsRevealedInsteadOfOpened) {
   opened();
   hold(keyCode::command);
   choose("Letter");
-  EXPECT_THAT(said(), ElementsAre(
-                          "tell application \"Finder\" to reveal \"/docs/a.txt\" as POSIX file"));
+  EXPECT_THAT(said(),
+              ElementsAre("tell application \"Finder\" to reveal \"/docs/a.txt\" as POSIX file"));
   EXPECT_THAT(workspace.openedFiles, IsEmpty());
 }
 

@@ -129,8 +129,9 @@ TEST_F(RunningApplications, WithCommandOneIsRevealed) {
   start("Mail", "/apps/Mail.app");
   hold(keyCode::command);
   choose("Mail");
-  EXPECT_THAT(said(), ElementsAre(
-                          "tell application \"Finder\" to reveal \"/apps/Mail.app\" as POSIX file"));
+  EXPECT_THAT(
+      said(),
+      ElementsAre("tell application \"Finder\" to reveal \"/apps/Mail.app\" as POSIX file"));
   EXPECT_THAT(running.broughtToFront, IsEmpty());
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/FileBookmark.h"
 
 #include "base/PathString.h"
+#include "platform/linux/MountHealth.h"
 
 #include <charconv>
 #include <deque>
@@ -112,7 +113,7 @@ bool sameFile(const BookmarkedIdentity& a, const BookmarkedIdentity& b) {
 std::optional<BookmarkedIdentity> fileIdentity(const std::string& path) {
   struct statx status {};
   constexpr unsigned int wanted = STATX_INO | STATX_BTIME;
-  if (path.find('\0') != std::string::npos ||
+  if (path.find('\0') != std::string::npos || !fileSystemAnswers(path) ||
       ::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
     return std::nullopt;
   const bool born = (status.stx_mask & STATX_BTIME) != 0;

@@ -1,6 +1,7 @@
 #include "platform/linux/FolderListings.h"
 
 #include "platform/linux/FolderReader.h"
+#include "platform/linux/MountHealth.h"
 
 #include <QDebug>
 #include <QLoggingCategory>
@@ -22,12 +23,11 @@ QString quotedName(const std::string& name) {
 }
 
 void sayWhatIsMissing(const std::string& folder, const FolderReading& reading) {
-  if (reading.namesRead)
+  if (!reading.asking.empty())
     qCWarning(filesLog).noquote() << quotedName(reading.asking) << "in" << quotedName(folder)
                                   << "does not answer; the menu shows what is known";
   else
-    qCWarning(filesLog).noquote() << quotedName(folder)
-                                  << "does not answer; its submenu is empty";
+    qCWarning(filesLog).noquote() << quotedName(folder) << "does not answer; its submenu is empty";
 }
 
 /// Nothing that the thread holds belongs to anybody else: it may outlive them all.
@@ -41,7 +41,7 @@ std::shared_ptr<FolderReading> startReading(const std::string& folder) {
   return reading;
 }
 
-bool isDone(FolderReading& reading) {
+bool isRead(FolderReading& reading) {
   const std::lock_guard lock(reading.mutex);
   return reading.done;
 }
@@ -49,15 +49,19 @@ bool isDone(FolderReading& reading) {
 } // namespace
 
 std::vector<ListedFile> FolderListings::browse(const std::string& folder) {
-  std::erase_if(stuck_, [](const auto& each) { return isDone(*each.second); });
+  std::erase_if(stuck_, [](const auto& each) { return isRead(*each.second); });
   const auto stuck = stuck_.find(folder);
-  const auto reading = stuck != stuck_.end() ? stuck->second : startReading(folder);
+  const bool answers = stuck == stuck_.end() && fileSystemAnswers(folder);
+  const auto reading = stuck != stuck_.end() ? stuck->second
+                       : answers             ? startReading(folder)
+                                             : std::make_shared<FolderReading>();
   std::unique_lock lock(reading->mutex);
-  if (stuck == stuck_.end())
+  if (answers)
     reading->finished.wait_for(lock, patience_, [&] { return reading->done; });
   if (reading->done)
     return std::move(reading->files);
-  stuck_.emplace(folder, reading);
+  if (answers)
+    stuck_.emplace(folder, reading);
   sayWhatIsMissing(folder, *reading);
   return reading->files;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/linux/BoundedFile.h"
 #include "platform/linux/LinkEntry.h"
+#include "platform/linux/MountHealth.h"
 
 #include <algorithm>
 #include <array>
@@ -90,7 +91,7 @@ std::optional<FileStatus> fileStatus(const std::string& path, LinkMode link) {
   struct statx status {};
   const int flags = link == LinkMode::keep ? AT_SYMLINK_NOFOLLOW : 0;
   constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
-  if (path.empty() || path.find('\0') != std::string::npos ||
+  if (path.empty() || path.find('\0') != std::string::npos || !fileSystemAnswers(path) ||
       ::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)
     return std::nullopt;
   return FileStatus{status.stx_mode, static_cast<std::size_t>(status.stx_size)};

@@ -1,7 +1,10 @@
 #include "platform/linux/MountPoints.h"
 
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 
 namespace tavrel {
 
@@ -23,17 +26,48 @@ std::string unescapedOctal(const std::string& text) {
   return result;
 }
 
+struct Mount {
+  std::string point;
+  std::string type;
+};
+
+/// A line holds four fields, the mount point, options, a dash, the type and more.
+std::vector<Mount> mounts() {
+  std::ifstream table("/proc/self/mountinfo");
+  std::vector<Mount> result;
+  for (std::string line; std::getline(table, line);) {
+    std::istringstream fields(line);
+    std::string id, parent, device, root, point, option, type;
+    fields >> id >> parent >> device >> root >> point;
+    while (fields >> option && option != "-") {
+    }
+    if (fields >> type)
+      result.push_back({unescapedOctal(point), type});
+  }
+  return result;
+}
+
+bool isDistant(std::string_view type) {
+  constexpr std::array<std::string_view, 12> types{"fuse", "nfs",    "nfs4", "cifs",
+                                                   "smb3", "9p",     "ceph", "afs",
+                                                   "coda", "lustre", "gfs2", "ncpfs"};
+  return type.starts_with("fuse.") || std::ranges::find(types, type) != types.end();
+}
+
 } // namespace
 
 std::set<std::string> mountPoints() {
-  std::ifstream mounts("/proc/self/mountinfo");
   std::set<std::string> points;
-  for (std::string line; std::getline(mounts, line);) {
-    std::istringstream fields(line);
-    std::string id, parent, device, root, point;
-    if (fields >> id >> parent >> device >> root >> point)
-      points.insert(unescapedOctal(point));
-  }
+  for (Mount& mount : mounts())
+    points.insert(std::move(mount.point));
+  return points;
+}
+
+std::vector<std::string> distantMountPoints() {
+  std::vector<std::string> points;
+  for (Mount& mount : mounts())
+    if (isDistant(mount.type))
+      points.push_back(std::move(mount.point));
   return points;
 }
 

@@ -1,5 +1,7 @@
 #include "platform/linux/SymbolicLinks.h"
 
+#include "platform/linux/MountHealth.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -35,7 +37,7 @@ bool isLink(const std::string& path) {
 } // namespace
 
 std::string SymbolicLinks::resolved(std::string path) {
-  if (path.find('\0') != std::string::npos || isWithoutLinks(path))
+  if (path.find('\0') != std::string::npos || !fileSystemAnswers(path) || isWithoutLinks(path))
     return path;
   const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(path.c_str(), nullptr),
                                                         std::free);

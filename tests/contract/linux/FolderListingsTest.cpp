@@ -49,8 +49,8 @@ protected:
 };
 
 TEST_F(FolderListingsTest, NamesOfAnyBytesAndOfTheLongestAreListedAsTheyAre) {
-  const std::vector<std::string> names{"\xFF\xFE", "line\nfeed", "\u202Edet", std::string(255, 'x'),
-                                       "back\\slash", " "};
+  const std::vector<std::string> names{
+      "\xFF\xFE", "line\nfeed", "\u202Edet", std::string(255, 'x'), "back\\slash", " "};
   for (const std::string& name : names)
     add(name);
   std::vector<std::string> found;
@@ -143,6 +143,29 @@ TEST_F(DeadFileSystemTest, AnswersAgainOnceItIsGone) {
   ::umount2(folder.c_str(), MNT_DETACH | MNT_FORCE);
   add("dead/alive");
   EXPECT_TRUE(waitFor([&] { return browsed(folder) == std::vector<std::string>{"alive 1"}; }));
+}
+
+TEST_F(DeadFileSystemTest, EveryQuestionAboutItIsAnsweredAfterOneWaitAsIfNothingWereThere) {
+  LinuxFiles files;
+  const std::string path = folder + "/inside";
+  const auto mounted = std::chrono::steady_clock::now();
+  ASSERT_TRUE(waitFor([&] { // what is mounted is looked up once a second
+    return std::chrono::steady_clock::now() - mounted > std::chrono::milliseconds(1100);
+  }));
+  const auto start = std::chrono::steady_clock::now();
+  ::testing::internal::CaptureStderr();
+  for (int i = 0; i < 10; ++i) {
+    EXPECT_FALSE(files.exists(path));
+    EXPECT_EQ(files.kind(path), FileKind::none);
+    EXPECT_FALSE(files.information(path, FinalLink::keep));
+    EXPECT_FALSE(files.bookmark(path));
+    EXPECT_EQ(files.resolveSymlinks(path), path);
+    EXPECT_EQ(files.displayName(path), "inside");
+    EXPECT_THAT(files.browse(folder, FinalLink::keep), IsEmpty());
+  }
+  const std::string said = ::testing::internal::GetCapturedStderr();
+  EXPECT_THAT(said, HasSubstr("counts as missing"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
 }
 
 TEST_F(DeadFileSystemTest, DoesNotKeepTheProgramFromEnding) {
