@@ -18,8 +18,7 @@ const Bytes* dataOf(const MenuItem& item) {
 
 // Where a bookmark leads now, if that is a file.
 std::optional<std::string> bookmarkedFile(const Bytes& bookmark) {
-  const auto url =
-      platform().files.resolveBookmark(bookmark, BookmarkResolution::withoutInterface);
+  const auto url = platform().files.resolveBookmark(bookmark, BookmarkResolution::withoutInterface);
   return url ? localPathOfUrl(*url) : std::nullopt;
 }
 

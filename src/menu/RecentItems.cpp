@@ -29,8 +29,7 @@ const PropertyList::Array* customItems(const std::optional<PropertyList>& sectio
 
 // The data is kept even when it leads nowhere now: an entry without any would count as a server.
 void setBookmarkedItem(MenuItem& item, const Bytes& bookmark, const PropertyList& data) {
-  const auto url =
-      platform().files.resolveBookmark(bookmark, BookmarkResolution::withoutMounting);
+  const auto url = platform().files.resolveBookmark(bookmark, BookmarkResolution::withoutMounting);
   item.representedObject = data;
   const auto path = url ? localPathOfUrl(*url) : std::nullopt;
   if (path)
