@@ -46,7 +46,8 @@ levels() { # COUNT: whether so many levels of the menu are on the screen
 }
 active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 on_workspace() { [ "$(xdotool get_desktop)" = "$1" ]; }
-picture() { import -silent -window root "$TAVREL_DESKTOP/$1.png"; }
+# Without the panel: its clock goes on.
+picture() { import -silent -window root -crop 1280x768+0+0 +repage "$TAVREL_DESKTOP/$1.png"; }
 differs_from() { picture now && [ "$(compare -metric AE "$TAVREL_DESKTOP/$1.png" "$TAVREL_DESKTOP/now.png" null: 2>&1)" -gt 20 ]; }
 same_as() { ! differs_from "$1"; }
 # opened KEYS...: opens the menu and, by the keys, a submenu. (The beginning of a title would do, but
