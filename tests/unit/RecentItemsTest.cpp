@@ -142,7 +142,7 @@ TEST_F(RecentItems, AnEntryWithoutABookmarkOpensTheVolumeOfItsName) {
 }
 
 TEST_F(RecentItems, ABookmarkOfNoFileHasTheBlankIconAndDoesNothing) {
-  files.bookmarkUrls[{9}] = "http://example.org/";
+  files.bookmarkUrls.insert({{9}, "http://example.org/"});
   recent("RecentDocuments", {PropertyList::Dictionary{{"Name", "Site"}, {"Bookmark", Bytes{9}}}});
   EXPECT_EQ(opened(), "RecentDocuments\n  Site <recentItemSelected> {resource blankIcon 16x16}\n"
                       "----\n");

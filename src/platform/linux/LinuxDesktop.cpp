@@ -3,6 +3,7 @@
 #include "platform/InProcessNotificationCenter.h"
 #include "platform/linux/AccessibleApplication.h"
 #include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/Autostart.h"
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/GestureHold.h"
 #include "platform/linux/LinuxAccessibility.h"
@@ -44,7 +45,18 @@ namespace tavrel {
 
 namespace {
 constexpr const char* preferenceDomain = "qorvane.tavrel.pref";
+constexpr const char* loginItemsKey = "AutoLaunchedApplicationDictionary";
+
+PropertyList::Dictionary readLoginWindow() {
+  return {{loginItemsKey, loginItems(applicationFolders())}};
 }
+
+bool writeLoginWindow(const PropertyList::Dictionary& values) {
+  const auto found = values.find(loginItemsKey);
+  const auto* items = found == values.end() ? nullptr : found->second.array();
+  return setLoginItems(applicationFolders(), items ? *items : PropertyList::Array());
+}
+} // namespace
 
 struct LinuxDesktop::Adapters {
   std::string resources = resourceFolder();
@@ -70,7 +82,9 @@ struct LinuxDesktop::Adapters {
       [this] { return presenter.isOpen(); }};
   LinuxPasteboards pasteboards;
   LinuxPreferences preferences{
-      preferenceFolder(), {{"com.apple.recentitems", [this] { return recentItems(registry); }}}};
+      preferenceFolder(),
+      {{"com.apple.recentitems", {[this] { return recentItems(registry); }}},
+       {"loginwindow", {readLoginWindow, writeLoginWindow}}}};
   LinuxPresenter presenter;
   LinuxRichText richText;
   LinuxScripting scripting;

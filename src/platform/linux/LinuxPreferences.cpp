@@ -114,7 +114,7 @@ bool LinuxPreferences::renewView(const std::string& name, Domain& renewed) {
   const auto view = views_.find(name);
   if (view == views_.end())
     return false;
-  renewed.values = view->second();
+  renewed.values = view->second.read();
   return true;
 }
 
@@ -132,10 +132,22 @@ void LinuxPreferences::setValue(const std::string& domain, const std::string& ke
   changed.pending.insert_or_assign(key, std::move(value));
 }
 
+bool LinuxPreferences::synchronizeView(const View& view, Domain& domain) {
+  const Changes pending = std::exchange(domain.pending, {});
+  domain.values = view.read();
+  if (pending.empty() || !view.write)
+    return pending.empty();
+  for (const auto& [key, value] : pending)
+    apply(domain.values, key, value);
+  const bool written = view.write(domain.values);
+  domain.values = view.read();
+  return written;
+}
+
 bool LinuxPreferences::synchronize(const std::string& name) {
   Domain& domain = opened(name);
-  if (renewView(name, domain))
-    return std::exchange(domain.pending, {}).empty();
+  if (const auto view = views_.find(name); view != views_.end())
+    return synchronizeView(view->second, domain);
   if (!isFileName(name))
     return domain.pending.empty();
   const std::string path = pathOf(name);

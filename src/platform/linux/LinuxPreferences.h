@@ -13,11 +13,13 @@ namespace tavrel {
 /// moves it aside. Each trouble is one line on standard error.
 class LinuxPreferences final : public Preferences {
 public:
-  /// What a domain holds at the moment.
-  using View = std::function<PropertyList::Dictionary()>;
+  /// A domain that is kept elsewhere.
+  struct View {
+    std::function<PropertyList::Dictionary()> read;               ///< what it holds at the moment
+    std::function<bool(const PropertyList::Dictionary&)> write{}; ///< none: it cannot be written
+  };
 
-  /// The folder need not exist yet. Domains that have a view are read from it, and cannot be
-  /// written.
+  /// The folder need not exist yet.
   explicit LinuxPreferences(std::string folder, std::map<std::string, View> views = {})
       : folder_(std::move(folder)), views_(std::move(views)) {}
   /// Writes what is still pending.
@@ -48,6 +50,7 @@ private:
   Domain& opened(const std::string& domain);
 
   bool renewView(const std::string& domain, Domain& renewed);
+  bool synchronizeView(const View& view, Domain& domain);
 
   std::string folder_;
   std::map<std::string, View> views_;

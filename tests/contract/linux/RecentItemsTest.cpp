@@ -198,11 +198,28 @@ TEST_F(RecentItemsOfTheDesktop, NestingOfAnyDepthIsRead) {
   EXPECT_THAT(names("RecentDocuments"), IsEmpty());
 }
 
+TEST_F(RecentItemsOfTheDesktop, AViewThatCanBeWrittenGetsTheWholeDomain) {
+  PropertyList::Dictionary kept{{"n", 1}};
+  const LinuxPreferences::View view{[&] { return kept; },
+                                    [&](const PropertyList::Dictionary& values) {
+                                      kept = values;
+                                      return true;
+                                    }};
+  LinuxPreferences preferences(at("config"), {{"view", view}});
+  preferences.setValue("view", "m", 2);
+  EXPECT_EQ(kept.size(), 1U);
+  EXPECT_TRUE(preferences.synchronize("view"));
+  EXPECT_EQ(kept, (PropertyList::Dictionary{{"m", 2}, {"n", 1}}));
+  preferences.removePersistentDomain("view");
+  preferences.setPersistentDomain("view", {{"o", 3}});
+  EXPECT_TRUE(preferences.synchronize("view"));
+  EXPECT_EQ(preferences.persistentDomain("view"), (PropertyList::Dictionary{{"o", 3}}));
+}
+
 TEST_F(RecentItemsOfTheDesktop, ADomainWithAViewIsRenewedBySynchronisingAndCannotBeWritten) {
   std::int64_t count = 0;
-  LinuxPreferences preferences(at("config"), {{"view", [&] {
-                                                 return PropertyList::Dictionary{{"n", ++count}};
-                                               }}});
+  const LinuxPreferences::View view{[&] { return PropertyList::Dictionary{{"n", ++count}}; }};
+  LinuxPreferences preferences(at("config"), {{"view", view}});
   EXPECT_EQ(preferences.value("view", "n"), PropertyList(std::int64_t{1}));
   EXPECT_EQ(preferences.value("view", "n"), PropertyList(std::int64_t{1}));
   EXPECT_TRUE(preferences.synchronize("view"));
