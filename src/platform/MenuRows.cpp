@@ -1,7 +1,5 @@
 #include "platform/MenuRows.h"
 
-#include <utility>
-
 namespace tavrel {
 
 bool isAlternateOf(const MenuItem& alternate, const MenuItem& partner) {
@@ -10,19 +8,25 @@ bool isAlternateOf(const MenuItem& alternate, const MenuItem& partner) {
          alternate.keyEquivalentModifierMask != partner.keyEquivalentModifierMask;
 }
 
+std::vector<std::uint32_t> visiblePlaces(const Menu& menu, OptionKey option) {
+  std::vector<std::uint32_t> places;
+  for (std::uint32_t place = 0; place < menu.items.size(); ++place) {
+    const MenuItem& item = *menu.items[place];
+    if (item.hidden)
+      continue;
+    const bool partnerShows = place > 0 && !places.empty() && places.back() == place - 1;
+    if (!partnerShows || !isAlternateOf(item, *menu.items[place - 1]))
+      places.push_back(place);
+    else if (option == OptionKey::down)
+      places.back() = place;
+  }
+  return places;
+}
+
 std::vector<const MenuItem*> visibleRows(const Menu& menu, OptionKey option) {
   std::vector<const MenuItem*> rows;
-  const MenuItem* previous = nullptr;
-  for (const auto& item : menu.items) {
-    const MenuItem* partner = std::exchange(previous, item.get());
-    if (item->hidden)
-      continue;
-    const bool partnerShows = partner != nullptr && !rows.empty() && rows.back() == partner;
-    if (!partnerShows || !isAlternateOf(*item, *partner))
-      rows.push_back(item.get());
-    else if (option == OptionKey::down)
-      rows.back() = item.get();
-  }
+  for (const std::uint32_t place : visiblePlaces(menu, option))
+    rows.push_back(menu.items[place].get());
   return rows;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Menu.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace tavrel {
@@ -16,5 +17,8 @@ enum class OptionKey { up, down };
 /// The entries to show, in order: hidden ones left out, and of each pair of partners the one that
 /// the Option key asks for. An alternate without a partner shows like any other entry.
 [[nodiscard]] std::vector<const MenuItem*> visibleRows(const Menu& menu, OptionKey option);
+
+/// The same as their places in the menu.
+[[nodiscard]] std::vector<std::uint32_t> visiblePlaces(const Menu& menu, OptionKey option);
 
 } // namespace tavrel

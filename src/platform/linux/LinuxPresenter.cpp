@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxPresenter.h"
 
+#include "platform/linux/AccessibleLevel.h"
 #include "platform/linux/MenuSession.h"
 
 #include <QCursor>
@@ -54,7 +55,8 @@ void LinuxPresenter::popUp(Menu& menu, Point where, MenuFont font) {
 void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font) {
   if (std::exchange(open_, true))
     return;
-  MenuSession session(menu, font);
+  ensureAccessibleLevels();
+  MenuSession session(menu, font, longestPlain_);
   session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
   open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
   session.finish(target_);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Presenter.h"
+#include "platform/linux/MenuPopup.h"
 
 #include <QRect>
 
@@ -10,6 +11,10 @@ namespace tavrel {
 
 class LinuxPresenter final : public Presenter {
 public:
+  /// Longer levels show through a window on their rows.
+  explicit LinuxPresenter(std::size_t longestPlain = longestPlainLevel)
+      : longestPlain_(longestPlain) {}
+
   void setActionTarget(MenuActionTarget* target) override { target_ = target; }
   [[nodiscard]] bool isOpen() const { return open_; }
   /// Called when a menu has closed and what was chosen in it is done.
@@ -22,6 +27,7 @@ public:
   void popUpBeside(Menu& menu, const QRect& anchor, MenuFont font);
 
 private:
+  std::size_t longestPlain_;
   MenuActionTarget* target_ = nullptr;
   std::function<void()> closed_ = [] {};
   bool open_ = false;

@@ -7,6 +7,7 @@
 #include <QKeySequence>
 
 #include <algorithm>
+#include <string_view>
 
 namespace tavrel {
 
@@ -22,8 +23,8 @@ bool breaksLine(QChar c) {
          c.category() == QChar::Separator_Paragraph;
 }
 
-QString oneLine(const std::string& title) {
-  QString text = QString::fromStdString(title);
+QString oneLine(std::string_view title) {
+  QString text = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
   text.removeIf(turnsDirection);
   std::replace_if(text.begin(), text.end(), breaksLine, QChar(u' '));
   return text;
@@ -83,6 +84,19 @@ QString entryTitle(const MenuItem& item, const QFontMetrics& metrics, int maximu
   constexpr int deepest = 16;
   const QString indentation(std::clamp(item.indentation, 0, deepest), QChar(0x2003));
   return indentation + elided(oneLine(item.title), metrics, maximumWidth);
+}
+
+/// Typing asks this of every entry: most are told apart by their first letter.
+bool titleBeginsWith(const MenuItem& item, const QString& word) {
+  constexpr std::size_t aroundWord = 64; // marks and blanks before it, in bytes
+  const char first = item.title.empty() ? ' ' : item.title.front();
+  const bool plainLetters = first > ' ' && first < 0x7F && word.front().unicode() < 0x7F;
+  if (plainLetters && QChar::toLower(static_cast<uint>(first)) != word.front().toLower().unicode())
+    return false;
+  const auto bytes = static_cast<std::size_t>(word.size()) * 4 + aroundWord;
+  return oneLine(std::string_view(item.title).substr(0, bytes))
+      .trimmed()
+      .startsWith(word, Qt::CaseInsensitive);
 }
 
 QString entryShortcut(const MenuItem& item) {

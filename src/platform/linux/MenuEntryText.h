@@ -14,6 +14,9 @@ namespace tavrel {
 [[nodiscard]] QString entryTitle(const MenuItem& item, const QFontMetrics& metrics,
                                  int maximumWidth);
 
+/// Whether the title as it shows begins with a word, whatever the case of either.
+[[nodiscard]] bool titleBeginsWith(const MenuItem& item, const QString& word);
+
 /// The key equivalent as people read it on this desktop, as "Ctrl+Alt+K"; empty for none.
 [[nodiscard]] QString entryShortcut(const MenuItem& item);
 

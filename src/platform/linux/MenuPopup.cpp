@@ -1,53 +1,24 @@
 #include "platform/linux/MenuPopup.h"
 
-#include "platform/linux/MenuEntryText.h"
 #include "platform/linux/MenuStyle.h"
 
+#include <QAccessible>
 #include <QActionEvent>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyleOptionMenuItem>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace tavrel {
 
 namespace {
-constexpr int widestTitle = 64; ///< in average characters
+constexpr std::chrono::milliseconds scrollPace{50}; ///< the toolkit's own, for a row
 
-/// What an empty menu shows: without it, nobody would see that the menu is open.
-const std::shared_ptr<MenuItem>& blankEntry() {
-  static const auto blank = [] {
-    auto item = std::make_shared<MenuItem>();
-    item->enabled = false;
-    return item;
-  }();
-  return blank;
-}
-
-std::vector<std::shared_ptr<MenuItem>> shownItems(const Menu& menu, OptionKey option) {
-  std::vector<std::shared_ptr<MenuItem>> shown;
-  auto next = menu.items.begin();
-  for (const MenuItem* row : visibleRows(menu, option)) {
-    next =
-        std::find_if(next, menu.items.end(), [&](const auto& item) { return item.get() == row; });
-    shown.push_back(*next);
-  }
-  if (shown.empty())
-    shown.push_back(blankEntry());
-  return shown;
-}
-
-/// The same for both states of the Option key, so that nothing moves as it goes down.
-MarkColumns columnsOf(const Menu& menu) {
-  MarkColumns columns;
-  for (const auto& item : menu.items) {
-    columns.tick |= !item->hidden && item->state == MenuItemState::on;
-    columns.image |= !item->hidden && item->image.has_value();
-  }
-  return columns;
-}
+/// Whether the toolkit is at work on a level: it numbers entries by what it was given of them.
+bool toolkitSpeaks = false;
 
 /// Themes often grey disabled text out of sight; half-way to the background it can be read.
 QPalette legible(QPalette palette) {
@@ -59,87 +30,99 @@ QPalette legible(QPalette palette) {
     palette.setColor(QPalette::Disabled, role, between);
   return palette;
 }
-
-bool canBeOpened(const MenuItem& item) {
-  return item.enabled && item.submenu;
-}
-
-bool canBeChosen(const MenuItem& item) {
-  return item.enabled && !item.isSeparator && item.action != MenuAction::none;
-}
 } // namespace
 
-MenuPopup::MenuPopup(MenuPopupOwner& owner, std::shared_ptr<Menu> menu)
-    : owner_(owner), menu_(std::move(menu)) {
+MenuPopup::MenuPopup(MenuPopupOwner& owner, std::shared_ptr<Menu> menu, std::size_t longestPlain)
+    : owner_(owner), menu_(std::move(menu)), longestPlain_(longestPlain) {
   setPalette(legible(QApplication::palette("QMenu")));
+  setSeparatorsCollapsible(false);
+  scrollTimer_.setInterval(scrollPace);
+  connect(&scrollTimer_, &QTimer::timeout, this, [this] { scrollOn(); });
 }
 
 void MenuPopup::fill(OptionKey option) {
-  const Items shown = shownItems(*menu_, option);
-  const Items others =
-      shownItems(*menu_, option == OptionKey::up ? OptionKey::down : OptionKey::up);
-  columns_ = columnsOf(*menu_);
-  setProperty(markWidthProperty, markWidth(columns_));
+  shown_ = LevelRows(*menu_);
+  isLong_ = shown_.size() > longestPlain_;
+  first_ = 0;
+  current_.reset();
+  setProperty(markWidthProperty, markWidth(shown_.columns()));
   setMinimumWidth(0);
-  mirror(others, Rows::every);
-  if (others == shown)
+  setContentsMargins(0, 0, 0, 0);
+  isLong_ ? fillLong(option) : fillPlain(option);
+}
+
+void MenuPopup::fillPlain(OptionKey option) {
+  shown_.show(option == OptionKey::up ? OptionKey::down : OptionKey::up);
+  mirror(shown_.part(0, shown_.size()), Slots::every);
+  shown_.show(option);
+  if (!shown_.hasAlternates())
     return;
   setMinimumWidth(sizeHint().width());
-  mirror(shown, Rows::changed);
+  mirror(shown_.part(0, shown_.size()), Slots::changed);
+}
+
+void MenuPopup::fillLong(OptionKey option) {
+  ensurePolished();
+  shown_.show(option);
+  metrics_ = measureLevel(shown_, *this);
+  setMinimumWidth(metrics_.width);
+  window_ = RowWindow();
+  window_.setTops(rowTops(shown_, metrics_));
+  const int room = screen()->availableGeometry().height() - 1 - metrics_.frame;
+  window_.setView(std::min(window_.totalHeight(), room), metrics_.arrow);
+  slide(Slots::every);
 }
 
 void MenuPopup::follow(OptionKey option) {
-  mirror(shownItems(*menu_, option), Rows::changed);
+  shown_.show(option);
+  if (isLong_) {
+    window_.setTops(rowTops(shown_, metrics_));
+    slide(Slots::changed);
+  } else {
+    mirror(shown_.part(0, shown_.size()), Slots::changed);
+  }
+  tellNewName();
 }
 
-void MenuPopup::mirror(const Items& items, Rows rows) {
+void MenuPopup::mirror(const Items& items, Slots slots) {
   {
     const QScopedValueRollback mirroring(mirroring_, true);
-    for (; rows_.size() > items.size(); rows_.pop_back())
-      delete rows_.back().action;
-    for (std::size_t i = 0; i < rows_.size(); ++i)
-      if (rows == Rows::every || (rows_[i].item != items[i] && !hasOpenSubmenu(rows_[i])))
-        setRow(rows_[i], items[i]);
-    while (rows_.size() < items.size())
-      appendRow(items[rows_.size()]);
+    for (; slots_.size() > items.size(); slots_.pop_back())
+      delete slots_.back().action;
+    for (std::size_t i = 0; i < slots_.size(); ++i)
+      if (slots == Slots::every || (slots_[i].item != items[i] && !hasOpenSubmenu(slots_[i])))
+        setSlot(slots_[i], items[i]);
+    while (slots_.size() < items.size())
+      appendSlot(items[slots_.size()]);
   }
   layOut();
 }
 
-void MenuPopup::appendRow(const std::shared_ptr<MenuItem>& item) {
+void MenuPopup::appendSlot(const std::shared_ptr<MenuItem>& item) {
   auto* action = new QAction(this);
-  action->setData(static_cast<qulonglong>(rows_.size()));
+  action->setData(static_cast<qulonglong>(slots_.size()));
   connect(action, &QAction::triggered, this, [this, action] { choose(action); });
-  rows_.push_back({action, item});
-  setRow(rows_.back(), item);
+  slots_.push_back({action, item});
+  setSlot(slots_.back(), item);
   addAction(action);
 }
 
 /// Such a row stays as it is: Option goes down for an entry further in.
-bool MenuPopup::hasOpenSubmenu(const Row& row) {
-  const QMenu* submenu = row.action->menu();
+bool MenuPopup::hasOpenSubmenu(const Slot& slot) {
+  const QMenu* submenu = slot.action->menu();
   return submenu && submenu->isVisible();
 }
 
-void MenuPopup::setRow(Row& row, const std::shared_ptr<MenuItem>& item) {
-  row.item = item;
-  QAction& action = *row.action;
-  const bool ticked = item->state == MenuItemState::on;
-  const int widest = widestTitle * fontMetrics().averageCharWidth();
-  action.setSeparator(item->isSeparator);
-  action.setText(actionText(*item, fontMetrics(), widest));
-  action.setIcon(markIcon(columns_, ticked ? Tick::present : Tick::absent, item->image));
-  action.setCheckable(ticked);
-  action.setChecked(ticked);
-  action.setMenu(item->isSeparator ? nullptr : submenuOf(*item));
-  action.setEnabled(item->isSeparator || canBeOpened(*item) || canBeChosen(*item));
+void MenuPopup::setSlot(Slot& slot, const std::shared_ptr<MenuItem>& item) {
+  slot.item = item;
+  showEntry(*slot.action, *item, shown_.columns(), fontMetrics(), submenuOf(*item));
 }
 
 /// One by one, each change would lay out the whole menu anew: time in the square of its length.
 void MenuPopup::layOut() {
-  if (rows_.empty())
+  if (slots_.empty())
     return;
-  QActionEvent changed(QEvent::ActionChanged, rows_.front().action);
+  QActionEvent changed(QEvent::ActionChanged, slots_.front().action);
   QMenu::actionEvent(&changed);
 }
 
@@ -149,11 +132,11 @@ void MenuPopup::actionEvent(QActionEvent* event) {
 }
 
 MenuPopup* MenuPopup::submenuOf(const MenuItem& item) {
-  if (!item.submenu)
+  if (!item.submenu || item.isSeparator)
     return nullptr;
   MenuPopup*& submenu = submenus_[item.submenu.get()];
   if (!submenu) {
-    submenu = new MenuPopup(owner_, item.submenu);
+    submenu = new MenuPopup(owner_, item.submenu, longestPlain_);
     submenu->setParent(this, submenu->windowFlags());
     submenu->setStyle(style());
     submenu->setFont(font());
@@ -164,63 +147,105 @@ MenuPopup* MenuPopup::submenuOf(const MenuItem& item) {
   return submenu;
 }
 
-std::shared_ptr<MenuItem> MenuPopup::itemOf(const QAction* action) const {
-  const auto row = action ? action->data().toULongLong() : rows_.size();
-  return row < rows_.size() ? rows_[row].item : nullptr;
+/// Of a long level's submenus stay those in sight, and those that have been open: the toolkit may
+/// still have one of them in mind.
+void MenuPopup::dropUnusedSubmenus() {
+  if (submenus_.size() <= 2 * slots_.size())
+    return;
+  std::erase_if(submenus_, [this](const auto& known) {
+    const MenuPopup* submenu = known.second;
+    const bool inSight = std::any_of(slots_.begin(), slots_.end(), [&](const Slot& slot) {
+      return slot.action->menu() == submenu;
+    });
+    if (inSight || submenu->testAttribute(Qt::WA_WState_Created))
+      return false;
+    delete submenu;
+    return true;
+  });
 }
 
-bool MenuPopup::choose(const QAction* action) {
-  const std::shared_ptr<MenuItem> item = itemOf(action);
+std::optional<std::size_t> MenuPopup::slotOf(std::size_t row) const {
+  const bool inSight = row >= first_ && row - first_ < slots_.size();
+  return inSight ? std::optional(row - first_) : std::nullopt;
+}
+
+std::optional<std::size_t> MenuPopup::rowOf(const QAction* action) const {
+  const auto slot = action ? action->data().toULongLong() : slots_.size();
+  return slot < slots_.size() ? std::optional(first_ + slot) : std::nullopt;
+}
+
+std::optional<std::size_t> MenuPopup::currentRow() const {
+  const auto row = rowOf(activeAction());
+  return row ? row : current_;
+}
+
+/// The toolkit opens the submenu of what it is told to highlight, so it must not see any.
+void MenuPopup::highlight(std::size_t row) {
+  if (isLong_) {
+    window_.reveal(row);
+    slide(Slots::changed);
+  }
+  const auto slot = slotOf(row);
+  if (!slot)
+    return;
+  current_.reset();
+  QAction& action = *slots_[*slot].action;
+  QMenu* submenu = action.menu();
+  const QScopedValueRollback mirroring(mirroring_, true);
+  const QScopedValueRollback speaking(toolkitSpeaks, true);
+  action.setMenu<QMenu*>(nullptr);
+  setActiveAction(&action);
+  action.setMenu(submenu);
+}
+
+bool MenuPopup::choose(std::size_t row) {
+  const std::shared_ptr<MenuItem> item = row < shown_.size() ? shown_.at(row) : nullptr;
   if (!item || !canBeChosen(*item))
     return false;
   owner_.entryChosen(item);
   return true;
 }
 
-void MenuPopup::mousePressEvent(QMouseEvent* event) {
-  pressed_ = actionAt(event->position().toPoint());
-  QMenu::mousePressEvent(event);
+void MenuPopup::openSubmenu(std::size_t row) {
+  highlight(row);
+  if (const auto slot = slotOf(row); slot && canBeOpened(*slots_[*slot].item))
+    setActiveAction(slots_[*slot].action);
 }
 
-/// The toolkit has no entry that opens a submenu and can be chosen all the same, as folders are.
-void MenuPopup::mouseReleaseEvent(QMouseEvent* event) {
-  const QAction* pressed = std::exchange(pressed_, nullptr);
-  const bool clicked = pressed && pressed == actionAt(event->position().toPoint());
-  if (!clicked || !pressed->menu() || !choose(pressed))
-    QMenu::mouseReleaseEvent(event);
+QRect MenuPopup::rowGeometry(std::size_t row) const {
+  const auto slot = slotOf(row);
+  return slot ? actionGeometry(slots_[*slot].action) & rect() : QRect();
 }
 
-/// A submenu opens as its key goes up: what fills it may look whether a key is down. Escape closes
-/// with Option held, too.
-void MenuPopup::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape)
-    return pressKey(Qt::Key_Escape);
-  const QAction* action = activeAction();
-  const bool submenu = action && action->isEnabled() && action->menu();
-  if (!submenu || !isOpeningKey(event->key()))
-    return QMenu::keyPressEvent(event);
-  if (!event->isAutoRepeat())
-    openingKey_ = event->key();
+MenuPopup* MenuPopup::openSubmenuOf(std::size_t row) const {
+  const auto slot = slotOf(row);
+  return slot && hasOpenSubmenu(slots_[*slot])
+             ? dynamic_cast<MenuPopup*>(slots_[*slot].action->menu())
+             : nullptr;
 }
 
-void MenuPopup::keyReleaseEvent(QKeyEvent* event) {
-  if (event->isAutoRepeat() || openingKey_ == 0 || event->key() != openingKey_)
-    return QMenu::keyReleaseEvent(event);
-  openingKey_ = 0;
-  const bool sideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
-  if (!sideways && choose(activeAction()))
+std::optional<std::size_t> MenuPopup::rowOfSubmenu(const MenuPopup& submenu) const {
+  const auto slot = std::find_if(slots_.begin(), slots_.end(),
+                                 [&](const Slot& each) { return each.action->menu() == &submenu; });
+  return slot == slots_.end() ? std::nullopt : rowOf(slot->action);
+}
+
+std::size_t MenuPopup::rowOfToolkit(int number) const {
+  return static_cast<std::size_t>(number) + (toolkitSpeaks ? first_ : 0);
+}
+
+void MenuPopup::tellNewName() const {
+  const auto row = currentRow();
+  if (!row || !QAccessible::isActive())
     return;
-  pressKey(event->key());
+  QAccessibleEvent renamed(const_cast<MenuPopup*>(this), QAccessible::NameChanged);
+  renamed.setChild(static_cast<int>(*row));
+  QAccessible::updateAccessibility(&renamed);
 }
 
-void MenuPopup::pressKey(int key) {
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-  QMenu::keyPressEvent(&press);
-}
-
-bool MenuPopup::isOpeningKey(int key) const {
-  const int inwards = layoutDirection() == Qt::RightToLeft ? Qt::Key_Left : Qt::Key_Right;
-  return key == inwards || key == Qt::Key_Return || key == Qt::Key_Enter;
+bool MenuPopup::event(QEvent* event) {
+  const QScopedValueRollback speaking(toolkitSpeaks, true);
+  return QMenu::event(event);
 }
 
 } // namespace tavrel

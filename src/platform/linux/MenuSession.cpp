@@ -58,7 +58,8 @@ void tellClosed(Menu& menu) {
 }
 } // namespace
 
-MenuSession::MenuSession(Menu& menu, MenuFont font) : root_(*this, unowned(menu)) {
+MenuSession::MenuSession(Menu& menu, MenuFont font, std::size_t longestPlain)
+    : root_(*this, unowned(menu), longestPlain) {
   root_.setStyle(&style_);
   root_.setFont(menuFont(font));
   grabTimer_.setInterval(grabRetry);
@@ -73,6 +74,7 @@ void MenuSession::run(const QRect& anchor) {
     return window ? static_cast<std::uint32_t>(window->winId()) : 0;
   });
   option_ = optionIn(QGuiApplication::queryKeyboardModifiers());
+  root_.setScreen(QGuiApplication::screenAt(anchor.topLeft()));
   openLevel(root_);
   hold.take(); // a selection that was captured meanwhile has let go of the keyboard
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
@@ -142,8 +144,13 @@ bool MenuSession::eventFilter(QObject*, QEvent* event) {
 }
 
 bool MenuSession::takeLetter(const QKeyEvent& key) {
-  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  return menu && typeAhead_.take(key, *menu);
+  auto* level = dynamic_cast<MenuPopup*>(QApplication::activePopupWidget());
+  if (!level)
+    return false;
+  const TypeAhead::Answer answer = typeAhead_.take(key, level->rows(), level->currentRow());
+  if (answer.row)
+    level->highlight(*answer.row);
+  return answer.taken;
 }
 
 void MenuSession::setOption(OptionKey option) {

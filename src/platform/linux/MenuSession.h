@@ -16,7 +16,7 @@ namespace tavrel {
 /// One menu from its opening to the end of what was chosen.
 class MenuSession final : public QObject, private MenuPopupOwner {
 public:
-  MenuSession(Menu& menu, MenuFont font);
+  MenuSession(Menu& menu, MenuFont font, std::size_t longestPlain = longestPlainLevel);
   ~MenuSession() override;
 
   /// Shows the menu below an anchor (a point is an anchor without a size) or, without room there,

@@ -37,6 +37,7 @@ int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* returnData) const {
   switch (hint) {
   case SH_Menu_Scrollable:
+  case SH_Menu_SpaceActivatesItem:
     return 1;
   case SH_Menu_KeyboardSearch: // it also finds letters that stand apart in a title
   case SH_MenuBar_AltKeyNavigation:

@@ -1,26 +1,13 @@
 #include "platform/linux/TypeAhead.h"
 
-#include <QAction>
-#include <QKeyEvent>
-#include <QMenu>
+#include "platform/linux/MenuEntryText.h"
 
-#include <algorithm>
+#include <QKeyEvent>
 
 namespace tavrel {
 
 namespace {
 constexpr qint64 pause = 1000; // milliseconds
-
-// Without the mark of a mnemonic, the key equivalent behind the tab and the indentation.
-QString bareTitle(const QAction& action) {
-  QString title = action.text().section(QLatin1Char('\t'), 0, 0);
-  title.replace(QLatin1String("&&"), QLatin1String("&"));
-  return title.trimmed();
-}
-
-bool canBeHighlighted(const QAction& action) {
-  return action.isVisible() && action.isEnabled() && !action.isSeparator();
-}
 
 bool isLetterOfWord(const QKeyEvent& key, const QString& word) {
   const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -29,31 +16,29 @@ bool isLetterOfWord(const QKeyEvent& key, const QString& word) {
   return !word.isEmpty() || !key.text().front().isSpace();
 }
 
-QAction* entryBeginningWith(const QString& word, const QList<QAction*>& entries, qsizetype from) {
-  for (qsizetype i = 0; i < entries.size(); ++i) {
-    QAction* entry = entries[(from + i) % entries.size()];
-    if (canBeHighlighted(*entry) && bareTitle(*entry).startsWith(word, Qt::CaseInsensitive))
-      return entry;
+std::optional<std::size_t> rowBeginningWith(const QString& word, const LevelRows& rows,
+                                            std::size_t from) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const std::size_t row = (from + i) % rows.size();
+    if (titleBeginsWith(*rows.at(row), word) && rows.canBeUsed(row))
+      return row;
   }
-  return nullptr;
+  return std::nullopt;
 }
 } // namespace
 
-bool TypeAhead::take(const QKeyEvent& key, QMenu& menu) {
+TypeAhead::Answer TypeAhead::take(const QKeyEvent& key, const LevelRows& rows,
+                                  std::optional<std::size_t> current) {
   if (sinceLast_.isValid() && sinceLast_.elapsed() > pause)
     word_.clear();
   if (!isLetterOfWord(key, word_))
-    return false;
+    return {};
   sinceLast_.start();
   const bool again = word_.compare(key.text(), Qt::CaseInsensitive) == 0;
   if (!again)
     word_ += key.text();
-  const QList<QAction*> entries = menu.actions();
-  const qsizetype here = std::max<qsizetype>(0, entries.indexOf(menu.activeAction()));
-  const bool onwards = again || (word_.size() == 1 && menu.activeAction());
-  if (QAction* found = entryBeginningWith(word_, entries, onwards ? here + 1 : here))
-    menu.setActiveAction(found);
-  return true;
+  const bool onwards = again || (word_.size() == 1 && current);
+  return {true, rowBeginningWith(word_, rows, current.value_or(0) + (onwards ? 1 : 0))};
 }
 
 } // namespace tavrel

@@ -1,19 +1,27 @@
 #pragma once
 
+#include "platform/linux/LevelRows.h"
+
 #include <QElapsedTimer>
 #include <QString>
 
+#include <optional>
+
 class QKeyEvent;
-class QMenu;
 
 namespace tavrel {
 
-/// Moves the highlight of an open menu to the entry whose title begins with what is typed, whatever
-/// its case. A pause begins a new word; the same letter again goes on to the next such entry.
+/// Finds the row of an open level whose title begins with what is typed, whatever its case. A pause
+/// begins a new word; the same letter again goes on to the next such row.
 class TypeAhead {
 public:
-  /// True when the key was a letter of a word: nobody else is to have it.
-  bool take(const QKeyEvent& key, QMenu& menu);
+  struct Answer {
+    bool taken = false; ///< the key was a letter of a word: nobody else is to have it
+    std::optional<std::size_t> row;
+  };
+
+  [[nodiscard]] Answer take(const QKeyEvent& key, const LevelRows& rows,
+                            std::optional<std::size_t> current);
 
 private:
   QString word_;

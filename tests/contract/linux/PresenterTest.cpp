@@ -1,12 +1,6 @@
-#include "contract/PresenterContract.h"
-#include "platform/linux/LinuxPresenter.h"
-#include "support/Desktop.h"
+#include "contract/linux/MenuPerson.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QMenu>
-#include <QScreen>
-#include <QTimer>
 
 #include <xcb/xcb.h>
 
@@ -15,126 +9,8 @@
 namespace tavrel {
 namespace {
 
-QMenu* openLevel() {
-  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-}
-
-void press(const char* key) {
-  handle({QStringLiteral("key"), QString::fromLatin1(key)});
-}
-
-QString titleOf(const QAction* action) {
-  QString title = action ? action->text().section(QLatin1Char('\t'), 0, 0) : QString();
-  return title.replace(QStringLiteral("&&"), QStringLiteral("&"));
-}
-
-/// A person at a real keyboard.
-class LinuxHands final : public MenuHands {
-public:
-  std::vector<std::string> rows() override {
-    std::vector<std::string> titles;
-    for (const QAction* action : openLevel()->actions())
-      if (action->isVisible())
-        titles.push_back(titleOf(action).toStdString());
-    return titles;
-  }
-
-  void holdOption() override { setOption("keydown", true); }
-  void releaseOption() override { setOption("keyup", false); }
-
-  bool openSubmenu(const std::string& title) override {
-    const QMenu* outer = openLevel();
-    if (!moveTo(title) || !outer->activeAction()->menu())
-      return false;
-    press("Right");
-    return eventually([&] { return openLevel() != outer; });
-  }
-
-  void closeSubmenu() override {
-    const QMenu* inner = openLevel();
-    press("Left");
-    EXPECT_TRUE(eventually([&] { return openLevel() != inner; }));
-  }
-
-  bool choose(const std::string& title) override {
-    if (!moveTo(title))
-      return false;
-    press("Return");
-    return eventually([] { return openLevel() == nullptr; });
-  }
-
-private:
-  static bool isAt(const std::string& title) {
-    return titleOf(openLevel()->activeAction()).toStdString() == title;
-  }
-
-  /// False when the highlight stays: there is one entry at most that can have it.
-  static bool stepDown() {
-    const QAction* before = openLevel()->activeAction();
-    press("Down");
-    const QDeadlineTimer enough(300);
-    const auto moved = [&] { return openLevel()->activeAction() != before; };
-    EXPECT_TRUE(eventually([&] { return moved() || enough.hasExpired(); }));
-    return moved();
-  }
-
-  static bool moveTo(const std::string& title) {
-    const auto steps = openLevel()->actions().size();
-    for (qsizetype step = 0; step <= steps && !isAt(title); ++step)
-      if (!stepDown())
-        break;
-    return isAt(title);
-  }
-
-  static void setOption(const char* what, bool down) {
-    handle({QString::fromLatin1(what), QStringLiteral("alt")});
-    const auto held = [] { return QGuiApplication::queryKeyboardModifiers() & Qt::AltModifier; };
-    EXPECT_TRUE(eventually([&] { return static_cast<bool>(held()) == down; }));
-    QCoreApplication::processEvents();
-  }
-};
-
-class LinuxWorld {
-public:
-  LinuxWorld() {
-    movePointer({5, 5});
-    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { act(); });
-    watch_.start(5);
-  }
-
-  Presenter& presenter() { return presenter_; }
-  void holdOption() { handle({QStringLiteral("keydown"), QStringLiteral("alt")}); }
-  void releaseOption() { handle({QStringLiteral("keyup"), QStringLiteral("alt")}); }
-  void movePointer(Point to) {
-    const int bottom = QGuiApplication::primaryScreen()->geometry().bottom();
-    handle({QStringLiteral("mousemove"), QString::number(to.x), QString::number(bottom - to.y)});
-  }
-
-  std::function<void(MenuHands&)> person = [](MenuHands&) {};
-
-private:
-  /// Once for each menu that opens; a menu that the person leaves open is closed.
-  void act() {
-    if (!openLevel() || acting_)
-      return;
-    acting_ = true;
-    const auto todo = person;
-    LinuxHands hands;
-    todo(hands);
-    while (openLevel()) {
-      const QMenu* level = openLevel();
-      press("Escape");
-      EXPECT_TRUE(eventually([&] { return openLevel() != level; }));
-    }
-    acting_ = false;
-  }
-
-  LinuxPresenter presenter_;
-  QTimer watch_;
-  bool acting_ = false;
-};
-
-INSTANTIATE_TYPED_TEST_SUITE_P(Linux, PresenterContract, LinuxWorld);
+INSTANTIATE_TYPED_TEST_SUITE_P(Linux, PresenterContract, LinuxWorld<>);
+INSTANTIATE_TYPED_TEST_SUITE_P(LinuxLongLevels, PresenterContract, LinuxWorld<0>);
 
 /// Another program at the same display.
 class OtherClient {
@@ -201,18 +77,8 @@ protected:
   OtherClient otherClient;
   MenuDiary diary;
   Menu menu{"menu"};
-  LinuxWorld world;
+  LinuxWorld<> world;
 };
-
-QPoint centerOf(const QMenu& level, int row) {
-  return level.mapToGlobal(level.actionGeometry(level.actions().at(row)).center());
-}
-
-void click(QPoint place) {
-  handle({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
-  handle({QStringLiteral("mousemove_relative"), QStringLiteral("1"), QStringLiteral("1"),
-          QStringLiteral("click"), QStringLiteral("1")});
-}
 
 TEST_F(LinuxPresenterTest, AClickChoosesAnEntry) {
   add(menu, "First");
@@ -296,10 +162,10 @@ TEST_F(LinuxPresenterTest, TheHighlightAndTheWidthStayAsOptionGoesDown) {
     EXPECT_TRUE(eventually([] { return openLevel()->activeAction() != nullptr; }));
     const QRect before = openLevel()->geometry();
     hands.holdOption();
-    EXPECT_EQ(titleOf(openLevel()->activeAction()), "Move the selected files into this folder");
+    EXPECT_EQ(currentTitle(), "Move the selected files into this folder");
     EXPECT_EQ(openLevel()->geometry(), before);
     hands.releaseOption();
-    EXPECT_EQ(titleOf(openLevel()->activeAction()), "Open");
+    EXPECT_EQ(currentTitle(), "Open");
   };
   popUp();
 }
@@ -311,13 +177,13 @@ TEST_F(LinuxPresenterTest, AnOpenSubmenuStaysOpenForTheAlternatesInside) {
   addAlternate(*folder.submenu, "Move inside");
   addAlternate(menu, "Move");
   world.person = [](MenuHands& hands) {
-    QMenu* outer = openLevel();
+    const MenuPopup* outer = openLevel();
     EXPECT_TRUE(hands.openSubmenu("Folder"));
     hands.holdOption();
     EXPECT_THAT(hands.rows(), ElementsAre("Move inside"));
-    EXPECT_EQ(titleOf(outer->actions().front()), "Folder");
+    EXPECT_EQ(outer->actions().front()->text(), "Folder");
     hands.closeSubmenu();
-    EXPECT_TRUE(eventually([&] { return titleOf(outer->actions().front()) == "Move"; }));
+    EXPECT_TRUE(eventually([&] { return outer->actions().front()->text() == "Move"; }));
     hands.releaseOption();
   };
   popUp();
@@ -392,7 +258,7 @@ TEST_F(LinuxPresenterTest, TypingFindsAnEntry) {
     add(menu, title);
   world.person = [](MenuHands&) {
     press("g");
-    EXPECT_TRUE(eventually([] { return titleOf(openLevel()->activeAction()) == "Gamma"; }));
+    EXPECT_TRUE(eventually([] { return currentTitle() == "Gamma"; }));
   };
   popUp();
 }
