@@ -2,6 +2,7 @@
 
 #include "base/Modifiers.h"
 #include "contract/MenuDiary.h"
+#include "contract/MenuHands.h"
 #include "platform/MenuRows.h"
 #include "platform/Presenter.h"
 
@@ -13,19 +14,6 @@
 #include <vector>
 
 namespace tavrel {
-
-/// What a person can do with an open menu. Titles are those of the innermost open level.
-class MenuHands {
-public:
-  virtual ~MenuHands() = default;
-  [[nodiscard]] virtual std::vector<std::string> rows() = 0;
-  virtual void holdOption() = 0;
-  virtual void releaseOption() = 0;
-  [[nodiscard]] virtual bool openSubmenu(const std::string& title) = 0;
-  virtual void closeSubmenu() = 0;
-  /// False when the entry cannot be chosen.
-  virtual bool choose(const std::string& title) = 0;
-};
 
 /// World: `presenter()`, `person` (what a person does while a menu is open: a function given the
 /// hands), `holdOption()` and `releaseOption()` before a menu opens, `movePointer(Point)`.

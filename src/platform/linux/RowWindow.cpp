@@ -50,7 +50,7 @@ void RowWindow::reveal(std::size_t row) {
 
 std::size_t RowWindow::pageAway(std::size_t row, ScrollDirection direction) const {
   const int page = std::max(view_ - 2 * arrow_, 1);
-  return rowAt(direction == ScrollDirection::up ? tops_[row] - page : tops_[row] + page);
+  return rowAt(direction == ScrollDirection::up ? tops_[row + 1] - 1 - page : tops_[row] + page);
 }
 
 int RowWindow::limit() const {

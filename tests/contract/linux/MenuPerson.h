@@ -1,6 +1,6 @@
 #pragma once
 
-#include "contract/PresenterContract.h"
+#include "contract/MenuHands.h"
 #include "platform/linux/LinuxPresenter.h"
 #include "platform/linux/MenuPopup.h"
 #include "support/Desktop.h"
@@ -8,6 +8,10 @@
 #include <QApplication>
 #include <QScreen>
 #include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
 
 namespace tavrel {
 

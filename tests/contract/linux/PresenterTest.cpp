@@ -1,3 +1,4 @@
+#include "contract/PresenterContract.h"
 #include "contract/linux/MenuPerson.h"
 
 #include <QElapsedTimer>
