@@ -10,6 +10,7 @@ bool isAlternateOf(const MenuItem& alternate, const MenuItem& partner) {
 
 std::vector<std::uint32_t> visiblePlaces(const Menu& menu, OptionKey option) {
   std::vector<std::uint32_t> places;
+  places.reserve(menu.items.size());
   for (std::uint32_t place = 0; place < menu.items.size(); ++place) {
     const MenuItem& item = *menu.items[place];
     if (item.hidden)

@@ -20,14 +20,29 @@ QIcon firstInTheme(const QStringList& names) {
 } // namespace
 
 Image FileIcons::find(const std::string& path) {
+  return imageFor(findIconEvidence(path, *folders()));
+}
+
+void FileIcons::request(const std::string& path, std::function<void(Image)> found,
+                        std::function<void()> dropped) {
+  lookups_.ask(
+      path, folders(),
+      [this, found = std::move(found)](const IconEvidence& evidence) { found(imageFor(evidence)); },
+      std::move(dropped));
+}
+
+IconLookups::Folders FileIcons::folders() {
   if (!folders_)
-    folders_ = specialFolders();
-  const IconChoice choice = chooseIcon(path, *folders_);
-  if (!choice.picture.empty())
-    if (auto picture = imageFromFile(choice.picture))
+    folders_ = std::make_shared<const SpecialFolders>(specialFolders());
+  return folders_;
+}
+
+Image FileIcons::imageFor(const IconEvidence& evidence) {
+  if (evidence.picture)
+    if (auto picture = imageFromData(QByteArray::fromStdString(*evidence.picture)))
       return *picture;
-  const QIcon icon = firstInTheme(choice.themeNames);
-  return icon.isNull() ? generic(choice.generic) : imageFromIcon(icon, menuIconSize);
+  const QIcon icon = firstInTheme(evidence.choice.themeNames);
+  return icon.isNull() ? generic(evidence.choice.generic) : imageFromIcon(icon, menuIconSize);
 }
 
 Image FileIcons::generic(GenericIcon icon) {

@@ -34,6 +34,13 @@ void paintLayer(QPainter& painter, const ImageLayer& layer, double height, qreal
 
 } // namespace
 
+bool isAtHand(const Image& image) {
+  return std::all_of(image.layers.begin(), image.layers.end(), [](const ImageLayer& layer) {
+    const auto* content = dynamic_cast<const LinuxImageContent*>(layer.content.get());
+    return !content || content->isAtHand();
+  });
+}
+
 QPixmap renderImage(const Image& image, qreal devicePixelRatio) {
   if (!(image.size.width > 0 && image.size.height > 0 && devicePixelRatio > 0))
     return {};

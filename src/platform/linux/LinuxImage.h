@@ -15,7 +15,14 @@ public:
   /// Fills the rectangle from the painter's origin to `pointSize` (origin top left, as painters
   /// have it). `dpr` is the number of device pixels a point has there.
   virtual void paint(QPainter& painter, QSizeF pointSize, qreal dpr) const = 0;
+
+  /// Whether drawing waits for nothing. If it would, what it needs is fetched meanwhile, and open
+  /// menus are drawn anew once it is there.
+  [[nodiscard]] virtual bool isAtHand() const { return true; }
 };
+
+/// Whether every picture of the composition is at hand.
+[[nodiscard]] bool isAtHand(const Image& image);
 
 /// The composition drawn for a screen with that many device pixels a point, on a transparent
 /// ground; its device pixel ratio is set. Null for an image without a size. Pictures of another

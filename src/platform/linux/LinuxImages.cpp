@@ -6,7 +6,9 @@
 #include "platform/linux/ItemKind.h"
 #include "platform/linux/LinuxImage.h"
 
+#include <QApplication>
 #include <QPainter>
+#include <QWidget>
 
 namespace tavrel {
 
@@ -19,23 +21,63 @@ void paintFitted(QPainter& painter, QSizeF place, const Image& image, qreal dpr)
   paintImage(painter, resized(image, {size.width(), size.height()}), dpr);
 }
 
+void redrawOpenMenus() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->isVisible() && window->windowType() == Qt::Popup)
+      window->update();
+}
+
 /// Finds its icon when it is first drawn: most entries of a long menu never are.
 class FileIconContent final : public LinuxImageContent {
 public:
   FileIconContent(std::string path, std::shared_ptr<FileIcons> icons)
-      : path_(std::move(path)), icons_(std::move(icons)) {}
+      : icon_(std::make_shared<Icon>()), path_(std::move(path)), icons_(std::move(icons)) {}
 
   void paint(QPainter& painter, QSizeF pointSize, qreal dpr) const override {
-    if (!found_)
-      found_ = icons_->find(path_);
-    if (!found_->layers.empty())
-      paintFitted(painter, pointSize, *found_, dpr);
+    if (!icon_->image)
+      icon_->image = icons_->find(path_);
+    if (!icon_->image->layers.empty())
+      paintFitted(painter, pointSize, *icon_->image, dpr);
+  }
+
+  [[nodiscard]] bool isAtHand() const override {
+    if (!icon_->image && !icon_->isRequested)
+      request();
+    if (!icon_->image)
+      icons_->giveMoment([this] { return icon_->image.has_value(); });
+    icon_->isMissed = !icon_->image;
+    return !icon_->isMissed;
   }
 
 private:
+  struct Icon {
+    std::optional<Image> image;
+    bool isRequested = false;
+    bool isMissed = false; ///< something was drawn without it
+  };
+
+  void request() const {
+    icon_->isRequested = true;
+    const std::weak_ptr<Icon> asking = icon_;
+    icons_->request(
+        path_,
+        [asking](Image found) {
+          const auto icon = asking.lock();
+          if (!icon)
+            return;
+          icon->image = std::move(found);
+          if (icon->isMissed)
+            redrawOpenMenus();
+        },
+        [asking] {
+          if (const auto icon = asking.lock())
+            icon->isRequested = false;
+        });
+  }
+
+  std::shared_ptr<Icon> icon_;
   std::string path_;
   std::shared_ptr<FileIcons> icons_;
-  mutable std::optional<Image> found_;
 };
 
 } // namespace

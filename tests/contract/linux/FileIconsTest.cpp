@@ -2,6 +2,7 @@
 
 #include "platform/linux/IconChoice.h"
 #include "platform/linux/IconTheme.h"
+#include "support/Desktop.h"
 
 #include <sys/stat.h>
 
@@ -24,6 +25,12 @@ TEST_F(FileIconsTest, FilesThatAreGoneBeforeTheyAreDrawnDoNoHarm) {
   const auto icon = images().iconForFile(world.addFile());
   fs::remove(world.at("file"));
   ASSERT_TRUE(icon);
+  EXPECT_EQ(renderImage(*icon, 1).size(), QSize(16, 16));
+}
+
+TEST_F(FileIconsTest, AnIconIsAtHandSoonAfterAMenuAskedForIt) {
+  const auto icon = images().iconForFile(world.addFile());
+  EXPECT_TRUE(eventually([&] { return isAtHand(*icon); }));
   EXPECT_EQ(renderImage(*icon, 1).size(), QSize(16, 16));
 }
 

@@ -1,8 +1,10 @@
 #include "base/Modifiers.h"
 #include "contract/linux/MenuPerson.h"
 #include "platform/linux/ImageContents.h"
+#include "platform/linux/LinuxImage.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPixmap>
 #include <QWindow>
 
@@ -129,6 +131,38 @@ TEST(LongLevelLook, ALevelTallerThanTheScreenLooksLikeAnyOther) {
   keys.push_back(Qt::Key_End);
   keys.push_back(Qt::Key_Home);
   expectSameLook(menu, keys);
+}
+
+/// A picture that is not there yet.
+class LateContent final : public LinuxImageContent {
+public:
+  mutable bool isThere = false;
+  void paint(QPainter& painter, QSizeF pointSize, qreal) const override {
+    EXPECT_TRUE(isThere) << "nobody should wait for it";
+    painter.fillRect(QRectF(QPointF(), pointSize), Qt::magenta);
+  }
+  [[nodiscard]] bool isAtHand() const override { return isThere; }
+};
+
+bool showsMagenta(const QImage& image) {
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixelColor(x, y) == QColor(Qt::magenta))
+        return true;
+  return false;
+}
+
+TEST(LongLevelLook, ARowIsThereBeforeItsPictureIs) {
+  const auto late = std::make_shared<LateContent>();
+  Menu menu;
+  addTo(menu, "Entry").image = Image{{{late, menuIconSize}}, menuIconSize};
+  LinuxWorld<0> world;
+  world.person = [&](MenuHands&) {
+    EXPECT_FALSE(showsMagenta(openLevel()->grab().toImage()));
+    late->isThere = true;
+    EXPECT_TRUE(showsMagenta(openLevel()->grab().toImage()));
+  };
+  world.presenter().popUp(menu, {100, 790}, MenuFont::standard);
 }
 
 } // namespace

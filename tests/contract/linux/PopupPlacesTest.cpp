@@ -106,5 +106,16 @@ TEST_F(PopupPlaces, AMenuWithRoomOpensRightAtThePointer) {
   }
 }
 
+TEST_F(PopupPlaces, ALongMenuFillsTheMonitorOfThePointer) {
+  for (int row = 0; row < 1000; ++row)
+    menu.add({}).title = "Entry " + std::to_string(row);
+  for (const QRect& monitor : {left, right})
+    for (const QPoint corner : {monitor.topLeft(), monitor.bottomRight(), monitor.center()}) {
+      const QRect place = placeWithPointerAt(corner);
+      EXPECT_TRUE(monitor.contains(place)) << corner.x() << "," << corner.y();
+      EXPECT_GT(place.height(), monitor.height() * 9 / 10) << corner.x() << "," << corner.y();
+    }
+}
+
 } // namespace
 } // namespace tavrel
