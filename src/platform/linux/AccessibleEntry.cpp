@@ -106,7 +106,7 @@ QStringList AccessibleEntry::actionNames() const {
 }
 
 void AccessibleEntry::doAction(const QString& name) {
-  if (!isValid())
+  if (!isValid() || !level_->isVisible())
     return;
   if (name == showMenuAction())
     level_->openSubmenu(row_);

@@ -50,7 +50,10 @@ void MenuPopup::mouseMoveEvent(QMouseEvent* event) {
   scrolling_ = arrowAt(event->position().toPoint());
   if (!scrolling_) {
     scrollTimer_.stop();
-    return QMenu::mouseMoveEvent(event);
+    QMenu::mouseMoveEvent(event);
+    if (activeAction())
+      current_.reset();
+    return;
   }
   if (!scrollTimer_.isActive())
     scrollTimer_.start();
@@ -80,6 +83,8 @@ void MenuPopup::keyPressEvent(QKeyEvent* event) {
     return pressKey(Qt::Key_Escape);
   if (const auto next = stepForKey(event->key()); next && isLong_)
     return step(*next);
+  if (!activeAction() && current_)
+    highlight(*current_); // nobody chooses or opens what is out of sight
   const QAction* action = activeAction();
   const bool submenu = action && action->isEnabled() && action->menu();
   if (!submenu || !isOpeningKey(event->key()))

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QWindow>
 
+#include <random>
+
 namespace tavrel {
 namespace {
 
@@ -131,6 +133,21 @@ TEST(LongLevelLook, ALevelTallerThanTheScreenLooksLikeAnyOther) {
   keys.push_back(Qt::Key_End);
   keys.push_back(Qt::Key_Home);
   expectSameLook(menu, keys);
+}
+
+TEST(LongLevelLook, ALongLevelIsAsWideAsItsWidestTitleNeeds) {
+  std::mt19937 random(5);
+  const char* const letters[] = {"i", "W", "m", "l", ".", "文", "ж", "é", " "};
+  for (int turn = 0; turn < 10; ++turn) {
+    Menu menu;
+    for (int row = 0; row < 100; ++row) {
+      std::string title = std::to_string(row);
+      for (auto length = 5 + random() % 20; length > 0; --length)
+        title += letters[random() % std::size(letters)];
+      addTo(menu, title).indentation = static_cast<int>(random() % 3);
+    }
+    expectSameLook(menu, {});
+  }
 }
 
 /// A picture that is not there yet.

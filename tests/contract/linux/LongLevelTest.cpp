@@ -185,6 +185,32 @@ TEST_F(LongLevel, TheArrowsScrollWhileThePointerRestsOnThem) {
   });
 }
 
+TEST_F(LongLevel, ReturnBringsBackAHighlightThatWasScrolledOutOfSight) {
+  fill(menu, 1000);
+  popUp([](MenuHands&) {
+    press("Down");
+    press("Down");
+    EXPECT_TRUE(isAt("Entry 1"));
+    movePointerTo(arrow(ScrollDirection::down));
+    EXPECT_TRUE(eventually([] { return !isSeen(5); }));
+    movePointerTo({1000, 700});
+    press("Return");
+    EXPECT_TRUE(eventually([] { return openLevel() == nullptr; }));
+  });
+  EXPECT_THAT(diary.lines, Contains("chosen Entry 1"));
+}
+
+TEST_F(LongLevel, TheSpaceBarChooses) {
+  fill(menu, 1000);
+  popUp([](MenuHands&) {
+    press("End");
+    EXPECT_TRUE(isAt("Entry 999"));
+    press("space");
+    EXPECT_TRUE(eventually([] { return openLevel() == nullptr; }));
+  });
+  EXPECT_THAT(diary.lines, Contains("chosen Entry 999"));
+}
+
 TEST_F(LongLevel, PressingDraggingAndLettingGoChoosesAnEntry) {
   fill(menu, thousands);
   popUp([](MenuHands&) {

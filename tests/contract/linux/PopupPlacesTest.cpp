@@ -117,5 +117,30 @@ TEST_F(PopupPlaces, ALongMenuFillsTheMonitorOfThePointer) {
     }
 }
 
+TEST_F(PopupPlaces, ALongSubmenuStaysOnTheMonitorOfItsMenu) {
+  auto inner = std::make_shared<Menu>("inner");
+  for (int row = 0; row < 1000; ++row)
+    inner->add({}).title = "Entry " + std::to_string(row);
+  menu.add({}).submenu = inner;
+  handle({QStringLiteral("mousemove"), QStringLiteral("720"), QStringLiteral("20")});
+  QRect place;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    auto* level = dynamic_cast<MenuPopup*>(QApplication::activePopupWidget());
+    if (!level || !level->windowHandle() || !level->windowHandle()->isExposed())
+      return;
+    if (&level->menu() == &menu)
+      return level->openSubmenu(10);
+    place = pixelsOf(*level);
+    level->close();
+    if (auto* outer = QApplication::activePopupWidget())
+      outer->close();
+  });
+  look.start(5);
+  presenter.popUp(menu, presenter.pointerLocation(), MenuFont::standard);
+  EXPECT_TRUE(right.contains(place)) << place.y() << " " << place.height();
+  EXPECT_GT(place.height(), right.height() * 9 / 10);
+}
+
 } // namespace
 } // namespace tavrel

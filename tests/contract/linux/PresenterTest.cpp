@@ -264,5 +264,31 @@ TEST_F(LinuxPresenterTest, TypingFindsAnEntry) {
   popUp();
 }
 
+TEST_F(LinuxPresenterTest, TypingFindsAFolderAndLeavesItClosed) {
+  add(menu, "Alpha");
+  MenuItem& folder = add(menu, "Beta");
+  folder.submenu = std::make_shared<Menu>("inner");
+  folder.submenu->delegate = &diary;
+  world.person = [](MenuHands&) {
+    handle({QStringLiteral("type"), QStringLiteral("be")});
+    EXPECT_TRUE(eventually([] { return currentTitle() == "Beta"; }));
+  };
+  popUp();
+  EXPECT_EQ(diary.lines.size(), 3U);
+}
+
+TEST_F(LinuxPresenterTest, TheWheelScrollsALevelTallerThanTheScreen) {
+  for (int row = 0; row < 200; ++row)
+    add(menu, "Entry");
+  world.person = [](MenuHands&) {
+    movePointerTo(centerOf(*openLevel(), 5));
+    EXPECT_TRUE(eventually([] { return openLevel()->currentRow() == 5U; }));
+    const QRect before = openLevel()->rowGeometry(5);
+    handle({QStringLiteral("click"), QStringLiteral("5")});
+    EXPECT_TRUE(eventually([&] { return openLevel()->rowGeometry(5) != before; }));
+  };
+  popUp();
+}
+
 } // namespace
 } // namespace tavrel
