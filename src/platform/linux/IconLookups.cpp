@@ -17,7 +17,7 @@ constexpr std::size_t mostThreads = 4;
 constexpr std::size_t mostQuestions = 256;
 constexpr qint64 period = 250; // milliseconds
 constexpr qint64 longestWaitOfPeriod = 25;
-constexpr std::chrono::seconds patience{5};
+constexpr std::chrono::seconds idlePatience{5};
 constexpr std::chrono::milliseconds patienceAtEnd{200};
 } // namespace
 
@@ -47,7 +47,7 @@ struct IconLookups::Shared {
   std::optional<Question> next() {
     std::unique_lock lock(mutex);
     ++idle;
-    changed.wait_for(lock, patience, [this] { return !questions.empty() || !deliver; });
+    changed.wait_for(lock, idlePatience, [this] { return !questions.empty() || !deliver; });
     --idle;
     if (questions.empty()) {
       --threads;

@@ -1,6 +1,5 @@
 #include "platform/linux/LevelMetrics.h"
 
-#include "platform/linux/LevelWidth.h"
 #include "platform/linux/MenuEntryText.h"
 #include "platform/linux/MenuStyle.h"
 
@@ -12,12 +11,6 @@ namespace tavrel {
 
 namespace {
 constexpr int widestTitle = 64; ///< in average characters
-
-RowKind kindOfRow(const MenuItem& item) {
-  if (item.isSeparator)
-    return RowKind::line;
-  return item.image || item.state == MenuItemState::on ? RowKind::marked : RowKind::plain;
-}
 
 /// A menu that never shows: the toolkit measures its entries.
 class MeasuringMenu final : public QMenu {
@@ -37,7 +30,7 @@ public:
     metrics.frame = sizeHint().height();
     for (int i = 0; i < actions().size(); ++i) {
       const int height = actionGeometry(actions().at(i)).height();
-      metrics.heights[static_cast<std::size_t>(kindOfRow(*items[static_cast<std::size_t>(i)]))] =
+      metrics.heights[static_cast<std::size_t>(rowKind(*items[static_cast<std::size_t>(i)]))] =
           height;
       metrics.frame -= height;
     }
@@ -65,8 +58,7 @@ std::vector<int> rowTops(const LevelRows& rows, const LevelMetrics& metrics) {
   std::vector<int> tops{0};
   tops.reserve(rows.size() + 1);
   for (std::size_t row = 0; row < rows.size(); ++row)
-    tops.push_back(tops.back() +
-                   metrics.heights[static_cast<std::size_t>(kindOfRow(*rows.at(row)))]);
+    tops.push_back(tops.back() + metrics.heights[static_cast<std::size_t>(rowKind(*rows.at(row)))]);
   return tops;
 }
 

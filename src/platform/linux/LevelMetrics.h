@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/LevelRows.h"
+#include "platform/linux/LevelWidth.h"
 
 #include <array>
 
@@ -10,9 +11,6 @@ class QMenu;
 class QWidget;
 
 namespace tavrel {
-
-/// What the height of a row goes by.
-enum class RowKind { line, plain, marked };
 
 /// How a long level is laid out, as the toolkit would do it with every row in hand. In pixels.
 struct LevelMetrics {

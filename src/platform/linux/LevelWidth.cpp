@@ -46,11 +46,13 @@ void keepWidest(std::vector<Estimated>& items) {
                     [](const auto& a, const auto& b) { return a.width > b.width; });
   items.resize(kept);
 }
-
-int kindOf(const MenuItem& item) {
-  return item.isSeparator ? 0 : item.image || item.state == MenuItemState::on ? 1 : 2;
-}
 } // namespace
+
+RowKind rowKind(const MenuItem& item) {
+  if (item.isSeparator)
+    return RowKind::line;
+  return item.image || item.state == MenuItemState::on ? RowKind::marked : RowKind::plain;
+}
 
 std::vector<const MenuItem*> decisiveItems(const std::vector<const MenuItem*>& items,
                                            const QFontMetrics& metrics) {
@@ -63,8 +65,8 @@ std::vector<const MenuItem*> decisiveItems(const std::vector<const MenuItem*>& i
     titles.push_back({estimate.of(*item), item});
     if (!item->keyEquivalent.empty())
       shortcuts.push_back({metrics.horizontalAdvance(entryShortcut(*item)), item});
-    if (!kinds[static_cast<std::size_t>(kindOf(*item))])
-      kinds[static_cast<std::size_t>(kindOf(*item))] = item;
+    if (auto& first = kinds[static_cast<std::size_t>(rowKind(*item))]; !first)
+      first = item;
   }
   keepWidest(titles);
   keepWidest(shortcuts);
