@@ -39,7 +39,7 @@ struct IconLookups::Shared {
   std::deque<Question> questions; ///< latest last
   std::vector<Found> found;
   std::size_t threads = 0;
-  std::size_t idle = 0; ///< of these
+  std::size_t idle = 0;          ///< of these
   std::function<void()> deliver; ///< in the main thread; empty when nobody is there any more
   bool deliveryComes = false;
 

@@ -26,7 +26,6 @@ public:
   [[nodiscard]] bool canScroll(ScrollDirection direction) const;
   [[nodiscard]] Span span() const;
 
-  void toTop() { offset_ = 0; }
   /// So many more rows, aligned with the arrow in that direction.
   void scroll(ScrollDirection direction, std::size_t rows);
   /// Scrolls as little as it takes for a row to be seen whole.
