@@ -18,7 +18,7 @@ namespace chrono = std::chrono;
 constexpr auto months =
     std::to_array<std::string_view>({"January", "February", "March", "April", "May", "June", "July",
                                      "August", "September", "October", "November", "December"});
-constexpr auto weekdays = std::to_array<std::string_view>(
+constexpr auto weekdayNames = std::to_array<std::string_view>(
     {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"});
 
 constexpr chrono::sys_days epoch{chrono::year{2001} / 1 / 1};
@@ -93,7 +93,7 @@ bool readWord(Reading& reading, std::string_view word) {
     reading.month = month + 1;
   if (isHalf(word, 'a') || isHalf(word, 'p'))
     reading.half = isHalf(word, 'a') ? 1 : 2;
-  else if (month < 0 && indexOfName(weekdays, word) < 0)
+  else if (month < 0 && indexOfName(weekdayNames, word) < 0)
     return word == "at" || word == "T" || word == "t" || word == "of";
   return true;
 }
@@ -174,15 +174,15 @@ std::string_view monthName(int month) {
 }
 
 std::string_view weekdayName(double seconds) {
-  return weekdays[chrono::weekday(dayOf(seconds)).c_encoding()];
+  return weekdayNames[chrono::weekday(dayOf(seconds)).c_encoding()];
 }
 
 int calendarNumber(std::string_view name) {
   const auto month = std::find(months.begin(), months.end(), name);
   if (month != months.end())
     return static_cast<int>(month - months.begin()) + 1;
-  const auto weekday = std::find(weekdays.begin(), weekdays.end(), name);
-  return weekday != weekdays.end() ? static_cast<int>(weekday - weekdays.begin()) + 1 : 0;
+  const auto weekday = std::find(weekdayNames.begin(), weekdayNames.end(), name);
+  return weekday != weekdayNames.end() ? static_cast<int>(weekday - weekdayNames.begin()) + 1 : 0;
 }
 
 std::string dateString(double seconds) {

@@ -5,7 +5,7 @@
 namespace tavrel::script {
 namespace {
 
-constexpr int deepest = 100;
+constexpr int deepestStored = 100;
 constexpr const char* classKey = "class";
 constexpr const char* valueKey = "value";
 constexpr const char* labelsKey = "labels";
@@ -63,7 +63,7 @@ std::optional<PropertyList> stored(const Value& value, Room room) {
   const auto* text = value.as<Text>();
   const bool isContainer = value.is(ValueKind::list) || value.is(ValueKind::record);
   const std::size_t more = text ? text->value().size() : isContainer ? containerSize : 0;
-  if (room.depth > deepest || !room.take(sizeof(PropertyList) + more))
+  if (room.depth > deepestStored || !room.take(sizeof(PropertyList) + more))
     return std::nullopt;
   switch (value.kind()) {
   case ValueKind::missing:
@@ -142,7 +142,7 @@ std::optional<Value> restoredOfClass(Runtime& runtime, const PropertyList& from,
 }
 
 std::optional<Value> restored(Runtime& runtime, const PropertyList& from, int depth) {
-  if (depth > deepest)
+  if (depth > deepestStored)
     return std::nullopt;
   if (const auto flag = from.boolean())
     return Value::boolean(*flag);

@@ -11,12 +11,12 @@ namespace tavrel {
 namespace {
 
 /// A file descriptor that is closed.
-class Descriptor {
+class OpenedFile {
 public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
+  explicit OpenedFile(int number) : number_(number) {}
+  OpenedFile(const OpenedFile&) = delete;
+  OpenedFile& operator=(const OpenedFile&) = delete;
+  ~OpenedFile() {
     if (number_ >= 0)
       ::close(number_);
   }
@@ -34,14 +34,14 @@ bool isRegular(const std::string& path) {
 
 /// Its size; nothing when it is no regular file. Asked again after opening: another thing may
 /// stand there by now.
-std::optional<std::size_t> regularSize(const Descriptor& file) {
+std::optional<std::size_t> regularSize(const OpenedFile& file) {
   struct stat status {};
   if (file.number() < 0 || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
     return std::nullopt;
   return static_cast<std::size_t>(status.st_size);
 }
 
-std::optional<std::string> readUpTo(const Descriptor& file, std::size_t count) {
+std::optional<std::string> readUpTo(const OpenedFile& file, std::size_t count) {
   std::string content(count, '\0');
   std::size_t filled = 0;
   while (filled < count) {
@@ -63,7 +63,7 @@ std::optional<std::string> readUpTo(const Descriptor& file, std::size_t count) {
 std::optional<std::string> readStart(const std::string& path, std::size_t count) {
   if (!isRegular(path))
     return std::nullopt;
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  const OpenedFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
   const auto size = regularSize(file);
   return size ? readUpTo(file, std::min(*size, count)) : std::nullopt;
 }

@@ -11,7 +11,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr int deepest = 32;
+constexpr int deepestValue = 32;
 
 // A message holds 64 containers inside one another, and a dictionary takes three: the array, its
 // entry, and the variant that holds the next one. A deeper message costs the sender its connection.
@@ -92,7 +92,7 @@ std::optional<PropertyList> integerFrom(quint64 value) {
 }
 
 std::optional<PropertyList> converted(const QVariant& value, int depth) {
-  if (depth > deepest)
+  if (depth > deepestValue)
     return std::nullopt;
   if (value.metaType() == QMetaType::fromType<QDBusVariant>())
     return converted(value.value<QDBusVariant>().variant(), depth);

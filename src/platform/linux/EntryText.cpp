@@ -4,7 +4,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::string_view mainGroup = "[Desktop Entry]";
+constexpr std::string_view editedGroup = "[Desktop Entry]";
 
 struct EntryLine {
   std::size_t start = 0;
@@ -28,7 +28,7 @@ std::size_t groupStart(std::string_view text) {
   EntryLine line;
   while (line.end < text.size()) {
     line = lineAt(text, line.end);
-    if (contentOf(text, line).starts_with(mainGroup))
+    if (contentOf(text, line).starts_with(editedGroup))
       return line.end;
   }
   return text.size();
@@ -42,11 +42,11 @@ bool sets(std::string_view line, std::string_view key) {
 }
 
 std::string withGroup(std::string text) {
-  if (groupStart(text) != text.size() || text.find(mainGroup) != std::string::npos)
+  if (groupStart(text) != text.size() || text.find(editedGroup) != std::string::npos)
     return text;
   if (!text.empty() && text.back() != '\n')
     text.append("\n");
-  return text.append(mainGroup).append("\n");
+  return text.append(editedGroup).append("\n");
 }
 
 } // namespace

@@ -16,7 +16,7 @@ constexpr std::uint16_t dvorakC = 34;
 constexpr int mostPresses = 10;
 constexpr int looksPerPress = 10;
 constexpr double betweenLooks = 0.001;
-constexpr double longestWait = 0.3;
+constexpr double longestSelection = 0.3;
 
 struct SavedPasteboard {
   std::vector<std::string> types;
@@ -61,7 +61,7 @@ bool pressCopy(ScriptDesktop& desktop) {
 bool hasCopied(ScriptDesktop& desktop) {
   Pasteboard& general = desktop.pasteboards.general();
   const std::int64_t before = general.changeCount();
-  const double end = desktop.clock.now() + longestWait;
+  const double end = desktop.clock.now() + longestSelection;
   for (int press = 0; press < mostPresses && desktop.clock.now() < end; ++press) {
     if (!pressCopy(desktop))
       return false;
@@ -74,7 +74,7 @@ bool hasCopied(ScriptDesktop& desktop) {
   return general.changeCount() != before;
 }
 
-std::vector<std::string> filesOn(Pasteboard& pasteboard) {
+std::vector<std::string> filesCopiedTo(Pasteboard& pasteboard) {
   const auto list = pasteboard.propertyList(pasteboardType::filenames);
   const PropertyList::Array* entries = list ? list->array() : nullptr;
   std::vector<std::string> paths;
@@ -95,7 +95,7 @@ std::vector<std::string> selectionOfFileManager(ScriptDesktop& desktop, const st
   const SavedPasteboard before = saved(general);
   clear(general); // else what is copied late in answer to an earlier keystroke would be undone
   const bool isCopied = hasCopied(desktop);
-  const std::vector<std::string> paths = filesOn(general);
+  const std::vector<std::string> paths = filesCopiedTo(general);
   if (isCopied)
     clear(general); // an empty string that was there comes back, too, when it is put over another
   put(before, general);

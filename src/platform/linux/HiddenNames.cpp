@@ -9,11 +9,11 @@ namespace tavrel {
 namespace {
 constexpr std::chrono::seconds kept{1};
 constexpr std::size_t mostFolders = 64;
-constexpr std::size_t largestList = std::size_t{1} << 20; // bytes
+constexpr std::size_t largestHiddenList = std::size_t{1} << 20; // bytes
 
 std::set<std::string, std::less<>> readNames(std::string_view folder) {
   std::istringstream lines(
-      readFile(std::string(folder) + "/.hidden", largestList).value_or(std::string()));
+      readFile(std::string(folder) + "/.hidden", largestHiddenList).value_or(std::string()));
   std::set<std::string, std::less<>> names;
   for (std::string line; std::getline(lines, line);)
     names.insert(line);

@@ -12,16 +12,17 @@
 namespace tavrel {
 
 namespace {
-constexpr int largestSide = 4096; // pixels of a picture that is to be an icon
-constexpr int keptSide = 512;     // pixels; what is larger is kept in a smaller copy
-constexpr std::size_t largestFile = std::size_t{16} << 20;
+constexpr int largestContentSide = 4096; // pixels of a picture that is to be an icon
+constexpr int keptSide = 512;            // pixels; what is larger is kept in a smaller copy
+constexpr std::size_t largestImageFile = std::size_t{16} << 20;
 
 Size sizeOf(QSize size) {
   return {static_cast<double>(size.width()), static_cast<double>(size.height())};
 }
 
 bool isSensible(QSize size) {
-  return !size.isEmpty() && size.width() <= largestSide && size.height() <= largestSide;
+  return !size.isEmpty() && size.width() <= largestContentSide &&
+         size.height() <= largestContentSide;
 }
 
 class DrawingContent final : public LinuxImageContent {
@@ -106,7 +107,7 @@ std::optional<Image> imageFromData(const QByteArray& data) {
 }
 
 std::optional<Image> imageFromFile(const std::string& path) {
-  const auto content = readFile(path, largestFile);
+  const auto content = readFile(path, largestImageFile);
   return content ? imageFromData(QByteArray::fromStdString(*content)) : std::nullopt;
 }
 

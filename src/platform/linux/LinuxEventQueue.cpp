@@ -18,7 +18,7 @@
 namespace tavrel {
 
 namespace {
-constexpr double longestWait = 86400; ///< seconds
+constexpr double longestPoll = 86400; ///< seconds
 
 bool matches(std::uint64_t mask, const Event& event) {
   return ((mask >> static_cast<unsigned>(event.type)) & 1U) != 0;
@@ -53,7 +53,7 @@ void LinuxEventQueue::wait(std::uint64_t mask, double until) {
   const QScopedValueRollback awaited(awaited_, mask);
   QEventLoop loop;
   loop.processEvents();
-  const double left = std::clamp(until - clock_.now(), 0.0, longestWait);
+  const double left = std::clamp(until - clock_.now(), 0.0, longestPoll);
   QTimer deadline;
   deadline.setTimerType(Qt::PreciseTimer);
   QObject::connect(&deadline, &QTimer::timeout, &loop, &QEventLoop::quit);

@@ -20,10 +20,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(keyboardLog, "tavrel.keyboard")
 
-struct CFree {
+struct FreeReply {
   void operator()(void* memory) const { std::free(memory); }
 };
-template <class Reply> using Owned = std::unique_ptr<Reply, CFree>;
+template <class Reply> using Owned = std::unique_ptr<Reply, FreeReply>;
 
 constexpr std::uint32_t keyOfNoKeyboard = 127;
 

@@ -24,7 +24,7 @@ std::string escaped(std::string_view type) {
   return text;
 }
 
-std::string unescaped(std::string_view text) {
+std::string unescapedTarget(std::string_view text) {
   std::string type;
   for (std::size_t at = 0; at < text.size(); at += text[at] == '%' ? 3 : 1)
     type += text[at] != '%' ? text[at] : text.substr(at, 3) == "%3B" ? ';' : '%';
@@ -67,7 +67,7 @@ std::optional<NativeTarget> nativeTargetOfName(std::string_view name) {
   if (!bits)
     return NativeTarget{std::string(name), std::string(name), 8, false};
   const auto typeName = name.substr(type + typeMark.size(), format - type - typeMark.size());
-  return NativeTarget{std::string(name.substr(0, type)), unescaped(typeName), *bits, false};
+  return NativeTarget{std::string(name.substr(0, type)), unescapedTarget(typeName), *bits, false};
 }
 
 bool hasNativeTargets(const std::vector<std::string>& names) {

@@ -16,7 +16,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr off_t largestFile = off_t{256} * 1024 * 1024;
+constexpr off_t largestPreferenceFile = off_t{256} * 1024 * 1024;
 constexpr mode_t newFileMode = 0600;
 
 class Descriptor {
@@ -62,7 +62,7 @@ std::optional<Bytes> contents(int descriptor, std::size_t expected) {
     const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
     if (got < 0 && errno != EINTR)
       return std::nullopt;
-    if (got == 0 || filled > static_cast<std::size_t>(largestFile))
+    if (got == 0 || filled > static_cast<std::size_t>(largestPreferenceFile))
       break;
     filled += got > 0 ? static_cast<std::size_t>(got) : 0;
   }
@@ -133,7 +133,7 @@ PreferenceFile readPreferenceFile(const std::string& path) {
     return unreadable(systemProblem());
   if (!S_ISREG(status.st_mode))
     return unreadable("is no file");
-  if (status.st_size > largestFile)
+  if (status.st_size > largestPreferenceFile)
     return unreadable("is larger than 256 MiB");
   const auto bytes = contents(descriptor.number(), static_cast<std::size_t>(status.st_size));
   return bytes ? decoded(*bytes) : unreadable(systemProblem());

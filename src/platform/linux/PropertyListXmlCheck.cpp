@@ -26,7 +26,7 @@ bool isContainer(std::string_view name) {
   return name == "plist" || name == "dict" || name == "array";
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view trimmedText(std::string_view text) {
   constexpr std::string_view blanks = " \t\r\n";
   const std::size_t first = text.find_first_not_of(blanks);
   if (first == std::string_view::npos)
@@ -42,8 +42,8 @@ std::string_view withoutSign(std::string_view text) {
 
 // What 64 bits with a sign can hold: the library would wrap what is larger.
 bool isInteger(std::string_view text) {
-  const bool negative = trimmed(text).starts_with('-');
-  std::string_view digits = withoutSign(trimmed(text));
+  const bool negative = trimmedText(text).starts_with('-');
+  std::string_view digits = withoutSign(trimmedText(text));
   const bool hexadecimal = digits.starts_with("0x") || digits.starts_with("0X");
   if (hexadecimal)
     digits.remove_prefix(2);
@@ -56,7 +56,7 @@ bool isInteger(std::string_view text) {
 }
 
 bool isReal(std::string_view text) {
-  const std::string_view number = withoutSign(trimmed(text));
+  const std::string_view number = withoutSign(trimmedText(text));
   double value = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
   return error != std::errc::invalid_argument && end == number.data() + number.size();
@@ -64,7 +64,7 @@ bool isReal(std::string_view text) {
 
 bool isDate(std::string_view text) {
   constexpr std::string_view pattern = "dddd-dd-ddTdd:dd:ddZ";
-  text = trimmed(text);
+  text = trimmedText(text);
   if (text.size() != pattern.size())
     return false;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -104,7 +104,7 @@ bool isContent(std::string_view element, std::string_view text) {
     return isDate(text);
   if (element == "data")
     return isBase64(text);
-  return element == "string" || element == "key" || trimmed(text).empty();
+  return element == "string" || element == "key" || trimmedText(text).empty();
 }
 
 // The elements that are open, and whether the text so far can still become a property list.
@@ -190,7 +190,7 @@ private:
   std::string addText(std::string_view text) {
     if (!open_.empty())
       open_.back().text.append(text);
-    else if (!trimmed(text).empty())
+    else if (!trimmedText(text).empty())
       return "has text outside its elements";
     return {};
   }

@@ -16,7 +16,7 @@ namespace tavrel {
 namespace {
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-constexpr int deepestFolder = 500; // each level holds a descriptor and a frame of the stack
+constexpr int deepestRemoval = 500; // each level holds a descriptor and a frame of the stack
 
 std::string problemOf(int number) {
   return number == 0 || number == ENOENT ? std::string() : std::string(std::strerror(number));
@@ -59,7 +59,7 @@ int removeAt(int folder, const std::string& name, int depth) {
     return 0;
   if (errno != EISDIR && errno != EPERM)
     return errno;
-  if (depth > deepestFolder)
+  if (depth > deepestRemoval)
     return ELOOP;
   if (const int number = removeContents(folder, name, depth); number != 0)
     return number;

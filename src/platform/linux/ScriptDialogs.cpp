@@ -29,13 +29,13 @@ HostError canceled() {
 constexpr int usualWidth = 380; // pixels
 constexpr int msecsBetweenStopLooks = 100;
 
-QString shown(const std::string& text) {
+QString shownText(const std::string& text) {
   return QString::fromStdString(text);
 }
 
 QString titleOf(const HostEvent& event) {
   const std::string title = textParameter(event, "with title");
-  return title.empty() ? QString("Tavrel") : shown(title);
+  return title.empty() ? QString("Tavrel") : shownText(title);
 }
 
 // A button is told by its title or its number from 1.
@@ -85,7 +85,7 @@ private:
   [[nodiscard]] std::size_t index() const { return static_cast<std::size_t>(chosen_); }
 
   void say(const std::string& text) {
-    auto* label = new QLabel(shown(text), &dialog_);
+    auto* label = new QLabel(shownText(text), &dialog_);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     layout_.addWidget(label);
@@ -95,7 +95,7 @@ private:
     const HostValue* answer = parameterOf(event, "default answer");
     if (!answer)
       return;
-    line_ = new QLineEdit(shown(scriptText(*answer).value_or("")), &dialog_);
+    line_ = new QLineEdit(shownText(scriptText(*answer).value_or("")), &dialog_);
     if (flagParameter(event, "hidden answer", false))
       line_->setEchoMode(QLineEdit::Password);
     layout_.addWidget(line_);
@@ -109,7 +109,7 @@ private:
     for (std::size_t i = 0; i < titles_.size(); ++i) {
       const bool isCancel = cancel_ < 0 && titles_[i] == "Cancel";
       cancel_ = isCancel ? static_cast<int>(i) : cancel_;
-      auto* button = box->addButton(shown(titles_[i]), QDialogButtonBox::ActionRole);
+      auto* button = box->addButton(shownText(titles_[i]), QDialogButtonBox::ActionRole);
       button->setAutoDefault(false);
       button->setDefault(static_cast<int>(i) == preferred);
       QObject::connect(button, &QPushButton::clicked, &dialog_, [this, i] {
@@ -165,7 +165,7 @@ HostAnswer chooseFromList(ScriptDesktop&, const HostEvent& event) {
   QVBoxLayout layout(&dialog);
   dialog.setWindowTitle(titleOf(event));
   const std::string prompt = textParameter(event, "with prompt");
-  layout.addWidget(new QLabel(shown(prompt.empty() ? "Please make your selection:" : prompt)));
+  layout.addWidget(new QLabel(shownText(prompt.empty() ? "Please make your selection:" : prompt)));
   auto* list = new QListWidget(&dialog);
   const bool several = flagParameter(event, "multiple selections allowed", false);
   list->setSelectionMode(several ? QAbstractItemView::ExtendedSelection
@@ -174,7 +174,7 @@ HostAnswer chooseFromList(ScriptDesktop&, const HostEvent& event) {
   const std::vector<std::string> chosen =
       preselected ? scriptTexts(*preselected) : std::vector<std::string>();
   for (const std::string& each : event.direct ? scriptTexts(*event.direct) : chosen) {
-    auto* item = new QListWidgetItem(shown(each), list);
+    auto* item = new QListWidgetItem(shownText(each), list);
     item->setSelected(std::find(chosen.begin(), chosen.end(), each) != chosen.end());
   }
   layout.addWidget(list);
@@ -202,11 +202,11 @@ HostAnswer chosenFiles(const QStringList& names, bool several) {
 }
 
 QString startFolder(const HostEvent& event) {
-  return shown(textParameter(event, "default location"));
+  return shownText(textParameter(event, "default location"));
 }
 
 QString promptOf(const HostEvent& event) {
-  return shown(textParameter(event, "with prompt"));
+  return shownText(textParameter(event, "with prompt"));
 }
 
 HostAnswer chooseFile(ScriptDesktop&, const HostEvent& event) {
@@ -225,7 +225,7 @@ HostAnswer chooseFolder(ScriptDesktop&, const HostEvent& event) {
 }
 
 HostAnswer chooseFileName(ScriptDesktop&, const HostEvent& event) {
-  const QString start = startFolder(event) + "/" + shown(textParameter(event, "default name"));
+  const QString start = startFolder(event) + "/" + shownText(textParameter(event, "default name"));
   const QString name = QFileDialog::getSaveFileName(nullptr, promptOf(event), start);
   return chosenFiles(name.isEmpty() ? QStringList() : QStringList(name), false);
 }

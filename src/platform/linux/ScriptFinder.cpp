@@ -26,7 +26,7 @@ std::string fileUrlOf(const std::string& path) {
 
 constexpr int msecsToAnswer = 5000;
 
-HostAnswer missingFile() {
+HostAnswer missingItem() {
   return HostError{errors::fileNotFound, "There is no such file."};
 }
 
@@ -74,19 +74,19 @@ bool isSecondManager(const HostEvent& event) {
 HostAnswer reveal(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
   if (paths.empty() || !std::ranges::all_of(paths, isThere))
-    return missingFile();
+    return missingItem();
   if (!isSecondManager(event) && showItems(paths))
     return HostValue{};
   const std::string folder = deletingLastPathComponent(paths.front());
   if (isSecondManager(event))
     return openWith(desktop, "Path Finder", {folder});
-  return desktop.workspace.openFile(folder) ? HostAnswer(HostValue{}) : missingFile();
+  return desktop.workspace.openFile(folder) ? HostAnswer(HostValue{}) : missingItem();
 }
 
 HostAnswer openItem(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
   if (paths.empty() || !std::ranges::all_of(paths, isThere))
-    return missingFile();
+    return missingItem();
   if (isSecondManager(event))
     return openWith(desktop, "Path Finder", paths);
   for (const std::string& path : paths)
@@ -131,7 +131,7 @@ HostAnswer getOfFinder(ScriptDesktop& desktop, const HostEvent& event) {
     return askApplication(desktop, event);
   const std::vector<std::string> paths = filesOf(event);
   if (!paths.empty())
-    return isThere(paths.front()) ? HostAnswer(HostValue{HostFile{paths.front()}}) : missingFile();
+    return isThere(paths.front()) ? HostAnswer(HostValue{HostFile{paths.front()}}) : missingItem();
   const std::string& name = object->steps[0].name;
   if (object->steps.size() == 1 && name == "home")
     return HostValue{HostFile{homeFolder()}};

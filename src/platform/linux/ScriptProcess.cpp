@@ -48,7 +48,7 @@ void waitForEnd(pid_t process) {
 }
 
 /// Made before the fork: after it nothing may allocate.
-struct Prepared {
+struct PreparedProgram {
   const char* program;
   const char* folder; ///< null: ours
   char* const* arguments;
@@ -64,7 +64,7 @@ int movedUp(int descriptor) {
   return ::fcntl(descriptor, F_DUPFD_CLOEXEC, 3);
 }
 
-[[noreturn]] void become(const Prepared& prepared) {
+[[noreturn]] void become(const PreparedProgram& prepared) {
   const int report = movedUp(prepared.report);
   const int input = movedUp(prepared.input);
   const int output = movedUp(prepared.output);
@@ -109,7 +109,7 @@ int ScriptProcess::start(const ProcessRequest& request) {
   if (!input.reading.isOpen() || !errors.reading.isOpen() || !report.reading.isOpen() ||
       !output.writing.isOpen())
     return errno;
-  const Prepared prepared{
+  const PreparedProgram prepared{
       request.program.c_str(), request.folder.empty() ? nullptr : request.folder.c_str(),
       argumentList.data(),     environmentList.data(),
       input.reading.get(),     output.writing.get(),

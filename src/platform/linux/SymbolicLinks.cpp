@@ -13,7 +13,7 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::milliseconds kept{100};
+constexpr std::chrono::milliseconds keptFor{100};
 
 /// One question to the kernel answers for all components; walking them takes one for each. Where
 /// the kernel does not know the question the answer is true.
@@ -54,7 +54,7 @@ bool SymbolicLinks::isWithoutLinks(const std::string& path) {
 
 bool SymbolicLinks::isFolderWithoutLinks(std::string_view folder) {
   const auto now = std::chrono::steady_clock::now();
-  if (folder == folder_ && now - checked_ < kept)
+  if (folder == folder_ && now - checked_ < keptFor)
     return true;
   std::string asked(folder);
   if (mayHoldLinks(asked))

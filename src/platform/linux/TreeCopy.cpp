@@ -13,7 +13,7 @@ FileStamp stampOf(const struct stat& status) {
   return {status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
-std::error_code changedMeanwhile() {
+std::error_code changedWhileCopied() {
   return std::make_error_code(std::errc::resource_unavailable_try_again);
 }
 
@@ -82,11 +82,11 @@ public:
 
   /// Some file systems touch a folder's times as it moves: what counts is what is in it.
   std::error_code enterFolder(const FolderEntry& entry) override {
-    return find(entry.status) == nullptr ? changedMeanwhile() : std::error_code();
+    return find(entry.status) == nullptr ? changedWhileCopied() : std::error_code();
   }
   std::error_code visitFile(int, const std::string&, const struct stat& status) override {
     const FileStamp* then = find(status);
-    return then != nullptr && *then == stampOf(status) ? std::error_code() : changedMeanwhile();
+    return then != nullptr && *then == stampOf(status) ? std::error_code() : changedWhileCopied();
   }
   std::error_code leaveFolder(const FolderEntry&) override { return {}; }
 

@@ -10,7 +10,7 @@ namespace tavrel {
 
 namespace {
 
-std::string lowerCase(std::string text) {
+std::string lowered(std::string text) {
   std::ranges::transform(text, text.begin(), [](char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
   });
@@ -55,7 +55,7 @@ const InstalledApplication* named(const std::string& id, const ApplicationRegist
 }
 
 bool isOneOf(const std::string& text, const std::vector<std::string>& names) {
-  return !text.empty() && std::ranges::find(names, lowerCase(text)) != names.end();
+  return !text.empty() && std::ranges::find(names, lowered(text)) != names.end();
 }
 
 } // namespace
@@ -76,10 +76,10 @@ const InstalledApplication* applicationOf(const WindowFacts& window, const std::
   std::vector<std::string> names;
   for (const std::string& name : {window.windowClass, window.instance})
     if (!name.empty())
-      names.push_back(lowerCase(name));
+      names.push_back(lowered(name));
   std::vector<std::string> programs = names;
   if (!executable.empty() && !isInterpreter(executable))
-    programs.push_back(lowerCase(baseName(executable)));
+    programs.push_back(lowered(baseName(executable)));
 
   const std::array<Test, 4> tests = {
       [&](const auto& each) { return isOneOf(each.entry->startupWmClass(), names); },
