@@ -30,7 +30,7 @@ void write(Domain domain, Items items) {
   domain.insert_or_assign(launchedApplications, std::move(items));
   Preferences& preferences = platform().preferences;
   preferences.removePersistentDomain(loginWindow);
-  preferences.setPersistentDomain(loginWindow, std::move(domain));
+  preferences.setPersistentDomain(loginWindow, domain);
   preferences.synchronize(loginWindow);
 }
 

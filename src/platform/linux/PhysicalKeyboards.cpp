@@ -42,7 +42,8 @@ std::optional<xcb_key_press_event_t> keyIn(const xcb_generic_event_t& event) {
   typed.time = key.time;
   typed.root = key.root;
   typed.event = key.root;
-  typed.state = static_cast<std::uint16_t>(key.mods.effective | key.group.effective << 13);
+  typed.state = static_cast<std::uint16_t>(key.mods.effective |
+                                           static_cast<unsigned>(key.group.effective) << 13U);
   typed.same_screen = 1;
   return typed;
 }
