@@ -249,17 +249,25 @@ protected:
   int taps = 0;
 };
 
+// Where the machine was too busy to see both taps in time there was no gesture: tap again.
 TEST_F(DoubleTapKeys, AllThatIsTypedAfterTheSecondTapGoesToTheMenu) {
   act = [this] { popUp(); };
-  for (int round = 0; round < rounds() / 4; ++round) {
+  int gesturesSeen = 0;
+  for (int tries = 0; gesturesSeen < rounds() / 4 && tries < rounds() * 2; ++tries) {
     taps = 0;
-    typeForMenu([](FakeInput& input) {
+    diary.lines.clear();
+    type([](FakeInput& input) {
       tapTwice(input);
       for (const std::uint8_t key : {keyDown, keyDown, keyReturn})
         input.tap(key);
     });
-    ASSERT_THAT(diary.lines, Contains("chosen Beta")) << round;
+    if (taps != 2)
+      continue;
+    ++gesturesSeen;
+    ASSERT_TRUE(eventually([&] { return !diary.lines.empty(); }));
+    ASSERT_THAT(diary.lines, Contains("chosen Beta")) << tries;
   }
+  EXPECT_GE(gesturesSeen, rounds() / 4);
 }
 
 TEST_F(DoubleTapKeys, WhatIsTypedAfterTwoTapsThatOpenNothingReachesTheApplication) {
