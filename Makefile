@@ -2,12 +2,13 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: help run test build check bench bench-desktop asan format clean packages-build packages-run packages-test packages-bench
+.PHONY: help run test build deb check bench bench-desktop asan format clean packages-build packages-run packages-test packages-bench
 
 help:
 	@echo "make run     installs what is missing, builds, starts Tavrel (on a virtual desktop without a display)"
 	@echo "make test    installs what is missing, builds, runs every test"
 	@echo "make build   builds into $(BUILD)/"
+	@echo "make deb     makes a Debian package, build-deb/tavrel_*.deb"
 	@echo "make check   runs the checks of style and structure"
 	@echo "make asan    runs the tests that need no display under the sanitizers"
 	@echo "make bench   measures, and prints the ratios"
@@ -28,6 +29,12 @@ run: packages-build packages-run
 
 test: packages-build packages-run packages-test build
 	ctest --test-dir $(BUILD) --no-tests=error --output-on-failure -j $(JOBS)
+
+# Packages bring newer versions themselves.
+deb: packages-build packages-run packages-test
+	cmake --preset default -B build-deb -DTAVREL_TESTS=OFF -DTAVREL_UPDATE_CHECK=OFF >/dev/null
+	cmake --build build-deb -j $(JOBS)
+	@tools/deb build-deb
 
 check: build
 	ctest --test-dir $(BUILD) --no-tests=error --output-on-failure -L check

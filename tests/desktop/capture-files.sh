@@ -25,7 +25,7 @@ mv "$HOME/kept.new" "$HOME/kept"
 END_OF_SCRIPT
 chmod +x "$HOME/Keep.sh"
 cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<END_OF_TREE
-<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_MenuTree</key><array>
+<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_OnlineUpdateCheck</key><false/><key>TVR_MenuTree</key><array>
 <dict><key>TVR_MenuItemType</key><string>applescript</string><key>TVR_MenuItemTitle</key><string>Keep</string>
 <key>TVR_MenuItemURL</key><string>file://$HOME/Keep.sh</string></dict>
 </array></dict></plist>

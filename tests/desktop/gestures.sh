@@ -28,7 +28,7 @@ item() {
 }
 shortcut() { printf '<key>TVR_MenuItemShortcutString</key><string>%s</string>' "$1"; }
 {
-  echo '<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_MenuTree</key><array>'
+  echo '<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_OnlineUpdateCheck</key><false/><key>TVR_MenuTree</key><array>'
   item applescript Keep "file://$HOME/Keep.sh" "$(shortcut K)"
   item applescript Elsewhere "file://$HOME/Keep.sh" "$(shortcut a)<key>TVR_MenuItemInvokers</key><array><string>Elsewhere</string></array>"
   item services Shout upper-case

@@ -32,7 +32,7 @@ item() { # TYPE TITLE PATH
   printf '<dict><key>TVR_MenuItemType</key><string>%s</string><key>TVR_MenuItemTitle</key><string>%s</string><key>TVR_MenuItemURL</key><string>file://%s</string></dict>' "$@"
 }
 {
-  echo '<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_MenuTree</key><array>'
+  echo '<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_OnlineUpdateCheck</key><false/><key>TVR_MenuTree</key><array>'
   item applescript Count "$HOME/Count.scpt"
   item applescript Ask "$HOME/Ask.applescript"
   item "document file" Letter "$HOME/Documents/Letter.txt"
