@@ -1,13 +1,19 @@
 #pragma once
 
 #include "platform/Web.h"
+#include "platform/linux/WebFetch.h"
 
 namespace tavrel {
 
-/// No network yet: nothing can be had.
+/// Property lists of either form over HTTP. What could not be had, and why, is a line on standard
+/// error.
 class LinuxWeb final : public Web {
 public:
-  std::optional<PropertyList> dictionaryAt(const std::string&) override { return std::nullopt; }
+  explicit LinuxWeb(WebLimits limits = {}) : limits_(limits) {}
+  std::optional<PropertyList> dictionaryAt(const std::string& url) override;
+
+private:
+  WebLimits limits_;
 };
 
 } // namespace tavrel
