@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxAlerts.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -7,9 +8,20 @@ namespace tavrel {
 
 namespace {
 
-// A label shows what it takes for a mark of a short cut or of markup; these texts have none.
+// Part of a text may come from a server: it must not push the buttons off the screen.
+constexpr int longestAlertText = 600;
+constexpr int mostAlertLines = 10;
+
 QString plain(const std::string& text) {
-  return QString::fromStdString(text);
+  const QString whole = QString::fromStdString(text);
+  const QString shown = whole.left(longestAlertText).section('\n', 0, mostAlertLines - 1);
+  return shown.size() < whole.size() ? shown + QChar(0x2026) : whole;
+}
+
+// A label takes some texts for markup if it may; these have none.
+void showAsTheyAre(const QMessageBox& box) {
+  for (QLabel* label : box.findChildren<QLabel*>())
+    label->setTextFormat(Qt::PlainText);
 }
 
 QPushButton* addButton(QMessageBox& box, const std::string& title, QMessageBox::ButtonRole role) {
@@ -23,9 +35,9 @@ QPushButton* addButton(QMessageBox& box, const std::string& title, QMessageBox::
 AlertAnswer LinuxAlerts::run(const AlertPanel& panel) {
   QMessageBox box;
   box.setWindowTitle("Tavrel");
-  box.setTextFormat(Qt::PlainText);
   box.setText(plain(panel.title));
   box.setInformativeText(plain(panel.message));
+  showAsTheyAre(box);
   QPushButton* standard = addButton(box, panel.defaultButton, QMessageBox::AcceptRole);
   QPushButton* other = addButton(box, panel.otherButton, QMessageBox::ActionRole);
   QPushButton* alternate = addButton(box, panel.alternateButton, QMessageBox::RejectRole);

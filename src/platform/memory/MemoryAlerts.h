@@ -13,7 +13,7 @@ class MemoryAlerts final : public Alerts {
 public:
   struct Control {
     std::vector<AlertPanel> shown;
-    std::deque<AlertAnswer> answers; ///< to the next panels; the alternate one to those after
+    std::deque<AlertAnswer> answers; ///< to the next panels; those after are closed
     std::function<void()> onShow;    ///< what happens while a panel stands
   };
   Control control;
@@ -23,7 +23,7 @@ public:
     if (control.onShow)
       control.onShow();
     if (control.answers.empty())
-      return AlertAnswer::alternate;
+      return panel.alternateButton.empty() ? AlertAnswer::standard : AlertAnswer::alternate;
     const AlertAnswer answer = control.answers.front();
     control.answers.pop_front();
     return answer;
