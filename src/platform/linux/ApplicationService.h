@@ -23,7 +23,7 @@ public:
 public Q_SLOTS:
   void Activate(const QVariantMap&) { activated_(); }
   void Open(const QStringList&, const QVariantMap&) { activated_(); }
-  void ActivateAction(const QString&, const QVariantList&, const QVariantMap&) {}
+  void ActivateAction(const QString&, const QVariantList&, const QVariantMap&) { activated_(); }
 
 private:
   std::function<void()> activated_;
