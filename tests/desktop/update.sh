@@ -52,7 +52,8 @@ Exec=$HOME/browse %u
 MimeType=x-scheme-handler/http;
 END
 printf '[Default Applications]\nx-scheme-handler/http=browse.desktop\n' >"$XDG_CONFIG_HOME/mimeapps.list"
-cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<END
+settings=$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist
+cat >"$HOME/never-checked.plist" <<END
 <?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_MenuTree</key><array><dict>
 <key>TVR_MenuItemType</key><string>url</string><key>TVR_MenuItemTitle</key><string>Item</string>
 <key>TVR_MenuItemURL</key><string>$web/item</string><key>TVR_MenuItemShortcutString</key><string>K</string>
@@ -63,10 +64,19 @@ opened() { [ "$(sed "s|$web/||" "$HOME/opened" | tr '\n' ' ')" = "$1 " ]; }
 asked() { [ "$(tr '\n' ' ' <"$site/requests")" = "$1 " ]; }
 button() { tests/desktop/buttons.py | grep -x "[0-9]* [0-9]* $1"; }
 press() { xdotool mousemove $(button "$1" | cut -d' ' -f1,2) click 1; }
-no_panel() { ! window_named '^Tavrel$'; }
+# Only panels are windows that the window manager knows.
+panel() {
+  local id
+  for id in $(xprop -root -notype _NET_CLIENT_LIST | grep -o '0x[0-9a-f]*'); do
+    ! xprop -id "$id" WM_CLASS | grep -q '"tavrel"' || return 0
+  done
+  return 1
+}
+no_panel() { ! panel; }
 # start PATH: the program, looking for the list there.
 start() {
   look_at "$1"
+  cp "$HOME/never-checked.plist" "$settings"
   TAVREL_RESOURCES=$HOME/resources QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$program" 2>>"$log" &
   tavrel=$!
   wait_for 30 "the status item" tray_icon_embedded
@@ -78,7 +88,7 @@ start /updates.plist
 [ ! -e "$site/requests" ] || give_up "it looked for a newer version before an item was chosen"
 
 xdotool key ctrl+shift+k
-wait_for 20 "the panel" window_named '^Tavrel$'
+wait_for 20 "the panel" panel
 for name in "Download and Show History" Cancel Download; do
   wait_for 20 "the button $name" button "$name"
 done
