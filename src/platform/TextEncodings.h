@@ -28,11 +28,13 @@ public:
   /// What people call it, as "Unicode (UTF-8)"; nothing for a number that is not listed.
   [[nodiscard]] virtual std::optional<std::string> nameOf(StringEncoding encoding) = 0;
 
-  /// The number that the application framework uses for the same encoding.
+  /// The number that the application framework uses for the same encoding; `invalidEncoding` for
+  /// a number that is not listed.
   [[nodiscard]] virtual StringEncoding frameworkEncoding(StringEncoding encoding) = 0;
 
-  /// The text in an encoding of the framework, what it cannot hold replaced; nothing for a number
-  /// that names none.
+  /// The text in an encoding of the framework. What that cannot hold is written in ASCII (Á as A,
+  /// © as (C)), else as a question mark; bytes of the text that are no UTF-8 count as U+FFFD.
+  /// Nothing for a number that names no encoding, and never for a text.
   [[nodiscard]] virtual std::optional<Bytes> lossyData(std::string_view text,
                                                        StringEncoding encoding) = 0;
 };

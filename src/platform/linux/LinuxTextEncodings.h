@@ -4,24 +4,14 @@
 
 namespace tavrel {
 
-/// UTF-8 alone so far.
+/// The encodings that the installed converters (ICU) know, under the platform's names and numbers.
 class LinuxTextEncodings final : public TextEncodings {
 public:
-  std::vector<StringEncoding> available() override { return {utf8, invalidEncoding}; }
-  std::optional<std::string> nameOf(StringEncoding encoding) override {
-    return encoding == utf8 ? std::optional<std::string>("Unicode (UTF-8)") : std::nullopt;
-  }
-  StringEncoding frameworkEncoding(StringEncoding encoding) override {
-    return encoding == utf8 ? frameworkUtf8 : invalidEncoding;
-  }
-  std::optional<Bytes> lossyData(std::string_view text, StringEncoding encoding) override {
-    return encoding == frameworkUtf8 ? std::optional(Bytes(text.begin(), text.end()))
-                                     : std::nullopt;
-  }
-
-private:
-  static constexpr StringEncoding utf8 = 0x08000100;
-  static constexpr StringEncoding frameworkUtf8 = 4;
+  [[nodiscard]] std::vector<StringEncoding> available() override;
+  [[nodiscard]] std::optional<std::string> nameOf(StringEncoding encoding) override;
+  [[nodiscard]] StringEncoding frameworkEncoding(StringEncoding encoding) override;
+  [[nodiscard]] std::optional<Bytes> lossyData(std::string_view text,
+                                               StringEncoding encoding) override;
 };
 
 } // namespace tavrel
