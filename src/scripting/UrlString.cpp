@@ -2,53 +2,119 @@
 
 #include "platform/Platform.h"
 
-#include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace tavrel {
 
 namespace {
 
-using Passes = std::array<bool, 256>;
-
-constexpr Passes passing() {
-  Passes passes{};
-  for (std::size_t byte = 0x10; byte <= 0x7E; ++byte)
-    passes.at(byte) = true;
-  for (const char escaped : std::string_view(" <>[]^`|{}"))
-    passes.at(static_cast<unsigned char>(escaped)) = false;
-  return passes;
+// Comparisons joined without branches, so that the compiler tests many bytes at once.
+constexpr bool isEscaped(unsigned char byte) {
+  const bool isAngle = (byte & 0xFDU) == '<'; // or '>'
+  const bool isInner =
+      (byte == ' ') | (byte == '[') | (byte == ']') | (byte == '^') | (byte == '`');
+  const bool isLast = (byte >= '{') & (byte != '~');
+  return (byte < 0x10) | isAngle | isInner | isLast;
 }
 
-constexpr Passes passes = passing();
+/// What becomes of a byte: up to six characters, and how many they are.
+struct Escape {
+  std::array<char, 7> characters{};
+  std::uint8_t length = 0;
+};
+using Escapes = std::array<Escape, 256>;
 
-bool isEscaped(char byte) {
-  return !passes[static_cast<unsigned char>(byte)];
-}
-
-void appendEscape(std::string& escaped, unsigned char byte) {
+constexpr Escape escapeOf(unsigned char byte) {
   constexpr std::string_view digits = "0123456789ABCDEF";
-  const std::array<char, 3> escape{'%', digits[byte >> 4U], digits[byte & 0x0FU]};
-  escaped.append(escape.data(), escape.size());
+  if (!isEscaped(byte))
+    return {{static_cast<char>(byte)}, 1};
+  return {{'%', digits[byte >> 4U], digits[byte & 0x0FU]}, 3};
 }
 
-void appendEscaped(std::string& escaped, char byte, LineEndings endings) {
-  if (byte != '\n' || endings == LineEndings::lineFeed)
-    return appendEscape(escaped, static_cast<unsigned char>(byte));
-  escaped.append(endings == LineEndings::carriageReturn ? "%0D" : "%0D%0A");
+constexpr Escapes escapesWith(Escape lineFeed) {
+  Escapes escapes{};
+  for (std::size_t byte = 0; byte < escapes.size(); ++byte)
+    escapes.at(byte) = escapeOf(static_cast<unsigned char>(byte));
+  escapes.at('\n') = lineFeed;
+  return escapes;
+}
+
+constexpr Escapes lineFeedStays = escapesWith(escapeOf('\n'));
+constexpr Escapes toCarriageReturn = escapesWith(escapeOf('\r'));
+constexpr Escapes toBoth = escapesWith({{'%', '0', 'D', '%', '0', 'A'}, 6});
+
+const Escapes& escapesFor(LineEndings endings) {
+  if (endings == LineEndings::lineFeed)
+    return lineFeedStays;
+  return endings == LineEndings::carriageReturn ? toCarriageReturn : toBoth;
+}
+
+constexpr std::size_t blockSize = 64;
+constexpr std::size_t blocksAtATime = 64;
+using Buffer = std::array<char, blockSize * blocksAtATime * 6 + sizeof(Escape)>;
+
+// Of a whole block, whose size the compiler knows.
+std::size_t escapesInBlock(const char* block) {
+  std::uint8_t count = 0;
+  for (std::size_t i = 0; i < blockSize; ++i)
+    count = static_cast<std::uint8_t>(count + isEscaped(static_cast<unsigned char>(block[i])));
+  return count;
+}
+
+// Every byte writes a whole entry, and the next one over what was too much: no branch waits for
+// what the byte is.
+char* putEscaped(char* to, std::string_view bytes, const Escapes& escapes) {
+  for (const char each : bytes) {
+    const Escape& escape = escapes[static_cast<unsigned char>(each)];
+    std::memcpy(to, &escape, sizeof escape);
+    to += escape.length;
+  }
+  return to;
+}
+
+char* putBlock(char* to, std::string_view block, const Escapes& escapes) {
+  if (block.size() < blockSize || escapesInBlock(block.data()) > 0)
+    return putEscaped(to, block, escapes);
+  std::memcpy(to, block.data(), blockSize);
+  return to + blockSize;
+}
+
+// One loop for all bytes would not be done many at once.
+std::size_t lineFeedsInBlock(const char* block) {
+  std::uint8_t count = 0;
+  for (std::size_t i = 0; i < blockSize; ++i)
+    count = static_cast<std::uint8_t>(count + (block[i] == '\n' ? 1 : 0));
+  return count;
+}
+
+std::size_t escapedSize(std::string_view bytes, const Escapes& escapes) {
+  const std::size_t lineFeed = escapes['\n'].length;
+  std::size_t size = 0;
+  for (; bytes.size() >= blockSize; bytes.remove_prefix(blockSize)) {
+    size += blockSize + 2 * escapesInBlock(bytes.data());
+    size += lineFeed == 3 ? 0 : (lineFeed - 3) * lineFeedsInBlock(bytes.data());
+  }
+  for (const char each : bytes)
+    size += escapes[static_cast<unsigned char>(each)].length;
+  return size;
 }
 
 } // namespace
 
 std::string escapedForUrl(std::string_view bytes, LineEndings endings) {
+  const Escapes& escapes = escapesFor(endings);
   std::string escaped;
-  escaped.reserve(bytes.size() + bytes.size() / 2);
-  for (const char* at = bytes.begin(); at != bytes.end();) {
-    const char* stop = std::find_if(at, bytes.end(), isEscaped);
-    escaped.append(at, stop);
-    at = stop;
-    if (at != bytes.end())
-      appendEscaped(escaped, *at++, endings);
+  escaped.reserve(escapedSize(bytes, escapes));
+  Buffer buffer;
+  while (!bytes.empty()) {
+    char* to = buffer.data();
+    for (std::size_t i = 0; i < blocksAtATime && !bytes.empty(); ++i) {
+      const std::string_view block = bytes.substr(0, blockSize);
+      to = putBlock(to, block, escapes);
+      bytes.remove_prefix(block.size());
+    }
+    escaped.append(buffer.data(), to);
   }
   return escaped;
 }
