@@ -1,21 +1,49 @@
 #include "platform/linux/ApplicationService.h"
 
 #include "platform/Services.h"
-#include "platform/linux/BusName.h"
+#include "platform/linux/BusObject.h"
 
 #include <QApplication>
-#include <QDBusConnection>
 #include <QTimer>
 
 namespace tavrel {
 
-ApplicationService::ApplicationService() {
-  new ApplicationAdaptor(this, [this] { ask(); });
-  QDBusConnection::sessionBus().registerObject(busPath, this, QDBusConnection::ExportAdaptors);
+namespace {
+
+const QString applicationInterfaceName = QStringLiteral("org.freedesktop.Application");
+
+const QString applicationDescription = QStringLiteral(R"(    <method name="Activate">
+      <arg type="a{sv}" name="platform-data" direction="in"/>
+    </method>
+    <method name="Open">
+      <arg type="as" name="uris" direction="in"/>
+      <arg type="a{sv}" name="platform-data" direction="in"/>
+    </method>
+    <method name="ActivateAction">
+      <arg type="s" name="action-name" direction="in"/>
+      <arg type="av" name="parameter" direction="in"/>
+      <arg type="a{sv}" name="platform-data" direction="in"/>
+    </method>
+)");
+
+} // namespace
+
+ApplicationService::ApplicationService(BusObject& object) : object_(object) {
+  const auto activate = [this](const QVariantList&) -> BusAnswer {
+    ask();
+    return QVariantList();
+  };
+  const auto ignore = [](const QVariantList&) -> BusAnswer { return QVariantList(); };
+  object_.offer({applicationInterfaceName,
+                 applicationDescription,
+                 {{QStringLiteral("Activate"), QStringLiteral("a{sv}"), activate},
+                  {QStringLiteral("Open"), QStringLiteral("asa{sv}"), activate},
+                  {QStringLiteral("ActivateAction"), QStringLiteral("sava{sv}"), ignore}},
+                 {}});
 }
 
 ApplicationService::~ApplicationService() {
-  QDBusConnection::sessionBus().unregisterObject(busPath);
+  object_.withdraw(applicationInterfaceName);
 }
 
 void ApplicationService::ask() {

@@ -4,6 +4,7 @@
 #include "platform/linux/AccessibleApplication.h"
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/Autostart.h"
+#include "platform/linux/BusObject.h"
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/GestureHold.h"
 #include "platform/linux/LinuxAccessibility.h"
@@ -62,6 +63,7 @@ struct LinuxDesktop::Adapters {
   std::string resources = resourceFolder();
   ApplicationRegistry registry{applicationFolders()};
   DesktopWindows windows;
+  BusObject busObject;
 
   OwnKeystrokes ownKeystrokes;
   LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
@@ -87,11 +89,13 @@ struct LinuxDesktop::Adapters {
        {"loginwindow", {readLoginWindow, writeLoginWindow}}}};
   LinuxPresenter presenter;
   LinuxRichText richText;
-  LinuxScripting scripting;
-  LinuxServices services{{serviceFolders(resources), [this] {
+  LinuxScripting scripting{busObject};
+  LinuxServices services{{serviceFolders(resources),
+                          [this] {
                             const auto front = applications.active();
                             return front && front->name ? *front->name : std::string();
-                          }}};
+                          }},
+                         busObject};
   LinuxSounds sounds{resources};
   LinuxStatusBar statusBar{presenter};
   LinuxSystemEvents systemEvents;

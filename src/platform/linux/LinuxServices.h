@@ -17,7 +17,9 @@ public:
     std::function<std::string()> hostApplication; ///< the name of the application in front
     std::chrono::milliseconds patience = std::chrono::seconds(10); ///< with one that hangs
   };
-  explicit LinuxServices(Surroundings surroundings) : surroundings_(std::move(surroundings)) {}
+  /// The object on the bus must outlive this.
+  LinuxServices(Surroundings surroundings, BusObject& object)
+      : surroundings_(std::move(surroundings)), application_(object) {}
 
   /// Waits for the end of the service: one that takes too long, or prints without end, is ended and
   /// named on standard error, as is one that fails. The pasteboard changes only when it ended

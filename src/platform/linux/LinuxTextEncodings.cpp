@@ -12,7 +12,7 @@ namespace {
 
 constexpr StringEncoding frameworkUtf8 = 4;
 constexpr StringEncoding frameworkLatin1 = 5;
-constexpr char16_t byteOrderMark = 0xFEFF;
+constexpr char16_t leadingMark = 0xFEFF;
 
 // Asked once: which converters there are does not change while the program runs.
 const std::vector<EncodingRow>& convertibleEncodings() {
@@ -67,7 +67,7 @@ std::optional<Bytes> LinuxTextEncodings::lossyData(std::string_view text, String
     return wellFormedUtf8(text);
   std::u16string units = utf16FromUtf8(text);
   if (row->mark == ByteOrderMark::first)
-    units.insert(units.begin(), byteOrderMark);
+    units.insert(units.begin(), leadingMark);
   const auto lost =
       encoding == frameworkLatin1 ? LostCharacter::onePerUnit : LostCharacter::onePerCharacter;
   return convertLossily(units, row->converter, lost);

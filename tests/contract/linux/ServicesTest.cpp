@@ -1,4 +1,5 @@
 #include "contract/ServicesContract.h"
+#include "platform/linux/BusObject.h"
 #include "platform/linux/LinuxPasteboards.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/ServiceFolders.h"
@@ -35,11 +36,13 @@ public:
     fs::permissions(folder_.write(file, "#!/bin/sh\n" + body + "\n"), fs::perms::owner_all);
   }
   [[nodiscard]] const TemporaryFolder& folder() const { return folder_; }
+  BusObject& busObject() { return busObject_; }
 
 private:
   TemporaryFolder folder_;
   LinuxPasteboards pasteboards_;
-  LinuxServices services_{{{folder_.path()}, [] { return "Editor"; }}};
+  BusObject busObject_;
+  LinuxServices services_{{{folder_.path()}, [] { return "Editor"; }}, busObject_};
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, ServicesContract, ServicesWorld);
@@ -59,7 +62,8 @@ TEST_F(LinuxServicesTest, TheApplicationInFrontIsTold) {
 
 TEST_F(LinuxServicesTest, AServiceThatHangsIsEndedWithAllThatItStarted) {
   world.add("hanging", "sleep 1000 & echo $! >'" + world.folder().path("pid") + "'; wait");
-  LinuxServices impatient({{world.folder().path()}, [] { return ""; }, std::chrono::seconds(1)});
+  LinuxServices impatient({{world.folder().path()}, [] { return ""; }, std::chrono::seconds(1)},
+                          world.busObject());
   hold("abc");
   const auto start = std::chrono::steady_clock::now();
   testing::internal::CaptureStderr();
@@ -132,7 +136,8 @@ protected:
   }
   LinuxPasteboards pasteboards;
   Pasteboard& board = pasteboards.named("board");
-  LinuxServices services{{{TAVREL_RESOURCES "/services"}, [] { return "Editor"; }}};
+  BusObject busObject;
+  LinuxServices services{{{TAVREL_RESOURCES "/services"}, [] { return "Editor"; }}, busObject};
 };
 
 TEST_F(ShippedServices, UpperCaseKnowsEveryLetter) {
