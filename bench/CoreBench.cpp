@@ -128,7 +128,9 @@ void classifyEach(benchmark::State& state) {
   MemoryDesktop desktop;
   LinuxFiles files;
   Platform ports{desktop.accessibility,
+                 desktop.alerts,
                  desktop.applications,
+                 desktop.authorization,
                  desktop.bundle,
                  desktop.clock,
                  desktop.eventMonitor,
@@ -143,11 +145,15 @@ void classifyEach(benchmark::State& state) {
                  desktop.preferences,
                  desktop.presenter,
                  desktop.richText,
+                 desktop.scripting,
                  desktop.scripts,
                  desktop.services,
                  desktop.sounds,
                  desktop.statusBar,
+                 desktop.systemEvents,
                  desktop.log,
+                 desktop.textEncodings,
+                 desktop.web,
                  desktop.workspace};
   const ScopedPlatform scope(ports);
   for (auto _ : state)
