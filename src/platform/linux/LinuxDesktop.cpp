@@ -105,7 +105,8 @@ struct LinuxDesktop::Adapters {
   LinuxWorkspace workspace{registry, windows};
   LongRuns longRuns;
   LinuxScriptHost scriptHost{{accessibility, applications, clock, keyboard, sounds, log,
-                              pasteboards, workspace, registry, windows, resources + "/roles"},
+                              pasteboards, workspace, registry, windows, resources + "/roles",
+                              [this] { return scripting.application(); }},
                              longRuns};
   LinuxScripts scripts{scriptHost, longRuns, [this](const std::string& path) {
                          return runSelectedScript(path, {applications, pasteboards, log, longRuns});

@@ -29,6 +29,8 @@ Ask askOf(const std::string& application) {
     return askTerminal;
   if (name == "system preferences")
     return askPreferences;
+  if (name == "tavrel")
+    return askTavrel;
   return name == "system events" ? askSystemEvents : askApplication;
 }
 

@@ -28,4 +28,8 @@ namespace tavrel {
 [[nodiscard]] script::HostAnswer askSystemEvents(ScriptDesktop& desktop,
                                                  const script::HostEvent& event);
 
+/// This program: `copy to clipboard`, `convert`, `uninstall`, and what it tells of itself and of
+/// the selection.
+[[nodiscard]] script::HostAnswer askTavrel(ScriptDesktop& desktop, const script::HostEvent& event);
+
 } // namespace tavrel

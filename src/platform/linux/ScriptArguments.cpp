@@ -59,6 +59,26 @@ std::vector<std::string> scriptTexts(const HostValue& value) {
   return texts;
 }
 
+std::optional<HostValue> listElement(const HostList& list, const ObjectStep& step) {
+  if (step.kind == ObjectStep::Kind::every && step.name == "item")
+    return HostValue{list};
+  const auto* key = step.keys.empty() ? nullptr : std::get_if<std::int64_t>(&step.keys[0].value);
+  const bool isIndex = step.kind == ObjectStep::Kind::element && step.name == "item" && key;
+  const auto count = static_cast<std::int64_t>(list.size());
+  const std::int64_t index = isIndex ? *key + (*key < 0 ? count + 1 : 0) : 0;
+  if (index < 1 || index > count)
+    return std::nullopt;
+  return list[static_cast<std::size_t>(index - 1)];
+}
+
+const ObjectPath* objectIn(const HostEvent& event, std::string_view property) {
+  const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
+  const bool isIt = object && !object->steps.empty() &&
+                    object->steps[0].kind == ObjectStep::Kind::property &&
+                    object->steps[0].name == property;
+  return isIt ? object : nullptr;
+}
+
 std::string directText(const HostEvent& event) {
   return event.direct ? scriptText(*event.direct).value_or("") : std::string();
 }

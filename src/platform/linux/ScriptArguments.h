@@ -16,6 +16,14 @@ namespace tavrel {
 /// The texts of a list, or of a single value.
 [[nodiscard]] std::vector<std::string> scriptTexts(const script::HostValue& value);
 
+/// The element that a step leads to: one item by its index, or all of them. Nothing for others.
+[[nodiscard]] std::optional<script::HostValue> listElement(const script::HostList& list,
+                                                           const script::ObjectStep& step);
+
+/// The object that the event is about, when its first step is that property; else null.
+[[nodiscard]] const script::ObjectPath* objectIn(const script::HostEvent& event,
+                                                 std::string_view property);
+
 [[nodiscard]] std::string directText(const script::HostEvent& event);
 /// Null without a parameter of that label.
 [[nodiscard]] const script::HostValue* parameterOf(const script::HostEvent& event,

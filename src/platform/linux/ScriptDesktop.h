@@ -16,6 +16,7 @@ namespace tavrel {
 
 class ApplicationRegistry;
 class DesktopWindows;
+class ScriptableApplication;
 
 /// What scripts reach of the desktop. All must outlive whoever holds this.
 struct ScriptDesktop {
@@ -30,6 +31,8 @@ struct ScriptDesktop {
   ApplicationRegistry& registry;
   DesktopWindows& windows;
   std::string rolesFolder;
+  /// This program; null while it does not answer.
+  std::function<ScriptableApplication*()> application;
   /// The files that a script holds open, by path, with the byte that it goes on at.
   std::map<std::string, std::size_t> openFiles{};
 };

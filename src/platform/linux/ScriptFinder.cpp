@@ -149,35 +149,16 @@ HostAnswer performInFinder(ScriptDesktop& desktop, const HostEvent& event) {
   return found != commands.end() ? found->second(desktop, event) : askApplication(desktop, event);
 }
 
-const ObjectPath* selectionIn(const HostEvent& event) {
-  const auto* object = event.direct ? std::get_if<ObjectPath>(&event.direct->value) : nullptr;
-  const bool isIt = object && !object->steps.empty() &&
-                    object->steps[0].kind == ObjectStep::Kind::property &&
-                    object->steps[0].name == "selection";
-  return isIt ? object : nullptr;
-}
-
-HostAnswer itemOfSelection(const HostList& files, const ObjectStep& step) {
-  if (step.kind == ObjectStep::Kind::every && step.name == "item")
-    return HostValue{files};
-  const auto* key = step.keys.empty() ? nullptr : std::get_if<std::int64_t>(&step.keys[0].value);
-  const bool isIndex = step.kind == ObjectStep::Kind::element && step.name == "item" && key;
-  const auto count = static_cast<std::int64_t>(files.size());
-  const std::int64_t index = isIndex ? *key + (*key < 0 ? count + 1 : 0) : 0;
-  if (index < 1 || index > count)
-    return HostError{errors::noSuchObject, "Can’t get that of the selection."};
-  return HostValue{files[static_cast<std::size_t>(index - 1)]};
-}
-
 HostAnswer selected(ScriptDesktop& desktop, const std::string& role, const ObjectPath& object) {
   HostList files;
   for (const std::string& path : selectionOfFileManager(desktop, role))
     files.push_back({HostFile{path}});
   if (object.steps.size() == 1)
     return HostValue{files};
-  return object.steps.size() == 2
-             ? itemOfSelection(files, object.steps[1])
-             : HostError{errors::noSuchObject, "Can’t get that of the selection."};
+  const auto element =
+      object.steps.size() == 2 ? listElement(files, object.steps[1]) : std::nullopt;
+  return element ? HostAnswer(*element)
+                 : HostError{errors::noSuchObject, "Can’t get that of the selection."};
 }
 
 // What is asked of the selection is asked of the files that are selected now.
@@ -197,7 +178,7 @@ HostAnswer askSelection(ScriptDesktop& desktop, const HostEvent& event, const Ob
 } // namespace
 
 HostAnswer askFileManager(ScriptDesktop& desktop, const HostEvent& event) {
-  const ObjectPath* selection = selectionIn(event);
+  const ObjectPath* selection = objectIn(event, "selection");
   return selection ? askSelection(desktop, event, *selection) : performInFinder(desktop, event);
 }
 

@@ -71,8 +71,10 @@ protected:
   LinuxWorkspace workspace{registry, windows};
   LinuxPasteboards pasteboards;
   LongRuns runs;
+  ScriptableApplication* application = nullptr;
   LinuxScriptHost host{{accessibility, applications, clock, keyboard, sounds, log, pasteboards,
-                        workspace, registry, windows, TAVREL_RESOURCES "/roles"},
+                        workspace, registry, windows, TAVREL_RESOURCES "/roles",
+                        [this] { return application; }},
                        runs};
   script::Engine engine{host};
 };
