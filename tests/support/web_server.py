@@ -134,5 +134,6 @@ def start(certificate=None):
 
 
 certificate = sys.argv[2:]
-print(start(), *([start(certificate)] if certificate else []), flush=True)
+ports = [start()] + ([start(certificate)] if certificate else [])
+print(" ".join(map(str, ports)), flush=True)
 sys.stdin.read()

@@ -18,8 +18,9 @@ public:
       arguments << makeCertificate();
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process_.start(QStringLiteral(TAVREL_FIXTURES "/../support/web_server.py"), arguments);
-    if (process_.waitForStarted() && process_.waitForReadyRead(20000))
-      ports_ = process_.readLine().trimmed().split(' ');
+    while (!process_.canReadLine() && process_.waitForReadyRead(20000)) {
+    }
+    ports_ = process_.readLine().trimmed().split(' ');
   }
   ~WebServer() {
     process_.closeWriteChannel();
