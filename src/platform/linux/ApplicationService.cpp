@@ -33,12 +33,11 @@ ApplicationService::ApplicationService(BusObject& object) : object_(object) {
     ask();
     return QVariantList();
   };
-  const auto ignore = [](const QVariantList&) -> BusAnswer { return QVariantList(); };
   object_.offer({applicationInterfaceName,
                  applicationDescription,
                  {{QStringLiteral("Activate"), QStringLiteral("a{sv}"), activate},
                   {QStringLiteral("Open"), QStringLiteral("asa{sv}"), activate},
-                  {QStringLiteral("ActivateAction"), QStringLiteral("sava{sv}"), ignore}},
+                  {QStringLiteral("ActivateAction"), QStringLiteral("sava{sv}"), activate}},
                  {}});
 }
 

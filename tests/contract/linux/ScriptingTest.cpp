@@ -89,9 +89,9 @@ TEST_F(ScriptingOnTheBus, LineEndingsAreTheirCodes) {
   EXPECT_EQ(*argument("targetLineEndings"), PropertyList(std::int64_t{0x43522020}));
   (void)convert("CRLF");
   EXPECT_EQ(*argument("targetLineEndings"), PropertyList(std::int64_t{0x43524C46}));
-  for (const char* other : {"LF", "", "crlf", "CR  "}) {
-    (void)convert(other);
-    EXPECT_EQ(argument("targetLineEndings"), nullptr) << other;
+  for (const char* each : {"LF", "", "crlf", "CR  "}) {
+    (void)convert(each);
+    EXPECT_EQ(argument("targetLineEndings"), nullptr) << each;
   }
 }
 
