@@ -36,8 +36,8 @@ TEST_F(ScriptTavrelTest, ItTellsOfItself) {
 }
 
 TEST_F(ScriptTavrelTest, CommandsReachTheApplication) {
-  EXPECT_EQ(ask("copy to clipboard"), "");
-  EXPECT_EQ(ask("uninstall"), "");
+  EXPECT_EQ(ask("copy to clipboard"), "missing value");
+  EXPECT_EQ(ask("uninstall"), "missing value");
   EXPECT_EQ(scriptable.copies, 1);
   EXPECT_EQ(scriptable.removals, 1);
 }
