@@ -1,10 +1,9 @@
 #include "base/Description.h"
 
 #include "base/Ascii.h"
+#include "base/Decimal.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <string_view>
 
 namespace tavrel {
@@ -15,10 +14,8 @@ constexpr std::size_t indentation = 4;
 // A log line of more is of no use, and the depth of a value must not cost stack.
 constexpr std::size_t deepest = 64;
 
-template <typename Number> std::string numberText(Number number) {
-  std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  return {digits.data(), end};
+std::string numberText(double number) {
+  return decimalText(number, DecimalForm::shorter);
 }
 
 std::string dataText(const Bytes& data) {
@@ -50,7 +47,7 @@ std::string scalarText(const PropertyList& value) {
   case PropertyList::Kind::boolean:
     return value.boolean().value_or(false) ? "1" : "0";
   case PropertyList::Kind::integer:
-    return numberText(value.integer().value_or(0));
+    return std::to_string(value.integer().value_or(0));
   case PropertyList::Kind::real:
     return numberText(value.real().value_or(0));
   case PropertyList::Kind::date:

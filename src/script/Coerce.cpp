@@ -1,6 +1,6 @@
 #include "script/Coercion.h"
 
-#include "base/Ascii.h"
+#include "base/Decimal.h"
 #include "script/Dates.h"
 #include "script/Reference.h"
 
@@ -141,12 +141,8 @@ std::optional<Value> numberIn(std::string_view text) {
   if (const auto read = std::from_chars(first, last, whole);
       read.ec == std::errc() && read.ptr == last)
     return Value::integer(whole);
-  double real = 0;
-  const auto read = std::from_chars(first, last, real);
-  const bool isDigits = first != last && (isDigit(*first) || *first == '-' || *first == '.');
-  if (!isDigits || read.ec != std::errc() || read.ptr != last || !std::isfinite(real))
-    return std::nullopt;
-  return Value::real(real);
+  const auto real = decimalNumber(text.substr(sign));
+  return real ? std::optional(Value::real(*real)) : std::nullopt;
 }
 
 Value numberOf(Runtime& runtime, const Value& given) {

@@ -1,12 +1,12 @@
 #include "script/Coercion.h"
 
+#include "base/Decimal.h"
 #include "script/Dates.h"
 #include "script/ScriptObject.h"
 #include "script/SpecifierObject.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 
 namespace tavrel::script {
@@ -14,12 +14,6 @@ namespace {
 
 constexpr int deepest = 20;
 constexpr std::size_t longest = 4096;
-
-std::string shortest(double value, std::chars_format format) {
-  std::array<char, 64> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, format);
-  return {digits.data(), end.ptr};
-}
 
 void quote(std::string& out, std::string_view text) {
   const bool isCut = text.size() > longest;
@@ -136,10 +130,10 @@ std::string realText(double value) {
     return std::isnan(value) ? "NaN" : value > 0 ? "inf" : "-inf";
   const double size = std::fabs(value);
   if (value == 0 || (size < 10000 && size >= 0.001)) {
-    std::string plain = shortest(value, std::chars_format::fixed);
+    std::string plain = decimalText(value, DecimalForm::plain);
     return plain.find('.') == std::string::npos ? plain.append(".0") : plain;
   }
-  std::string text = shortest(value, std::chars_format::scientific);
+  std::string text = decimalText(value, DecimalForm::powers);
   const std::size_t e = text.find('e');
   const int exponent = std::atoi(text.c_str() + e + 1);
   std::string digits = text.substr(0, e);

@@ -1,6 +1,7 @@
 #include "script/Token.h"
 
 #include "base/Ascii.h"
+#include "base/Decimal.h"
 
 #include <array>
 #include <charconv>
@@ -161,8 +162,10 @@ private:
     if (!isReal && std::from_chars(first, last, token.integer).ec == std::errc())
       return;
     token.kind = TokenKind::real;
-    if (std::from_chars(first, last, token.real).ec != std::errc())
+    const auto real = decimalNumber(source_.substr(start, at_ - start));
+    if (!real)
       refuse(start, "The number is too large.");
+    token.real = *real;
   }
 
   // "isn't" and "doesn't" are two words.
