@@ -31,4 +31,19 @@ std::vector<const MenuItem*> visibleRows(const Menu& menu, OptionKey option) {
   return rows;
 }
 
+std::vector<NativeRow> nativeRows(const Menu& menu) {
+  std::vector<NativeRow> rows;
+  const MenuItem* previous = nullptr;
+  for (const auto& item : menu.items) {
+    const MenuItem* partner = std::exchange(previous, item.get());
+    if (item->hidden)
+      continue;
+    const bool partnerShows =
+        partner != nullptr && !rows.empty() && rows.back().item.get() == partner;
+    const bool stands = partnerShows && isAlternateOf(*item, *partner);
+    rows.push_back({item, stands ? RowRole::alternate : RowRole::plain});
+  }
+  return rows;
+}
+
 } // namespace tavrel

@@ -21,4 +21,16 @@ enum class OptionKey { up, down };
 /// The same as their places in the menu.
 [[nodiscard]] std::vector<std::uint32_t> visiblePlaces(const Menu& menu, OptionKey option);
 
+/// How a row stands in a menu whose toolkit swaps alternates by itself.
+enum class RowRole { plain, alternate };
+
+struct NativeRow {
+  std::shared_ptr<MenuItem> item;
+  RowRole role = RowRole::plain;
+};
+
+/// The same rows for such a toolkit: hidden ones left out, and an alternate only marked as one
+/// where it follows a partner that shows.
+[[nodiscard]] std::vector<NativeRow> nativeRows(const Menu& menu);
+
 } // namespace tavrel

@@ -18,6 +18,13 @@ std::vector<std::string> titles(const Menu& menu, OptionKey option) {
   return result;
 }
 
+std::vector<std::string> nativeTitles(const Menu& menu) {
+  std::vector<std::string> result;
+  for (const NativeRow& row : nativeRows(menu))
+    result.push_back((row.role == RowRole::alternate ? "alternate " : "") + row.item->title);
+  return result;
+}
+
 MenuItem alternate(std::string title) {
   MenuItem item = entry(std::move(title));
   item.isAlternate = true;
@@ -71,6 +78,29 @@ TEST(Menu, TwoHundredThousandNestedSubmenusAreTakenApartWithoutTheStack) {
     menu = std::move(outer);
   }
   EXPECT_EQ(menu->items.size(), 1U);
+}
+
+TEST(MenuRows, AToolkitThatSwapsByItselfGetsBothPartners) {
+  Menu menu;
+  menu.add(entry("Open"));
+  menu.add(alternate("Move"));
+  menu.add(entry("Last"));
+  EXPECT_THAT(nativeTitles(menu), ElementsAre("Open", "alternate Move", "Last"));
+}
+
+TEST(MenuRows, SuchAToolkitShowsAnAlternateAsARowWhenItsPartnerIsHidden) {
+  Menu menu;
+  menu.add(entry("First"));
+  menu.add(entry("Open")).hidden = true;
+  menu.add(alternate("Move"));
+  EXPECT_THAT(nativeTitles(menu), ElementsAre("First", "Move"));
+}
+
+TEST(MenuRows, SuchAToolkitNeverSeesHiddenRows) {
+  Menu menu;
+  menu.add(entry("Open"));
+  menu.add(alternate("Move")).hidden = true;
+  EXPECT_THAT(nativeTitles(menu), ElementsAre("Open"));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxKeyboard.h"
 
 #include "base/Modifiers.h"
+#include "platform/KeyboardLayout.h"
 #include "platform/linux/ServerModifiers.h"
 #include "platform/linux/XkbKeyboard.h"
 #include "platform/linux/XkbLayout.h"
@@ -170,12 +171,8 @@ std::string LinuxKeyboard::layoutIdentifier() {
   return layoutIdentifierOf(names[2], names[3], server_->group());
 }
 
-// The identifier's FNV-1a hash, folded to the width that layouts are numbered in.
 std::int16_t LinuxKeyboard::layoutId() {
-  std::uint32_t hash = 2166136261U;
-  for (char c : layoutIdentifier())
-    hash = (hash ^ static_cast<std::uint8_t>(c)) * 16777619U;
-  return static_cast<std::int16_t>((hash >> 16) ^ (hash & 0xFFFF));
+  return layoutNumber(layoutIdentifier());
 }
 
 std::optional<CharacterTables> LinuxKeyboard::characterTables() {
