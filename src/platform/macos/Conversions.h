@@ -22,6 +22,9 @@ namespace tavrel {
 /// Nothing for null and for objects of other kinds, wherever they are in it.
 [[nodiscard]] std::optional<PropertyList> propertyListOf(CFTypeRef object);
 
+/// The entries that are property lists under a string; the others are left out.
+[[nodiscard]] PropertyList::Dictionary dictionaryOf(CFDictionaryRef dictionary);
+
 [[nodiscard]] CFOwned<CFTypeRef> cfPropertyList(const PropertyList& value);
 
 } // namespace tavrel
@@ -41,7 +44,6 @@ namespace tavrel {
 [[nodiscard]] std::vector<std::string> stringsOf(NSArray<NSString*>* texts);
 [[nodiscard]] Bytes bytesOf(NSData* data);
 [[nodiscard]] std::optional<PropertyList> propertyListOf(id object);
-/// The entries that are property lists under a string; the others are left out.
 [[nodiscard]] PropertyList::Dictionary dictionaryOf(NSDictionary* dictionary);
 
 /// The file URL of a path; nil for one that is not absolute or holds a zero, which would raise.

@@ -169,6 +169,10 @@ std::optional<PropertyList> propertyListOf(CFTypeRef object) {
   return propertyListOf((__bridge id)object);
 }
 
+PropertyList::Dictionary dictionaryOf(CFDictionaryRef dictionary) {
+  return dictionaryOf((__bridge NSDictionary*)dictionary);
+}
+
 CFOwned<CFTypeRef> cfPropertyList(const PropertyList& value) {
   return CFOwned<CFTypeRef>((__bridge_retained CFTypeRef)nsPropertyList(value));
 }
