@@ -1,0 +1,144 @@
+#import "platform/macos/MacFiles.h"
+
+#include "base/PathString.h"
+#include "platform/ItemFacts.h"
+#import "platform/macos/Conversions.h"
+
+#include <cstdlib>
+#include <memory>
+#include <set>
+
+namespace tavrel {
+
+namespace {
+
+bool fact(NSURL* url, NSURLResourceKey key) {
+  NSNumber* value = nil;
+  return [url getResourceValue:&value forKey:key error:nil] && value.boolValue;
+}
+
+bool isReachedBy(NSURL* url) {
+  return url && [url checkResourceIsReachableAndReturnError:nil];
+}
+
+ItemFacts factsOf(NSURL* url) {
+  return {.isDirectory = fact(url, NSURLIsDirectoryKey),
+          .isPackage = fact(url, NSURLIsPackageKey),
+          .isSymlink = fact(url, NSURLIsSymbolicLinkKey),
+          .isAlias = fact(url, NSURLIsAliasFileKey),
+          .isHidden = fact(url, NSURLIsHiddenKey),
+          .isApplication = fact(url, NSURLIsApplicationKey),
+          .isScriptable = fact(url, NSURLApplicationIsScriptableKey)};
+}
+
+std::uint32_t typeCodeOf(NSURL* url) {
+  NSDictionary* const attributes = [NSFileManager.defaultManager attributesOfItemAtPath:url.path
+                                                                                  error:nil];
+  return static_cast<std::uint32_t>(attributes.fileHFSTypeCode);
+}
+
+/// Nothing when no file is there.
+std::optional<std::string> realPathOf(const std::string& path) {
+  const std::unique_ptr<char, void (*)(void*)> real(
+      fileUrl(path) ? ::realpath(path.c_str(), nullptr) : nullptr, std::free);
+  return real ? std::optional(std::string(real.get())) : std::nullopt;
+}
+
+/// What is there at the end of the links; nil when nothing is.
+NSURL* linkedFile(const std::string& path) {
+  const auto real = realPathOf(path);
+  return real ? fileUrl(*real) : nil;
+}
+
+/// One step; nil when the file is no alias.
+NSURL* aliasTargetOf(NSURL* url) {
+  if (!url || !isAliasFile(factsOf(url)))
+    return nil;
+  return [NSURL URLByResolvingAliasFileAtURL:url
+                                     options:NSURLBookmarkResolutionWithoutUI |
+                                             NSURLBookmarkResolutionWithoutMounting
+                                       error:nil];
+}
+
+} // namespace
+
+bool MacFiles::exists(const std::string& path) {
+  return linkedFile(path) != nil;
+}
+
+FileKind MacFiles::kind(const std::string& path) {
+  NSURL* const file = linkedFile(path);
+  if (!file)
+    return FileKind::none;
+  if (!fact(file, NSURLIsDirectoryKey))
+    return FileKind::plain;
+  return fact(file, NSURLIsPackageKey) ? FileKind::package : FileKind::directory;
+}
+
+std::vector<std::string> MacFiles::list(const std::string& path) {
+  NSURL* const folder = fileUrl(path);
+  if (!folder)
+    return {};
+  return stringsOf([NSFileManager.defaultManager contentsOfDirectoryAtPath:folder.path error:nil]);
+}
+
+std::string MacFiles::displayName(const std::string& path) {
+  NSURL* const file = fileUrl(path);
+  const std::string name =
+      file ? stringOf([NSFileManager.defaultManager displayNameAtPath:file.path]) : std::string();
+  return name.empty() ? lastPathComponent(path) : name;
+}
+
+std::string MacFiles::resolveSymlinks(const std::string& path) {
+  const std::string expanded = path.starts_with('~') ? expandingTilde(path, homeDirectory()) : path;
+  const auto real = realPathOf(expanded);
+  return real ? stringOf(nsString(*real).stringByResolvingSymlinksInPath) : expanded;
+}
+
+std::optional<std::string> MacFiles::resolveAlias(const std::string& path) {
+  std::set<std::string> seen{path};
+  NSURL* target = aliasTargetOf(fileUrl(path));
+  while (NSURL* next = aliasTargetOf(target)) {
+    if (!seen.insert(stringOf(target.path)).second)
+      return std::nullopt;
+    target = next;
+  }
+  const bool isEnd = isReachedBy(target) && !isAliasFile(factsOf(target));
+  return isEnd ? std::optional(stringOf(target.path)) : std::nullopt;
+}
+
+std::optional<ItemInformation> MacFiles::information(const std::string& path, FinalLink link) {
+  NSURL* const file = link == FinalLink::follow ? linkedFile(path) : fileUrl(path);
+  if (!isReachedBy(file))
+    return std::nullopt;
+  return ItemInformation{typeCodeOf(file), itemFlags(factsOf(file))};
+}
+
+std::optional<Bytes> MacFiles::bookmark(const std::string& path) {
+  NSURL* const file = fileUrl(path);
+  NSData* const data = [file bookmarkDataWithOptions:0
+                      includingResourceValuesForKeys:nil
+                                       relativeToURL:nil
+                                               error:nil];
+  return data ? std::optional(bytesOf(data)) : std::nullopt;
+}
+
+std::optional<std::string> MacFiles::resolveBookmark(const Bytes& bookmark,
+                                                     BookmarkResolution how) {
+  static_assert(static_cast<NSUInteger>(BookmarkResolution::withoutInterface) ==
+                NSURLBookmarkResolutionWithoutUI);
+  static_assert(static_cast<NSUInteger>(BookmarkResolution::withoutMounting) ==
+                NSURLBookmarkResolutionWithoutMounting);
+  NSURL* const url = [NSURL URLByResolvingBookmarkData:nsData(bookmark)
+                                               options:static_cast<NSUInteger>(how)
+                                         relativeToURL:nil
+                                   bookmarkDataIsStale:nil
+                                                 error:nil];
+  return url ? std::optional(stringOf(url.absoluteString)) : std::nullopt;
+}
+
+std::string MacFiles::homeDirectory() {
+  return stringOf(NSHomeDirectory());
+}
+
+} // namespace tavrel

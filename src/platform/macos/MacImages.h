@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Images.h"
+
+namespace tavrel {
+
+/// Pictures from the bundle, from data, and the icons that the system shows for files.
+class MacImages final : public Images {
+public:
+  std::optional<Image> named(const std::string& name) override;
+  std::optional<Image> fromData(const Bytes& data) override;
+  std::optional<Image> iconForFile(const std::string& path) override;
+};
+
+} // namespace tavrel

@@ -1,0 +1,68 @@
+#import "platform/macos/MacImages.h"
+
+#import "platform/macos/Conversions.h"
+#import "platform/macos/MacImage.h"
+
+namespace tavrel {
+
+namespace {
+
+std::optional<Image> wholeImage(NSImage* image) {
+  if (!image.valid || !(image.size.width > 0 && image.size.height > 0))
+    return std::nullopt;
+  const Size size = sizeOf(image.size);
+  return Image{{{std::make_shared<MacImageContent>(image), size}}, size};
+}
+
+// Most entries of a long menu are never drawn: the icon is asked for when this one is.
+NSImage* lateIcon(NSString* path) {
+  return [NSImage imageWithSize:nsSize(menuIconSize)
+                        flipped:NO
+                 drawingHandler:^BOOL(NSRect place) {
+                   [[NSWorkspace.sharedWorkspace iconForFile:path] drawInRect:place];
+                   return YES;
+                 }];
+}
+
+void drawLayer(const ImageLayer& layer) {
+  const auto* content = dynamic_cast<const MacImageContent*>(layer.content.get());
+  if (content)
+    [content->nsImage() drawInRect:NSMakeRect(0, 0, layer.size.width, layer.size.height)
+                          fromRect:NSZeroRect
+                         operation:NSCompositingOperationSourceOver
+                          fraction:1];
+}
+
+} // namespace
+
+NSImage* nsImage(const Image& image) {
+  if (!(image.size.width > 0 && image.size.height > 0))
+    return nil;
+  const std::vector<ImageLayer> layers = image.layers;
+  return [NSImage imageWithSize:nsSize(image.size)
+                        flipped:NO
+                 drawingHandler:^BOOL(NSRect) {
+                   for (const ImageLayer& layer : layers)
+                     drawLayer(layer);
+                   return YES;
+                 }];
+}
+
+std::optional<Image> MacImages::named(const std::string& name) {
+  if (name.empty() || name.find('/') != std::string::npos)
+    return std::nullopt;
+  return wholeImage([NSBundle.mainBundle imageForResource:nsString(name)]);
+}
+
+std::optional<Image> MacImages::fromData(const Bytes& data) {
+  return data.empty() ? std::nullopt : wholeImage([[NSImage alloc] initWithData:nsData(data)]);
+}
+
+std::optional<Image> MacImages::iconForFile(const std::string& path) {
+  NSURL* const file = fileUrl(path);
+  if (!file || ![NSFileManager.defaultManager fileExistsAtPath:file.path])
+    return std::nullopt;
+  return wholeImage(lateIcon(file.path));
+}
+
+} // namespace tavrel

@@ -1,0 +1,154 @@
+#import "platform/macos/MacTransfer.h"
+
+#include "base/PathString.h"
+#import "platform/macos/Conversions.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <set>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tavrel {
+
+namespace {
+
+/// One file on its way, and how far it has come.
+struct Transfer {
+  std::string from;
+  std::string to;
+  std::string staged{}; ///< a whole copy, next to where it is to be
+};
+
+bool standsAt(const std::string& path) {
+  struct stat status {};
+  return ::lstat(path.c_str(), &status) == 0;
+}
+
+std::string realPath(const std::string& path) {
+  const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr), std::free);
+  return real ? real.get() : "";
+}
+
+bool isPlainName(const std::string& name) {
+  return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos &&
+         name.find('\0') == std::string::npos;
+}
+
+/// A folder cannot go into itself.
+bool liesInside(const std::string& folder, const std::string& what) {
+  return (realPath(folder) + '/').starts_with(realPath(what) + '/');
+}
+
+// Some volumes cannot refuse in one step: there the system looks first.
+bool renameExclusively(const std::string& from, const std::string& to) {
+  if (::renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0)
+    return true;
+  return errno == ENOTSUP &&
+         [NSFileManager.defaultManager moveItemAtURL:fileUrl(from) toURL:fileUrl(to) error:nil];
+}
+
+bool removeTree(const std::string& path) {
+  return [NSFileManager.defaultManager removeItemAtURL:fileUrl(path) error:nil];
+}
+
+// A copy grows where nobody looks for it, so that a broken one is never taken for the file.
+bool stage(Transfer& transfer, const std::string& folder) {
+  transfer.staged = appendingPathComponent(folder, lastPathComponent(transfer.to));
+  return [NSFileManager.defaultManager copyItemAtURL:fileUrl(transfer.from)
+                                               toURL:fileUrl(transfer.staged)
+                                               error:nil];
+}
+
+/// A folder for copies on the volume of the destination; removed with what is left in it.
+class Staging {
+public:
+  explicit Staging(const std::string& destination)
+      : folder_(appendingPathComponent(destination, ".tavrel-XXXXXX")) {
+    isMade_ = ::mkdtemp(folder_.data()) != nullptr;
+  }
+  Staging(const Staging&) = delete;
+  Staging& operator=(const Staging&) = delete;
+  ~Staging() {
+    if (isMade_)
+      removeTree(folder_);
+  }
+  [[nodiscard]] bool isMade() const { return isMade_; }
+  [[nodiscard]] const std::string& folder() const { return folder_; }
+
+private:
+  std::string folder_;
+  bool isMade_ = false;
+};
+
+bool onOneVolume(const std::string& one, const std::string& other) {
+  struct stat a {};
+  struct stat b {};
+  return ::lstat(one.c_str(), &a) == 0 && ::stat(other.c_str(), &b) == 0 && a.st_dev == b.st_dev;
+}
+
+std::optional<std::vector<Transfer>> planned(const std::string& source,
+                                             const std::string& destination,
+                                             const std::vector<std::string>& names) {
+  std::vector<Transfer> transfers;
+  for (const std::string& name : std::set<std::string>(names.begin(), names.end())) {
+    const Transfer transfer{appendingPathComponent(source, name),
+                            appendingPathComponent(destination, name)};
+    if (!isPlainName(name) || !standsAt(transfer.from) || standsAt(transfer.to) ||
+        liesInside(destination, transfer.from))
+      return std::nullopt;
+    transfers.push_back(transfer);
+  }
+  return transfers;
+}
+
+void undo(const std::vector<Transfer>& placed) {
+  for (const Transfer& transfer : placed)
+    if (transfer.staged.empty())
+      renameExclusively(transfer.to, transfer.from);
+    else
+      removeTree(transfer.to);
+}
+
+bool place(const std::vector<Transfer>& transfers) {
+  std::vector<Transfer> placed;
+  for (const Transfer& transfer : transfers) {
+    if (!renameExclusively(transfer.staged.empty() ? transfer.from : transfer.staged,
+                           transfer.to)) {
+      undo(placed);
+      return false;
+    }
+    placed.push_back(transfer);
+  }
+  return true;
+}
+
+/// The sources of what was moved by copying; false when something of them stays.
+bool removeCopiedSources(const std::vector<Transfer>& transfers) {
+  bool all = true;
+  for (const Transfer& transfer : transfers)
+    if (!transfer.staged.empty())
+      all = removeTree(transfer.from) && all;
+  return all;
+}
+
+} // namespace
+
+bool transferNames(FileOperation operation, const std::string& source,
+                   const std::string& destination, const std::vector<std::string>& names) {
+  if (!fileUrl(source) || !fileUrl(destination))
+    return false;
+  auto transfers = planned(source, destination, names);
+  const Staging staging(destination);
+  if (!transfers || !staging.isMade())
+    return false;
+  const bool moves = operation == FileOperation::move;
+  for (Transfer& transfer : *transfers)
+    if (!(moves && onOneVolume(transfer.from, destination)) && !stage(transfer, staging.folder()))
+      return false;
+  return place(*transfers) && (!moves || removeCopiedSources(*transfers));
+}
+
+} // namespace tavrel
