@@ -46,8 +46,9 @@ bool liesInside(const std::string& folder, const std::string& what) {
 bool renameExclusively(const std::string& from, const std::string& to) {
   if (::renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0)
     return true;
-  return errno == ENOTSUP &&
-         [NSFileManager.defaultManager moveItemAtURL:fileUrl(from) toURL:fileUrl(to) error:nil];
+  return errno == ENOTSUP && [NSFileManager.defaultManager moveItemAtURL:fileUrl(from)
+                                                                   toURL:fileUrl(to)
+                                                                   error:nil];
 }
 
 bool removeTree(const std::string& path) {
