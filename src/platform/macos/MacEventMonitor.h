@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/EventMonitor.h"
+#include "platform/macos/CarbonHandler.h"
+
+namespace tavrel {
+
+/// The system's monitor target: it tells nothing while this application is the active one, nor
+/// while a password is typed.
+class MacEventMonitor final : public EventMonitor {
+public:
+  OSStatus installModifierHandler(std::function<void()> changed) override;
+  OSStatus installButtonHandler(std::function<void(ButtonChange)> changed) override;
+
+private:
+  void tellModifiers();
+  void tellButton(EventRef event) const;
+
+  std::vector<std::function<void()>> modifiersChanged_;
+  std::function<void(ButtonChange)> buttonsChanged_;
+  bool isTelling_ = false;
+  bool isBehind_ = false;
+  CarbonHandler modifiers_{[this](EventRef) { tellModifiers(); }};
+  CarbonHandler buttons_{[this](EventRef event) { tellButton(event); }};
+};
+
+} // namespace tavrel

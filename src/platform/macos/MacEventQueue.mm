@@ -1,0 +1,22 @@
+#import "platform/macos/MacEventQueue.h"
+
+#import "platform/macos/MacEvents.h"
+
+namespace tavrel {
+
+std::optional<Event> MacEventQueue::nextEvent(std::uint64_t mask, double until, Dequeue dequeue) {
+  @autoreleasepool {
+    NSEvent* const event =
+        [NSApp nextEventMatchingMask:mask
+                           untilDate:[NSDate dateWithTimeIntervalSinceReferenceDate:until]
+                              inMode:NSEventTrackingRunLoopMode
+                             dequeue:dequeue == Dequeue::yes];
+    return event ? std::optional(eventOf(event)) : std::nullopt;
+  }
+}
+
+std::uint32_t MacEventQueue::currentButtonState() {
+  return static_cast<std::uint32_t>(NSEvent.pressedMouseButtons);
+}
+
+} // namespace tavrel

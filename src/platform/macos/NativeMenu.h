@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/MenuTracking.h"
+
+#import <AppKit/AppKit.h>
+
+#include <memory>
+
+/// A menu of ours as the system shows it: filled each time it is about to open.
+@interface TVNativeMenu : NSMenu <NSMenuDelegate>
+/// The tracking must outlive the menu.
++ (instancetype)menuOf:(std::shared_ptr<tavrel::Menu>)menu tracking:(tavrel::MenuTracking*)tracking;
+/// What is to be done when this menu, an outermost one, has closed.
+@property(nonatomic, copy) void (^whenClosed)(void);
+/// Lets go of our menu: from now on nothing is told.
+- (void)detach;
+@end
