@@ -1,5 +1,6 @@
 #import "platform/macos/AppleScriptSources.h"
 
+#include "platform/ScriptSource.h"
 #import "platform/macos/Conversions.h"
 
 using SystemScript = NSAppleScript;
@@ -55,7 +56,9 @@ std::unique_ptr<NSAppleScript> appleScriptFromFile(const std::string& path) {
   return script ? std::make_unique<LoadedAppleScript>(script) : nullptr;
 }
 
-std::optional<SourceRun> runAppleScriptSource(const std::string& source) {
+std::optional<SourceRun> runAppleScriptSource(const std::string& source, ScriptOrigin origin) {
+  if (origin == ScriptOrigin::Application && asksForShell(source))
+    return std::nullopt;
   @autoreleasepool {
     SystemScript* const script = [[SystemScript alloc] initWithSource:nsString(source)];
     if (!script)

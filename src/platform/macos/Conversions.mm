@@ -147,10 +147,11 @@ PropertyList::Dictionary dictionaryOf(NSDictionary* dictionary) {
   return result;
 }
 
+// Told that it is none, the system neither looks for a folder nor ends a link to one in a slash.
 NSURL* fileUrl(const std::string& path) {
   if (!path.starts_with('/') || path.find('\0') != std::string::npos)
     return nil;
-  return [NSURL fileURLWithPath:nsString(path)];
+  return [NSURL fileURLWithPath:nsString(path) isDirectory:NO];
 }
 
 NSURL* nsUrl(const std::string& url) {

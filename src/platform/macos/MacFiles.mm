@@ -17,10 +17,6 @@ bool fact(NSURL* url, NSURLResourceKey key) {
   return [url getResourceValue:&value forKey:key error:nil] && value.boolValue;
 }
 
-bool isReachedBy(NSURL* url) {
-  return url && [url checkResourceIsReachableAndReturnError:nil];
-}
-
 ItemFacts factsOf(NSURL* url) {
   return {.isDirectory = fact(url, NSURLIsDirectoryKey),
           .isPackage = fact(url, NSURLIsPackageKey),
@@ -29,12 +25,6 @@ ItemFacts factsOf(NSURL* url) {
           .isHidden = fact(url, NSURLIsHiddenKey),
           .isApplication = fact(url, NSURLIsApplicationKey),
           .isScriptable = fact(url, NSURLApplicationIsScriptableKey)};
-}
-
-std::uint32_t typeCodeOf(NSURL* url) {
-  NSDictionary* const attributes = [NSFileManager.defaultManager attributesOfItemAtPath:url.path
-                                                                                  error:nil];
-  return static_cast<std::uint32_t>(attributes.fileHFSTypeCode);
 }
 
 /// Nothing when no file is there.
@@ -50,9 +40,15 @@ NSURL* linkedFile(const std::string& path) {
   return real ? fileUrl(*real) : nil;
 }
 
+// Only what it takes: every file of a long menu is asked.
+bool holdsAlias(NSURL* url) {
+  return isAliasFile(
+      {.isSymlink = fact(url, NSURLIsSymbolicLinkKey), .isAlias = fact(url, NSURLIsAliasFileKey)});
+}
+
 /// One step; nil when the file is no alias.
 NSURL* aliasTargetOf(NSURL* url) {
-  if (!url || !isAliasFile(factsOf(url)))
+  if (!holdsAlias(url))
     return nil;
   return [NSURL URLByResolvingAliasFileAtURL:url
                                      options:NSURLBookmarkResolutionWithoutUI |
@@ -103,15 +99,20 @@ std::optional<std::string> MacFiles::resolveAlias(const std::string& path) {
       return std::nullopt;
     target = next;
   }
-  const bool isEnd = isReachedBy(target) && !isAliasFile(factsOf(target));
+  const bool isEnd =
+      target && !holdsAlias(target) && [NSFileManager.defaultManager fileExistsAtPath:target.path];
   return isEnd ? std::optional(stringOf(target.path)) : std::nullopt;
 }
 
+// The attributes are those of the link itself, where it leads nowhere, too.
 std::optional<ItemInformation> MacFiles::information(const std::string& path, FinalLink link) {
   NSURL* const file = link == FinalLink::follow ? linkedFile(path) : fileUrl(path);
-  if (!isReachedBy(file))
+  NSDictionary* const attributes =
+      file ? [NSFileManager.defaultManager attributesOfItemAtPath:file.path error:nil] : nil;
+  if (!attributes)
     return std::nullopt;
-  return ItemInformation{typeCodeOf(file), itemFlags(factsOf(file))};
+  return ItemInformation{static_cast<std::uint32_t>(attributes.fileHFSTypeCode),
+                         itemFlags(factsOf(file))};
 }
 
 std::optional<Bytes> MacFiles::bookmark(const std::string& path) {

@@ -171,8 +171,8 @@ std::unique_ptr<NSAppleScript> MacScripts::initWithContentsOfFile(const std::str
   return appleScriptFromFile(path);
 }
 
-std::optional<SourceRun> MacScripts::runSource(const std::string& source, ScriptOrigin) {
-  return runAppleScriptSource(source);
+std::optional<SourceRun> MacScripts::runSource(const std::string& source, ScriptOrigin origin) {
+  return runAppleScriptSource(source, origin);
 }
 
 } // namespace tavrel

@@ -37,9 +37,11 @@ bool isPlainName(const std::string& name) {
          name.find('\0') == std::string::npos;
 }
 
-/// A folder cannot go into itself.
-bool liesInside(const std::string& folder, const std::string& what) {
-  return (realPath(folder) + '/').starts_with(realPath(what) + '/');
+/// A folder cannot go into itself; a link to it can.
+bool wouldHoldItself(const std::string& what, const std::string& destination) {
+  struct stat status {};
+  return ::lstat(what.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+         (realPath(destination) + '/').starts_with(realPath(what) + '/');
 }
 
 // Some volumes cannot refuse in one step: there the system looks first.
@@ -98,7 +100,7 @@ std::optional<std::vector<Transfer>> planned(const std::string& source,
     const Transfer transfer{appendingPathComponent(source, name),
                             appendingPathComponent(destination, name)};
     if (!isPlainName(name) || !standsAt(transfer.from) || standsAt(transfer.to) ||
-        liesInside(destination, transfer.from))
+        wouldHoldItself(transfer.from, destination))
       return std::nullopt;
     transfers.push_back(transfer);
   }
@@ -143,9 +145,9 @@ bool transferNames(FileOperation operation, const std::string& source,
     return false;
   auto transfers = planned(source, destination, names);
   const Staging staging(destination);
-  if (!transfers || !staging.isMade())
-    return false;
   const bool moves = operation == FileOperation::move;
+  if (!transfers || !staging.isMade() || (moves && ::access(source.c_str(), W_OK) != 0))
+    return false;
   for (Transfer& transfer : *transfers)
     if (!(moves && onOneVolume(transfer.from, destination)) && !stage(transfer, staging.folder()))
       return false;
