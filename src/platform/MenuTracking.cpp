@@ -10,10 +10,15 @@ MenuTracking::Levels::iterator MenuTracking::find(const Menu& menu) {
                       [&](const Level& level) { return level.menu.get() == &menu; });
 }
 
+bool MenuTracking::isOpen() const {
+  return std::any_of(levels_.begin(), levels_.end(),
+                     [](const Level& level) { return level.state != State::filled; });
+}
+
 void MenuTracking::update(const std::shared_ptr<Menu>& menu) {
   tellInnerClosed();
   if (find(*menu) == levels_.end())
-    levels_.push_back({menu, false});
+    levels_.push_back({menu, State::filled});
   if (MenuDelegate* delegate = menu->delegate) {
     delegate->menuWillOpen(*menu);
     delegate->menuNeedsUpdate(*menu);
@@ -23,7 +28,7 @@ void MenuTracking::update(const std::shared_ptr<Menu>& menu) {
 // The outermost one waits: what was chosen in it may not have been told yet.
 void MenuTracking::tellInnerClosed() {
   for (auto at = levels_.size(); at > 1; --at) {
-    if (at > levels_.size() || !levels_[at - 1].isClosed)
+    if (at > levels_.size() || levels_[at - 1].state != State::closed)
       continue;
     const std::shared_ptr<Menu> menu = std::move(levels_[at - 1].menu);
     levels_.erase(levels_.begin() + static_cast<std::ptrdiff_t>(at - 1));
@@ -31,9 +36,14 @@ void MenuTracking::tellInnerClosed() {
   }
 }
 
+void MenuTracking::opened(const Menu& menu) {
+  if (const auto level = find(menu); level != levels_.end())
+    level->state = State::open;
+}
+
 void MenuTracking::closed(const Menu& menu) {
   if (const auto level = find(menu); level != levels_.end())
-    level->isClosed = true;
+    level->state = State::closed;
 }
 
 void MenuTracking::chosen(const std::shared_ptr<MenuItem>& item) {

@@ -16,11 +16,13 @@ public:
   void setTarget(MenuActionTarget* target) { target_ = target; }
 
   /// Whether a menu is open, or has closed and `finish` is yet to come.
-  [[nodiscard]] bool isOpen() const { return !levels_.empty(); }
+  [[nodiscard]] bool isOpen() const;
 
   /// A menu is about to show: has its delegate fill it. Menus that were closed inside a menu that
   /// stays are said to have closed now.
   void update(const std::shared_ptr<Menu>& menu);
+  /// It shows. One that is filled and never shows does not count as open.
+  void opened(const Menu& menu);
   void closed(const Menu& menu);
   /// What was chosen waits for `finish`; with no menu open it is dispatched at once.
   void chosen(const std::shared_ptr<MenuItem>& item);
@@ -30,9 +32,10 @@ public:
   void forget(const Menu& menu);
 
 private:
+  enum class State { filled, open, closed };
   struct Level {
     std::shared_ptr<Menu> menu;
-    bool isClosed = false;
+    State state = State::filled;
   };
   using Levels = std::vector<Level>;
 

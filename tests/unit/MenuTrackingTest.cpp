@@ -21,6 +21,11 @@ protected:
     inner->add(entry("File"));
   }
 
+  void open(const std::shared_ptr<Menu>& menu) {
+    tracking.update(menu);
+    tracking.opened(*menu);
+  }
+
   MenuDiary diary;
   std::shared_ptr<Menu> outer = std::make_shared<Menu>("outer");
   std::shared_ptr<Menu> inner = std::make_shared<Menu>("inner");
@@ -28,8 +33,8 @@ protected:
 };
 
 TEST_F(MenuTrackingTest, WhatIsChosenAfterAllHasClosedIsDispatchedFirst) {
-  tracking.update(outer);
-  tracking.update(inner);
+  open(outer);
+  open(inner);
   tracking.closed(*inner);
   tracking.closed(*outer);
   tracking.chosen(inner->items[0]);
@@ -40,18 +45,18 @@ TEST_F(MenuTrackingTest, WhatIsChosenAfterAllHasClosedIsDispatchedFirst) {
 }
 
 TEST_F(MenuTrackingTest, AnInnerMenuThatOpensAgainIsSaidToHaveClosedBefore) {
-  tracking.update(outer);
-  tracking.update(inner);
+  open(outer);
+  open(inner);
   tracking.closed(*inner);
   diary.lines.clear();
-  tracking.update(inner);
+  open(inner);
   EXPECT_THAT(diary.lines, ElementsAre("did close inner", "will open inner", "needs update inner"));
 }
 
 TEST_F(MenuTrackingTest, TheMenuCanOpenAgainWhileWhatWasChosenIsAtWork) {
   bool wasOpen = true;
   diary.act = [&](MenuItem&) { wasOpen = tracking.isOpen(); };
-  tracking.update(outer);
+  open(outer);
   EXPECT_TRUE(tracking.isOpen());
   tracking.chosen(outer->items[0]);
   tracking.finish();
@@ -59,7 +64,7 @@ TEST_F(MenuTrackingTest, TheMenuCanOpenAgainWhileWhatWasChosenIsAtWork) {
 }
 
 TEST_F(MenuTrackingTest, WhatIsChosenTooLateIsDispatchedAtOnce) {
-  tracking.update(outer);
+  open(outer);
   tracking.finish();
   tracking.chosen(outer->items[0]);
   EXPECT_EQ(diary.lines.back(), "chosen Open");
@@ -67,7 +72,7 @@ TEST_F(MenuTrackingTest, WhatIsChosenTooLateIsDispatchedAtOnce) {
 
 TEST_F(MenuTrackingTest, AMenuThatIsForgottenIsToldNothingMore) {
   diary.act = [&](MenuItem&) { tracking.forget(*outer); };
-  tracking.update(outer);
+  open(outer);
   tracking.chosen(outer->items[0]);
   tracking.finish();
   EXPECT_EQ(diary.lines.back(), "chosen Open");
@@ -76,10 +81,17 @@ TEST_F(MenuTrackingTest, AMenuThatIsForgottenIsToldNothingMore) {
 TEST_F(MenuTrackingTest, AMenuWithoutADelegateOpensAndCloses) {
   inner->delegate = nullptr;
   tracking.setTarget(nullptr);
-  tracking.update(inner);
+  open(inner);
   tracking.chosen(inner->items[0]);
   tracking.finish();
   EXPECT_FALSE(tracking.isOpen());
+}
+
+TEST_F(MenuTrackingTest, AMenuThatIsFilledAndNeverShowsKeepsNoOtherFromOpening) {
+  tracking.update(outer);
+  EXPECT_FALSE(tracking.isOpen());
+  tracking.finish();
+  EXPECT_EQ(diary.lines.back(), "did close outer");
 }
 
 } // namespace

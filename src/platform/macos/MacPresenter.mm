@@ -7,6 +7,7 @@ namespace tavrel {
 
 struct MacPresenter::Panel {
   NSPanel* popupPanel;
+  TVNativeMenu* last; ///< an action that the system sends late still finds its target
 };
 
 namespace {
@@ -51,9 +52,11 @@ MacPresenter::~MacPresenter() = default;
 void MacPresenter::popUp(Menu& menu, Point where, MenuFont font) {
   if (tracking_.isOpen())
     return;
+  tracking_.finish(); // of a menu that was filled and never shown
   @autoreleasepool {
     const std::shared_ptr<Menu> borrowed(std::shared_ptr<Menu>(), &menu);
     TVNativeMenu* const native = [TVNativeMenu menuOf:borrowed tracking:&tracking_];
+    panel_->last = native;
     NSFont* const before = native.font;
     native.font = menuFont(font);
     popUpAt(panel_->popupPanel, native, nsPoint(where));

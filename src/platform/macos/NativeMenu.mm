@@ -53,6 +53,8 @@
 - (void)menuWillOpen:(NSMenu*)menu {
   (void)menu;
   _isOpen = YES;
+  if (_menu)
+    _tracking->opened(*_menu);
 }
 
 - (void)menuDidClose:(NSMenu*)menu {
