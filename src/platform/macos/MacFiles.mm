@@ -78,6 +78,40 @@ std::vector<std::string> MacFiles::list(const std::string& path) {
   return stringsOf([NSFileManager.defaultManager contentsOfDirectoryAtPath:folder.path error:nil]);
 }
 
+std::vector<ListedFile> MacFiles::browse(const std::string& path, FinalLink link) {
+  std::vector<ListedFile> files;
+  for (const std::string& name : list(path)) {
+    const std::string each = appendingPathComponent(path, name);
+    const auto told = information(each, link);
+    files.push_back({name, displayName(each), told && (told->flags & itemFlag::invisible) != 0,
+                     kind(resolveAlias(each).value_or(each))});
+  }
+  return files;
+}
+
+std::optional<std::string> MacFiles::resolveAliasRecord(const Bytes& record, AliasResolution how) {
+  if (record.empty())
+    return std::nullopt;
+  NSData* const alias = nsData(record);
+// Deprecated as records are, and the one way from a record to a bookmark.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wdeprecated-declarations"
+  NSData* const bookmark =
+      CFBridgingRelease(CFURLCreateBookmarkDataFromAliasRecord(nullptr, (__bridge CFDataRef)alias));
+#pragma clang diagnostic pop
+  const NSURLBookmarkResolutionOptions quiet =
+      NSURLBookmarkResolutionWithoutUI | NSURLBookmarkResolutionWithoutMounting;
+  NSURL* const file =
+      bookmark
+          ? [NSURL URLByResolvingBookmarkData:bookmark
+                                      options:how == AliasResolution::withoutInterface ? quiet : 0
+                                relativeToURL:nil
+                          bookmarkDataIsStale:nil
+                                        error:nil]
+          : nil;
+  return file.path ? std::optional(stringOf(file.path)) : std::nullopt;
+}
+
 std::string MacFiles::displayName(const std::string& path) {
   NSURL* const file = fileUrl(path);
   const std::string name =

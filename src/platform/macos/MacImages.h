@@ -10,6 +10,7 @@ public:
   std::optional<Image> named(const std::string& name) override;
   std::optional<Image> fromData(const Bytes& data) override;
   std::optional<Image> iconForFile(const std::string& path) override;
+  std::optional<Image> iconForListedFile(const std::string& path, FileKind kind) override;
 };
 
 } // namespace tavrel

@@ -65,4 +65,9 @@ std::optional<Image> MacImages::iconForFile(const std::string& path) {
   return wholeImage(lateIcon(file.path));
 }
 
+std::optional<Image> MacImages::iconForListedFile(const std::string& path, FileKind kind) {
+  NSURL* const file = kind == FileKind::none ? nil : fileUrl(path);
+  return file ? std::optional(wholeImage(lateIcon(file.path))) : std::nullopt;
+}
+
 } // namespace tavrel
