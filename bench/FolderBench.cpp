@@ -104,7 +104,9 @@ struct FilesDesktop {
   LinuxFiles files;
   LinuxImages images{"."};
   Platform ports{desktop.accessibility,
+                 desktop.alerts,
                  desktop.applications,
+                 desktop.authorization,
                  desktop.bundle,
                  desktop.clock,
                  desktop.eventMonitor,
@@ -119,11 +121,15 @@ struct FilesDesktop {
                  desktop.preferences,
                  desktop.presenter,
                  desktop.richText,
+                 desktop.scripting,
                  desktop.scripts,
                  desktop.services,
                  desktop.sounds,
                  desktop.statusBar,
+                 desktop.systemEvents,
                  desktop.log,
+                 desktop.textEncodings,
+                 desktop.web,
                  desktop.workspace};
   ScopedPlatform scope{ports};
   NoEvent events;
