@@ -165,7 +165,10 @@ bool LinuxPreferences::synchronize(const std::string& name) {
 
 std::optional<PropertyList::Dictionary>
 LinuxPreferences::persistentDomain(const std::string& domain) {
-  const auto& values = opened(domain).values;
+  Domain& asked = opened(domain);
+  if (asked.pending.empty())
+    renewView(domain, asked); // whoever writes it back whole must know what others added meanwhile
+  const auto& values = asked.values;
   return values.empty() ? std::nullopt : std::optional(values);
 }
 

@@ -210,6 +210,8 @@ TEST_F(RecentItemsOfTheDesktop, AViewThatCanBeWrittenGetsTheWholeDomain) {
   EXPECT_EQ(kept.size(), 1U);
   EXPECT_TRUE(preferences.synchronize("view"));
   EXPECT_EQ(kept, (PropertyList::Dictionary{{"m", 2}, {"n", 1}}));
+  kept.insert({"of another program", 4});
+  EXPECT_TRUE(preferences.persistentDomain("view")->contains("of another program"));
   preferences.removePersistentDomain("view");
   preferences.setPersistentDomain("view", {{"o", 3}});
   EXPECT_TRUE(preferences.synchronize("view"));
