@@ -1,6 +1,7 @@
 // What the core costs beside the least the machine could do: the tree is read and built beside
 // reading its bytes, files are classified beside one statx each.
 
+#include "FilesPorts.h"
 #include "app/PreferenceStore.h"
 #include "app/SettingKeys.h"
 #include "app/TVApplication.h"
@@ -127,34 +128,7 @@ BENCHMARK(statxEach)->Unit(benchmark::kMillisecond);
 void classifyEach(benchmark::State& state) {
   MemoryDesktop desktop;
   LinuxFiles files;
-  Platform ports{desktop.accessibility,
-                 desktop.alerts,
-                 desktop.applications,
-                 desktop.authorization,
-                 desktop.bundle,
-                 desktop.clock,
-                 desktop.eventMonitor,
-                 desktop.eventQueue,
-                 files,
-                 desktop.hotKeys,
-                 desktop.images,
-                 desktop.keyboard,
-                 desktop.notifications,
-                 desktop.distributedNotifications,
-                 desktop.pasteboards,
-                 desktop.preferences,
-                 desktop.presenter,
-                 desktop.richText,
-                 desktop.scripting,
-                 desktop.scripts,
-                 desktop.services,
-                 desktop.sounds,
-                 desktop.statusBar,
-                 desktop.systemEvents,
-                 desktop.log,
-                 desktop.textEncodings,
-                 desktop.web,
-                 desktop.workspace};
+  Platform ports = portsWith(desktop, files, desktop.images);
   const ScopedPlatform scope(ports);
   for (auto _ : state)
     for (const std::string& path : scratch().paths())

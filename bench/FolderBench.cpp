@@ -1,6 +1,7 @@
 // What a submenu of 100,000 files costs beside the least the kernel can do: its listing of the
 // folder and one statx each.
 
+#include "FilesPorts.h"
 #include "app/TVApplication.h"
 #include "app/TVController.h"
 #include "menu/NumericOrder.h"
@@ -103,34 +104,7 @@ struct FilesDesktop {
   MemoryDesktop desktop;
   LinuxFiles files;
   LinuxImages images{"."};
-  Platform ports{desktop.accessibility,
-                 desktop.alerts,
-                 desktop.applications,
-                 desktop.authorization,
-                 desktop.bundle,
-                 desktop.clock,
-                 desktop.eventMonitor,
-                 desktop.eventQueue,
-                 files,
-                 desktop.hotKeys,
-                 images,
-                 desktop.keyboard,
-                 desktop.notifications,
-                 desktop.distributedNotifications,
-                 desktop.pasteboards,
-                 desktop.preferences,
-                 desktop.presenter,
-                 desktop.richText,
-                 desktop.scripting,
-                 desktop.scripts,
-                 desktop.services,
-                 desktop.sounds,
-                 desktop.statusBar,
-                 desktop.systemEvents,
-                 desktop.log,
-                 desktop.textEncodings,
-                 desktop.web,
-                 desktop.workspace};
+  Platform ports = portsWith(desktop, files, images);
   ScopedPlatform scope{ports};
   NoEvent events;
   TVApplication application{events};
