@@ -130,15 +130,30 @@ all_selected() {
   xdotool key ctrl+Home ctrl+shift+End
   xclip -selection primary -o | grep -qx 'Grüße, 世界'
 }
-printf 'Grüße, 世界' >"$HOME/Documents/words.txt"
+# pasted: what the browser gave the clipboard before any of this comes out of it in the editor.
+pasted() {
+  xdotool key ctrl+v ctrl+s
+  grep -q 'Some bold words' "$HOME/Documents/words.txt"
+}
 for editor in mousepad featherpad; do
+  printf 'Grüße, 世界' >"$HOME/Documents/words.txt"
   edited $editor $editor
   captured $editor "text Grüße, 世界"
   xdotool key ctrl+Home
   captured "$editor with nothing selected" "text "
   grep -q "retry = 9 changeCount=0" "$log" || give_up "$editor: not ten tries"
+  wait_for 20 "the browser's words pasted into $editor" pasted
+  echo "$editor: pastes what the browser copied."
   close_front
 done
+
+# A program that does not know the keystroke gives nothing, and none of it ends the program.
+xmessage -name deaf "Nothing is copied here." &
+deaf=$!
+front deaf
+captured "a program that ignores the copy" "text "
+kill -0 $deaf || give_up "the keystrokes have closed the program that ignores them"
+close_front
 
 # A program in a terminal is never interrupted.
 cat >"$HOME/listen.sh" <<'END'

@@ -78,3 +78,20 @@ wait_for 20 "the answer of the service in the editor" saved
 screenshot shouted
 wait_for 5 "every key to be up" nothing_held
 echo "a service answered, and the editor has its answer."
+
+# Over a window that fills the screen: the menu shows above it, and the keyboard comes back to it.
+full_screen() { xprop -id "$(xdotool getactivewindow)" _NET_WM_STATE | grep -q FULLSCREEN; }
+typed() {
+  xdotool type "seen"
+  xdotool key ctrl+s
+  grep -q seen "$words"
+}
+xdotool key F11
+wait_for 20 "the editor to fill the screen" full_screen
+xdotool mousemove 700 500 keydown Control_L sleep 0.04 keyup Control_L sleep 0.06 keydown Control_L sleep 0.04 keyup Control_L
+wait_for 20 "the menu over the whole screen" menu_open
+screenshot full-screen
+xdotool key Escape
+wait_for 20 "the menu to close" no_menu_open
+wait_for 20 "what is typed to reach the editor" typed
+echo "the menu opens over a window that fills the screen, and gives the keyboard back."
