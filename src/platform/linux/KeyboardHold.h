@@ -13,7 +13,7 @@ namespace tavrel {
 
 /// Holds the keyboard for a menu that is about to show, and while it shows: what is typed
 /// meanwhile, and what was typed since the gesture began, waits and goes to the menu once that has
-/// a window.
+/// a window; what comes when that has gone again goes to the application in front.
 class KeyboardHold final : public QAbstractNativeEventFilter {
 public:
   /// The menu's window, 0 while it has none. There is one hold at a time.
@@ -24,16 +24,21 @@ public:
 
   /// Takes hold once more if need be.
   void take() { KeyboardGrab::take(); }
+  /// A key, by the server's number, that the toolkit had read already when the menu closed.
+  void keep(std::uint32_t code, KeyDirection direction);
 
   bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
   bool takeKey(xcb_key_press_event_t& key);
+  bool wait(const xcb_key_press_event_t& key);
+  [[nodiscard]] bool hasClosed();
   void sendOn();
 
   std::function<std::uint32_t()> menuWindow_;
   std::optional<KeyboardGrab> grab_;
   TypedKeys waiting_;
+  bool wasOpen_ = false;
   int underWay_ = 0; ///< sent to the menu's window, by way of the server
   QTimer look_;
 };

@@ -1,6 +1,5 @@
 #include "platform/linux/MenuSession.h"
 
-#include "platform/linux/KeyboardHold.h"
 #include "platform/linux/ServerRoundTrip.h"
 
 #include <QApplication>
@@ -25,6 +24,10 @@ OptionKey optionIn(Qt::KeyboardModifiers modifiers) {
 bool isModifierKey(int key) {
   return (key >= Qt::Key_Shift && key <= Qt::Key_Alt) || key == Qt::Key_AltGr ||
          (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R);
+}
+
+KeyDirection directionOf(const QKeyEvent& key) {
+  return key.type() == QEvent::KeyPress ? KeyDirection::down : KeyDirection::up;
 }
 
 QFont menuFont(MenuFont size) {
@@ -69,14 +72,14 @@ MenuSession::MenuSession(Menu& menu, MenuFont font, std::size_t longestPlain)
 MenuSession::~MenuSession() = default;
 
 void MenuSession::run(const QRect& anchor) {
-  KeyboardHold hold([this] {
+  keyboard_.emplace([this] {
     const QWindow* window = root_.isVisible() ? root_.windowHandle() : nullptr;
     return window ? static_cast<std::uint32_t>(window->winId()) : 0;
   });
   option_ = optionIn(QGuiApplication::queryKeyboardModifiers());
   root_.setScreen(QGuiApplication::screenAt(anchor.topLeft()));
   openLevel(root_);
-  hold.take(); // a selection that was captured meanwhile has let go of the keyboard
+  keyboard_->take(); // a selection that was captured meanwhile has let go of the keyboard
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
   qApp->installEventFilter(this);
   grabTimer_.start();
@@ -84,6 +87,7 @@ void MenuSession::run(const QRect& anchor) {
   grabTimer_.stop();
   qApp->removeEventFilter(this);
   waitForServer();
+  keyboard_.reset();
 }
 
 void MenuSession::openLevel(MenuPopup& level) {
@@ -138,8 +142,12 @@ bool MenuSession::eventFilter(QObject*, QEvent* event) {
     setOption(optionIn(static_cast<QMouseEvent*>(event)->modifiers()));
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
     return false;
-  setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
   const auto& key = static_cast<QKeyEvent&>(*event);
+  if (!root_.isVisible()) {
+    keyboard_->keep(key.nativeScanCode(), directionOf(key));
+    return true;
+  }
+  setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
   return isModifierKey(key.key()) || (event->type() == QEvent::KeyPress && takeLetter(key));
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/MenuActionTarget.h"
 #include "platform/Presenter.h"
+#include "platform/linux/KeyboardHold.h"
 #include "platform/linux/MenuPopup.h"
 #include "platform/linux/MenuStyle.h"
 #include "platform/linux/TypeAhead.h"
@@ -48,6 +49,7 @@ private:
   TypeAhead typeAhead_;
   OptionKey option_ = OptionKey::up;
   QTimer grabTimer_;
+  std::optional<KeyboardHold> keyboard_; ///< while the menu shows
 };
 
 } // namespace tavrel

@@ -189,6 +189,28 @@ TEST_F(GestureKeys, WhatIsTypedWhileCopiesArePostedGoesToTheMenu) {
   EXPECT_EQ(window.keys(keyDown) + window.keys(keyReturn), 0);
 }
 
+// Three keys: the server drops the press of one that is down already, as when it is typed once more
+// in the moment in which it is given back.
+TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesReachesTheApplication) {
+  act = [this] { popUp(); };
+  const auto counts = [this] {
+    return std::vector{window.keys(keyX), window.keys(serverKey::s), window.keys(serverKey::a)};
+  };
+  for (int round = 1; round <= rounds(); ++round) {
+    typeForMenu([](FakeInput& keyboard) {
+      pressHotKey(keyboard);
+      for (const std::uint8_t key : {keyDown, keyReturn, keyX, serverKey::s, serverKey::a})
+        keyboard.tap(key);
+    });
+    ASSERT_THAT(diary.lines, Contains("chosen Alpha")) << round;
+    ASSERT_TRUE(eventually([&] {
+      return counts() == std::vector{round, round, round};
+    })) << round
+        << ::testing::PrintToString(counts());
+  }
+  EXPECT_EQ(window.keys(keyDown) + window.keys(keyReturn), 0);
+}
+
 TEST_F(GestureKeys, WhatIsTypedAfterTheHotKeyOfAnItemReachesTheApplication) {
   act = [] { std::this_thread::sleep_for(30ms); };
   for (int round = 0; round < 20; ++round) {
