@@ -55,6 +55,24 @@ menu_open() {
   done
   return 1
 }
+
+# open_menu WHAT: by a double tap of Control, as a person does it; again when the machine was too busy
+# to see the two taps in time.
+open_menu() { wait_for 30 "$1" tapped_open; }
+tapped_open() {
+  menu_open || xdotool keydown Control_L sleep 0.04 keyup Control_L sleep 0.06 \
+    keydown Control_L sleep 0.04 keyup Control_L
+  soon menu_open
+}
+# soon COMMAND...: whether it succeeds within two seconds.
+soon() {
+  local try
+  for try in $(seq 40); do
+    ! "$@" || return 0
+    sleep 0.05
+  done
+  return 1
+}
 no_menu_open() { ! menu_open; }
 
 # window_named TEXT: whether a window with the text in its title is on the screen.

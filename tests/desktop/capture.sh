@@ -40,17 +40,10 @@ clipboard() {
   done
 }
 
-# double_tap: the Control key, tapped as a person does.
-double_tap() {
-  xdotool keydown Control_L sleep 0.04 keyup Control_L sleep 0.06 \
-    keydown Control_L sleep 0.04 keyup Control_L
-}
-
 # captured WHAT EXPECTED: the gesture, the item, what it got, and the clipboard as it was.
 captured() {
   rm -f "$HOME/kept"
-  double_tap
-  wait_for 20 "the menu over $1" menu_open
+  open_menu "the menu over $1"
   screenshot "$1"
   xdotool type --delay 20 Keep
   xdotool key Return
@@ -163,15 +156,16 @@ while :; do sleep 0.1; done
 END
 lxterminal -e "sh $HOME/listen.sh" >/dev/null 2>&1 &
 front lxterminal
+word_is_marked() { xclip -selection primary -o | grep -qx Marked; }
 marked() {
   local y
   for y in 10 20 30 40 50 60; do
     xdotool mousemove --window "$(xdotool getactivewindow)" 20 $y click --repeat 2 --delay 30 1
-    ! xclip -selection primary -o | grep -qx Marked || return 0
+    ! soon word_is_marked || return 0
   done
   return 1
 }
-wait_for 20 "the marked word in the terminal" marked
+wait_for 40 "the marked word in the terminal" marked
 captured terminal "text Marked"
 [ ! -e "$HOME/interrupted" ] || give_up "the program in the terminal was interrupted"
 close_front

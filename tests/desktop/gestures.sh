@@ -65,8 +65,7 @@ done
 echo "a hot key that does not apply reached the editor, three times."
 
 wait_for 20 "a selected word" selected_first_word
-xdotool keydown Control_L sleep 0.04 keyup Control_L sleep 0.06 keydown Control_L sleep 0.04 keyup Control_L
-wait_for 20 "the menu" menu_open
+open_menu "the menu"
 screenshot menu
 xdotool type --delay 20 Shout
 xdotool key Return
@@ -86,10 +85,13 @@ typed() {
   xdotool key ctrl+s
   grep -q seen "$words"
 }
-xdotool key F11
-wait_for 20 "the editor to fill the screen" full_screen
-xdotool mousemove 700 500 keydown Control_L sleep 0.04 keyup Control_L sleep 0.06 keydown Control_L sleep 0.04 keyup Control_L
-wait_for 20 "the menu over the whole screen" menu_open
+enlarged() {
+  full_screen || xdotool key F11
+  soon full_screen
+}
+wait_for 20 "the editor to fill the screen" enlarged
+xdotool mousemove 700 500
+open_menu "the menu over the whole screen"
 screenshot full-screen
 xdotool key Escape
 wait_for 20 "the menu to close" no_menu_open
