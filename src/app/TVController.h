@@ -131,8 +131,8 @@ public:
 private:
   void addFixedTop(Menu& menu);
   void addFixedBottom(Menu& menu);
-  /// Takes over the name of the application in front; its process, 0 for none.
-  std::int32_t recordFrontApplication();
+  /// Takes over the name of the application in front; its process, nothing when none is.
+  [[nodiscard]] std::optional<std::int32_t> recordFrontApplication();
   void captureFrontSelection();
   void prepareStatusMenu();
 

@@ -11,6 +11,7 @@
 #include "platform/Applications.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
+#include "selection/PasteboardCopy.h"
 #include "selection/PrivatePasteboard.h"
 
 #include <array>
@@ -83,8 +84,11 @@ bool TVController::performHotkeyItem(const HotKeyRecord& record) {
 }
 
 void TVController::captureForHotKey() {
-  const std::int32_t process = recordFrontApplication();
-  setSelectionToPasteboard(platform().accessibility.applicationElement(process));
+  const std::optional<std::int32_t> process = recordFrontApplication();
+  if (process)
+    setSelectionToPasteboard(platform().accessibility.applicationElement(*process));
+  else
+    clearPasteboard(privatePasteboard());
   sOptionKeyPressed = false;
 }
 

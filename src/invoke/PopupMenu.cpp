@@ -17,7 +17,7 @@ constexpr const char* gestureSound = "Pop.aiff";
 
 void TVController::doubleTapNotification() {
   if (TVR_BoolForKey(TVR_OnlyWithFinder, false)) {
-    recordFrontApplication();
+    (void)recordFrontApplication();
     if (hostName != "Finder")
       return;
   }

@@ -9,6 +9,7 @@
 #include "platform/Images.h"
 #include "platform/Platform.h"
 #include "selection/CaptureScript.h"
+#include "selection/PasteboardCopy.h"
 #include "selection/PrivatePasteboard.h"
 
 #include <utility>
@@ -83,8 +84,10 @@ void TVController::prepareStatusMenu() {
 }
 
 void TVController::captureFrontSelection() {
-  const std::int32_t process = recordFrontApplication();
-  const AXUIElementRef applicationRef = platform().accessibility.applicationElement(process);
+  const std::optional<std::int32_t> process = recordFrontApplication();
+  if (!process)
+    return clearPasteboard(privatePasteboard()); // nobody to wait for
+  const AXUIElementRef applicationRef = platform().accessibility.applicationElement(*process);
   if (hostName == ownName)
     return;
   if (captureScriptFor(hostName))
@@ -93,14 +96,14 @@ void TVController::captureFrontSelection() {
     setSelectionToPasteboard(applicationRef);
 }
 
-std::int32_t TVController::recordFrontApplication() {
+std::optional<std::int32_t> TVController::recordFrontApplication() {
   const auto front = platform().applications.active();
   std::optional<std::string> name;
   if (front && front->path)
     name = deletingPathExtension(lastPathComponent(*front->path));
   hostName = name.value_or("");
   application_.setHostName(std::move(name));
-  return front ? front->processIdentifier : 0;
+  return front ? std::optional(front->processIdentifier) : std::nullopt;
 }
 
 void TVController::menuItemChosen(MenuItem& item) {

@@ -13,6 +13,8 @@ using CopyAnswer = std::function<void(Pasteboard&)>;
 
 /// From now on the application in front answers the copy keystroke: the n-th press, once.
 inline void answerCopy(MemoryDesktop& desktop, CopyAnswer answer, int press = 1) {
+  if (!desktop.applications.control.active)
+    desktop.applications.control.start("Editor", "/Applications/Editor.app");
   desktop.accessibility.control.onPost = [&desktop, answer = std::move(answer), press,
                                           presses = 0](const auto& posted) mutable {
     const KeyboardEvent& event = posted.event;

@@ -56,6 +56,15 @@ TEST_F(HotKeysOfTree, AGroupsShortcutCountsOnlyWithoutChildren) {
               ::testing::ElementsAre("register 0 0x100", "register 6 0x100", "register 11 0x100"));
 }
 
+TEST_F(HotKeysOfTree, WithoutAnApplicationInFrontNothingIsSelectedAndTheItemRuns) {
+  launch({item("a", 0, 0)});
+  capture({"/docs"});
+  desktop.hotKeys.press(0, eventModifier::command);
+  EXPECT_EQ(posted(), "");
+  EXPECT_EQ(privatePasteboard().types(), std::vector<std::string>{pasteboardType::string});
+  EXPECT_EQ(opened, std::vector<std::string>{"/a.txt"});
+}
+
 TEST_F(HotKeysOfTree, APasswordIsForgottenOnceTheItemHasRun) {
   launch({item("a", 0, 0)});
   answerCopy(desktop, copyPassword("hunter2"));

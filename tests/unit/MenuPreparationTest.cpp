@@ -97,11 +97,14 @@ TEST_F(MenuPreparation, TheEntriesFitTheApplicationInFront) {
   EXPECT_EQ(opened(), "");
 }
 
-TEST_F(MenuPreparation, WithoutAnApplicationInFrontNothingIsSelected) {
+TEST_F(MenuPreparation, WithoutAnApplicationInFrontNothingIsSelectedAndNobodyIsWaitedFor) {
   capture({"/docs"});
+  const double before = desktop.clock.now();
   EXPECT_EQ(opened(), "");
   EXPECT_FALSE(controller.filesSelected);
-  expectEveryElementReleased(1);
+  EXPECT_EQ(privatePasteboard().types(), std::vector<std::string>{pasteboardType::string});
+  EXPECT_THAT(accessibility.posted, IsEmpty());
+  EXPECT_EQ(desktop.clock.now(), before);
 }
 
 TEST_F(MenuPreparation, WhileAScriptRunsTheMenuShowsAsItWasLast) {

@@ -1,5 +1,7 @@
 #include "platform/linux/DesktopWindows.h"
 
+#include "platform/linux/FocusedWindow.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -175,7 +177,7 @@ WindowId DesktopWindows::activeWindow() {
   if (!connection_)
     return 0;
   const std::vector<std::uint32_t> told = connection_->rootNumbers(activeWindowAtom);
-  return told.empty() ? 0 : told.front();
+  return told.empty() ? focusedWindow(*connection_->xcb, connection_->root) : told.front();
 }
 
 std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {

@@ -34,6 +34,7 @@ public:
   [[nodiscard]] std::vector<WindowId> windows();
   /// Bottom first.
   [[nodiscard]] std::vector<WindowId> stacking();
+  /// The one that the keys go to; 0 when they go to none.
   [[nodiscard]] WindowId activeWindow();
   /// Nothing when the window is gone.
   [[nodiscard]] std::optional<WindowFacts> facts(WindowId window);

@@ -125,6 +125,13 @@ TEST_F(LinuxApplicationsTest, AnApplicationOfManyWindowsIsListedOnce) {
   EXPECT_EQ(applications.launched().size(), 1U);
 }
 
+// As under a window manager of the old kind, which says nothing.
+TEST_F(LinuxApplicationsTest, WhereNoWindowIsNamedActiveTheOneWithTheKeysIsInFront) {
+  world.start("Editor");
+  QProcess::execute("xprop", {"-root", "-remove", "_NET_ACTIVE_WINDOW"});
+  EXPECT_TRUE(world.isInFront("Editor"));
+}
+
 TEST_F(LinuxApplicationsTest, DocksAndBareDesktopsAreNoApplications) {
   world.addEntry("panel");
   world.addEntry("wallpaper");
