@@ -5,13 +5,27 @@
 #include "platform/macos/MacDesktop.h"
 #import "platform/macos/NativeApplication.h"
 
-#include <cstdio>
+#include <iostream>
+#include <memory>
 #include <optional>
+#include <span>
+
+namespace {
+
+/// Everything of ours that lives as long as the process, the controller from the start to the end.
+struct Running {
+  tavrel::MacDesktop desktop;
+  tavrel::NativeEvents end;
+  tavrel::TVApplication application{end};
+  std::optional<tavrel::TVController> controller;
+};
+
+} // namespace
 
 /// What the system tells of the process's life, handed to the controller.
 @interface TVApplicationDelegate : NSObject <NSApplicationDelegate> {
 @public
-  std::optional<tavrel::TVController> controller;
+  std::unique_ptr<Running> running;
 }
 @end
 
@@ -19,19 +33,23 @@
 
 - (void)applicationWillFinishLaunching:(NSNotification*)notification {
   (void)notification;
-  controller->applicationWillFinishLaunching();
+  running->controller->applicationWillFinishLaunching();
 }
 
 - (void)applicationDidFinishLaunching:(NSNotification*)notification {
   (void)notification;
   tavrel::MacAccessibility::askForPermission();
-  controller->applicationDidFinishLaunching();
+  running->controller->applicationDidFinishLaunching();
 }
 
-// The process ends without coming back to `main`.
+// The process ends without coming back to `main`: what is still to be written, and what the session
+// keeps of ours, is seen to here. Nothing of the core is asked from now on.
 - (void)applicationWillTerminate:(NSNotification*)notification {
   (void)notification;
-  controller.reset();
+  TVApplication* const native = static_cast<TVApplication*>(NSApplication.sharedApplication);
+  native.head = nullptr;
+  native.hotKeys = nullptr;
+  running.reset();
 }
 
 @end
@@ -40,15 +58,14 @@ namespace {
 
 void run() {
   TVApplication* const native = [TVApplication sharedApplication];
-  tavrel::MacDesktop desktop;
-  tavrel::installPlatform(desktop.ports());
-  tavrel::NativeEvents end;
-  tavrel::TVApplication application(end);
-  TVApplicationDelegate* const delegate = [TVApplicationDelegate new];
-  delegate->controller.emplace(application);
-  native.head = &application;
-  native.hotKeys = &desktop.hotKeys();
-  native.delegate = delegate;
+  NS_VALID_UNTIL_END_OF_SCOPE TVApplicationDelegate* const delegate = [TVApplicationDelegate new];
+  delegate->running = std::make_unique<Running>();
+  Running& running = *delegate->running;
+  tavrel::installPlatform(running.desktop.ports());
+  running.controller.emplace(running.application);
+  native.head = &running.application;
+  native.hotKeys = &running.desktop.hotKeys();
+  native.delegate = delegate; // not kept there
   [native run];
 }
 
@@ -59,10 +76,10 @@ int main(int argc, char** argv) {
   @autoreleasepool {
     switch (tavrel::commandFromArguments(arguments)) {
     case tavrel::Command::help:
-      std::fputs(tavrel::helpText().c_str(), stdout);
+      std::cout << tavrel::helpText();
       return 0;
     case tavrel::Command::version:
-      std::puts("tavrel " TAVREL_VERSION);
+      std::cout << "tavrel " TAVREL_VERSION "\n";
       return 0;
     case tavrel::Command::misuse: // the system passes arguments of its own
     case tavrel::Command::start:

@@ -4,15 +4,10 @@
 
 #include <algorithm>
 #include <array>
-#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
-
-#ifdef __APPLE__
-#include <xlocale.h>
-#endif
 
 namespace tavrel::portable {
 
@@ -26,12 +21,22 @@ struct Decimal {
   int point = 0;
 };
 
-double readInC(const std::string& text) {
-  static const locale_t plainLocale = newlocale(LC_ALL_MASK, "C", nullptr);
-  return strtod_l(text.c_str(), nullptr, plainLocale);
+/// What stands between whole and fraction in the locale of the moment, which the C library reads
+/// and writes in.
+std::string separatorNow() {
+  std::array<char, 16> half{};
+  std::snprintf(half.data(), half.size(), "%.1f", 0.5);
+  const std::string_view all(half.data());
+  return std::string(all.substr(1, all.size() - 2));
 }
 
-// The separator is whatever the locale of the moment says: only the digits are taken.
+double readNumber(std::string text) {
+  if (const std::size_t stop = text.find('.'); stop != std::string::npos)
+    text.replace(stop, 1, separatorNow());
+  return std::strtod(text.c_str(), nullptr);
+}
+
+// Whatever the separator is: only the digits are taken.
 Decimal withDigits(double size, int count) {
   std::array<char, 64> text{};
   std::snprintf(text.data(), text.size(), "%.*e", count - 1, size);
@@ -58,7 +63,7 @@ Decimal shortestDecimal(double size) {
   if (size == 0)
     return {"0", 1};
   for (int count = 1; count < mostDigits; ++count)
-    if (Decimal decimal = withDigits(size, count); readInC(inPowers(decimal)) == size)
+    if (Decimal decimal = withDigits(size, count); readNumber(inPowers(decimal)) == size)
       return decimal;
   return withDigits(size, mostDigits);
 }
@@ -128,7 +133,7 @@ std::optional<double> decimalNumber(std::string_view text) {
   const auto mantissa = mantissaOf(text);
   if (!mantissa)
     return std::nullopt;
-  const double number = readInC(std::string(text));
+  const double number = readNumber(std::string(text));
   const bool isNought =
       text.substr(0, *mantissa).find_first_of("123456789") == std::string_view::npos;
   if (!std::isfinite(number) || (number == 0 && !isNought))

@@ -3,13 +3,13 @@
 #include "platform/Platform.h"
 #include "platform/Presenter.h"
 
-#include <cmath>
-
 namespace tavrel {
 
 namespace {
 bool isNear(Point one, Point other) {
-  return std::hypot(one.x - other.x, one.y - other.y) <= LongPress::slop;
+  const double across = one.x - other.x;
+  const double up = one.y - other.y;
+  return across * across + up * up <= LongPress::slop * LongPress::slop;
 }
 } // namespace
 

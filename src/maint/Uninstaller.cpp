@@ -10,7 +10,7 @@
 #include "platform/SystemEvents.h"
 #include "platform/Workspace.h"
 
-#include <cstdio>
+#include <iostream>
 
 namespace tavrel {
 
@@ -89,8 +89,8 @@ void authorizedRemove(AuthorizationRef& reference, const std::string& path) {
   if (!output)
     return;
   for (std::string read = (*output)(readSize); !read.empty(); read = (*output)(readSize))
-    std::fwrite(read.data(), 1, read.size(), stdout);
-  std::fflush(stdout);
+    std::cout << read;
+  std::cout.flush();
 }
 
 void uninstallLoginItems() {

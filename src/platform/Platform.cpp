@@ -1,7 +1,7 @@
 #include "platform/Platform.h"
 
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <utility>
 
 namespace tavrel {
@@ -10,7 +10,7 @@ namespace {
 Platform* installed = nullptr;
 
 [[noreturn]] void refuse(const char* why) {
-  std::fprintf(stderr, "tavrel: %s\n", why);
+  std::cerr << "tavrel: " << why << '\n';
   std::abort();
 }
 } // namespace
