@@ -1,22 +1,16 @@
 #include "platform/macos/MacHotKeys.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <iostream>
 
 namespace tavrel {
-
-namespace {
-EventHotKeyRef referenceOf(::EventHotKeyRef key) {
-  return reinterpret_cast<std::uintptr_t>(key);
-}
-} // namespace
 
 MacHotKeys::MacHotKeys() : handler_([this](EventRef event) { take(event); }) {
   const ::OSStatus status =
       handler_.install(GetApplicationEventTarget(), {{kEventClassKeyboard, kEventHotKeyPressed},
                                                      {kEventClassKeyboard, kEventHotKeyReleased}});
   if (status != noErr)
-    std::fputs("tavrel: hot keys cannot be had\n", stderr);
+    std::cerr << "tavrel: hot keys cannot be had\n";
 }
 
 MacHotKeys::~MacHotKeys() {
@@ -33,14 +27,11 @@ HotKeyRegistration MacHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32
   if (status != noErr || !key)
     return {status != noErr ? status : hotKeyStatus::taken, 0};
   registered_.emplace(ours.id, key);
-  releases_.pressed(referenceOf(key)); // the system may give a reference out again
-  return {hotKeyStatus::registered, referenceOf(key)};
+  return {hotKeyStatus::registered, ours.id};
 }
 
 OSStatus MacHotKeys::unregisterHotKey(EventHotKeyRef reference) {
-  const auto found = std::find_if(registered_.begin(), registered_.end(), [&](const auto& entry) {
-    return referenceOf(entry.second) == reference;
-  });
+  const auto found = registered_.find(reference);
   if (found == registered_.end())
     return hotKeyStatus::unknown;
   ::EventHotKeyRef const key = found->second;
@@ -48,14 +39,22 @@ OSStatus MacHotKeys::unregisterHotKey(EventHotKeyRef reference) {
   return UnregisterEventHotKey(key);
 }
 
+std::optional<EventHotKeyRef> MacHotKeys::newsOf(std::uint64_t systemReference) {
+  const auto found = std::ranges::find_if(registered_, [&](const auto& each) {
+    return reinterpret_cast<std::uintptr_t>(each.second) == systemReference;
+  });
+  if (found == registered_.end() || !releases_.isFirst(found->first))
+    return std::nullopt;
+  return found->first;
+}
+
 void MacHotKeys::take(EventRef event) {
   ::EventHotKeyID id{};
   const ::OSStatus status = GetEventParameter(event, kEventParamDirectObject, typeEventHotKeyID,
                                               nullptr, sizeof id, nullptr, &id);
-  const auto found = registered_.find(id.id);
-  if (status != noErr || found == registered_.end())
+  const EventHotKeyRef reference = id.id;
+  if (status != noErr || !registered_.contains(reference))
     return;
-  const EventHotKeyRef reference = referenceOf(found->second);
   if (GetEventKind(event) == kEventHotKeyPressed)
     return releases_.pressed(reference);
   if (!releases_.isFirst(reference) || !target_)

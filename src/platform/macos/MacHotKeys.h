@@ -5,10 +5,11 @@
 #include "platform/macos/CarbonHandler.h"
 
 #include <map>
+#include <optional>
 
 namespace tavrel {
 
-/// The system's hot keys; a reference of ours is the system's own.
+/// The system's hot keys. The system may give a reference out again; ours are never the same.
 class MacHotKeys final : public HotKeys {
 public:
   MacHotKeys();
@@ -19,15 +20,16 @@ public:
                                     EventHotKeyID id) override;
   OSStatus unregisterHotKey(EventHotKeyRef reference) override;
 
-  /// Whether a release that came on whatever way has not been handled yet.
-  [[nodiscard]] bool isNews(EventHotKeyRef reference) { return releases_.isFirst(reference); }
+  /// Our reference for one of the system's that was released; nothing when that has been handled
+  /// already, or is none of ours.
+  [[nodiscard]] std::optional<EventHotKeyRef> newsOf(std::uint64_t systemReference);
 
 private:
   void take(EventRef event);
 
   EventTarget* target_ = nullptr;
   HotKeyReleases releases_;
-  std::map<std::uint32_t, ::EventHotKeyRef> registered_; ///< by a number of our own
+  std::map<EventHotKeyRef, ::EventHotKeyRef> registered_;
   std::uint32_t last_ = 0;
   CarbonHandler handler_;
 };

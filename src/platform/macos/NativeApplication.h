@@ -13,10 +13,10 @@ class MacHotKeys;
 @interface TVApplication : NSApplication
 /// Not owned; null: events go the system's way alone.
 @property(nonatomic) tavrel::EventTarget* head;
-/// Not owned; knows which releases have been handled.
+/// Not owned; knows what a release of a hot key is of.
 @property(nonatomic) tavrel::MacHotKeys* hotKeys;
-/// The system's own handling of the event that is being sent.
-- (void)handleCurrentEvent;
+/// The system's own handling of an event, where it is the one that the head was told last.
+- (void)handleEvent:(const tavrel::Event&)event;
 @end
 
 namespace tavrel {
@@ -24,8 +24,8 @@ namespace tavrel {
 /// The end of the event stream, where the system handles each event.
 class NativeEvents final : public EventTarget {
 public:
-  void sendEvent(const Event&) override {
-    [static_cast<::TVApplication*>(NSApplication.sharedApplication) handleCurrentEvent];
+  void sendEvent(const Event& event) override {
+    [static_cast<::TVApplication*>(NSApplication.sharedApplication) handleEvent:event];
   }
 };
 

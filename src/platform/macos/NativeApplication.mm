@@ -5,31 +5,50 @@
 #import "platform/macos/MacHotKeys.h"
 #import "platform/macos/MacScripting.h"
 
+namespace {
+
+/// An event on its way through our stream, and what the stream was told of it.
+struct EventOnItsWay {
+  NSEvent* event;
+  const tavrel::Event* told;
+};
+
+bool isHotKeyRelease(const tavrel::Event& event) {
+  return event.type == tavrel::EventType::systemDefined &&
+         event.subtype == tavrel::hotKeyReleasedSubtype;
+}
+
+} // namespace
+
 @implementation TVApplication {
-  NSEvent* _sending;
+  EventOnItsWay _onItsWay;
 }
 
 - (void)sendEvent:(NSEvent*)event {
-  if (!self.head || ![self isNews:event])
+  tavrel::Event told = tavrel::eventOf(event);
+  if (!self.head || ![self isNews:told])
     return [super sendEvent:event];
   @autoreleasepool {
-    NSEvent* const before = _sending; // a menu may be open, and its loop send events
-    _sending = event;
-    self.head->sendEvent(tavrel::eventOf(event));
-    _sending = before;
+    const EventOnItsWay before = _onItsWay; // a menu may be open, and its loop send events
+    _onItsWay = {event, &told};
+    self.head->sendEvent(told);
+    _onItsWay = before;
   }
 }
 
-- (void)handleCurrentEvent {
-  if (NSEvent* const event = _sending)
-    [super sendEvent:event];
+// What reaches the end of the stream may have come from elsewhere, as a release of a hot key does.
+- (void)handleEvent:(const tavrel::Event&)event {
+  if (&event == _onItsWay.told)
+    [super sendEvent:_onItsWay.event];
 }
 
 // A release of a hot key may have come as an event of the other kind already.
-- (BOOL)isNews:(NSEvent*)event {
-  if (event.type != NSEventTypeSystemDefined || event.subtype != tavrel::hotKeyReleasedSubtype)
+- (BOOL)isNews:(tavrel::Event&)event {
+  if (!self.hotKeys || !isHotKeyRelease(event))
     return YES;
-  return !self.hotKeys || self.hotKeys->isNews(static_cast<std::uint64_t>(event.data1));
+  const auto reference = self.hotKeys->newsOf(event.data1);
+  event.data1 = reference.value_or(0);
+  return reference.has_value();
 }
 
 - (NSString*)hostAppName {
