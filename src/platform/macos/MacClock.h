@@ -3,7 +3,6 @@
 #include "platform/Clock.h"
 #include "platform/macos/CFOwned.h"
 
-#include <chrono>
 #include <map>
 
 namespace tavrel {
@@ -12,7 +11,7 @@ namespace tavrel {
 /// from the main run loop, while a menu is open, too.
 class MacClock final : public Clock {
 public:
-  MacClock();
+  MacClock() = default;
   MacClock(const MacClock&) = delete;
   MacClock& operator=(const MacClock&) = delete;
   ~MacClock() override;
@@ -23,8 +22,6 @@ public:
   void cancel(TimerId timer) override;
 
 private:
-  std::chrono::steady_clock::time_point start_;
-  double startSeconds_;
   std::map<TimerId, CFOwned<CFRunLoopTimerRef>> timers_;
   TimerId last_ = 0;
 };

@@ -1,6 +1,9 @@
 #import "platform/macos/MacClock.h"
 
+#include "platform/macos/MacTime.h"
+
 #include <algorithm>
+#include <chrono>
 #include <thread>
 
 namespace tavrel {
@@ -19,16 +22,13 @@ double boundedSpan(double seconds) {
 
 } // namespace
 
-MacClock::MacClock()
-    : start_(std::chrono::steady_clock::now()), startSeconds_(CFAbsoluteTimeGetCurrent()) {}
-
 MacClock::~MacClock() {
   for (const auto& [id, timer] : timers_)
     CFRunLoopTimerInvalidate(timer.get());
 }
 
 double MacClock::now() {
-  return startSeconds_ + Seconds(std::chrono::steady_clock::now() - start_).count();
+  return secondsNow();
 }
 
 void MacClock::sleep(double seconds) {

@@ -1,6 +1,7 @@
 #import "platform/macos/MacEventQueue.h"
 
 #import "platform/macos/MacEvents.h"
+#include "platform/macos/MacTime.h"
 
 namespace tavrel {
 
@@ -8,7 +9,7 @@ std::optional<Event> MacEventQueue::nextEvent(std::uint64_t mask, double until, 
   @autoreleasepool {
     NSEvent* const event =
         [NSApp nextEventMatchingMask:mask
-                           untilDate:[NSDate dateWithTimeIntervalSinceReferenceDate:until]
+                           untilDate:[NSDate dateWithTimeIntervalSinceNow:until - secondsNow()]
                               inMode:NSEventTrackingRunLoopMode
                              dequeue:dequeue == Dequeue::yes];
     return event ? std::optional(eventOf(event)) : std::nullopt;

@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 #import "platform/macos/Conversions.h"
+#include "platform/macos/MacTime.h"
 
 namespace tavrel {
 
@@ -33,7 +34,7 @@ void setKey(Event& made, NSEvent* event) {
 // The system counts from its start.
 double secondsOf(NSEvent* event) {
   const double age = NSProcessInfo.processInfo.systemUptime - event.timestamp;
-  return NSDate.timeIntervalSinceReferenceDate - age;
+  return secondsNow() - age;
 }
 
 } // namespace
@@ -42,7 +43,8 @@ Event eventOf(NSEvent* event) {
   Event made;
   made.type = static_cast<EventType>(event.type);
   made.location = pointOf(event.locationInWindow);
-  made.modifierFlags = static_cast<std::uint32_t>(event.modifierFlags);
+  made.modifierFlags = static_cast<std::uint32_t>(event.modifierFlags &
+                                                  NSEventModifierFlagDeviceIndependentFlagsMask);
   made.timestamp = secondsOf(event);
   made.windowNumber = static_cast<std::int32_t>(event.windowNumber);
   if (isOneOf(pressMask | dragMask, event))
