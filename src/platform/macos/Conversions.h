@@ -36,6 +36,8 @@ namespace tavrel {
 
 /// The same between Foundation's objects; the arguments may be nil, no result of an `ns` one is.
 [[nodiscard]] NSString* nsString(std::string_view text);
+/// As `nsString`, but bytes that are not UTF-8 become U+FFFD one by one.
+[[nodiscard]] NSString* nsText(std::string_view text);
 [[nodiscard]] NSArray<NSString*>* nsStrings(const std::vector<std::string>& texts);
 [[nodiscard]] NSData* nsData(const Bytes& bytes);
 [[nodiscard]] id nsPropertyList(const PropertyList& value);

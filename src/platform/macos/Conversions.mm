@@ -1,78 +1,9 @@
 #import "platform/macos/Conversions.h"
 
 #include "base/Url.h"
+#include "base/Utf8.h"
 
 namespace tavrel {
-
-namespace {
-
-// What nests deeper is no data of anybody's, and would cost the stack.
-constexpr int deepest = 512;
-
-std::optional<PropertyList> convertedObject(id object, int depth);
-
-std::optional<PropertyList> convertedNumber(NSNumber* number) {
-  if (CFNumberIsFloatType((__bridge CFNumberRef)number))
-    return PropertyList(number.doubleValue);
-  return PropertyList(std::int64_t{number.longLongValue});
-}
-
-std::optional<PropertyList> convertedArray(NSArray* array, int depth) {
-  PropertyList::Array result;
-  for (id each in array) {
-    auto value = convertedObject(each, depth);
-    if (!value)
-      return std::nullopt;
-    result.push_back(*std::move(value));
-  }
-  return PropertyList(std::move(result));
-}
-
-std::optional<PropertyList> convertedDictionary(NSDictionary* dictionary, int depth) {
-  PropertyList::Dictionary result;
-  for (id key in dictionary) {
-    auto value = convertedObject(dictionary[key], depth);
-    if (!value || ![key isKindOfClass:NSString.class])
-      return std::nullopt;
-    result.insert_or_assign(stringOf((NSString*)key), *std::move(value));
-  }
-  return PropertyList(std::move(result));
-}
-
-std::optional<PropertyList> convertedObject(id object, int depth) {
-  if (!object || depth > deepest)
-    return std::nullopt;
-  const CFTypeID kind = CFGetTypeID((__bridge CFTypeRef)object);
-  if (kind == CFBooleanGetTypeID())
-    return PropertyList(bool{[object boolValue] != NO});
-  if (kind == CFNumberGetTypeID())
-    return convertedNumber(object);
-  if (kind == CFStringGetTypeID())
-    return PropertyList(stringOf((NSString*)object));
-  if (kind == CFDataGetTypeID())
-    return PropertyList(bytesOf(object));
-  if (kind == CFDateGetTypeID())
-    return PropertyList(PropertyList::Date{[object timeIntervalSinceReferenceDate]});
-  if (kind == CFArrayGetTypeID())
-    return convertedArray(object, depth + 1);
-  return kind == CFDictionaryGetTypeID() ? convertedDictionary(object, depth + 1) : std::nullopt;
-}
-
-NSArray* nsArray(const PropertyList::Array& array) {
-  NSMutableArray* result = [NSMutableArray arrayWithCapacity:array.size()];
-  for (const PropertyList& each : array)
-    [result addObject:nsPropertyList(each)];
-  return result;
-}
-
-NSDictionary* nsDictionary(const PropertyList::Dictionary& dictionary) {
-  NSMutableDictionary* result = [NSMutableDictionary dictionaryWithCapacity:dictionary.size()];
-  for (const auto& [key, value] : dictionary)
-    result[nsString(key)] = nsPropertyList(value);
-  return result;
-}
-
-} // namespace
 
 NSString* nsString(std::string_view text) {
   const auto decoded = [text](NSStringEncoding encoding) {
@@ -82,6 +13,12 @@ NSString* nsString(std::string_view text) {
     return @"";
   NSString* exact = decoded(NSUTF8StringEncoding);
   return exact ? exact : decoded(NSISOLatin1StringEncoding);
+}
+
+NSString* nsText(std::string_view text) {
+  const std::u16string units = utf16FromUtf8(text);
+  return [NSString stringWithCharacters:reinterpret_cast<const unichar*>(units.data())
+                                 length:units.size()];
 }
 
 NSArray<NSString*>* nsStrings(const std::vector<std::string>& texts) {
@@ -95,30 +32,14 @@ NSData* nsData(const Bytes& bytes) {
   return [NSData dataWithBytes:bytes.data() length:bytes.size()];
 }
 
-id nsPropertyList(const PropertyList& value) {
-  switch (value.kind()) {
-  case PropertyList::Kind::boolean:
-    return *value.boolean() ? @YES : @NO;
-  case PropertyList::Kind::integer:
-    return @(*value.integer());
-  case PropertyList::Kind::real:
-    return @(*value.real());
-  case PropertyList::Kind::string:
-    return nsString(*value.string());
-  case PropertyList::Kind::data:
-    return nsData(*value.data());
-  case PropertyList::Kind::date:
-    return [NSDate dateWithTimeIntervalSinceReferenceDate:value.date()->seconds];
-  case PropertyList::Kind::array:
-    return nsArray(*value.array());
-  case PropertyList::Kind::dictionary:
-    return nsDictionary(*value.dictionary());
-  }
-}
-
+// The system has no UTF-8 for a lone surrogate.
 std::string stringOf(NSString* text) {
-  NSData* bytes = [text dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:YES];
-  return {static_cast<const char*>(bytes.bytes), bytes.length};
+  if (NSData* const bytes = [text dataUsingEncoding:NSUTF8StringEncoding])
+    return bytes.length > 0 ? std::string(static_cast<const char*>(bytes.bytes), bytes.length)
+                            : std::string();
+  std::u16string units(text.length, u'\0');
+  [text getCharacters:reinterpret_cast<unichar*>(units.data()) range:NSMakeRange(0, units.size())];
+  return utf8FromUtf16(units);
 }
 
 std::vector<std::string> stringsOf(NSArray<NSString*>* texts) {
@@ -131,20 +52,6 @@ std::vector<std::string> stringsOf(NSArray<NSString*>* texts) {
 Bytes bytesOf(NSData* data) {
   const auto* bytes = static_cast<const std::uint8_t*>(data.bytes);
   return {bytes, bytes + data.length};
-}
-
-std::optional<PropertyList> propertyListOf(id object) {
-  return convertedObject(object, 0);
-}
-
-PropertyList::Dictionary dictionaryOf(NSDictionary* dictionary) {
-  PropertyList::Dictionary result;
-  for (id key in dictionary) {
-    auto value = propertyListOf(static_cast<id>(dictionary[key]));
-    if (value && [key isKindOfClass:NSString.class])
-      result.insert_or_assign(stringOf((NSString*)key), *std::move(value));
-  }
-  return result;
 }
 
 // Told that it is none, the system neither looks for a folder nor ends a link to one in a slash.
@@ -164,18 +71,6 @@ CFOwned<CFStringRef> cfString(std::string_view text) {
 
 std::string stringOf(CFStringRef text) {
   return stringOf((__bridge NSString*)text);
-}
-
-std::optional<PropertyList> propertyListOf(CFTypeRef object) {
-  return propertyListOf((__bridge id)object);
-}
-
-PropertyList::Dictionary dictionaryOf(CFDictionaryRef dictionary) {
-  return dictionaryOf((__bridge NSDictionary*)dictionary);
-}
-
-CFOwned<CFTypeRef> cfPropertyList(const PropertyList& value) {
-  return CFOwned<CFTypeRef>((__bridge_retained CFTypeRef)nsPropertyList(value));
 }
 
 } // namespace tavrel

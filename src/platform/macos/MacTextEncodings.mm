@@ -22,14 +22,21 @@ std::optional<std::string> MacTextEncodings::nameOf(StringEncoding encoding) {
 }
 
 StringEncoding MacTextEncodings::frameworkEncoding(StringEncoding encoding) {
-  return static_cast<StringEncoding>(CFStringConvertEncodingToNSStringEncoding(encoding));
+  return CFStringIsEncodingAvailable(encoding)
+             ? static_cast<StringEncoding>(CFStringConvertEncodingToNSStringEncoding(encoding))
+             : invalidEncoding;
 }
 
 std::optional<Bytes> MacTextEncodings::lossyData(std::string_view text, StringEncoding encoding) {
-  if (!CFStringIsEncodingAvailable(CFStringConvertNSStringEncodingToEncoding(encoding)))
+  const CFStringEncoding known = CFStringConvertNSStringEncodingToEncoding(encoding);
+  if (known == invalidEncoding || !CFStringIsEncodingAvailable(known))
     return std::nullopt;
-  NSData* const data = [nsString(text) dataUsingEncoding:encoding allowLossyConversion:YES];
-  return data ? std::optional(bytesOf(data)) : std::nullopt;
+  @autoreleasepool {
+    NSString* const units = nsText(text);
+    NSData* const data = [units dataUsingEncoding:encoding allowLossyConversion:YES];
+    return bytesOf(data ? data
+                        : [units dataUsingEncoding:NSASCIIStringEncoding allowLossyConversion:YES]);
+  }
 }
 
 } // namespace tavrel
