@@ -1,8 +1,11 @@
 #include "platform/macos/MacAccessibility.h"
 
 #include "platform/macos/Conversions.h"
+#include "platform/macos/OfThisDesktop.h"
 
 #include <ApplicationServices/ApplicationServices.h>
+
+#include <csignal>
 
 namespace tavrel {
 
@@ -10,24 +13,33 @@ namespace {
 
 constexpr float patience = 1; ///< seconds an application may take to answer
 
+enum class Takes { nothing, keys };
+
 class MacElement final : public AXUIElement {
 public:
-  explicit MacElement(::AXUIElementRef element) : element_(element) {}
+  MacElement(::AXUIElementRef element, Takes takes) : element_(element), takes_(takes) {}
   [[nodiscard]] ::AXUIElementRef get() const { return element_.get(); }
+  [[nodiscard]] bool takesKeys() const { return takes_ == Takes::keys; }
 
 private:
   CFOwned<::AXUIElementRef> element_;
+  Takes takes_;
 };
 
-AXUIElementRef wrapped(::AXUIElementRef element) {
+AXUIElementRef wrapped(::AXUIElementRef element, Takes takes = Takes::nothing) {
   if (element)
     AXUIElementSetMessagingTimeout(element, patience);
-  return std::make_shared<MacElement>(element);
+  return std::make_shared<MacElement>(element, takes);
 }
 
 ::AXUIElementRef native(const AXUIElementRef& element) {
-  const auto* ours = dynamic_cast<const MacElement*>(element.get());
+  const auto* ours = ofThisDesktop<MacElement>(element.get());
   return ours ? ours->get() : nullptr;
+}
+
+bool isGone(::AXUIElementRef application) {
+  pid_t process = 0;
+  return AXUIElementGetPid(application, &process) != kAXErrorSuccess || ::kill(process, 0) != 0;
 }
 
 // Elements count from the top of the main screen.
@@ -38,7 +50,7 @@ double fromTop(double y) {
 } // namespace
 
 AXUIElementRef MacAccessibility::applicationElement(std::int32_t processIdentifier) {
-  return wrapped(AXUIElementCreateApplication(processIdentifier));
+  return wrapped(AXUIElementCreateApplication(processIdentifier), Takes::keys);
 }
 
 AXUIElementRef MacAccessibility::systemWideElement() {
@@ -69,9 +81,12 @@ std::optional<PropertyList> MacAccessibility::role(const AXUIElementRef& element
 #pragma clang diagnostic ignored "-Wdeprecated-declarations"
 bool MacAccessibility::postKeyboardEvent(const AXUIElementRef& application,
                                          const KeyboardEvent& event) {
-  ::AXUIElementRef const receiver = native(application);
-  return receiver &&
-         AXUIElementPostKeyboardEvent(receiver, event.character, event.keyCode,
+  const auto* receiver = ofThisDesktop<MacElement>(application.get());
+  if (!receiver || !receiver->takesKeys()) // the whole system would take them, too
+    return false;
+  if (!receiver->get() || isGone(receiver->get()))
+    return true;
+  return AXUIElementPostKeyboardEvent(receiver->get(), event.character, event.keyCode,
                                       event.direction == KeyDirection::down) == kAXErrorSuccess;
 }
 #pragma clang diagnostic pop

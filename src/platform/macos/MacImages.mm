@@ -2,6 +2,7 @@
 
 #import "platform/macos/Conversions.h"
 #import "platform/macos/MacImage.h"
+#include "platform/macos/OfThisDesktop.h"
 
 namespace tavrel {
 
@@ -19,13 +20,15 @@ NSImage* lateIcon(NSString* path) {
   return [NSImage imageWithSize:nsSize(menuIconSize)
                         flipped:NO
                  drawingHandler:^BOOL(NSRect place) {
-                   [[NSWorkspace.sharedWorkspace iconForFile:path] drawInRect:place];
-                   return YES;
+                   @autoreleasepool {
+                     [[NSWorkspace.sharedWorkspace iconForFile:path] drawInRect:place];
+                     return YES;
+                   }
                  }];
 }
 
 void drawLayer(const ImageLayer& layer) {
-  const auto* content = dynamic_cast<const MacImageContent*>(layer.content.get());
+  const auto* content = ofThisDesktop<MacImageContent>(layer.content.get());
   if (content)
     [content->nsImage() drawInRect:NSMakeRect(0, 0, layer.size.width, layer.size.height)
                           fromRect:NSZeroRect
@@ -42,16 +45,21 @@ NSImage* nsImage(const Image& image) {
   return [NSImage imageWithSize:nsSize(image.size)
                         flipped:NO
                  drawingHandler:^BOOL(NSRect) {
-                   for (const ImageLayer& layer : layers)
-                     drawLayer(layer);
-                   return YES;
+                   @autoreleasepool {
+                     for (const ImageLayer& layer : layers)
+                       drawLayer(layer);
+                     return YES;
+                   }
                  }];
 }
 
 std::optional<Image> MacImages::named(const std::string& name) {
   if (name.empty() || name.find('/') != std::string::npos)
     return std::nullopt;
-  return wholeImage([NSBundle.mainBundle imageForResource:nsString(name)]);
+  if (NSImage* const image = [NSBundle.mainBundle imageForResource:nsString(name)])
+    return wholeImage(image);
+  NSURL* const drawing = [NSBundle.mainBundle URLForResource:nsString(name) withExtension:@"svg"];
+  return drawing ? wholeImage([[NSImage alloc] initWithContentsOfURL:drawing]) : std::nullopt;
 }
 
 std::optional<Image> MacImages::fromData(const Bytes& data) {

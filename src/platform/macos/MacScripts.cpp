@@ -1,16 +1,9 @@
 #include "platform/macos/MacScripts.h"
 
-#include "base/PathString.h"
 #include "platform/macos/AppleScriptSources.h"
+#include "platform/macos/ScriptFile.h"
 
-#include <Carbon/Carbon.h>
-
-#include <copyfile.h>
-#include <cstdio>
-#include <cstdlib>
 #include <map>
-#include <optional>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -19,72 +12,6 @@
 #pragma clang diagnostic ignored "-Wdeprecated-declarations"
 
 namespace tavrel {
-
-namespace {
-
-constexpr OSAError cannotWriteScript = -61;
-
-/// Which contents a file holds; they are others once somebody wrote to it.
-struct FileState {
-  std::int64_t seconds = 0;
-  std::int64_t nanoseconds = 0;
-  std::int64_t size = 0;
-  std::uint64_t inode = 0;
-  friend bool operator==(const FileState&, const FileState&) = default;
-};
-
-std::optional<FileState> stateOf(const std::string& path) {
-  struct stat status {};
-  if (path.find('\0') != std::string::npos || ::stat(path.c_str(), &status) != 0)
-    return std::nullopt;
-  return FileState{status.st_mtimespec.tv_sec, status.st_mtimespec.tv_nsec, status.st_size,
-                   status.st_ino};
-}
-
-std::optional<FSRef> referenceTo(const std::string& path) {
-  FSRef reference{};
-  const auto* bytes = reinterpret_cast<const UInt8*>(path.c_str());
-  return FSPathMakeRef(bytes, &reference, nullptr) == noErr ? std::optional(reference)
-                                                            : std::nullopt;
-}
-
-/// Storing into a copy, which then takes the file's place: on failure the file is as it was.
-OSAError storeThroughCopy(::ComponentInstance component, OSAID script, const std::string& path) {
-  const std::string ending = "." + pathExtension(path);
-  std::string copy = deletingPathExtension(path) + ".tavrel-XXXXXX" + ending;
-  const int made = ::mkstemps(copy.data(), static_cast<int>(ending.size()));
-  if (made < 0)
-    return cannotWriteScript;
-  ::close(made);
-  const bool copied = ::copyfile(path.c_str(), copy.c_str(), nullptr, COPYFILE_ALL) == 0;
-  const auto file = copied ? referenceTo(copy) : std::nullopt;
-  OSAError code = file
-                      ? OSAStoreFile(component, script, typeOSAGenericStorage, kOSAModeNull, &*file)
-                      : cannotWriteScript;
-  if (code == osaError::none && ::rename(copy.c_str(), path.c_str()) != 0)
-    code = cannotWriteScript;
-  if (code != osaError::none)
-    ::unlink(copy.c_str());
-  return code;
-}
-
-/// A script bundle is a folder of many files, which the component itself replaces.
-OSAError storeInPlace(::ComponentInstance component, OSAID script, const std::string& path) {
-  const auto file = referenceTo(path);
-  return file ? OSAStoreFile(component, script, typeOSAGenericStorage, kOSAModeNull, &*file)
-              : cannotWriteScript;
-}
-
-OSAError storeScript(::ComponentInstance component, OSAID script, const std::string& path) {
-  const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr), std::free);
-  struct stat status {};
-  if (!real || ::access(path.c_str(), W_OK) != 0 || ::stat(real.get(), &status) != 0)
-    return cannotWriteScript;
-  return S_ISREG(status.st_mode) ? storeThroughCopy(component, script, real.get())
-                                 : storeInPlace(component, script, path);
-}
-
-} // namespace
 
 struct MacScripts::Components {
   std::vector<::ComponentInstance> open;

@@ -2,6 +2,7 @@
 
 #import "platform/macos/Conversions.h"
 #import "platform/macos/MacPasteboard.h"
+#include "platform/macos/OfThisDesktop.h"
 
 /// Receives the message of the information property list's service entry.
 @interface TVServiceReceiver : NSObject
@@ -32,7 +33,7 @@
 namespace tavrel {
 
 bool MacServices::performService(const std::string& name, Pasteboard& pasteboard) {
-  const auto* known = dynamic_cast<const MacPasteboard*>(&pasteboard);
+  const auto* known = ofThisDesktop<MacPasteboard>(&pasteboard);
   return known && !name.empty() && NSPerformService(nsString(name), known->nsPasteboard());
 }
 

@@ -2,8 +2,9 @@
 
 #include "base/PathString.h"
 #import "platform/macos/Conversions.h"
+#include "platform/macos/ReplacementFolder.h"
 
-#include <cerrno>
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -44,47 +45,22 @@ bool wouldHoldItself(const std::string& what, const std::string& destination) {
          (realPath(destination) + '/').starts_with(realPath(what) + '/');
 }
 
+bool refusesInOneStep(NSURL* file) {
+  NSNumber* does = nil;
+  return [file getResourceValue:&does forKey:NSURLVolumeSupportsExclusiveRenamingKey error:nil] &&
+         does.boolValue;
+}
+
 // Some volumes cannot refuse in one step: there the system looks first.
 bool renameExclusively(const std::string& from, const std::string& to) {
-  if (::renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0)
-    return true;
-  return errno == ENOTSUP && [NSFileManager.defaultManager moveItemAtURL:fileUrl(from)
-                                                                   toURL:fileUrl(to)
-                                                                   error:nil];
+  if (refusesInOneStep(fileUrl(from)))
+    return ::renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0;
+  return [NSFileManager.defaultManager moveItemAtURL:fileUrl(from) toURL:fileUrl(to) error:nil];
 }
 
 bool removeTree(const std::string& path) {
   return [NSFileManager.defaultManager removeItemAtURL:fileUrl(path) error:nil];
 }
-
-// A copy grows where nobody looks for it, so that a broken one is never taken for the file.
-bool stage(Transfer& transfer, const std::string& folder) {
-  transfer.staged = appendingPathComponent(folder, lastPathComponent(transfer.to));
-  return [NSFileManager.defaultManager copyItemAtURL:fileUrl(transfer.from)
-                                               toURL:fileUrl(transfer.staged)
-                                               error:nil];
-}
-
-/// A folder for copies on the volume of the destination; removed with what is left in it.
-class Staging {
-public:
-  explicit Staging(const std::string& destination)
-      : folder_(appendingPathComponent(destination, ".tavrel-XXXXXX")) {
-    isMade_ = ::mkdtemp(folder_.data()) != nullptr;
-  }
-  Staging(const Staging&) = delete;
-  Staging& operator=(const Staging&) = delete;
-  ~Staging() {
-    if (isMade_)
-      removeTree(folder_);
-  }
-  [[nodiscard]] bool isMade() const { return isMade_; }
-  [[nodiscard]] const std::string& folder() const { return folder_; }
-
-private:
-  std::string folder_;
-  bool isMade_ = false;
-};
 
 bool onOneVolume(const std::string& one, const std::string& other) {
   struct stat a {};
@@ -92,11 +68,29 @@ bool onOneVolume(const std::string& one, const std::string& other) {
   return ::lstat(one.c_str(), &a) == 0 && ::stat(other.c_str(), &b) == 0 && a.st_dev == b.st_dev;
 }
 
+// A copy grows where nobody looks for it, so that a broken one is never taken for the file.
+bool stageCopies(std::vector<Transfer>& transfers, const ReplacementFolder& folder) {
+  for (Transfer& transfer : transfers)
+    if ((transfer.staged = folder.copyOf(transfer.from)).empty())
+      return false;
+  return true;
+}
+
+bool isRemovable(const Transfer& transfer) {
+  return [NSFileManager.defaultManager isDeletableFileAtPath:nsString(transfer.from)];
+}
+
+bool isWritableFolder(const std::string& path) {
+  return ::access(path.c_str(), W_OK | X_OK) == 0;
+}
+
 std::optional<std::vector<Transfer>> planned(const std::string& source,
                                              const std::string& destination,
                                              const std::vector<std::string>& names) {
+  if (names.empty() || std::set<std::string>(names.begin(), names.end()).size() != names.size())
+    return std::nullopt;
   std::vector<Transfer> transfers;
-  for (const std::string& name : std::set<std::string>(names.begin(), names.end())) {
+  for (const std::string& name : names) {
     const Transfer transfer{appendingPathComponent(source, name),
                             appendingPathComponent(destination, name)};
     if (!isPlainName(name) || !standsAt(transfer.from) || standsAt(transfer.to) ||
@@ -144,14 +138,19 @@ bool transferNames(FileOperation operation, const std::string& source,
   if (!fileUrl(source) || !fileUrl(destination))
     return false;
   auto transfers = planned(source, destination, names);
-  const Staging staging(destination);
   const bool moves = operation == FileOperation::move;
-  if (!transfers || !staging.isMade() || (moves && ::access(source.c_str(), W_OK) != 0))
+  if (!transfers || !isWritableFolder(destination) || (moves && !isWritableFolder(source)))
     return false;
-  for (Transfer& transfer : *transfers)
-    if (!(moves && onOneVolume(transfer.from, destination)) && !stage(transfer, staging.folder()))
-      return false;
-  return place(*transfers) && (!moves || removeCopiedSources(*transfers));
+  const bool renames = moves && std::ranges::all_of(*transfers, [&](const Transfer& each) {
+                         return onOneVolume(each.from, destination);
+                       });
+  if (renames)
+    return place(*transfers);
+  if (moves && !std::ranges::all_of(*transfers, isRemovable))
+    return false;
+  const ReplacementFolder folder(destination);
+  return stageCopies(*transfers, folder) && place(*transfers) &&
+         (!moves || removeCopiedSources(*transfers));
 }
 
 } // namespace tavrel
