@@ -14,6 +14,8 @@ namespace tavrel {
 
 namespace {
 
+constexpr std::size_t longestName = 255;
+
 using InputSource = CFOwned<TISInputSourceRef>;
 
 constexpr std::uint32_t knownModifiers = eventModifier::command | eventModifier::shift |
@@ -92,7 +94,7 @@ std::optional<CharacterTables> MacKeyboard::characterTables() {
   const UCKeyboardLayout* layout = tablesIn(layoutData(source));
   if (!layout)
     return std::nullopt;
-  CharacterTables result{layoutId(), layoutIdentifier(), {}};
+  CharacterTables result{layoutId(), layoutIdentifier().substr(0, longestName), {}};
   for (const std::uint32_t modifiers : tableModifiers)
     result.tables.push_back(tableOf(*layout, modifiers));
   return result;

@@ -122,7 +122,10 @@ std::optional<PropertyList> MacPasteboard::propertyList(const std::string& type)
 }
 
 std::int64_t MacPasteboard::changeCount() {
-  return pasteboard_.changeCount;
+  NSNumber* const count = answerOf(^id {
+    return @(pasteboard_.changeCount);
+  });
+  return count.longLongValue;
 }
 
 } // namespace tavrel

@@ -15,8 +15,10 @@ MacPasteboards::~MacPasteboards() {
 
 Pasteboard& MacPasteboards::named(const std::string& name) {
   auto& pasteboard = named_[name];
-  if (!pasteboard)
+  if (!pasteboard) {
     pasteboard = std::make_unique<MacPasteboard>([NSPasteboard pasteboardWithName:nsString(name)]);
+    pasteboard->declareTypes({}); // a process that was killed left its contents to the session
+  }
   return *pasteboard;
 }
 
