@@ -3,9 +3,12 @@
 #include "app/TVController.h"
 #include "platform/Services.h"
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/ResourceFolder.h"
 #include "platform/linux/SingleInstance.h"
+#include "platform/linux/TerminationSignals.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -17,6 +20,14 @@ public:
   void sendEvent(const tavrel::Event&) override {}
 };
 
+// How panels and the lists of windows show whose they are.
+void nameWindows() {
+  const QString id = QStringLiteral("qorvane.tavrel.Tavrel");
+  const QString folder = QString::fromStdString(tavrel::resourceFolder());
+  QApplication::setDesktopFileName(id);
+  QApplication::setWindowIcon(QIcon(folder + "/icons/" + id + ".svg"));
+}
+
 int run(int argc, char** argv) {
   QApplication qt(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
@@ -26,6 +37,8 @@ int run(int argc, char** argv) {
       std::fputs("tavrel: it is running already in this session, and does not answer\n", stderr);
     return 0;
   }
+  nameWindows();
+  const tavrel::TerminationSignals signals;
   tavrel::LinuxDesktop desktop;
   tavrel::installPlatform(desktop.ports());
   QtEvents base;

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Choosing an item looks for a newer version first, once: the panel offers it with three buttons,
 # "Download" opens the address of the list in the browser, then the item runs; the next item runs at
-# once. A server that never answers holds an item up for a few seconds and no longer.
+# once. Told to end, the program keeps the time of the check. A server that never answers holds an
+# item up for a few seconds and no longer.
 #   update.sh PROGRAM
 set -eu
 cd "$(dirname "$0")/../.."
@@ -106,8 +107,11 @@ no_panel || give_up "the panel came again"
 if grep '^tavrel\.' "$log"; then give_up "unexpected lines on standard error"; fi
 echo "the next item ran at once."
 
+if grep TVR_LastUpdateCheck "$settings"; then give_up "the time was stored before anybody asked for it"; fi
 kill $tavrel
-wait_for 20 "the program to end" sh -c "! kill -0 $tavrel"
+wait $tavrel || give_up "told to end it failed with $?"
+grep -q '<key>TVR_LastUpdateCheck</key>' "$settings" || give_up "the time of the check is lost"
+echo "told to end, it kept the time of the check."
 rm "$HOME/opened"
 start /silent
 xdotool key ctrl+shift+k

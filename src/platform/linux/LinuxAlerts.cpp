@@ -11,6 +11,7 @@ namespace {
 // Part of a text may come from a server: it must not push the buttons off the screen.
 constexpr int longestAlertText = 600;
 constexpr int mostAlertLines = 10;
+constexpr QSize iconSize{64, 64};
 
 QString plain(const std::string& text) {
   const QString whole = QString::fromStdString(text);
@@ -35,6 +36,7 @@ QPushButton* addButton(QMessageBox& box, const std::string& title, QMessageBox::
 AlertAnswer LinuxAlerts::run(const AlertPanel& panel) {
   QMessageBox box;
   box.setWindowTitle("Tavrel");
+  box.setIconPixmap(box.windowIcon().pixmap(iconSize));
   box.setText(plain(panel.title));
   box.setInformativeText(plain(panel.message));
   showAsTheyAre(box);
@@ -45,10 +47,11 @@ AlertAnswer LinuxAlerts::run(const AlertPanel& panel) {
   box.setEscapeButton(alternate ? alternate : standard);
   box.setWindowFlag(Qt::WindowStaysOnTopHint);
   box.exec();
-  if (other && box.clickedButton() == other)
-    return AlertAnswer::other;
-  return alternate && box.clickedButton() == alternate ? AlertAnswer::alternate
-                                                       : AlertAnswer::standard;
+  // None was clicked when the program ends meanwhile.
+  const QAbstractButton* chosen = box.clickedButton() ? box.clickedButton() : box.escapeButton();
+  if (chosen == standard)
+    return AlertAnswer::standard;
+  return chosen == other ? AlertAnswer::other : AlertAnswer::alternate;
 }
 
 } // namespace tavrel

@@ -55,7 +55,10 @@ bool HelperSession::copyRights(const std::string& right, std::uint32_t flags) {
   const QString program = arguments.takeFirst();
   helper_.start(program, arguments);
   while (helper_.state() != QProcess::NotRunning && !helper_.canReadLine())
-    waiting.exec();
+    if (waiting.exec() != 0) {
+      helper_.kill(); // this program ends: nobody waits for an answer any more
+      return false;
+    }
   return isReady();
 }
 
