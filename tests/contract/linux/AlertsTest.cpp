@@ -117,9 +117,12 @@ TEST(LinuxAlerts, ThePanelStaysAboveOtherWindows) {
 
 TEST(LinuxAlerts, AnEndlessTextLeavesTheButtonsOnTheScreen) {
   std::string lines;
-  for (int i = 0; i < 10000; ++i)
+  std::string words;
+  for (int i = 0; i < 10000; ++i) {
     lines += "line\n";
-  for (const std::string& text : {lines, std::string(100000, 'x')})
+    words += "word ";
+  }
+  for (const std::string& text : {lines, words, std::string(100000, 'x')})
     answerOnceShown({.title = text, .message = text, .defaultButton = "OK"}, [](QMessageBox& box) {
       EXPECT_TRUE(box.screen()->availableGeometry().contains(box.geometry()))
           << box.width() << " by " << box.height();
