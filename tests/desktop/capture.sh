@@ -157,9 +157,10 @@ END
 lxterminal -e "sh $HOME/listen.sh" >/dev/null 2>&1 &
 front lxterminal
 word_is_marked() { xclip -selection primary -o | grep -qx Marked; }
+# Below the bar of menus, in the first row.
 marked() {
   local y
-  for y in 10 20 30 40 50 60; do
+  for y in 36 40 44; do
     xdotool mousemove --window "$(xdotool getactivewindow)" 20 $y click --repeat 2 --delay 30 1
     ! soon word_is_marked || return 0
   done
