@@ -2,6 +2,7 @@
 
 #include "base/PathString.h"
 #include "platform/ItemFacts.h"
+#include "platform/PatientListing.h"
 #import "platform/macos/Conversions.h"
 
 #include <cstdlib>
@@ -11,6 +12,8 @@
 namespace tavrel {
 
 namespace {
+
+constexpr std::chrono::milliseconds patience{1000};
 
 bool fact(NSURL* url, NSURLResourceKey key) {
   NSNumber* value = nil;
@@ -56,6 +59,14 @@ NSURL* aliasTargetOf(NSURL* url) {
                                        error:nil];
 }
 
+ListedFile listedFile(const std::string& folder, const std::string& name, FinalLink link) {
+  MacFiles files;
+  const std::string path = appendingPathComponent(folder, name);
+  const auto told = files.information(path, link);
+  return {name, files.displayName(path), told && (told->flags & itemFlag::invisible) != 0,
+          files.kind(files.resolveAlias(path).value_or(path))};
+}
+
 } // namespace
 
 bool MacFiles::exists(const std::string& path) {
@@ -79,37 +90,17 @@ std::vector<std::string> MacFiles::list(const std::string& path) {
 }
 
 std::vector<ListedFile> MacFiles::browse(const std::string& path, FinalLink link) {
-  std::vector<ListedFile> files;
-  for (const std::string& name : list(path)) {
-    const std::string each = appendingPathComponent(path, name);
-    const auto told = information(each, link);
-    files.push_back({name, displayName(each), told && (told->flags & itemFlag::invisible) != 0,
-                     kind(resolveAlias(each).value_or(each))});
-  }
-  return files;
-}
-
-std::optional<std::string> MacFiles::resolveAliasRecord(const Bytes& record, AliasResolution how) {
-  if (record.empty())
-    return std::nullopt;
-  NSData* const alias = nsData(record);
-// Deprecated as records are, and the one way from a record to a bookmark.
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wdeprecated-declarations"
-  NSData* const bookmark =
-      CFBridgingRelease(CFURLCreateBookmarkDataFromAliasRecord(nullptr, (__bridge CFDataRef)alias));
-#pragma clang diagnostic pop
-  const NSURLBookmarkResolutionOptions quiet =
-      NSURLBookmarkResolutionWithoutUI | NSURLBookmarkResolutionWithoutMounting;
-  NSURL* const file =
-      bookmark
-          ? [NSURL URLByResolvingBookmarkData:bookmark
-                                      options:how == AliasResolution::withoutInterface ? quiet : 0
-                                relativeToURL:nil
-                          bookmarkDataIsStale:nil
-                                        error:nil]
-          : nil;
-  return file.path ? std::optional(stringOf(file.path)) : std::nullopt;
+  const auto names = [path] {
+    @autoreleasepool {
+      return MacFiles().list(path);
+    }
+  };
+  const auto look = [path, link](const std::string& name) {
+    @autoreleasepool {
+      return listedFile(path, name, link);
+    }
+  };
+  return listPatiently({names, look}, patience);
 }
 
 std::string MacFiles::displayName(const std::string& path) {
@@ -147,29 +138,6 @@ std::optional<ItemInformation> MacFiles::information(const std::string& path, Fi
     return std::nullopt;
   return ItemInformation{static_cast<std::uint32_t>(attributes.fileHFSTypeCode),
                          itemFlags(factsOf(file))};
-}
-
-std::optional<Bytes> MacFiles::bookmark(const std::string& path) {
-  NSURL* const file = fileUrl(path);
-  NSData* const data = [file bookmarkDataWithOptions:0
-                      includingResourceValuesForKeys:nil
-                                       relativeToURL:nil
-                                               error:nil];
-  return data ? std::optional(bytesOf(data)) : std::nullopt;
-}
-
-std::optional<std::string> MacFiles::resolveBookmark(const Bytes& bookmark,
-                                                     BookmarkResolution how) {
-  static_assert(static_cast<NSUInteger>(BookmarkResolution::withoutInterface) ==
-                NSURLBookmarkResolutionWithoutUI);
-  static_assert(static_cast<NSUInteger>(BookmarkResolution::withoutMounting) ==
-                NSURLBookmarkResolutionWithoutMounting);
-  NSURL* const url = [NSURL URLByResolvingBookmarkData:nsData(bookmark)
-                                               options:static_cast<NSUInteger>(how)
-                                         relativeToURL:nil
-                                   bookmarkDataIsStale:nil
-                                                 error:nil];
-  return url ? std::optional(stringOf(url.absoluteString)) : std::nullopt;
 }
 
 std::string MacFiles::homeDirectory() {
