@@ -9,10 +9,17 @@ namespace tavrel {
 
 namespace {
 
-void addAlertButton(NSAlert* alert, const AlertButton& button) {
-  NSButton* const added = [alert addButtonWithTitle:nsString(button.title)];
-  if (button.answer == AlertAnswer::alternate)
-    added.keyEquivalent = @"\033";
+constexpr unsigned short escapeKey = 53;
+
+// A panel of the system's minds the key only where a button is called "Cancel".
+id escapeEndsPanel() {
+  return [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
+                                               handler:^NSEvent*(NSEvent* event) {
+                                                 if (event.keyCode != escapeKey)
+                                                   return event;
+                                                 [NSApp stopModalWithCode:NSModalResponseCancel];
+                                                 return nil;
+                                               }];
 }
 
 } // namespace
@@ -24,9 +31,12 @@ AlertAnswer MacAlerts::run(const AlertPanel& panel) {
     alert.messageText = nsString(panel.title);
     alert.informativeText = nsString(panel.message);
     for (const AlertButton& button : buttons)
-      addAlertButton(alert, button);
+      [alert addButtonWithTitle:nsString(button.title)];
     [NSApplication.sharedApplication activateIgnoringOtherApps:YES];
+    id const escape = escapeEndsPanel();
     const NSInteger chosen = [alert runModal] - NSAlertFirstButtonReturn;
+    [NSEvent removeMonitor:escape];
+    [alert.window orderOut:nil];
     if (chosen < 0 || chosen >= static_cast<NSInteger>(buttons.size()))
       return answerWithoutButton(panel);
     return buttons[static_cast<std::size_t>(chosen)].answer;

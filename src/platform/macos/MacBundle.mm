@@ -1,26 +1,27 @@
 #import "platform/macos/MacBundle.h"
 
+#import "platform/macos/BundleFolder.h"
 #import "platform/macos/Conversions.h"
 
 namespace tavrel {
 
 std::string MacBundle::localizedString(const std::string& key) {
-  return stringOf([NSBundle.mainBundle localizedStringForKey:nsString(key) value:nil table:nil]);
+  return stringOf([bundleIn(folder_) localizedStringForKey:nsString(key) value:nil table:nil]);
 }
 
 std::vector<std::string> MacBundle::preferredLocalizations() {
-  return stringsOf(NSBundle.mainBundle.preferredLocalizations);
+  return stringsOf(bundleIn(folder_).preferredLocalizations);
 }
 
 std::optional<std::string> MacBundle::informationValue(const std::string& key) {
-  id const value = [NSBundle.mainBundle objectForInfoDictionaryKey:nsString(key)];
+  id const value = [bundleIn(folder_) objectForInfoDictionaryKey:nsString(key)];
   if (![value isKindOfClass:NSString.class])
     return std::nullopt;
   return stringOf((NSString*)value);
 }
 
 std::string MacBundle::bundlePath() {
-  return stringOf(NSBundle.mainBundle.bundlePath);
+  return stringOf(bundleIn(folder_).bundlePath);
 }
 
 // Without a name the system would give any resource of that ending.
@@ -28,7 +29,7 @@ std::optional<std::string> MacBundle::resourcePath(const std::string& name,
                                                    const std::string& type) {
   if (name.empty() || (name + type).find('/') != std::string::npos)
     return std::nullopt;
-  NSString* const path = [NSBundle.mainBundle pathForResource:nsString(name) ofType:nsString(type)];
+  NSString* const path = [bundleIn(folder_) pathForResource:nsString(name) ofType:nsString(type)];
   return path ? std::optional(stringOf(path)) : std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #import "platform/macos/MacImages.h"
 
+#import "platform/macos/BundleFolder.h"
 #import "platform/macos/Conversions.h"
 #import "platform/macos/MacImage.h"
 #include "platform/macos/OfThisDesktop.h"
@@ -56,9 +57,9 @@ NSImage* nsImage(const Image& image) {
 std::optional<Image> MacImages::named(const std::string& name) {
   if (name.empty() || name.find('/') != std::string::npos)
     return std::nullopt;
-  if (NSImage* const image = [NSBundle.mainBundle imageForResource:nsString(name)])
+  if (NSImage* const image = [bundleIn(folder_) imageForResource:nsString(name)])
     return wholeImage(image);
-  NSURL* const drawing = [NSBundle.mainBundle URLForResource:nsString(name) withExtension:@"svg"];
+  NSURL* const drawing = [bundleIn(folder_) URLForResource:nsString(name) withExtension:@"svg"];
   return drawing ? wholeImage([[NSImage alloc] initWithContentsOfURL:drawing]) : std::nullopt;
 }
 

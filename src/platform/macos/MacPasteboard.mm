@@ -47,6 +47,16 @@ id answerOf(id (^question)(void)) {
   }
 }
 
+// Each name of old is listed beside the identifier that the system made of it: one of them will do.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wdeprecated-declarations"
+bool isListedByOldName(NSString* type, NSArray<NSString*>* types) {
+  NSString* const old = CFBridgingRelease(
+      UTTypeCopyPreferredTagWithClass((__bridge CFStringRef)type, kUTTagClassNSPboardType));
+  return old && ![old isEqualToString:type] && [types containsObject:old];
+}
+#pragma clang diagnostic pop
+
 NSData* xmlData(const PropertyList& list) {
   return [NSPropertyListSerialization dataWithPropertyList:nsPropertyList(list)
                                                     format:NSPropertyListXMLFormat_v1_0
@@ -72,7 +82,8 @@ std::vector<std::string> MacPasteboard::types() {
   });
   std::vector<std::string> result;
   for (NSString* type in types)
-    result.push_back(portType(type));
+    if (!isListedByOldName(type, types))
+      result.push_back(portType(type));
   return result;
 }
 
