@@ -11,11 +11,14 @@ namespace tavrel {
 
 namespace {
 
-// The system reads any bytes at all as RTF without words.
-bool beginsAsRtf(const Bytes& bytes) {
-  constexpr std::string_view beginning = "{\\rtf";
+// The system reads any bytes at all as text without words.
+bool beginWith(std::string_view beginning, const Bytes& bytes) {
   return bytes.size() >= beginning.size() &&
          std::equal(beginning.begin(), beginning.end(), bytes.begin());
+}
+
+bool beginsAsRtf(const Bytes& bytes) {
+  return beginWith("{\\rtf", bytes);
 }
 
 std::optional<std::string> wordsOf(NSAttributedString* text) {
@@ -32,7 +35,7 @@ std::optional<std::string> MacRichText::plainTextOfRtf(const Bytes& rtf) {
 
 // RTFD data are an archive of files: reading one that is damaged is known to raise.
 std::optional<std::string> MacRichText::plainTextOfRtfd(const Bytes& rtfd) {
-  if (rtfd.empty() || beginsAsRtf(rtfd))
+  if (!beginWith("rtfd", rtfd))
     return plainTextOfRtf(rtfd);
   @try {
     return wordsOf([[NSAttributedString alloc] initWithRTFD:nsData(rtfd) documentAttributes:nil]);
