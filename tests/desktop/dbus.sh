@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Other programs call the running one over D-Bus: it describes itself, converts, copies, tells its
-# properties, refuses what it does not know, and pops up when it is asked to.
+# properties, refuses what it does not know, and pops up when it is asked to. Every command of the
+# page about it works as it is printed.
 #   dbus.sh PROGRAM
 set -eu
 cd "$(dirname "$0")/../.."
@@ -67,3 +68,24 @@ xdotool key Escape
 wait_for 10 "the menu to close" no_menu_open
 kill -0 $tavrel || give_up "the program is gone"
 echo "the uninstaller asked, and the menu popped up."
+
+# The commands of a page's shell blocks, one a line.
+commands_of() {
+  awk '/^```/ { inside = $0 == "```sh"; next } !inside { next }
+    { line = line $0 } sub(/\\$/, " ", line) { next } { print line; line = "" }' "$1"
+}
+closed() { xdotool key Escape && no_menu_open && ! window_named '^Tavrel$'; }
+while IFS= read -r command; do
+  bash -c "$command" >>"$TAVREL_SHOTS/printed" 2>&1 </dev/null || give_up "$command fails"
+  case $command in
+    *Application.*) wait_for 20 "the menu of $command" menu_open ;;
+    *Uninstall) wait_for 20 "the question" window_named '^Tavrel$' ;;
+    *) continue ;;
+  esac
+  wait_for 20 "what it showed to close" closed
+done < <(commands_of docs/dbus.md)
+host_is_known() { property hostAppName | grep -qF "<'Editor'>"; }
+wait_for 20 "the host that a notification named" host_is_known
+if grep 'was ignored' "$log"; then give_up "a notification of the page has another form"; fi
+kill -0 $tavrel || give_up "the program is gone"
+echo "$(commands_of docs/dbus.md | wc -l) commands worked as they are printed."
