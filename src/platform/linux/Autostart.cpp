@@ -37,17 +37,24 @@ std::string ownFile(const ApplicationFolders& folders, const std::string& name) 
   return appendingPathComponent(folders.config.front(), "autostart/" + name);
 }
 
+bool isDone(const std::string& file, const std::string& problem) {
+  if (!problem.empty())
+    qCWarning(autostartLog, "%s: %s", file.c_str(), problem.c_str());
+  return problem.empty();
+}
+
 // A link would be written through, perhaps into the system's folder: the person's own file takes
 // its place.
 bool writeOwn(const ApplicationFolders& folders, const std::string& name, const std::string& text) {
   const std::string file = ownFile(folders, name);
   std::error_code ignored;
-  if (fs::is_symlink(file, ignored))
+  const fs::path link = fs::read_symlink(file, ignored);
+  if (!link.empty())
     fs::remove(file, ignored);
   const std::string problem = replaceFile(file, Bytes(text.begin(), text.end()));
-  if (!problem.empty())
-    qCWarning(autostartLog, "%s: %s", file.c_str(), problem.c_str());
-  return problem.empty();
+  if (!problem.empty() && !link.empty())
+    fs::create_symlink(link, file, ignored);
+  return isDone(file, problem);
 }
 
 std::string textOf(const AutostartEntry& entry) {
@@ -62,10 +69,11 @@ bool stands(const ApplicationFolders& folders, const std::string& name) {
 }
 
 bool takeOut(const ApplicationFolders& folders, const AutostartEntry& entry) {
+  if (!entry.isOurs() || entry.owner != EntryOwner::person || stands(folders, entry.name))
+    return writeOwn(folders, entry.name, withEntryKey(textOf(entry), "Hidden", "true"));
   std::error_code error;
-  if (entry.isOurs() && entry.owner == EntryOwner::person && !stands(folders, entry.name))
-    return fs::remove(entry.file, error);
-  return writeOwn(folders, entry.name, withEntryKey(textOf(entry), "Hidden", "true"));
+  fs::remove(entry.file, error);
+  return isDone(entry.file, error ? error.message() : std::string());
 }
 
 std::string generatedText(const std::string& path) {

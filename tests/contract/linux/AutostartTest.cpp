@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace tavrel {
 namespace {
 
@@ -161,6 +164,23 @@ TEST_F(Autostart, ALinkIntoTheSystemsFolderIsNotWrittenThrough) {
   EXPECT_TRUE(setLoginItems(folders, {}));
   EXPECT_EQ(folder.read("data/applications/a.desktop"), entry("a"));
   EXPECT_THAT(listed(), IsEmpty());
+}
+
+TEST_F(Autostart, ALinkThatCannotBeReplacedStays) {
+  const std::string system = application("a");
+  fs::create_symlink(system, folder.path("mine/autostart/a.desktop"));
+  rlimit before{};
+  ::getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit none{0, before.rlim_max};
+  const auto handler = ::signal(SIGXFSZ, SIG_IGN);
+  ::setrlimit(RLIMIT_FSIZE, &none);
+  ::testing::internal::CaptureStderr();
+  const bool done = setLoginItems(folders, {});
+  ::setrlimit(RLIMIT_FSIZE, &before);
+  ::signal(SIGXFSZ, handler);
+  (void)::testing::internal::GetCapturedStderr();
+  EXPECT_FALSE(done);
+  EXPECT_EQ(fs::read_symlink(folder.path("mine/autostart/a.desktop")), system);
 }
 
 TEST_F(Autostart, TwoPathsOfOneNameAreTwoEntries) {
