@@ -43,7 +43,8 @@ plistlib.dump(texts, open(path, "wb"))
 END
 }
 
-printf '#!/bin/sh\necho "$1" >>"$HOME/opened"\n' >"$HOME/browse"
+# By their numbers, since on a busy machine the one started first may not be the first to write.
+printf '#!/bin/sh\necho "$$ $1" >>"$HOME/opened"\n' >"$HOME/browse"
 chmod +x "$HOME/browse"
 cat >"$XDG_DATA_HOME/applications/browse.desktop" <<END
 [Desktop Entry]
@@ -61,7 +62,7 @@ cat >"$HOME/never-checked.plist" <<END
 </dict></array></dict></plist>
 END
 
-opened() { [ "$(sed "s|$web/||" "$HOME/opened" | tr '\n' ' ')" = "$1 " ]; }
+opened() { [ "$(sort -n "$HOME/opened" | sed "s|.* $web/||" | tr '\n' ' ')" = "$1 " ]; }
 asked() { [ "$(tr '\n' ' ' <"$site/requests")" = "$1 " ]; }
 button() { tests/desktop/buttons.py | grep -x "[0-9]* [0-9]* $1"; }
 press() { xdotool mousemove $(button "$1" | cut -d' ' -f1,2) click 1; }
