@@ -27,16 +27,17 @@ bool isUsable(const PreferenceFile& file) {
   return file.problem.empty();
 }
 
-PreferenceFile readFirst(const std::string& path) {
-  PreferenceFile file = readPreferenceFile(path);
+PreferenceFile readFirst(PreferenceReader& reader, const std::string& path) {
+  PreferenceFile file = reader.read(path);
   if (!isUsable(file))
     say(path, file.problem + "; it counts as empty and is left alone");
   return file;
 }
 
 // A file that somebody is still writing must not empty the menu.
-PreferenceFile readAgain(const std::string& path, const PropertyList::Dictionary& before) {
-  PreferenceFile file = readPreferenceFile(path);
+PreferenceFile readAgain(PreferenceReader& reader, const std::string& path,
+                         const PropertyList::Dictionary& before) {
+  PreferenceFile file = reader.read(path);
   if (isUsable(file))
     return file;
   say(path, file.problem + "; what was read before stays in effect");
@@ -91,7 +92,7 @@ LinuxPreferences::Domain& LinuxPreferences::opened(const std::string& name) {
   if (added && renewView(name, place->second))
     return place->second;
   if (added && isFileName(name))
-    place->second.values = readFirst(pathOf(name)).values;
+    place->second.values = readFirst(place->second.reader, pathOf(name)).values;
   else if (added)
     say(name, "cannot name a preference file");
   return place->second;
@@ -102,8 +103,8 @@ std::string LinuxPreferences::pathOf(const std::string& domain) const {
 }
 
 bool LinuxPreferences::hasChangedElsewhere(const std::string& name) {
-  const Domain& domain = opened(name);
-  const PreferenceFile file = readAgain(pathOf(name), domain.values);
+  Domain& domain = opened(name);
+  const PreferenceFile file = readAgain(domain.reader, pathOf(name), domain.values);
   PropertyList::Dictionary expected = file.values;
   for (const auto& [key, value] : domain.pending)
     apply(expected, key, value);
@@ -151,7 +152,7 @@ bool LinuxPreferences::synchronize(const std::string& name) {
   if (!isFileName(name))
     return domain.pending.empty();
   const std::string path = pathOf(name);
-  PreferenceFile file = readAgain(path, domain.values);
+  PreferenceFile file = readAgain(domain.reader, path, domain.values);
   for (const auto& [key, value] : domain.pending)
     apply(file.values, key, value);
   domain.values = file.values;

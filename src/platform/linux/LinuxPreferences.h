@@ -46,6 +46,7 @@ private:
   struct Domain {
     PropertyList::Dictionary values;
     Changes pending;
+    PreferenceReader reader{};
   };
   Domain& opened(const std::string& domain);
 

@@ -11,6 +11,7 @@
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <variant>
 
 namespace tavrel {
 
@@ -70,6 +71,24 @@ std::optional<Bytes> contents(int descriptor, std::size_t expected) {
   return bytes;
 }
 
+// What the file holds, or why there is nothing of it.
+std::variant<Bytes, PreferenceFile> bytesOf(const std::string& path) {
+  const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (!descriptor.isOpen())
+    return errno == ENOENT ? PreferenceFile() : unreadable(systemProblem());
+  struct stat status {};
+  if (::fstat(descriptor.number(), &status) != 0)
+    return unreadable(systemProblem());
+  if (!S_ISREG(status.st_mode))
+    return unreadable("is no file");
+  if (status.st_size > largestPreferenceFile)
+    return unreadable("is larger than 256 MiB");
+  auto bytes = contents(descriptor.number(), static_cast<std::size_t>(status.st_size));
+  if (!bytes)
+    return unreadable(systemProblem());
+  return *std::move(bytes);
+}
+
 PreferenceFile decoded(const Bytes& bytes) {
   DecodedPropertyList list = decodePropertyList(bytes);
   PreferenceFile file;
@@ -125,18 +144,19 @@ void syncFolder(const std::string& folder) {
 } // namespace
 
 PreferenceFile readPreferenceFile(const std::string& path) {
-  const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  if (!descriptor.isOpen())
-    return errno == ENOENT ? PreferenceFile() : unreadable(systemProblem());
-  struct stat status {};
-  if (::fstat(descriptor.number(), &status) != 0)
-    return unreadable(systemProblem());
-  if (!S_ISREG(status.st_mode))
-    return unreadable("is no file");
-  if (status.st_size > largestPreferenceFile)
-    return unreadable("is larger than 256 MiB");
-  const auto bytes = contents(descriptor.number(), static_cast<std::size_t>(status.st_size));
-  return bytes ? decoded(*bytes) : unreadable(systemProblem());
+  return PreferenceReader().read(path);
+}
+
+const PreferenceFile& PreferenceReader::read(const std::string& path) {
+  auto found = bytesOf(path);
+  auto* bytes = std::get_if<Bytes>(&found);
+  const bool isDecoded =
+      file_.state == PreferenceFileState::readable || file_.state == PreferenceFileState::malformed;
+  if (bytes && isDecoded && *bytes == bytes_)
+    return file_;
+  file_ = bytes ? decoded(*bytes) : std::get<PreferenceFile>(std::move(found));
+  bytes_ = bytes ? std::move(*bytes) : Bytes();
+  return file_;
 }
 
 std::string replaceFile(const std::string& path, const Bytes& bytes) {

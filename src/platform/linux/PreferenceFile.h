@@ -24,6 +24,17 @@ struct PreferenceFile {
 /// Reads a file of at most 256 MiB, links followed.
 [[nodiscard]] PreferenceFile readPreferenceFile(const std::string& path);
 
+/// Reads one file over and over, as above: bytes that are the same as the last time are not decoded
+/// again, and their values are the very same objects.
+class PreferenceReader {
+public:
+  [[nodiscard]] const PreferenceFile& read(const std::string& path);
+
+private:
+  Bytes bytes_;
+  PreferenceFile file_;
+};
+
 /// Replaces a file whole or not at all: the bytes are on the disk before the name is theirs. A link
 /// is written through; mode and extended attributes stay; what is no file stays whole. The reason
 /// in one clause when it failed, empty when it was done.

@@ -143,6 +143,29 @@ TEST_F(PreferenceFiles, UnknownKeysOfAnyKindAreKept) {
             PropertyList(PropertyList::Array{PropertyList::Dictionary{{"x", true}}}));
 }
 
+TEST_F(PreferenceFiles, AFileThatIsAsItWasIsNotDecodedAgain) {
+  const std::string listed = "<plist><dict><key>k</key><array><true/></array></dict></plist>";
+  folder.write("d.plist", listed);
+  const PropertyList before = *preferences.value("d", "k");
+  folder.write("d.plist", listed);
+  EXPECT_TRUE(preferences.synchronize("d"));
+  EXPECT_TRUE(preferences.value("d", "k")->isSameObject(before));
+}
+
+TEST_F(PreferenceFiles, AFileThatWasAwayOrMalformedMeanwhileIsReadAsItIs) {
+  const std::string listed = "<plist><dict><key>k</key><integer>1</integer></dict></plist>";
+  folder.write("d.plist", listed);
+  EXPECT_EQ(preferences.value("d", "k"), PropertyList(1));
+  fs::remove(folder.path("d.plist"));
+  preferences.synchronize("d");
+  EXPECT_EQ(preferences.value("d", "k"), std::nullopt);
+  folder.write("d.plist", "");
+  preferences.synchronize("d");
+  folder.write("d.plist", listed);
+  preferences.synchronize("d");
+  EXPECT_EQ(preferences.value("d", "k"), PropertyList(1));
+}
+
 TEST(PreferenceFolder, FollowsTheEnvironment) {
   ::setenv("XDG_CONFIG_HOME", "/somewhere", 1);
   EXPECT_EQ(preferenceFolder(), "/somewhere");
