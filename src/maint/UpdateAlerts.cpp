@@ -12,8 +12,8 @@ namespace {
 
 constexpr const char* product = "Tavrel";
 
-void tell(const std::string& title, const char* message) {
-  (void)platform().alerts.run({.title = title,
+void tell(const char* title, const char* message) {
+  (void)platform().alerts.run({.title = filled(localized(title), product),
                                .message = filled(localized(message), product),
                                .defaultButton = localized("OK")});
 }
@@ -21,11 +21,11 @@ void tell(const std::string& title, const char* message) {
 } // namespace
 
 void showUpdateError() {
-  tell(localized("UPDATE_ERROR_TITLE"), "UPDATE_ERROR_TEXT");
+  tell("UPDATE_ERROR_TITLE", "UPDATE_ERROR_TEXT");
 }
 
 void showUpToDate() {
-  tell(filled(localized("UP_TO_DATE_TITLE"), product), "UP_TO_DATE_TEXT");
+  tell("UP_TO_DATE_TITLE", "UP_TO_DATE_TEXT");
 }
 
 void offerNewVersion(const std::string& version, const std::string& url) {

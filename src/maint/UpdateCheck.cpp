@@ -28,13 +28,6 @@ bool isDue() {
          platform().clock.now() - TVR_DoubleForKey(TVR_LastUpdateCheck) > tenDays;
 }
 
-// Nobody else writes it where no preference program is installed.
-void recordInstalledVersion() {
-  const auto version = platform().bundle.informationValue("CFBundleShortVersionString");
-  if (version && version != TVR_StringForKey(TVR_VersionString))
-    TVR_SetObjectForKey(*version, TVR_VersionString);
-}
-
 float numberOf(const std::string* version) {
   return version ? floatFromDouble(leadingNumber(*version)) : 0.0F;
 }
@@ -42,6 +35,14 @@ float numberOf(const std::string* version) {
 float installedNumber() {
   const auto installed = TVR_StringForKey(TVR_VersionString);
   return numberOf(installed ? &*installed : nullptr);
+}
+
+// Nobody else writes it where no preference program is installed. What somebody did write stays,
+// unless it is older than the program that runs.
+void recordInstalledVersion() {
+  const auto version = platform().bundle.informationValue("CFBundleShortVersionString");
+  if (version && numberOf(&*version) > installedNumber())
+    TVR_SetObjectForKey(*version, TVR_VersionString);
 }
 
 } // namespace

@@ -12,10 +12,10 @@ class UpdateCheck : public ControllerTest {
 protected:
   UpdateCheck() {
     desktop.bundle.control.strings = {
-        {"UPDATE_PLIST_URL", listAddress},     {"HistoryPageURL", "http://x/history"},
-        {"UP_TO_DATE_TITLE", "%@ is current"}, {"UP_TO_DATE_TEXT", "Nothing newer than %@"},
-        {"NEW_VERSION_TITLE", "New %@"},       {"NEW_VERSION_TEXT", "%@ %@ is there"},
-        {"UPDATE_ERROR_TITLE", "No list"},     {"UPDATE_ERROR_TEXT", "%@ could not look"}};
+        {"UPDATE_PLIST_URL", listAddress},       {"HistoryPageURL", "http://x/history"},
+        {"UP_TO_DATE_TITLE", "%@ is current"},   {"UP_TO_DATE_TEXT", "Nothing newer than %@"},
+        {"NEW_VERSION_TITLE", "New %@"},         {"NEW_VERSION_TEXT", "%@ %@ is there"},
+        {"UPDATE_ERROR_TITLE", "No list of %@"}, {"UPDATE_ERROR_TEXT", "%@ could not look"}};
     desktop.clock.control.now = 1000000;
   }
 
@@ -96,6 +96,15 @@ TEST_F(UpdateCheck, TheTimeIsTheOneAfterTheCheck) {
 TEST_F(UpdateCheck, TheVersionOfTheBundleCountsAsInstalled) {
   desktop.bundle.control.information["CFBundleShortVersionString"] = "2.5";
   install("1.0");
+  offer("2.5");
+  doCheckUpdates();
+  EXPECT_THAT(shown, IsEmpty());
+  EXPECT_EQ(TVR_StringForKey(TVR_VersionString), "2.5");
+}
+
+TEST_F(UpdateCheck, AVersionThatSomebodyElseWroteStaysUnlessItIsOlder) {
+  desktop.bundle.control.information["CFBundleShortVersionString"] = "0.1.0";
+  install("2.5");
   offer("2.5");
   doCheckUpdates();
   EXPECT_THAT(shown, IsEmpty());
@@ -194,7 +203,7 @@ TEST_F(UpdateCheck, ANewVersionWithoutItsNumberIsAFailure) {
 TEST_F(UpdateCheck, WhoeverAskedHearsOfAFailure) {
   EXPECT_FALSE(checkForUpdatesAndNotifyIfUnsuccessful(NotifyIfUnsuccessful::yes));
   ASSERT_THAT(shown, SizeIs(1));
-  EXPECT_EQ(shown[0].title, "No list");
+  EXPECT_EQ(shown[0].title, "No list of Tavrel");
   EXPECT_EQ(shown[0].message, "Tavrel could not look");
   EXPECT_EQ(shown[0].defaultButton, "OK");
 }
