@@ -3,6 +3,8 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <chrono>
+#include <ctime>
 #include <thread>
 
 namespace tavrel {
@@ -17,6 +19,12 @@ double realSeconds() {
   return Seconds(std::chrono::system_clock::now().time_since_epoch()).count() - referenceDate;
 }
 
+double secondsSinceBoot() {
+  timespec time{};
+  ::clock_gettime(CLOCK_BOOTTIME, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
 // A timer of Qt counts milliseconds in 32 bits; nothing here waits that long.
 constexpr double longest = 24 * 86400.0;
 
@@ -26,12 +34,12 @@ Seconds span(double seconds) {
 }
 } // namespace
 
-LinuxClock::LinuxClock() : start_(std::chrono::steady_clock::now()), startSeconds_(realSeconds()) {}
+LinuxClock::LinuxClock() : start_(realSeconds() - secondsSinceBoot()) {}
 
 LinuxClock::~LinuxClock() = default;
 
 double LinuxClock::now() {
-  return startSeconds_ + Seconds(std::chrono::steady_clock::now() - start_).count();
+  return start_ + secondsSinceBoot();
 }
 
 void LinuxClock::sleep(double seconds) {

@@ -2,7 +2,6 @@
 
 #include "platform/Clock.h"
 
-#include <chrono>
 #include <map>
 #include <memory>
 
@@ -10,8 +9,8 @@ class QTimer;
 
 namespace tavrel {
 
-/// The real time, stepped forward by the steady clock so that it never runs backwards. Timers fire
-/// from Qt's event loop.
+/// The real time, stepped forward by a clock that nobody sets back and that goes on while the
+/// machine sleeps. Timers fire from Qt's event loop.
 class LinuxClock final : public Clock {
 public:
   LinuxClock();
@@ -25,8 +24,7 @@ public:
 private:
   void fire(TimerId timer);
 
-  std::chrono::steady_clock::time_point start_;
-  double startSeconds_;
+  double start_; ///< the real time less the other, in seconds
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
   TimerId last_ = 0;
 };
