@@ -61,9 +61,10 @@ public:
   [[nodiscard]] virtual Pasteboard& named(const std::string& name) = 0;
   /// The person's clipboard, shared with every other program. It also offers what other programs
   /// put there under names of the desktop's own; declaring those again and setting their data puts
-  /// back exactly what was there. A pasteboard cleared to the empty string once, and contents put
-  /// back as they were read, leave the clipboard with the program that owns it. Whoever copies
-  /// contents on leaves out types without data.
+  /// back exactly what was there. A pasteboard cleared to nothing but an empty string (with
+  /// `setString`; with `setData` it is contents), and contents put back as they were read, leave
+  /// the clipboard with the program that owns it. Whoever copies contents on leaves out types
+  /// without data.
   [[nodiscard]] virtual Pasteboard& general() = 0;
 };
 

@@ -50,6 +50,7 @@ void ClipboardThread::run() {
   while (!isOver_) {
     connection_->drain();
     clipboard_.look();
+    connection_->drain(); // answers to what it asked may have brought events along
     eventfd_t count = 0;
     ::eventfd_read(wakeUp_.get(), &count);
     if (!runJobs())

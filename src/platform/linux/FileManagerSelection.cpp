@@ -58,20 +58,19 @@ bool pressCopy(ScriptDesktop& desktop) {
   return pressInFront(desktop, {key, {keyCode::command}});
 }
 
-bool hasCopied(ScriptDesktop& desktop) {
+void pressCopyUntilItIsAnswered(ScriptDesktop& desktop) {
   Pasteboard& general = desktop.pasteboards.general();
   const std::int64_t before = general.changeCount();
   const double end = desktop.clock.now() + longestSelection;
   for (int press = 0; press < mostPresses && desktop.clock.now() < end; ++press) {
     if (!pressCopy(desktop))
-      return false;
+      return;
     for (int look = 0; look < looksPerPress; ++look) {
       if (general.changeCount() != before)
-        return true;
+        return;
       desktop.clock.sleep(betweenLooks);
     }
   }
-  return general.changeCount() != before;
 }
 
 std::vector<std::string> filesCopiedTo(Pasteboard& pasteboard) {
@@ -94,10 +93,8 @@ std::vector<std::string> selectionOfFileManager(ScriptDesktop& desktop, const st
   Pasteboard& general = desktop.pasteboards.general();
   const SavedPasteboard before = saved(general);
   clear(general); // else what is copied late in answer to an earlier keystroke would be undone
-  const bool isCopied = hasCopied(desktop);
+  pressCopyUntilItIsAnswered(desktop);
   const std::vector<std::string> paths = filesCopiedTo(general);
-  if (isCopied)
-    clear(general); // an empty string that was there comes back, too, when it is put over another
   put(before, general);
   return paths;
 }

@@ -12,9 +12,15 @@ void GeneralPasteboard::declareTypes(const std::vector<std::string>& types) {
   thread_.call([&](SystemClipboard& clipboard) { clipboard.declare(types); });
 }
 
+bool GeneralPasteboard::put(Bytes data, const std::string& type,
+                            SystemClipboard::Emptiness emptiness) {
+  return thread_.call([&](SystemClipboard& clipboard) {
+    return clipboard.setData(std::move(data), type, emptiness);
+  });
+}
+
 bool GeneralPasteboard::setData(Bytes data, const std::string& type) {
-  return thread_.call(
-      [&](SystemClipboard& clipboard) { return clipboard.setData(std::move(data), type); });
+  return put(std::move(data), type, SystemClipboard::Emptiness::isContents);
 }
 
 std::optional<Bytes> GeneralPasteboard::data(const std::string& type) {
@@ -22,7 +28,7 @@ std::optional<Bytes> GeneralPasteboard::data(const std::string& type) {
 }
 
 bool GeneralPasteboard::setString(const std::string& text, const std::string& type) {
-  return setData(Bytes(text.begin(), text.end()), type);
+  return put(Bytes(text.begin(), text.end()), type, SystemClipboard::Emptiness::clears);
 }
 
 std::optional<std::string> GeneralPasteboard::string(const std::string& type) {

@@ -24,6 +24,8 @@ public:
   [[nodiscard]] std::int64_t changeCount() override { return thread_.changeCount(); }
 
 private:
+  bool put(Bytes data, const std::string& type, SystemClipboard::Emptiness emptiness);
+
   ClipboardThread& thread_;
 };
 

@@ -38,12 +38,13 @@ void LateAnswers::expect() {
   stop();
   if (inputExtension_ == 0)
     return;
+  // First, so that the server's answers to the rest tell that no press goes by unseen.
+  selectPresses(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
   findModifiers();
   front_ = windowInFront();
   end_ = std::chrono::steady_clock::now() + lateEnough;
   left_ = mostLateAnswers;
   isExpecting_ = true;
-  selectPresses(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
 }
 
 void LateAnswers::stop() {

@@ -75,4 +75,11 @@ bool hasNativeTargets(const std::vector<std::string>& names) {
                      [](const std::string& name) { return name.starts_with(nativePrefix); });
 }
 
+bool areAllUnread(const std::vector<std::string>& names) {
+  return std::all_of(names.begin(), names.end(), [](const std::string& name) {
+    const auto target = nativeTargetOfName(name);
+    return target && target->unread;
+  });
+}
+
 } // namespace tavrel

@@ -31,4 +31,7 @@ struct NativeTarget {
 
 [[nodiscard]] bool hasNativeTargets(const std::vector<std::string>& names);
 
+/// Whether nobody can be given anything under these names, as when there are none.
+[[nodiscard]] bool areAllUnread(const std::vector<std::string>& names);
+
 } // namespace tavrel

@@ -80,13 +80,8 @@ void SystemClipboard::ownerChanged(xcb_window_t owner) {
 void SystemClipboard::look() {
   server_.look();
   lateAnswers_.look();
-  if (std::exchange(isReturnDue_, false) && watched_) {
-    ++changeCount_;
-    if (givesAnything(*watched_))
-      own(watched_);
-    else
-      disown();
-  }
+  if (std::exchange(isReturnDue_, false) && watched_)
+    returnWatched();
   if (!lateAnswers_.isExpecting())
     watched_.reset();
   if (read_ && !held_ && !watched_ && std::chrono::steady_clock::now() >= readAt_ + readingIsKept)
@@ -115,7 +110,6 @@ void SystemClipboard::read() {
 }
 
 std::vector<std::string> SystemClipboard::types() {
-  heldWasRead_ = true;
   if (held_)
     return held_->names;
   if (isOurs())
@@ -126,7 +120,6 @@ std::vector<std::string> SystemClipboard::types() {
 }
 
 std::optional<Bytes> SystemClipboard::data(const std::string& name) {
-  heldWasRead_ = true;
   if (!held_ && !isOurs() && !read_)
     read();
   const ClipboardContents* contents = held_ ? &*held_ : read_ ? &read_->contents : ownersContents();
@@ -149,17 +142,19 @@ const ClipboardContents* SystemClipboard::ownersContents() const {
 void SystemClipboard::declare(const std::vector<std::string>& names) {
   ++changeCount_;
   forget();
-  takesEmptiness_ = held_ && isCleared(*held_) && !heldWasRead_;
-  heldWasRead_ = false;
   held_ = ClipboardContents{names, {}};
   const ClipboardContents* offered = ownersContents();
-  if (offered && offered->names == names && isAllGiven())
-    giveBack();
-  else if (names.empty())
+  if (offered && offered->names == names) {
+    if (isAllGiven())
+      giveBack();
+  } else if (areAllUnread(names)) {
     disown();
+  } else if (hasNativeTargets(names)) {
+    take(); // there may be no data to come
+  }
 }
 
-bool SystemClipboard::setData(Bytes bytes, const std::string& name) {
+bool SystemClipboard::setData(Bytes bytes, const std::string& name, Emptiness emptiness) {
   ClipboardContents* contents = held_ ? &*held_ : served_.get();
   if (!contents)
     return read_ && read_->contents.offers(name);
@@ -171,7 +166,7 @@ bool SystemClipboard::setData(Bytes bytes, const std::string& name) {
   } else if (agreesWithOwner(name)) {
     if (isAllGiven())
       giveBack();
-  } else if (takesEmptiness_ || !isCleared(*held_)) {
+  } else if (emptiness == Emptiness::isContents || !isCleared(*held_)) {
     take();
   }
   return true;
@@ -203,27 +198,41 @@ void SystemClipboard::take() {
   lateAnswers_.expect();
 }
 
-// With a time of the server's the request is refused only when another program is quicker.
+// What others did until now is known only once the server has told its time: by then the person may
+// have copied. Where another program is quicker still, it counts like one that comes after.
+void SystemClipboard::returnWatched() {
+  ++changeCount_;
+  const auto contents = watched_;
+  const bool isWorthIt = givesAnything(*contents);
+  const xcb_timestamp_t time = connection_.now();
+  if (watched_ != contents)
+    return;
+  isReturnDue_ = false;
+  if (!claim(isWorthIt ? contents : nullptr, time))
+    ownerChanged(owner_);
+}
+
 void SystemClipboard::own(const std::shared_ptr<ClipboardContents>& contents) {
-  for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-    const xcb_timestamp_t time = connection_.now();
-    read_.reset();
-    served_ = contents;
-    server_.serve(served_, time);
-    if (setOwner(connection_.window(), time))
+  for (int attempt = 0; attempt < mostAttempts; ++attempt)
+    if (claim(contents, connection_.now()))
       return;
-  }
   served_.reset();
   server_.serve(nullptr, 0);
 }
 
 void SystemClipboard::disown() {
-  const xcb_timestamp_t time = connection_.now();
   held_.reset();
+  (void)claim(nullptr, connection_.now());
+}
+
+// Null: nobody is to own the clipboard. With a time of the server's it is refused only when another
+// program is quicker.
+bool SystemClipboard::claim(std::shared_ptr<ClipboardContents> contents, xcb_timestamp_t time) {
+  const xcb_window_t owner = contents ? connection_.window() : xcb_window_t{XCB_WINDOW_NONE};
   read_.reset();
-  served_.reset();
-  server_.serve(nullptr, 0);
-  (void)setOwner(XCB_WINDOW_NONE, time);
+  served_ = std::move(contents);
+  server_.serve(served_, time);
+  return setOwner(owner, time);
 }
 
 // Whether the server agreed. Notices of what other programs did later have been handled, too.

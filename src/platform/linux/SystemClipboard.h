@@ -13,8 +13,7 @@ namespace tavrel {
 ///
 /// Declaring takes the clipboard from its owner only when other programs would read something else
 /// afterwards. Two declarations are held for our own readers, while the owner keeps the clipboard:
-///  - the empty string that a pasteboard is cleared to. It is put on the clipboard when it is
-///    declared again before anyone here has read it;
+///  - the empty string that a pasteboard is cleared to (Emptiness::clears);
 ///  - names and data as they were read from the owner. They give the clipboard back to it.
 /// So saving, clearing and restoring change nothing as long as no program copies meanwhile, also
 /// when the owner could not be read: what it did not hand over, it still has. When a program has
@@ -24,13 +23,16 @@ namespace tavrel {
 /// loses the clipboard to them again.
 class SystemClipboard {
 public:
+  /// What an empty string means when it is all there is.
+  enum class Emptiness { clears, isContents };
+
   /// `ownWindows`: see LateAnswers. Every change of owner or contents raises `changeCount`.
   SystemClipboard(SelectionConnection& connection, xcb_window_t ownWindows,
                   std::atomic<std::int64_t>& changeCount);
 
   [[nodiscard]] std::vector<std::string> types();
   void declare(const std::vector<std::string>& names);
-  [[nodiscard]] bool setData(Bytes bytes, const std::string& name);
+  [[nodiscard]] bool setData(Bytes bytes, const std::string& name, Emptiness emptiness);
   [[nodiscard]] std::optional<Bytes> data(const std::string& name);
 
   /// Lets the clipboard manager, if there is one, take over what we serve; not what is concealed.
@@ -51,8 +53,10 @@ private:
   [[nodiscard]] bool isAllGiven() const;
   void giveBack();
   void take();
+  void returnWatched();
   void own(const std::shared_ptr<ClipboardContents>& contents);
   void disown();
+  [[nodiscard]] bool claim(std::shared_ptr<ClipboardContents> contents, xcb_timestamp_t time);
   [[nodiscard]] bool setOwner(xcb_window_t owner, xcb_timestamp_t time);
   void forget();
   [[nodiscard]] bool isOurs() const { return served_ != nullptr; }
@@ -70,9 +74,7 @@ private:
   std::shared_ptr<ClipboardContents> served_;
   std::optional<ClipboardReading> read_; ///< what the present owner, another program, offers
   SelectionTime readAt_;
-  std::optional<ClipboardContents> held_; ///< what our own readers see instead
-  bool heldWasRead_ = false;
-  bool takesEmptiness_ = false; ///< what is declared goes on the clipboard, be it an empty string
+  std::optional<ClipboardContents> held_;      ///< what our own readers see instead
   std::shared_ptr<ClipboardContents> watched_; ///< what a late answer is replaced by
   bool isReturnDue_ = false;
 };

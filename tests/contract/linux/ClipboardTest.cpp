@@ -190,6 +190,25 @@ TEST_F(ClipboardTest, AnEmptySelectionPastesAnEmptyString) {
   EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "the person's"));
 }
 
+TEST_F(ClipboardTest, AnEmptySelectionPutThereToStayEmptiesTheClipboard) {
+  const SelectionOwner editor(editorsText("the person's"));
+  general.declareTypes({pasteboardType::string});
+  general.setData({}, pasteboardType::string);
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", ""));
+  captureNothing();
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", ""));
+}
+
+TEST_F(ClipboardTest, AnEmptyTextThatTheClipboardHeldIsThereAgainAfterACopy) {
+  general.declareTypes({pasteboardType::string});
+  general.setData({}, pasteboardType::string);
+  save();
+  afterCopy([&] { const SelectionOwner application(editorsText("selected")); });
+  restore();
+  EXPECT_THAT(paster.targets(), Contains("UTF8_STRING"));
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", ""));
+}
+
 // Only the bytes differ from what the owner offers.
 TEST_F(ClipboardTest, ASelectionWithTheTargetsOfTheClipboardIsPastedAllTheSame) {
   SelectionOwner editor(editorsText("selected"));

@@ -78,6 +78,26 @@ TEST_F(HostileClipboardTest, AfterACopyNothingComesBackFromAnOwnerThatGaveNothin
   EXPECT_THAT(general.types(), IsEmpty());
 }
 
+TEST_F(HostileClipboardTest, WhatWasSelectedDoesNotStayForWantOfSomethingToRestore) {
+  const SelectionOwner owner({plain("UTF8_STRING", "hidden", Manner::never)});
+  save();
+  afterCopy([&] { application.emplace(std::vector{plain("UTF8_STRING", "selected")}); });
+  capture();
+  restore();
+  EXPECT_EQ(captured.string(pasteboardType::string), "selected");
+  EXPECT_EQ(paster.owner(), 0U);
+}
+
+TEST_F(HostileClipboardTest, AnOwnerThatRefusesAllItListsIsRestoredAsSuch) {
+  const SelectionOwner owner({plain("image/png", "", Manner::refuses)});
+  save();
+  afterCopy([&] { application.emplace(std::vector{plain("UTF8_STRING", "selected")}); });
+  restore();
+  EXPECT_THAT(paster.targets(), ElementsAre("image/png"));
+  EXPECT_FALSE(paster.paste("image/png"));
+  EXPECT_FALSE(paster.paste("UTF8_STRING"));
+}
+
 TEST_F(HostileClipboardTest, AnAnnouncedLengthIsNotBelieved) {
   const SelectionOwner owner({plain("UTF8_STRING", "short", Manner::announcesTooMuch),
                               plain("image/png", large, Manner::inPieces)});

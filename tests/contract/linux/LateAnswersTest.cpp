@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <xcb/xtest.h>
 
 namespace tavrel {
 namespace {
@@ -67,6 +68,24 @@ TEST_F(LateAnswersTest, APersonsClickOnCopyWins) {
   captureNothing();
   press("click 1");
   expectCopyWins(application);
+}
+
+// The server is held just as a late copy is about to be replaced: what the person does then comes
+// between our question for the time and its answer.
+TEST_F(LateAnswersTest, APersonsOwnCopyWinsAlsoWhileALateOneIsBeingReplaced) {
+  constexpr std::uint8_t letter = 54;
+  captureNothing();
+  const auto before = general.changeCount();
+  application.holdServer();
+  application.own();
+  EXPECT_TRUE(waitFor([&] { return general.changeCount() >= before + 2; })) << "it is noticed";
+  for (const std::uint8_t type : {std::uint8_t{XCB_KEY_PRESS}, std::uint8_t{XCB_KEY_RELEASE}})
+    xcb_test_fake_input(application.server, type, letter, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+  application.copy({plain("UTF8_STRING", "late")});
+  application.letGoOfServer();
+  (void)general.types();
+  EXPECT_TRUE(application.isOwner());
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "late"));
 }
 
 TEST_F(LateAnswersTest, ModifiersAndTheWheelAreNoCopyOfThePersons) {

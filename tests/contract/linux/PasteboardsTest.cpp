@@ -46,5 +46,12 @@ TEST(NativeTarget, NamesReadBackAsTheyWere) {
   EXPECT_FALSE(nativeTargetOfName("NSStringPboardType"));
 }
 
+TEST(NativeTarget, NothingCanBeGivenUnderUnreadNames) {
+  EXPECT_TRUE(areAllUnread({}));
+  EXPECT_TRUE(areAllUnread({"x11:a;unread", "x11:b;unread"}));
+  EXPECT_FALSE(areAllUnread({"x11:a;unread", "x11:b"}));
+  EXPECT_FALSE(areAllUnread({"NSStringPboardType"}));
+}
+
 } // namespace
 } // namespace tavrel

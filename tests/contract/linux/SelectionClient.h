@@ -74,6 +74,15 @@ public:
     xcb_set_selection_owner(server, window, atom(selection), XCB_CURRENT_TIME);
     sync();
   }
+  /// Nobody else is served until it lets go; what happens is told to all.
+  void holdServer() const {
+    xcb_grab_server(server);
+    sync();
+  }
+  void letGoOfServer() const {
+    xcb_ungrab_server(server);
+    sync();
+  }
   void takeFocus() const {
     xcb_map_window(server, window);
     sync();
