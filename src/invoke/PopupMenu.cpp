@@ -16,6 +16,8 @@ constexpr const char* gestureSound = "Pop.aiff";
 }
 
 void TVController::doubleTapNotification() {
+  if (popupPanel.visible) // called up again while it is open
+    return;
   if (TVR_BoolForKey(TVR_OnlyWithFinder, false)) {
     (void)recordFrontApplication();
     if (hostName != "Finder")
@@ -27,7 +29,7 @@ void TVController::doubleTapNotification() {
 }
 
 void TVController::performContextMenu() {
-  if (popupPanel.visible) // called up again while it is open
+  if (popupPanel.visible) // by the service, too
     return;
   popupPanel.origin = platform().presenter.pointerLocation();
   popupPanel.visible = true;

@@ -54,6 +54,14 @@ TEST_F(Popup, AMissingSoundDoesNotKeepItShut) {
   EXPECT_EQ(shown.size(), 1U);
 }
 
+TEST_F(Popup, CalledUpAgainWhileItIsOpenItStaysSilentAndOpensOnce) {
+  launch();
+  desktop.presenter.control.person = [this](OpenMenu&) { controller.doubleTapNotification(); };
+  controller.doubleTapNotification();
+  EXPECT_EQ(shown.size(), 1U);
+  EXPECT_EQ(played.size(), 1U);
+}
+
 TEST_F(Popup, HasTheSmallFontAndTheMenuBarKeepsItsOwn) {
   set(TVR_SmallFontSize, true);
   launch();
@@ -81,6 +89,8 @@ TEST_F(Popup, ExcludedRolesAreNoTarget) {
   }
   control.roleAtPoint = "AXTextArea";
   EXPECT_EQ(controller.targetUIElementAt({1, 2}), "AXTextArea");
+  control.roleAtPoint = 7;
+  EXPECT_EQ(controller.targetUIElementAt({1, 2}), std::nullopt) << "a role is a text";
   control.hasElementAtPoint = false;
   EXPECT_EQ(controller.targetUIElementAt({1, 2}), std::nullopt);
   EXPECT_EQ(control.systemWideMade, 1);
