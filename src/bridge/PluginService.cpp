@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/Services.h"
 #include "selection/PasteBack.h"
+#include "selection/PasteboardCopy.h"
 #include "selection/PrivatePasteboard.h"
 
 namespace tavrel {
@@ -49,11 +50,13 @@ void TVController::execServices(const std::string& serviceName) {
     setSelectionToPasteboard(applicationRef);
   else if (name == "Finder" || name == "Path Finder")
     setSelectionToPasteboardWithScript(name);
+  const bool isPassword = isConcealed(privatePasteboard());
   if (answers(serviceName)) {
     activateApplication(name);
     setPasteboardToSelection(applicationRef);
   }
-  forgetConcealedSelection();
+  if (isPassword) // be it what the service made of it, which nothing marks any more
+    clearPasteboard(privatePasteboard());
 }
 
 } // namespace tavrel

@@ -5,6 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "selection/PasteBack.h"
+#include "selection/PasteboardCopy.h"
 #include "selection/PrivatePasteboard.h"
 
 namespace tavrel {
@@ -30,11 +31,14 @@ bool hasAnswered(const std::string& serviceName) {
 
 void TVController::performServiceItem(const std::string& serviceName) {
   const AXUIElementRef applicationRef = frontApplicationElement();
+  const bool wasConcealed = isConcealed(privatePasteboard());
   if (!hasAnswered(serviceName))
     return;
   if (const auto host = application_.hostAppName())
     activateApplication(*host);
   setPasteboardToSelection(applicationRef);
+  if (wasConcealed) // so is what the service made of it, and nothing says so any more
+    clearPasteboard(privatePasteboard());
 }
 
 } // namespace tavrel

@@ -180,5 +180,14 @@ TEST_F(PluginService, APasswordThatWasSelectedIsForgotten) {
   EXPECT_EQ(privatePasteboard().string(pasteboardType::string), "");
 }
 
+TEST_F(PluginService, WhatIsMadeOfAPasswordIsPastedAndForgotten) {
+  startInFront("Editor");
+  answerCopy(desktop, copyPassword("secret"));
+  answerAfter(0);
+  request();
+  EXPECT_TRUE(isPasted());
+  EXPECT_EQ(privatePasteboard().string(pasteboardType::string), "");
+}
+
 } // namespace
 } // namespace tavrel

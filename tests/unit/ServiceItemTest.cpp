@@ -130,6 +130,24 @@ TEST_F(ServiceItem, AServiceThatFailedAfterItsAnswerIsPasted) {
   EXPECT_EQ(accessibility.posted.size(), 4U);
 }
 
+TEST_F(ServiceItem, WhatAServiceMakesOfAPasswordIsPastedAndForgotten) {
+  copyPassword("hunter2")(privatePasteboard());
+  answering();
+  std::string pasted;
+  accessibility.onPost = [&](const auto&) {
+    pasted = desktop.pasteboards.general().string(pasteboardType::string).value_or("nothing");
+  };
+  choose();
+  EXPECT_EQ(pasted, "SELECTED");
+  EXPECT_EQ(privatePasteboard().string(pasteboardType::string), "");
+}
+
+TEST_F(ServiceItem, WhatAServiceMakesOfWordsIsTheSelectionAfterwards) {
+  answering();
+  choose();
+  EXPECT_EQ(privatePasteboard().string(pasteboardType::string), "SELECTED");
+}
+
 TEST_F(ServiceItem, ModifiersAndHotKeysMakeNoDifference) {
   answering();
   hold(keyCode::command);
