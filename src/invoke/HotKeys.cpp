@@ -93,10 +93,15 @@ void TVController::addHotKey2(std::uint16_t character, std::uint32_t carbonModif
   gHotkeyArray.push_back({registration.reference, targetItem, carbonModifiers, character});
 }
 
+// Refused keys all have the reference 0: the rest of the record tells them apart.
 void TVController::unregisterHotKey(const HotKeyRecord& record) {
-  const EventHotKeyRef reference = record.HotKeyRef;
+  const auto found = std::find_if(gHotkeyArray.begin(), gHotkeyArray.end(), [&](const auto& each) {
+    return each.HotKeyRef == record.HotKeyRef && each.HotKeyMod == record.HotKeyMod &&
+           each.HotKeyChar == record.HotKeyChar;
+  });
   unregister(record);
-  std::erase_if(gHotkeyArray, [&](const auto& each) { return each.HotKeyRef == reference; });
+  if (found != gHotkeyArray.end())
+    gHotkeyArray.erase(found);
 }
 
 void TVController::unregisterAllHotkeys() {

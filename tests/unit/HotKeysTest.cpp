@@ -134,6 +134,86 @@ TEST_F(HotKeysOfTree, OverOtherApplicationsThanTheFinderTheLastKeystrokeIsSentAg
   EXPECT_TRUE(opened.empty());
 }
 
+TEST_F(HotKeysOfTree, OverAnotherApplicationAnItemSendsTheKeystrokeThatWasHandedOnBefore) {
+  launch({item("x", 0x40000, 7, hidden), item("a", 0, 0)});
+  press(7, 0x1100);
+  desktop.clock.advance(0);
+  const std::string handedOn = posted();
+  set(TVR_OnlyWithFinder, true);
+  desktop.preferences.synchronize(preferenceDomain);
+  desktop.applications.control.start("TextEdit", "/TextEdit.app");
+  press(0, 0x100);
+  desktop.clock.advance(0);
+  EXPECT_EQ(posted(), handedOn);
+  EXPECT_EQ(handedOn, "55 down, 59 down, 7 'x' down, 7 'x' up, 55 up, 59 up");
+}
+
+TEST_F(HotKeysOfTree, OverTheFinderAnItemRunsAlsoWhenOnlyThatCounts) {
+  set(TVR_OnlyWithFinder, true);
+  launch({item("a", 0, 0)});
+  desktop.applications.control.start("Finder", "/Finder.app");
+  EXPECT_TRUE(desktop.hotKeys.press(0, 0x100));
+  EXPECT_THAT(opened, ::testing::ElementsAre("/a.txt"));
+}
+
+TEST_F(HotKeysOfTree, TheSelectionIsCopiedByAKeystrokeEvenInTheFinder) {
+  launch({item("a", 0, 0)});
+  const auto finder = desktop.applications.control.start("Finder", "/Finder.app");
+  answerCopy(desktop, copyText("words"));
+  desktop.hotKeys.press(0, 0x100);
+  EXPECT_EQ(posted(), "55 down, 8 'c' down, 8 'c' up, 55 up");
+  EXPECT_EQ(desktop.accessibility.control.posted.front().processIdentifier,
+            finder.processIdentifier);
+  EXPECT_EQ(controller.hostName, "Finder");
+}
+
+TEST_F(HotKeysOfTree, NoHotKeyIsRegisteredWhileAKeystrokeIsHandedOn) {
+  launch({item("c", 0, 8, hidden), item("a", 0, 0)});
+  press(8, 0x100);
+  std::vector<std::size_t> registered;
+  desktop.accessibility.control.onPost = [&](const auto&) {
+    registered.push_back(keys.registered.size());
+  };
+  desktop.clock.advance(0);
+  EXPECT_THAT(registered, ::testing::ElementsAre(0U, 0U, 0U, 0U));
+  EXPECT_EQ(keys.registered.size(), 2U);
+}
+
+TEST_F(HotKeysOfTree, AKeystrokeGoesToTheApplicationThatIsInFrontByThen) {
+  launch({item("c", 0, 8, hidden)});
+  press(8, 0x100);
+  const auto later = desktop.applications.control.start("Later", "/Later.app");
+  desktop.clock.advance(0);
+  ASSERT_FALSE(desktop.accessibility.control.posted.empty());
+  EXPECT_EQ(desktop.accessibility.control.posted.front().processIdentifier,
+            later.processIdentifier);
+}
+
+TEST_F(HotKeysOfTree, ACharacterThatNoKeyIsNamedAfterIsNotHandedOn) {
+  launch({item("é", 0, 8, hidden)});
+  press(8, 0x100);
+  desktop.clock.advance(0);
+  EXPECT_EQ(posted(), "");
+}
+
+TEST_F(HotKeysOfTree, TheLowByteOfACharacterNamesTheKeyOfItsKeystroke) {
+  launch({item("š", 0, 8, hidden)}); // U+0161, and "a" is 0x61
+  press(8, 0x100);
+  desktop.clock.advance(0);
+  ASSERT_EQ(desktop.accessibility.control.posted.size(), 4U);
+  const KeyboardEvent key = desktop.accessibility.control.posted[1].event;
+  EXPECT_EQ(key.keyCode, 0);
+  EXPECT_EQ(key.character, 0x161);
+}
+
+TEST_F(HotKeysOfTree, AKeystrokeIsHandedOnInThePlaceThatDvorakGivesIt) {
+  desktop.keyboard.control.layoutIdentifier = "com.apple.keylayout.Dvorak";
+  launch({item("j", 0, 8, hidden)});
+  press(8, 0x100);
+  desktop.clock.advance(0);
+  EXPECT_EQ(posted(), "55 down, 8 'j' down, 8 'j' up, 55 up");
+}
+
 TEST_F(HotKeysOfTree, AHandOnOfAControllerThatIsGoneDoesNothing) {
   {
     TVController another(application);
@@ -185,6 +265,14 @@ TEST_F(HotKeysOfTree, OneOfSeveralIsTakenBack) {
   EXPECT_FALSE(desktop.hotKeys.press(0, 0x100));
 }
 
+TEST_F(HotKeysOfTree, OfSeveralRefusedOnesOneIsTakenBack) {
+  keys.refused = {{0, 0x100}, {11, 0x100}};
+  launch({item("a", 0, 0), item("b", 0, 11)});
+  controller.unregisterHotKey(gHotkeyArray.at(1));
+  ASSERT_EQ(gHotkeyArray.size(), 1U);
+  EXPECT_EQ(gHotkeyArray[0].HotKeyChar, 'a');
+}
+
 TEST_F(HotKeysOfTree, AKeyThatTheDesktopKeepsIsLoggedAndForgotten) {
   launch({item("a", 0, 0)});
   keys.refusesToUnregister = true;
@@ -202,6 +290,7 @@ TEST_F(HotKeysOfTree, TheDefaultPopupKeyOpensThePopup) {
   EXPECT_THAT(keys.log, ::testing::ElementsAre("register 18 0x900"));
   desktop.hotKeys.press(18, 0x900);
   EXPECT_EQ(desktop.presenter.control.shown.size(), 1U);
+  EXPECT_FALSE(controller.performHotkey(gHotkeyArray.at(0).HotKeyRef)) << "no item has run";
 }
 
 } // namespace
