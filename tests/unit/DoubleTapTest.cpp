@@ -96,6 +96,40 @@ TEST_F(DoubleTap, AShortcutTypedTwiceIsNone) {
   EXPECT_EQ(posted, 0);
 }
 
+TEST_F(DoubleTap, AKeyPressedWhileTheModifierIsDownIsAShortcutAndClearsAPendingTap) {
+  tapAt(10, 0.01);
+  desktop.clock.control.now = 10.1;
+  hold(keyCode::command);
+  desktop.keyboard.control.eventModifiers = eventModifier::command;
+  desktop.clock.control.onSleep = [this](double) { hold(1); };
+  desktop.eventMonitor.modifiersChanged();
+  desktop.keyboard.control.down = {};
+  tapAt(10.2, 0.01);
+  EXPECT_EQ(posted, 0);
+  tapAt(10.3, 0.01);
+  EXPECT_EQ(posted, 1) << "a new pair";
+}
+
+TEST_F(DoubleTap, EveryNameThatWaitsForTheModifierIsPosted) {
+  int others = 0;
+  handler.addClient("another", modifier::command);
+  (void)desktop.notifications.addObserver({"another", NTModifierKeyActionHandler::sender},
+                                          [&](const Notification&) { ++others; });
+  tapAt(10, 0.05);
+  tapAt(10.1, 0.05);
+  EXPECT_EQ(posted, 1);
+  EXPECT_EQ(others, 1);
+}
+
+TEST_F(DoubleTap, ATapOfAnotherModifierBeginsAPairOfItsOwn) {
+  handler.addClient("tapped", modifier::option);
+  tapAt(10, 0.02);
+  tapAt(10.1, 0.02, eventModifier::option, keyCode::option);
+  EXPECT_EQ(posted, 0);
+  tapAt(10.2, 0.02, eventModifier::option, keyCode::option);
+  EXPECT_EQ(posted, 1);
+}
+
 TEST_F(DoubleTap, AnotherModifierHeldSpoilsIt) {
   handler.addClient("tapped", modifier::command | modifier::shift);
   hold(keyCode::shift);
