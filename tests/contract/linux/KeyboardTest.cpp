@@ -64,6 +64,19 @@ TEST(LinuxKeyboard, SuperIsTheControlKey) {
   world.release(keyCode::control);
 }
 
+TEST(LinuxKeyboard, AltAndSuperAreWhateverBitsTheyHave) {
+  LinuxWorld world;
+  run("xmodmap -e 'clear mod1' -e 'clear mod3' -e 'clear mod4'"
+      " -e 'add mod3 = Alt_L' -e 'add mod1 = Super_L'");
+  world.press(keyCode::option);
+  EXPECT_EQ(world.adapter.eventModifiers(), eventModifier::option);
+  world.press(keyCode::control);
+  EXPECT_EQ(world.adapter.eventModifiers(), eventModifier::option | eventModifier::control);
+  world.release(keyCode::option);
+  EXPECT_EQ(world.adapter.eventModifiers(), eventModifier::control);
+  world.release(keyCode::control);
+}
+
 TEST(LinuxKeyboard, TheKeypadTypesDigits) {
   LinuxWorld world;
   EXPECT_EQ(world.adapter.translate(83), static_cast<std::uint32_t>('1'));
