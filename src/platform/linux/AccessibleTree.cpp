@@ -17,7 +17,8 @@ const QString component = QStringLiteral("org.a11y.atspi.Component");
 const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
 const QString daemonName = QStringLiteral("org.freedesktop.DBus");
 
-constexpr int deepest = 64; // elements within elements
+constexpr int deepest = 64;         // elements within elements
+constexpr int highestInControl = 4; // a label in a box in a box in a button
 constexpr std::uint32_t screenCoordinates = 0;
 constexpr std::uint32_t manyLinesState = 1U << 17;
 
@@ -58,18 +59,33 @@ std::optional<AccessibleElement> AccessibleTree::application(std::int32_t proces
 std::optional<AccessibleElement> AccessibleTree::elementAt(const AccessibleElement& application,
                                                            const QRect& window, QPoint point) {
   for (const AccessibleElement& each : windows(application, window)) {
-    AccessibleElement found = childAt(each, point);
-    if (found.isNull())
-      continue;
-    for (int depth = 0; depth < deepest && !isControl(roleOf(found)); ++depth) {
-      const AccessibleElement inner = childAt(found, point);
-      if (inner.isNull() || inner == found)
-        break;
-      found = inner;
-    }
-    return found;
+    const AccessibleElement found = childAt(each, point);
+    if (!found.isNull())
+      return controlAround(innermost(found, point));
   }
   return std::nullopt;
+}
+
+// Down to the first control, where a toolkit answers level by level.
+AccessibleElement AccessibleTree::innermost(AccessibleElement element, QPoint point) {
+  for (int depth = 0; depth < deepest && !isControl(roleOf(element)); ++depth) {
+    const AccessibleElement inner = childAt(element, point);
+    if (inner.isNull() || inner == element)
+      break;
+    element = inner;
+  }
+  return element;
+}
+
+// Other toolkits answer with the innermost element at once, past the control that it lies in.
+AccessibleElement AccessibleTree::controlAround(const AccessibleElement& element) {
+  AccessibleElement around = element;
+  for (int height = 0; height <= highestInControl && !around.isNull(); ++height) {
+    if (isControl(roleOf(around)))
+      return around;
+    around = parentOf(around);
+  }
+  return element;
 }
 
 // They come in the order of their birth: menus after what they belong to.

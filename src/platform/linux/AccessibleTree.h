@@ -46,6 +46,8 @@ private:
   [[nodiscard]] std::int32_t processOf(const QString& owner);
   [[nodiscard]] QRect extents(const AccessibleElement& element);
   [[nodiscard]] AccessibleElement childAt(const AccessibleElement& element, QPoint point);
+  [[nodiscard]] AccessibleElement innermost(AccessibleElement element, QPoint point);
+  [[nodiscard]] AccessibleElement controlAround(const AccessibleElement& element);
   [[nodiscard]] std::uint32_t roleOf(const AccessibleElement& element);
   [[nodiscard]] AccessibleElement parentOf(const AccessibleElement& element);
   [[nodiscard]] bool hasManyLines(const AccessibleElement& element);

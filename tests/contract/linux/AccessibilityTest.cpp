@@ -124,17 +124,56 @@ TEST(LinuxAccessibility, ABusThatKnowsUsAnswers) {
   EXPECT_TRUE(busAnswers(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QDeadlineTimer(5000)));
 }
 
-TEST(LinuxAccessibility, AnEditorsMenusAreToldFromItsText) {
-  const Program launcher(QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
-                         {QStringLiteral("--launch-immediately")});
+/// The accessibility bus is on, and what is started from now on joins it.
+class OnTheAccessibilityBus : public ::testing::Test {
+protected:
+  OnTheAccessibilityBus() { qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1"); }
+  ~OnTheAccessibilityBus() override { qunsetenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"); }
+
+  [[nodiscard]] bool comesToBe(const char* role, int x, int y) {
+    return eventually(
+        [&] { return world.roleAt(placeInTheOnlyWindow(world, x, y)) == PropertyList(role); });
+  }
+  /// At a point of the screen, with this window on top.
+  [[nodiscard]] bool comesToBe(const char* role, WindowId onTop, Point where) {
+    handle({QStringLiteral("windowraise"), QString::number(onTop)});
+    return eventually([&] { return world.roleAt(where) == PropertyList(role); });
+  }
+  void move(WindowId window, int x, int y) {
+    handle({QStringLiteral("windowmove"), QStringLiteral("--sync"), QString::number(window),
+            QString::number(x), QString::number(y)});
+  }
+
+  const Program launcher{QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
+                         {QStringLiteral("--launch-immediately")}};
   LinuxAccessibilityWorld world;
+};
+
+TEST_F(OnTheAccessibilityBus, AnEditorsMenusAreToldFromItsText) {
   const Program editor(QStringLiteral("mousepad"));
-  const auto roleFromCorner = [&](int x, int y) {
-    return world.roleAt(placeInTheOnlyWindow(world, x, y));
-  };
-  EXPECT_TRUE(eventually([&] { return roleFromCorner(20, 10) == PropertyList("AXMenuBarItem"); }));
+  EXPECT_TRUE(comesToBe("AXMenuBarItem", 20, 10));
   // The toolkit's pages do not tell what lies in them.
-  EXPECT_TRUE(eventually([&] { return roleFromCorner(200, 200) == PropertyList("AXTabGroup"); }));
+  EXPECT_TRUE(comesToBe("AXTabGroup", 200, 200));
+}
+
+TEST_F(OnTheAccessibilityBus, TheLabelInAButtonIsTheButton) {
+  const Program other(QStringLiteral(TAVREL_WINDOW_APPLICATION), {QStringLiteral("button")});
+  EXPECT_TRUE(comesToBe("AXButton", 100, 50));
+}
+
+TEST_F(OnTheAccessibilityBus, OfWindowsThatOverlapTheOneOnTopCounts) {
+  const Program other(QStringLiteral(TAVREL_WINDOW_APPLICATION),
+                      {QStringLiteral("field"), QStringLiteral("button")});
+  std::vector<WindowId> windows;
+  ASSERT_TRUE(eventually([&] { return (windows = world.windows.windows()).size() == 2; }));
+  move(windows[0], 300, 300);
+  move(windows[1], 350, 340);
+  const int bottom = QGuiApplication::primaryScreen()->geometry().bottom();
+  const Point inBoth{440, bottom - 390.0};
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_TRUE(comesToBe("AXTextField", windows[0], inBoth));
+    EXPECT_TRUE(comesToBe("AXButton", windows[1], inBoth));
+  }
 }
 
 } // namespace

@@ -1,13 +1,25 @@
 // An application with windows for tests: a window for each argument, "ordinary", "dock" or
-// "desktop". It ends with whoever started it. Its name, and the class of its windows, is that of
-// the file it was started by.
+// "desktop", or one that is filled by a "field" or by a "button" with a label in it. It ends with
+// whoever started it. Its name, and the class of its windows, is that of the file it was started
+// by.
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 #include <QWidget>
 #include <memory>
 #include <sys/prctl.h>
 #include <vector>
 
 #include <csignal>
+
+static void fill(QWidget& widget, QWidget* content) {
+  content->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  auto* layout = new QVBoxLayout(&widget);
+  layout->setContentsMargins({});
+  layout->addWidget(content);
+}
 
 int main(int argc, char** argv) {
   ::prctl(PR_SET_PDEATHSIG, SIGTERM);
@@ -19,6 +31,13 @@ int main(int argc, char** argv) {
     windows.back()->setAttribute(Qt::WA_X11NetWmWindowTypeDock, kind == QStringLiteral("dock"));
     windows.back()->setAttribute(Qt::WA_X11NetWmWindowTypeDesktop,
                                  kind == QStringLiteral("desktop"));
+    if (kind == QStringLiteral("field"))
+      fill(*windows.back(), new QLineEdit);
+    if (kind == QStringLiteral("button")) {
+      auto* button = new QPushButton;
+      fill(*windows.back(), button);
+      fill(*button, new QLabel(QStringLiteral("label")));
+    }
     windows.back()->resize(200, 100);
     windows.back()->show();
   }
