@@ -38,6 +38,7 @@
 #include "platform/linux/OwnKeystrokes.h"
 #include "platform/linux/PreferenceWatch.h"
 #include "platform/linux/RecentItemsView.h"
+#include "platform/linux/RecentUsesFile.h"
 #include "platform/linux/ResourceFolder.h"
 #include "platform/linux/SelectedScript.h"
 #include "platform/linux/ServiceFolders.h"
@@ -83,9 +84,10 @@ struct LinuxDesktop::Adapters {
   LinuxDistributedNotificationCenter distributedNotifications{
       [this] { return presenter.isOpen(); }};
   LinuxPasteboards pasteboards;
+  KeptRecentUses recentUses;
   LinuxPreferences preferences{
       preferenceFolder(),
-      {{"com.apple.recentitems", {[this] { return recentItems(registry); }}},
+      {{"com.apple.recentitems", {[this] { return recentItems(registry, recentUses); }}},
        {"loginwindow", {readLoginWindow, writeLoginWindow}}}};
   LinuxPresenter presenter;
   LinuxRichText richText;

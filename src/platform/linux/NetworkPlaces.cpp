@@ -6,7 +6,7 @@
 #include "platform/linux/FolderListings.h"
 #include "platform/linux/LinuxPreferences.h"
 #include "platform/linux/MountedPlace.h"
-#include "platform/linux/RecentUses.h"
+#include "platform/linux/RecentUsesFile.h"
 
 #include <algorithm>
 #include <array>

@@ -6,7 +6,7 @@
 #include "platform/linux/DesktopEntry.h"
 #include "platform/linux/FileBookmark.h"
 #include "platform/linux/NetworkPlaces.h"
-#include "platform/linux/RecentUses.h"
+#include "platform/linux/RecentUsesFile.h"
 #include "platform/linux/UserFolders.h"
 
 #include <algorithm>
@@ -41,13 +41,20 @@ PropertyList::Array recentDocuments(const std::vector<RecentUse>& uses) {
   return items;
 }
 
+/// Newest first. An application counts once for each way it calls itself: which one is meant takes
+/// long to find out.
 std::vector<RecentApplicationUse> applicationUses(const std::vector<RecentUse>& uses) {
   std::vector<RecentApplicationUse> all;
   for (const RecentUse& use : uses)
     if (!use.isPrivate)
       all.insert(all.end(), use.applications.begin(), use.applications.end());
   std::ranges::stable_sort(all, std::ranges::greater(), &RecentApplicationUse::when);
-  return all;
+  std::set<std::pair<std::string_view, std::string_view>> known;
+  std::vector<RecentApplicationUse> first;
+  for (const RecentApplicationUse& use : all)
+    if (known.emplace(use.name, use.exec).second)
+      first.push_back(use);
+  return first;
 }
 
 /// The program's own name in a command line such as "'/usr/bin/gedit' %u".
@@ -113,8 +120,8 @@ PropertyList customList(PropertyList::Array items) {
 
 } // namespace
 
-PropertyList::Dictionary recentItems(ApplicationRegistry& registry) {
-  const std::vector<RecentUse> uses = readRecentUses(recentlyUsedFile());
+PropertyList::Dictionary recentItems(ApplicationRegistry& registry, KeptRecentUses& recentUses) {
+  const std::vector<RecentUse>& uses = recentUses.read(recentlyUsedFile());
   return {{"RecentApplications", customList(recentApplications(uses, registry))},
           {"RecentDocuments", customList(recentDocuments(uses))},
           {"RecentServers", customList(recentServers())}};

@@ -1,10 +1,6 @@
 #include "platform/linux/RecentUses.h"
 
-#include "platform/linux/BoundedFile.h"
-#include "platform/linux/ItemKind.h"
-
 #include <QDateTime>
-#include <QLoggingCategory>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -13,8 +9,6 @@ namespace tavrel {
 
 namespace {
 
-Q_LOGGING_CATEGORY(recentLog, "tavrel.recent")
-constexpr std::size_t largestBookmarks = std::size_t{16} << 20;
 constexpr std::size_t mostUses = 20'000;
 
 std::string attribute(const QXmlStreamReader& xml, const char* name) {
@@ -45,9 +39,7 @@ void startElement(QXmlStreamReader& xml, std::vector<RecentUse>& uses) {
   }
 }
 
-/// What is wrong with the text, in one clause; empty when nothing is.
-std::string readUses(const std::string& text, std::vector<RecentUse>& uses) {
-  QXmlStreamReader xml(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())));
+std::string readUses(QXmlStreamReader& xml, std::vector<RecentUse>& uses) {
   while (!xml.atEnd() && uses.size() < mostUses) {
     const QXmlStreamReader::TokenType token = xml.readNext();
     if (token == QXmlStreamReader::DTD && !xml.entityDeclarations().isEmpty())
@@ -58,22 +50,14 @@ std::string readUses(const std::string& text, std::vector<RecentUse>& uses) {
   return xml.hasError() ? "malformed in line " + std::to_string(xml.lineNumber()) : std::string();
 }
 
-void sayTrouble(const std::string& path, const std::string& trouble) {
-  qCWarning(recentLog, "%s: %s", path.c_str(), trouble.c_str());
-}
-
 } // namespace
 
-std::vector<RecentUse> readRecentUses(const std::string& path) {
-  std::vector<RecentUse> uses;
-  if (!fileStatus(path, LinkMode::follow))
-    return uses;
-  const auto text = readFile(path, largestBookmarks);
-  const std::string trouble = text ? readUses(*text, uses) : "cannot be read or is too large";
-  if (!trouble.empty())
-    sayTrouble(path, trouble);
-  std::ranges::stable_sort(uses, std::ranges::greater(), &RecentUse::when);
-  return uses;
+RecentUses parseRecentUses(std::string_view text) {
+  QXmlStreamReader xml(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())));
+  RecentUses found;
+  found.problem = readUses(xml, found.uses);
+  std::ranges::stable_sort(found.uses, std::ranges::greater(), &RecentUse::when);
+  return found;
 }
 
 } // namespace tavrel

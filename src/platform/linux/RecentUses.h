@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavrel {
@@ -22,9 +23,14 @@ struct RecentUse {
   std::vector<RecentApplicationUse> applications;
 };
 
-/// What a file of bookmarks (XBEL, as desktops keep "recently-used.xbel") lists, newest first.
-/// Nothing from a file above 16 MiB or one that declares entities; of a malformed file what stands
-/// before the mistake. Either trouble is one line on standard error.
-[[nodiscard]] std::vector<RecentUse> readRecentUses(const std::string& path);
+/// What a text of bookmarks lists.
+struct RecentUses {
+  std::vector<RecentUse> uses; ///< newest first
+  std::string problem;         ///< in one clause; empty when the text is whole
+};
+
+/// Bookmarks as XBEL, the way desktops keep "recently-used.xbel": of a malformed text those before
+/// the mistake, of one that declares entities none, and of very many the first 20,000.
+[[nodiscard]] RecentUses parseRecentUses(std::string_view text);
 
 } // namespace tavrel

@@ -2,15 +2,18 @@
 
 #include "contract/linux/FakeApplications.h"
 #include "platform/linux/FileBookmark.h"
+#include "platform/linux/FileDescriptor.h"
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/LinuxPreferences.h"
 #include "platform/linux/MountedPlace.h"
 #include "platform/linux/NetworkPlaces.h"
-#include "platform/linux/RecentUses.h"
+#include "platform/linux/RecentUsesFile.h"
 #include "support/EnvironmentVariable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <sys/inotify.h>
 
 namespace tavrel {
 namespace {
@@ -53,7 +56,7 @@ protected:
   }
 
   PropertyList::Array items(const std::string& key) {
-    const PropertyList::Dictionary all = recentItems(registry);
+    const PropertyList::Dictionary all = recentItems(registry, uses);
     return *all.at(key).arrayFor("CustomListItems");
   }
   std::vector<std::string> names(const std::string& key) {
@@ -69,6 +72,7 @@ protected:
   EnvironmentVariable runtime{"XDG_RUNTIME_DIR", at("run")};
   FakeApplications applications;
   ApplicationRegistry registry{applications.folders()};
+  KeptRecentUses uses;
 };
 
 TEST_F(RecentItemsOfTheDesktop, DocumentsComeNewestFirstWithBookmarksThatFindThem) {
@@ -79,6 +83,23 @@ TEST_F(RecentItemsOfTheDesktop, DocumentsComeNewestFirstWithBookmarksThatFindThe
   EXPECT_EQ(LinuxFiles().resolveBookmark(*items("RecentDocuments")[0].dataFor("Bookmark"),
                                          BookmarkResolution::withoutMounting),
             document("new.txt"));
+}
+
+TEST_F(RecentItemsOfTheDesktop, TimesDownToTheMicrosecondAreRead) {
+  recentlyUsed(xbel(bookmarkElement("file:///first", "2021-01-01T10:00:00.100000Z") +
+                    bookmarkElement("file:///third", "2021-01-01T10:00:00.900000Z") +
+                    bookmarkElement("file:///second", "2021-01-01T10:00:00.499999Z")));
+  EXPECT_THAT(names("RecentDocuments"), ElementsAre("third", "second", "first"));
+}
+
+TEST_F(RecentItemsOfTheDesktop, OfThousandsOfUsesByOneApplicationItIsListedOnce) {
+  applications.add("writer");
+  std::string text;
+  for (int i = 0; i < 3000; ++i)
+    text += bookmarkElement("file:///d/" + std::to_string(i), "2021-01-01T10:00:00Z",
+                            usedBy("Writer", "'writer %u'", "2021-01-01T10:00:00Z"));
+  recentlyUsed(xbel(text));
+  EXPECT_THAT(names("RecentApplications"), ElementsAre("writer"));
 }
 
 TEST_F(RecentItemsOfTheDesktop, WhatIsMarkedAsPrivateIsLeftOutWithItsApplications) {
@@ -169,6 +190,54 @@ TEST_F(RecentItemsOfTheDesktop, OfAMalformedFileWhatStandsBeforeTheMistakeIsTake
   ::testing::internal::CaptureStderr();
   EXPECT_THAT(names("RecentDocuments"), ElementsAre("a"));
   EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("malformed in line"));
+}
+
+/// Counts how often the file was opened since the last count.
+class RecentFileOpened {
+public:
+  explicit RecentFileOpened(const std::string& path) {
+    ::inotify_add_watch(watch_.get(), path.c_str(), IN_OPEN);
+  }
+  int count() {
+    alignas(inotify_event) char events[4096];
+    int opened = 0;
+    for (ssize_t got; (got = ::read(watch_.get(), events, sizeof events)) > 0;)
+      opened += static_cast<int>(static_cast<std::size_t>(got) / sizeof(inotify_event));
+    return opened;
+  }
+
+private:
+  FileDescriptor watch_{::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)};
+};
+
+TEST_F(RecentItemsOfTheDesktop, AFileThatHasNotChangedIsNotReadAgain) {
+  recentlyUsed(xbel(bookmarkElement("file:///old", "2021-01-01T10:00:00Z")));
+  RecentFileOpened opened(at("data/recently-used.xbel"));
+  EXPECT_TRUE(waitFor([&] { // one just written may be written again and look the same
+    EXPECT_THAT(names("RecentDocuments"), ElementsAre("old"));
+    (void)opened.count();
+    EXPECT_THAT(names("RecentDocuments"), ElementsAre("old"));
+    return opened.count() == 0;
+  }));
+  recentlyUsed(xbel(bookmarkElement("file:///new", "2021-01-01T10:00:00Z")));
+  EXPECT_THAT(names("RecentDocuments"), ElementsAre("new"));
+  recentlyUsed(xbel(bookmarkElement("file:///NEW", "2021-01-01T10:00:00Z")));
+  EXPECT_THAT(names("RecentDocuments"), ElementsAre("NEW")) << "as long, and at the same moment";
+}
+
+TEST_F(RecentItemsOfTheDesktop, WhatIsWrongWithAFileIsSaidOnceAndNotForEachSection) {
+  recentlyUsed("<xbel><bookmark <");
+  (void)waitFor([&] { // until it counts as settled
+    ::testing::internal::CaptureStderr();
+    (void)items("RecentDocuments");
+    (void)items("RecentDocuments");
+    const std::string said = ::testing::internal::GetCapturedStderr();
+    return said.find("malformed") == said.rfind("malformed");
+  });
+  ::testing::internal::CaptureStderr();
+  for (const char* key : {"RecentApplications", "RecentDocuments", "RecentServers"})
+    EXPECT_THAT(items(key), IsEmpty());
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(RecentItemsOfTheDesktop, JunkAndHugeFilesAndPipesAreNoRecentItems) {
