@@ -3,6 +3,7 @@
 #include "base/PathString.h"
 #include "platform/linux/MountHealth.h"
 
+#include <algorithm>
 #include <charconv>
 #include <deque>
 #include <dirent.h>
@@ -27,6 +28,24 @@ template <class Number> bool takeNumber(std::string_view& text, char end, Number
     return false;
   text.remove_prefix(static_cast<std::size_t>(next - text.data()) + 1);
   return true;
+}
+
+struct SearchedName {
+  std::string name;
+  std::uint64_t inode;
+  bool isFolder;
+};
+
+std::vector<SearchedName> searchedNames(const std::string& folder, int most) {
+  std::vector<SearchedName> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
+  while (static_cast<int>(names.size()) < most) {
+    const dirent* entry = stream ? ::readdir(stream.get()) : nullptr;
+    if (!entry)
+      break;
+    names.push_back({entry->d_name, entry->d_ino, entry->d_type == DT_DIR});
+  }
+  return names;
 }
 
 /// Goes through folders level by level, so that the nearest places come first.
@@ -69,22 +88,24 @@ private:
   }
 
   std::optional<std::string> lookThrough(const Place& place) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(place.folder.c_str()), ::closedir);
-    while (const dirent* name = folder ? ::readdir(folder.get()) : nullptr) {
-      if (++names_ > mostNames)
-        return std::nullopt;
-      std::string path = appendingPathComponent(place.folder, name->d_name);
-      if (isWanted(*name, path))
+    const int most = mostNames - names_;
+    const auto names =
+        askPatiently(place.folder, FinalLink::follow, std::vector<SearchedName>(),
+                     [folder = place.folder, most] { return searchedNames(folder, most); });
+    names_ += std::max(static_cast<int>(names.size()), 1);
+    for (const SearchedName& name : names) {
+      std::string path = appendingPathComponent(place.folder, name.name);
+      if (isWanted(name, path))
         return path;
-      if (name->d_type == DT_DIR && name->d_name[0] != '.')
+      if (name.isFolder && name.name[0] != '.')
         descend(place, path);
     }
     return std::nullopt;
   }
 
   /// The number in the listing decides nearly always, without a look at the file.
-  bool isWanted(const dirent& name, const std::string& path) const {
-    if (name.d_ino != wanted_.inode)
+  bool isWanted(const SearchedName& name, const std::string& path) const {
+    if (name.inode != wanted_.inode)
       return false;
     const auto identity = fileIdentity(path);
     return identity && sameFile(*identity, wanted_);
@@ -95,6 +116,17 @@ private:
   std::set<std::pair<std::uint64_t, std::uint64_t>> seen_;
   int names_ = 0;
 };
+
+std::optional<BookmarkedIdentity> identityNow(const std::string& path) {
+  struct statx status {};
+  constexpr unsigned int wanted = STATX_INO | STATX_BTIME;
+  if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
+    return std::nullopt;
+  const bool born = (status.stx_mask & STATX_BTIME) != 0;
+  return BookmarkedIdentity{
+      makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino,
+      born ? status.stx_btime.tv_sec * nanosecondsPerSecond + status.stx_btime.tv_nsec : 0};
+}
 
 std::string nearestFolder(std::string folder) {
   while (folder.size() > 1 && !fileIdentity(folder))
@@ -111,15 +143,10 @@ bool sameFile(const BookmarkedIdentity& a, const BookmarkedIdentity& b) {
 }
 
 std::optional<BookmarkedIdentity> fileIdentity(const std::string& path) {
-  struct statx status {};
-  constexpr unsigned int wanted = STATX_INO | STATX_BTIME;
-  if (path.find('\0') != std::string::npos || !fileSystemAnswers(path) ||
-      ::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
+  if (path.find('\0') != std::string::npos)
     return std::nullopt;
-  const bool born = (status.stx_mask & STATX_BTIME) != 0;
-  return BookmarkedIdentity{
-      makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino,
-      born ? status.stx_btime.tv_sec * nanosecondsPerSecond + status.stx_btime.tv_nsec : 0};
+  return askPatiently(path, FinalLink::keep, std::optional<BookmarkedIdentity>(),
+                      [path] { return identityNow(path); });
 }
 
 Bytes bookmarkData(const FileBookmark& bookmark) {

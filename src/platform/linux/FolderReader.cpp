@@ -1,6 +1,7 @@
 #include "platform/linux/FolderReader.h"
 
 #include "base/PathString.h"
+#include "platform/linux/DistantMounts.h"
 #include "platform/linux/ItemKind.h"
 #include "platform/linux/LinkEntry.h"
 #include "platform/linux/LinuxFiles.h"
@@ -67,12 +68,22 @@ public:
       : folder_(folder), reading_(reading) {}
 
   void ask(const std::vector<ReadName>& names, OpenQuestion question) {
+    std::vector<std::size_t> distant;
     for (std::size_t i = 0; i < names.size(); ++i)
-      if (names[i].open == question)
+      if (question == OpenQuestion::target && names[i].open == question && isDistant(names[i]))
+        distant.push_back(i);
+      else if (names[i].open == question)
         ask(names[i], i);
+    for (const std::size_t i : distant)
+      ask(names[i], i);
   }
 
 private:
+  [[nodiscard]] bool isDistant(const ReadName& name) const {
+    return distantMountOf(appendingPathComponent(folder_, name.file.name), FinalLink::follow)
+        .has_value();
+  }
+
   void ask(const ReadName& name, std::size_t index) {
     const std::string path = appendingPathComponent(folder_, name.file.name);
     if (mountPoints_.contains(path)) // whatever is mounted there is a folder, and may not answer

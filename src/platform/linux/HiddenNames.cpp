@@ -1,6 +1,7 @@
 #include "platform/linux/HiddenNames.h"
 
 #include "platform/linux/BoundedFile.h"
+#include "platform/linux/MountHealth.h"
 
 #include <sstream>
 
@@ -12,8 +13,10 @@ constexpr std::size_t mostFolders = 64;
 constexpr std::size_t largestHiddenList = std::size_t{1} << 20; // bytes
 
 std::set<std::string, std::less<>> readNames(std::string_view folder) {
-  std::istringstream lines(
-      readFile(std::string(folder) + "/.hidden", largestHiddenList).value_or(std::string()));
+  const std::string list = std::string(folder) + "/.hidden";
+  std::istringstream lines(askPatiently(list, FinalLink::follow, std::string(), [list] {
+    return readFile(list, largestHiddenList).value_or(std::string());
+  }));
   std::set<std::string, std::less<>> names;
   for (std::string line; std::getline(lines, line);)
     names.insert(line);

@@ -38,6 +38,15 @@ std::string ending(std::string_view path) {
   return result;
 }
 
+std::optional<FileStatus> statusNow(const std::string& path, LinkMode link) {
+  struct statx status {};
+  const int flags = link == LinkMode::keep ? AT_SYMLINK_NOFOLLOW : 0;
+  constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
+  if (::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)
+    return std::nullopt;
+  return FileStatus{status.stx_mode, static_cast<std::size_t>(status.stx_size)};
+}
+
 bool holdsAppRun(const std::string& directory) {
   return ::access((directory + "/AppRun").c_str(), F_OK) == 0;
 }
@@ -88,13 +97,11 @@ ItemKind kindOfFile(const std::string& path, const FileStatus& status) {
 } // namespace
 
 std::optional<FileStatus> fileStatus(const std::string& path, LinkMode link) {
-  struct statx status {};
-  const int flags = link == LinkMode::keep ? AT_SYMLINK_NOFOLLOW : 0;
-  constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
-  if (path.empty() || path.find('\0') != std::string::npos || !fileSystemAnswers(path) ||
-      ::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)
+  if (path.empty() || path.find('\0') != std::string::npos)
     return std::nullopt;
-  return FileStatus{status.stx_mode, static_cast<std::size_t>(status.stx_size)};
+  const FinalLink end = link == LinkMode::keep ? FinalLink::keep : FinalLink::follow;
+  return askPatiently(path, end, std::optional<FileStatus>(),
+                      [path, link] { return statusNow(path, link); });
 }
 
 ItemKind itemKind(const std::string& path, const FileStatus& status) {

@@ -5,6 +5,7 @@
 #include "platform/linux/FileBookmark.h"
 #include "platform/linux/ItemKind.h"
 #include "platform/linux/LinkEntry.h"
+#include "platform/linux/MountHealth.h"
 #include "platform/linux/OwnPieces.h"
 #include "platform/linux/UserFolders.h"
 
@@ -50,9 +51,48 @@ bool isApplicationFolder(const std::string& path) {
   return status && S_ISDIR(status->mode);
 }
 
-std::optional<std::string> aliasTarget(const std::string& path) {
-  const auto entry = hasEntryEnding(path) ? loadDesktopEntry(path) : std::nullopt;
+std::string displayNameNow(const std::string& path) {
+  if (auto name = entryName(path))
+    return *std::move(name);
+  const std::string name = lastPathComponent(path);
+  return isApplicationFolder(path) ? deletingPathExtension(name) : name;
+}
+
+std::optional<std::string> aliasTargetNow(const std::string& path) {
+  const auto entry = loadDesktopEntry(path);
   return entry ? linkTarget(*entry) : std::nullopt;
+}
+
+std::optional<std::string> aliasTarget(const std::string& path) {
+  if (!hasEntryEnding(path))
+    return std::nullopt;
+  return askPatiently(path, FinalLink::follow, std::optional<std::string>(),
+                      [path] { return aliasTargetNow(path); });
+}
+
+FileKind kindNow(const std::string& path) {
+  const auto status = fileStatus(path, LinkMode::follow);
+  if (!status)
+    return FileKind::none;
+  if (!S_ISDIR(status->mode))
+    return FileKind::plain;
+  return isPackage(path) ? FileKind::package : FileKind::directory;
+}
+
+std::vector<std::string> namesNow(const std::string& path) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
+  while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..")
+      names.emplace_back(name);
+  }
+  return names;
+}
+
+std::optional<ItemKind> itemKindNow(const std::string& path, LinkMode link) {
+  const auto status = fileStatus(path, link);
+  return status ? std::optional(itemKind(path, *status)) : std::nullopt;
 }
 
 } // namespace
@@ -65,25 +105,14 @@ bool LinuxFiles::exists(const std::string& path) {
 }
 
 FileKind LinuxFiles::kind(const std::string& path) {
-  const auto status = fileStatus(path, LinkMode::follow);
-  if (!status)
-    return FileKind::none;
-  if (!S_ISDIR(status->mode))
-    return FileKind::plain;
-  return isPackage(path) ? FileKind::package : FileKind::directory;
+  return askPatiently(path, FinalLink::follow, FileKind::none, [path] { return kindNow(path); });
 }
 
 std::vector<std::string> LinuxFiles::list(const std::string& path) {
-  std::vector<std::string> names;
   if (path.find('\0') != std::string::npos)
-    return names;
-  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
-  while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..")
-      names.emplace_back(name);
-  }
-  return names;
+    return {};
+  return askPatiently(path, FinalLink::follow, std::vector<std::string>(),
+                      [path] { return namesNow(path); });
 }
 
 /// A name says whether it is invisible, so that it makes no difference what a link leads to.
@@ -92,10 +121,10 @@ std::vector<ListedFile> LinuxFiles::browse(const std::string& path, FinalLink) {
 }
 
 std::string LinuxFiles::displayName(const std::string& path) {
-  if (auto name = entryName(path))
-    return *std::move(name);
-  const std::string name = lastPathComponent(path);
-  return isApplicationFolder(path) ? deletingPathExtension(name) : name;
+  if (!hasEntryEnding(path) && pathExtension(path) != "app")
+    return lastPathComponent(path);
+  return askPatiently(path, FinalLink::follow, lastPathComponent(path),
+                      [path] { return displayNameNow(path); });
 }
 
 std::string LinuxFiles::resolveSymlinks(const std::string& path) {
@@ -119,12 +148,13 @@ std::optional<std::string> LinuxFiles::resolveAlias(const std::string& path) {
 
 std::optional<ItemInformation> LinuxFiles::information(const std::string& path, FinalLink link) {
   const LinkMode mode = link == FinalLink::keep ? LinkMode::keep : LinkMode::follow;
-  const auto status = fileStatus(path, mode);
-  if (!status)
+  const auto kind = askPatiently(path, link, std::optional<ItemKind>(),
+                                 [path, mode] { return itemKindNow(path, mode); });
+  if (!kind)
     return std::nullopt;
-  const ItemKind kind = itemKind(path, *status);
   const std::uint32_t invisible = hiddenNames_.hides(path) ? itemFlag::invisible : 0;
-  return ItemInformation{kind == ItemKind::script ? scriptTypeCode : 0, flagsOf(kind) | invisible};
+  return ItemInformation{*kind == ItemKind::script ? scriptTypeCode : 0,
+                         flagsOf(*kind) | invisible};
 }
 
 std::optional<Bytes> LinuxFiles::bookmark(const std::string& path) {

@@ -5,6 +5,7 @@
 #include "platform/linux/BoundedFile.h"
 #include "platform/linux/FileManagerRoles.h"
 #include "platform/linux/FileTransfer.h"
+#include "platform/linux/MountHealth.h"
 #include "platform/linux/NetworkPlaces.h"
 #include "platform/linux/OwnPieces.h"
 #include "platform/linux/Program.h"
@@ -77,6 +78,43 @@ std::vector<std::string> mimeTypesOf(const std::string& path) {
   return result;
 }
 
+/// What opening a file depends on.
+struct OpenedFacts {
+  bool isThere = false;
+  std::error_code error; ///< why it could not be seen whether something is there
+  bool isEntry = false;
+  std::optional<std::string> program; ///< to be run instead
+  std::vector<std::string> mimeTypes;
+  std::string url;
+};
+
+OpenedFacts factsNow(const std::string& path) {
+  OpenedFacts facts;
+  facts.isThere = fs::exists(path, facts.error);
+  facts.isEntry = facts.isThere && isEntry(path);
+  if (!facts.isThere || facts.isEntry)
+    return facts;
+  facts.program = programOfAppDir(path);
+  if (!facts.program && isCompiledProgram(path))
+    facts.program = path;
+  if (!facts.program)
+    facts.mimeTypes = mimeTypesOf(path);
+  facts.url = urlOf(path);
+  return facts;
+}
+
+/// In one question, for a share may go at any moment.
+OpenedFacts factsOf(const std::string& path) {
+  OpenedFacts silent;
+  silent.error = std::make_error_code(std::errc::timed_out);
+  return askPatiently(path, FinalLink::follow, silent, [path] { return factsNow(path); });
+}
+
+std::optional<DesktopEntry> entryAt(const std::string& path) {
+  return askPatiently(path, FinalLink::follow, std::optional<DesktopEntry>(),
+                      [path] { return loadDesktopEntry(path); });
+}
+
 } // namespace
 
 bool LinuxWorkspace::openFile(const std::string& path) {
@@ -84,19 +122,16 @@ bool LinuxWorkspace::openFile(const std::string& path) {
 }
 
 LinuxWorkspace::Refusal LinuxWorkspace::open(const std::string& path) {
-  std::error_code error;
-  const bool there = path.starts_with('/') && fs::exists(path, error);
-  if (const auto place = there ? std::nullopt : networkPlaceOfVolume(path))
+  const OpenedFacts facts = path.starts_with('/') ? factsOf(path) : OpenedFacts();
+  if (const auto place = facts.isThere ? std::nullopt : networkPlaceOfVolume(path))
     return openPlace(*place);
-  if (!there)
-    return error ? error.message() : "nothing is there";
-  if (isEntry(path))
+  if (!facts.isThere)
+    return facts.error ? facts.error.message() : "nothing is there";
+  if (facts.isEntry)
     return openEntry(path, {});
-  if (const auto program = programOfAppDir(path))
-    return launcher_.launchProgram(*program, {});
-  if (isCompiledProgram(path))
-    return launcher_.launchProgram(path, {});
-  return openWithHandler(mimeTypesOf(path), urlOf(path));
+  if (facts.program)
+    return launcher_.launchProgram(*facts.program, {});
+  return openWithHandler(facts.mimeTypes, facts.url);
 }
 
 /// Most file managers open places on other machines, but few say so.
@@ -128,7 +163,7 @@ LinuxWorkspace::Refusal LinuxWorkspace::openWithHandler(const std::vector<std::s
 
 LinuxWorkspace::Refusal LinuxWorkspace::openEntry(const std::string& path,
                                                   const std::vector<std::string>& urls) {
-  const std::optional<DesktopEntry> entry = loadDesktopEntry(path);
+  const std::optional<DesktopEntry> entry = entryAt(path);
   if (!entry)
     return "not a desktop entry";
   if (entry->type() == "Application")
@@ -141,7 +176,7 @@ LinuxWorkspace::Refusal LinuxWorkspace::openEntry(const std::string& path,
   if (!isEntry(*target))
     return open(*target);
   // A link to a link is not followed: it may lead in a circle.
-  const std::optional<DesktopEntry> end = loadDesktopEntry(*target);
+  const std::optional<DesktopEntry> end = entryAt(*target);
   return end && end->type() == "Application" ? launch(*end, *target, urls)
                                              : Refusal("links to another link");
 }

@@ -1,15 +1,11 @@
 #include "platform/linux/MountHealth.h"
 
-#include "platform/linux/MountPoints.h"
-
 #include <QLoggingCategory>
 
 #include <chrono>
 #include <condition_variable>
 #include <map>
-#include <memory>
 #include <mutex>
-#include <string_view>
 #include <sys/statvfs.h>
 #include <system_error>
 #include <thread>
@@ -21,86 +17,111 @@ namespace {
 Q_LOGGING_CATEGORY(mountsLog, "tavrel.files")
 
 using Moment = std::chrono::steady_clock::time_point;
-constexpr std::chrono::seconds longestProbe{1};
-constexpr std::chrono::seconds tableKept{1};
+constexpr std::chrono::seconds longestAnswer{1};
 constexpr std::chrono::seconds healthKept{5};
 
+thread_local bool answersQuestions = false;
+
 /// Shared with the thread that asks, which may wait for ever.
-struct Probe {
+struct Asked {
   std::mutex mutex;
   std::condition_variable answered;
   bool done = false;
-  Moment started;
 };
 
-std::shared_ptr<Probe> startProbe(const std::string& point, Moment now) {
-  auto probe = std::make_shared<Probe>();
-  probe->started = now;
-  const auto ask = [point, probe] {
-    struct statvfs status {};
-    (void)::statvfs(point.c_str(), &status); // any answer will do
-    const std::lock_guard lock(probe->mutex);
-    probe->done = true;
-    probe->answered.notify_all();
+std::shared_ptr<Asked> ask(std::function<void()> question) {
+  auto asked = std::make_shared<Asked>();
+  const auto run = [asked, question = std::move(question)] {
+    answersQuestions = true;
+    question();
+    const std::lock_guard lock(asked->mutex);
+    asked->done = true;
+    asked->answered.notify_all();
   };
   try {
-    std::thread(ask).detach();
+    std::thread(run).detach();
   } catch (const std::system_error&) { // no thread to be had: asked as nobody would mind
-    probe->done = true;
+    run();
+    answersQuestions = false;
   }
-  return probe;
+  return asked;
 }
 
-bool isDone(Probe& probe, std::chrono::seconds patience) {
-  std::unique_lock lock(probe.mutex);
-  return probe.answered.wait_for(lock, patience, [&] { return probe.done; });
+bool isDone(Asked& asked, std::chrono::seconds patience) {
+  std::unique_lock lock(asked.mutex);
+  return asked.answered.wait_for(lock, patience, [&] { return asked.done; });
 }
 
-bool liesOn(std::string_view path, std::string_view point) {
-  return path.starts_with(point) &&
-         (path.size() == point.size() || path[point.size()] == '/' || point == "/");
-}
-
+/// What is known of the distant file systems, by mount point.
 class MountHealth {
 public:
-  bool answers(const std::string& path) {
+  bool isAnsweredInTime(const std::string& point, std::function<void()> question) {
+    if (isStuck(point))
+      return false;
+    const auto asked = ask(std::move(question));
+    const bool answered = isDone(*asked, longestAnswer);
+    answered ? noteWell(point) : noteStuck(point, asked);
+    return answered;
+  }
+
+  bool wasWellLately(const std::string& point) {
     const std::lock_guard lock(mutex_);
-    const Moment now = std::chrono::steady_clock::now();
-    if (now - read_ > tableKept) {
-      points_ = distantMountPoints();
-      read_ = now;
-    }
-    for (const std::string& point : points_)
-      if (liesOn(path, point) && !isWell(point, now))
-        return false;
-    return true;
+    const auto well = well_.find(point);
+    return well != well_.end() && std::chrono::steady_clock::now() - well->second < healthKept;
   }
 
 private:
-  bool isWell(const std::string& point, Moment now) {
-    auto& probe = probes_[point];
-    if (probe && !isDone(*probe, std::chrono::seconds(0)))
+  bool isStuck(const std::string& point) {
+    const std::lock_guard lock(mutex_);
+    const auto stuck = stuck_.find(point);
+    if (stuck == stuck_.end())
       return false;
-    if (probe && now - probe->started < healthKept)
+    if (!isDone(*stuck->second, std::chrono::seconds(0)))
       return true;
-    probe = startProbe(point, now);
-    if (isDone(*probe, longestProbe))
-      return true;
-    qCWarning(mountsLog, "%s does not answer; what is on it counts as missing", point.c_str());
+    stuck_.erase(stuck);
     return false;
   }
 
+  void noteWell(const std::string& point) {
+    const std::lock_guard lock(mutex_);
+    well_[point] = std::chrono::steady_clock::now();
+  }
+
+  void noteStuck(const std::string& point, const std::shared_ptr<Asked>& asked) {
+    const std::lock_guard lock(mutex_);
+    well_.erase(point);
+    if (stuck_.emplace(point, asked).second)
+      qCWarning(mountsLog, "%s does not answer; what is on it counts as missing", point.c_str());
+  }
+
   std::mutex mutex_;
-  std::vector<std::string> points_;
-  Moment read_;
-  std::map<std::string, std::shared_ptr<Probe>> probes_; ///< the latest of each mount point
+  std::map<std::string, Moment> well_;                  ///< when it answered last
+  std::map<std::string, std::shared_ptr<Asked>> stuck_; ///< the question that it owes the answer to
 };
+
+MountHealth& mountHealth() {
+  static MountHealth& health = *new MountHealth; // threads may ask until the very end
+  return health;
+}
 
 } // namespace
 
+bool mayWaitForEver() {
+  return answersQuestions;
+}
+
+bool isAnsweredInTime(const std::string& mountPoint, std::function<void()> question) {
+  return mountHealth().isAnsweredInTime(mountPoint, std::move(question));
+}
+
 bool fileSystemAnswers(const std::string& path) {
-  static MountHealth& health = *new MountHealth; // threads may ask until the very end
-  return health.answers(path);
+  const auto point = mayWaitForEver() ? std::nullopt : distantMountOf(path, FinalLink::follow);
+  if (!point || mountHealth().wasWellLately(*point))
+    return true;
+  return isAnsweredInTime(*point, [point = *point] {
+    struct statvfs status {};
+    (void)::statvfs(point.c_str(), &status); // any answer will do
+  });
 }
 
 } // namespace tavrel

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 #include <string_view>
+#include <vector>
 
 namespace tavrel {
 
@@ -48,9 +49,9 @@ std::vector<Mount> mounts() {
 }
 
 bool isDistant(std::string_view type) {
-  constexpr std::array<std::string_view, 12> types{"fuse", "nfs",    "nfs4", "cifs",
-                                                   "smb3", "9p",     "ceph", "afs",
-                                                   "coda", "lustre", "gfs2", "ncpfs"};
+  constexpr std::array<std::string_view, 13> types{
+      "fuse", "nfs",  "nfs4", "cifs",   "smb3",  "9p",    "ceph",
+      "afs",  "coda", "gfs2", "lustre", "ncpfs", "autofs"}; // this one mounts the others
   return type.starts_with("fuse.") || std::ranges::find(types, type) != types.end();
 }
 
@@ -63,11 +64,11 @@ std::set<std::string> mountPoints() {
   return points;
 }
 
-std::vector<std::string> distantMountPoints() {
-  std::vector<std::string> points;
+std::set<std::string> distantMountPoints() {
+  std::set<std::string> points;
   for (Mount& mount : mounts())
     if (isDistant(mount.type))
-      points.push_back(std::move(mount.point));
+      points.insert(std::move(mount.point));
   return points;
 }
 

@@ -2,7 +2,6 @@
 
 #include <set>
 #include <string>
-#include <vector>
 
 namespace tavrel {
 
@@ -10,6 +9,6 @@ namespace tavrel {
 [[nodiscard]] std::set<std::string> mountPoints();
 
 /// Those of them that another program or another machine answers for, and may fail to.
-[[nodiscard]] std::vector<std::string> distantMountPoints();
+[[nodiscard]] std::set<std::string> distantMountPoints();
 
 } // namespace tavrel

@@ -34,14 +34,20 @@ bool isLink(const std::string& path) {
   return ::readlink(path.c_str(), &target, sizeof target) >= 0;
 }
 
-} // namespace
-
-std::string SymbolicLinks::resolved(std::string path) {
-  if (path.find('\0') != std::string::npos || !fileSystemAnswers(path) || isWithoutLinks(path))
-    return path;
+std::string realPath(const std::string& path) {
   const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(path.c_str(), nullptr),
                                                         std::free);
   return resolved ? std::string(resolved.get()) : path;
+}
+
+} // namespace
+
+std::string SymbolicLinks::resolved(std::string path) {
+  if (path.find('\0') != std::string::npos)
+    return path;
+  if (!mayWaitForEver() && distantMountOf(path, FinalLink::follow))
+    return askPatiently(path, FinalLink::follow, path, [path] { return realPath(path); });
+  return isWithoutLinks(path) ? path : realPath(path);
 }
 
 bool SymbolicLinks::isWithoutLinks(const std::string& path) {

@@ -3,6 +3,7 @@
 #include "FakeApplications.h"
 #include "platform/linux/DesktopWindows.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "support/DeadFileSystem.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -76,6 +77,18 @@ protected:
   FakeApplications& fakes = world.fakes;
   Workspace& workspace = world.workspace();
 };
+
+TEST_F(LinuxWorkspaceTest, AFileOnAShareThatDoesNotAnswerIsRefusedAfterABoundedWait) {
+  const std::string share = folder("share");
+  const DeadFileSystem dead(share);
+  if (!dead.isMounted())
+    GTEST_SKIP() << "no rights to mount a file system here";
+  const auto start = std::chrono::steady_clock::now();
+  ::testing::internal::CaptureStderr();
+  EXPECT_FALSE(world.workspace().openFile(share + "/letter.txt"));
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("timed out"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+}
 
 TEST_F(LinuxWorkspaceTest, AFolderGoesToTheFileManager) {
   fakes.add("manager", "MimeType=inode/directory;\n", "%f");
