@@ -1,6 +1,5 @@
 #include "platform/linux/AccessibleEntry.h"
 
-#include "platform/linux/EntryDescription.h"
 #include "platform/linux/MenuEntryText.h"
 
 #include <QFontMetrics>
@@ -53,7 +52,7 @@ QString AccessibleEntry::text(QAccessible::Text what) const {
   case QAccessible::Name:
     return spokenTitle(item, level_->fontMetrics());
   case QAccessible::Description:
-    return entryDescription(item);
+    return QString::fromStdString(level_->description(row_));
   case QAccessible::Accelerator:
     return entryShortcut(item);
   default:

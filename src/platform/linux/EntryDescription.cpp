@@ -11,31 +11,36 @@ bool movesSelection(const MenuItem& item) {
           item.action == MenuAction::statusMenuDidSelected);
 }
 
-QString whatActionDoes(MenuAction action) {
-  switch (action) {
-  case MenuAction::fileItemDidSelected:
-    return QStringLiteral("Opens the file; with Ctrl, shows it in its folder");
-  case MenuAction::recentItemSelected:
-    return QStringLiteral("Opens the recent item; with Ctrl, shows it in its folder");
-  case MenuAction::processItemSelected:
-    return QStringLiteral("Brings the application to the front; with Alt, quits it; with Ctrl, "
-                          "shows it in its folder");
-  default:
-    return {};
-  }
+std::string whatMoveDoes(const MenuItem& item, const Localize& localized) {
+  return item.action == MenuAction::fileItemDidSelected
+             ? localized("Moves the selected files into this folder; without any, opens it")
+             : localized("Moves the selected files into this folder");
 }
+
+std::string whatActionDoes(const MenuItem& item, const Localize& localized) {
+  if (item.action == MenuAction::fileItemDidSelected)
+    return localized("Opens the file; with Ctrl, shows it in its folder");
+  if (item.action == MenuAction::processItemSelected)
+    return localized("Comes to the front; with Alt, quits; with Ctrl, is shown in its folder");
+  if (item.action != MenuAction::recentItemSelected)
+    return {};
+  return item.representedObject
+             ? localized("Opens the recent item; with Ctrl, shows it in its folder")
+             : localized("Opens the server");
+}
+
 } // namespace
 
-QString entryDescription(const MenuItem& item) {
+std::string entryDescription(const MenuItem& item, const Localize& localized) {
   if (item.isSeparator || !item.enabled)
     return {};
   if (movesSelection(item))
-    return QStringLiteral("Moves the selected files into this folder");
+    return whatMoveDoes(item, localized);
   if (!item.submenu)
-    return whatActionDoes(item.action);
+    return whatActionDoes(item, localized);
   return item.action == MenuAction::none
-             ? QStringLiteral("Opens a submenu")
-             : QStringLiteral("Opens the folder; its submenu lists what is inside");
+             ? localized("Opens a submenu")
+             : localized("Opens the folder; its submenu lists what is inside");
 }
 
 } // namespace tavrel

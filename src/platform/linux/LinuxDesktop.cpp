@@ -140,6 +140,9 @@ LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {
   installAccessibleApplication();
   adapters_->presenter.setClosedHandler(
       [adapters = adapters_.get()] { adapters->distributedNotifications.resume(); });
+  adapters_->presenter.setLocalize([adapters = adapters_.get()](const std::string& text) {
+    return adapters->bundle.localizedString(text);
+  });
 }
 
 LinuxDesktop::~LinuxDesktop() = default;

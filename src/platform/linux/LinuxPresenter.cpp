@@ -56,7 +56,7 @@ void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font)
   if (std::exchange(open_, true))
     return;
   ensureAccessibleLevels();
-  MenuSession session(menu, font, longestPlain_);
+  MenuSession session(menu, font, localize_, longestPlain_);
   session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
   open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
   session.finish(target_);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Presenter.h"
+#include "platform/linux/EntryDescription.h"
 #include "platform/linux/MenuPopup.h"
 
 #include <QRect>
@@ -20,6 +21,9 @@ public:
   /// Called when a menu has closed and what was chosen in it is done.
   void setClosedHandler(std::function<void()> closed) { closed_ = std::move(closed); }
 
+  /// What screen readers say of entries is English until then.
+  void setLocalize(Localize localize) { localize_ = std::move(localize); }
+
   void popUp(Menu& menu, Point where, MenuFont font) override;
   [[nodiscard]] Point pointerLocation() override;
 
@@ -30,6 +34,7 @@ private:
   std::size_t longestPlain_;
   MenuActionTarget* target_ = nullptr;
   std::function<void()> closed_ = [] {};
+  Localize localize_ = [](const std::string& text) { return text; };
   bool open_ = false;
 };
 

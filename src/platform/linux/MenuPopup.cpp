@@ -1,5 +1,6 @@
 #include "platform/linux/MenuPopup.h"
 
+#include "platform/linux/EntryDescription.h"
 #include "platform/linux/MenuStyle.h"
 
 #include <QAccessible>
@@ -196,6 +197,11 @@ void MenuPopup::highlight(std::size_t row) {
   action.setMenu<QMenu*>(nullptr);
   setActiveAction(&action);
   action.setMenu(submenu);
+}
+
+std::string MenuPopup::description(std::size_t row) const {
+  return entryDescription(*shown_.at(row),
+                          [this](const std::string& text) { return owner_.localized(text); });
 }
 
 bool MenuPopup::choose(std::size_t row) {

@@ -23,6 +23,8 @@ public:
   virtual void submenuOpens(MenuPopup& level) = 0; ///< still empty: to be filled now
   virtual void submenuCloses(MenuPopup& level) = 0;
   virtual void entryChosen(std::shared_ptr<MenuItem> item) = 0;
+  /// The text for an English one in the person's language.
+  [[nodiscard]] virtual std::string localized(const std::string& text) = 0;
 };
 
 /// Levels with more rows give the toolkit only those that are seen: its own cost grows with the
@@ -46,6 +48,8 @@ public:
   void follow(OptionKey option);
 
   [[nodiscard]] const LevelRows& rows() const { return shown_; }
+  /// What choosing a row will do, in words; may be empty.
+  [[nodiscard]] std::string description(std::size_t row) const;
   /// The row with the highlight; it may have been scrolled out of sight.
   [[nodiscard]] std::optional<std::size_t> currentRow() const;
   /// Brings a row into sight and highlights it; its submenu stays closed.

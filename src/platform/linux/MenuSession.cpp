@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace tavrel {
 
@@ -61,8 +62,8 @@ void tellClosed(Menu& menu) {
 }
 } // namespace
 
-MenuSession::MenuSession(Menu& menu, MenuFont font, std::size_t longestPlain)
-    : root_(*this, unowned(menu), longestPlain) {
+MenuSession::MenuSession(Menu& menu, MenuFont font, Localize localize, std::size_t longestPlain)
+    : localize_(std::move(localize)), root_(*this, unowned(menu), longestPlain) {
   root_.setStyle(&style_);
   root_.setFont(menuFont(font));
   grabTimer_.setInterval(grabRetry);

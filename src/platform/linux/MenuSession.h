@@ -2,6 +2,7 @@
 
 #include "platform/MenuActionTarget.h"
 #include "platform/Presenter.h"
+#include "platform/linux/EntryDescription.h"
 #include "platform/linux/KeyboardHold.h"
 #include "platform/linux/MenuPopup.h"
 #include "platform/linux/MenuStyle.h"
@@ -17,7 +18,8 @@ namespace tavrel {
 /// One menu from its opening to the end of what was chosen.
 class MenuSession final : public QObject, private MenuPopupOwner {
 public:
-  MenuSession(Menu& menu, MenuFont font, std::size_t longestPlain = longestPlainLevel);
+  MenuSession(Menu& menu, MenuFont font, Localize localize,
+              std::size_t longestPlain = longestPlainLevel);
   ~MenuSession() override;
 
   /// Shows the menu below an anchor (a point is an anchor without a size) or, without room there,
@@ -33,6 +35,7 @@ private:
   void submenuOpens(MenuPopup& level) override;
   void submenuCloses(MenuPopup& level) override;
   void entryChosen(std::shared_ptr<MenuItem> item) override;
+  std::string localized(const std::string& text) override { return localize_(text); }
 
   void openLevel(MenuPopup& level);
   void tellClosedLevels();
@@ -41,6 +44,7 @@ private:
   [[nodiscard]] bool takeLetter(const QKeyEvent& key);
   void takeGrabs();
 
+  Localize localize_;
   MenuStyle style_;
   MenuPopup root_;
   std::vector<MenuPopup*> levels_;            ///< those open, outermost first

@@ -222,8 +222,32 @@ TEST_F(AccessibleLevels, ADescriptionTellsWhatChoosingDoes) {
     EXPECT_EQ(description(1), "Opens the folder; its submenu lists what is inside");
     EXPECT_EQ(description(2), "Opens a submenu");
     hands.holdOption();
-    EXPECT_EQ(description(1), "Moves the selected files into this folder");
+    EXPECT_EQ(description(1), "Moves the selected files into this folder; without any, opens it");
     hands.releaseOption();
+  });
+}
+
+TEST_F(AccessibleLevels, ADescriptionTellsWhatBecomesOfARecentItemAServerAndAnApplication) {
+  add("Letter", MenuAction::recentItemSelected).representedObject = PropertyList(Bytes{1});
+  add("nas", MenuAction::recentItemSelected);
+  add("Mail", MenuAction::processItemSelected);
+  popUp([](MenuHands&) {
+    const auto description = [](int row) {
+      return accessibleLevel()->child(row)->text(QAccessible::Description).toStdString();
+    };
+    EXPECT_EQ(description(0), "Opens the recent item; with Ctrl, shows it in its folder");
+    EXPECT_EQ(description(1), "Opens the server");
+    EXPECT_EQ(description(2),
+              "Comes to the front; with Alt, quits; with Ctrl, is shown in its folder");
+  });
+}
+
+TEST_F(AccessibleLevels, ADescriptionIsInThePersonsLanguage) {
+  add("File");
+  world.presenter().setLocalize([](const std::string& text) { return "<" + text + ">"; });
+  popUp([](MenuHands&) {
+    EXPECT_EQ(accessibleLevel()->child(0)->text(QAccessible::Description),
+              "<Opens the file; with Ctrl, shows it in its folder>");
   });
 }
 

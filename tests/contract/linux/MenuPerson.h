@@ -114,7 +114,7 @@ public:
     watch_.start(5);
   }
 
-  Presenter& presenter() { return presenter_; }
+  LinuxPresenter& presenter() { return presenter_; }
   void holdOption() { handle({QStringLiteral("keydown"), QStringLiteral("alt")}); }
   void releaseOption() { handle({QStringLiteral("keyup"), QStringLiteral("alt")}); }
   void movePointer(Point to) {
