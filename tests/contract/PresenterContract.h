@@ -173,6 +173,19 @@ TYPED_TEST_P(PresenterContract, HiddenDisabledAndInertEntriesCannotBeChosen) {
   EXPECT_EQ(this->diary.lines.size(), 3U);
 }
 
+TYPED_TEST_P(PresenterContract, EveryLineIsShownAlsoBesideAnotherAndAtTheEnds) {
+  this->menu.addSeparator();
+  this->add(this->menu, "Open");
+  this->menu.addSeparator();
+  this->menu.addSeparator();
+  this->add(this->menu, "Close");
+  this->menu.addSeparator();
+  std::vector<std::string> rows;
+  this->world.person = [&](MenuHands& hands) { rows = hands.rows(); };
+  this->popUp();
+  EXPECT_THAT(rows, ElementsAre("", "Open", "", "", "Close", ""));
+}
+
 TYPED_TEST_P(PresenterContract, ASecondMenuDoesNotOpenOverAnOpenOne) {
   this->add(this->menu, "Open");
   Menu other("other");
@@ -229,8 +242,8 @@ REGISTER_TYPED_TEST_SUITE_P(
     ASubmenuThatClosesWhileItsMenuStaysIsToldSo,
     AnEntryThatOpensASubmenuCanBeChosenWhenItHasAnAction, AlternatesComeAndGoWithTheOptionKey,
     AMenuThatOpensWithOptionHeldShowsItsAlternates, HiddenDisabledAndInertEntriesCannotBeChosen,
-    ASecondMenuDoesNotOpenOverAnOpenOne, AMenuCanOpenWhileAChosenEntryIsStillAtWork,
-    AnEmptyMenuWithoutADelegateOpensAndCloses,
+    EveryLineIsShownAlsoBesideAnotherAndAtTheEnds, ASecondMenuDoesNotOpenOverAnOpenOne,
+    AMenuCanOpenWhileAChosenEntryIsStillAtWork, AnEmptyMenuWithoutADelegateOpensAndCloses,
     AnEntryThatVanishesFromTheMenuWhileItIsOpenCanStillBeChosen,
     ThePointerIsToldFromTheBottomLeftCorner);
 

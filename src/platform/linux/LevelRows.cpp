@@ -39,14 +39,7 @@ LevelRows::LevelRows(const Menu& menu) : items_(menu.items), columns_(columnsOf(
 }
 
 LevelRows::Places LevelRows::shownPlaces(const Menu& menu, OptionKey option) const {
-  Places shown;
-  for (const std::uint32_t place : visiblePlaces(menu, option)) {
-    const bool afterLine = shown.empty() || items_[shown.back()]->isSeparator;
-    if (!items_[place]->isSeparator || !afterLine)
-      shown.push_back(place);
-  }
-  if (!shown.empty() && items_[shown.back()]->isSeparator)
-    shown.pop_back();
+  Places shown = visiblePlaces(menu, option);
   if (shown.empty())
     shown.push_back(static_cast<std::uint32_t>(items_.size() - 1));
   shown.shrink_to_fit();

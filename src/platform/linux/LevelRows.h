@@ -13,9 +13,9 @@ namespace tavrel {
 /// Whether choosing an entry does something.
 [[nodiscard]] bool canBeChosen(const MenuItem& item);
 
-/// The rows of one level as they were when it opened, for both states of the Option key: without
-/// separators at either end or right after another, and with one blank row where there are none,
-/// so that an empty menu can be seen. Costs a few bytes a row besides the entry itself.
+/// The rows of one level as they were when it opened, for both states of the Option key, and one
+/// blank row where there are none, so that an empty menu can be seen. Costs a few bytes a row
+/// besides the entry itself.
 class LevelRows {
 public:
   LevelRows() = default;
