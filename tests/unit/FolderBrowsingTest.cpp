@@ -230,6 +230,45 @@ TEST_F(FolderBrowsing, AnEntryThatIsGoneWhenItIsChosenDoesNothing) {
   EXPECT_THAT(desktop.workspace.control.openedFiles, IsEmpty());
 }
 
+TEST_F(FolderBrowsing, AnEntryThatWasRenamedMeanwhileDoesNothingAndIsThereByItsNewNameNextTime) {
+  files.addFile("/docs/a");
+  opened();
+  files.move("/docs/a", "/docs/b");
+  controller.menuItemChosen(*menu.items[0]);
+  EXPECT_THAT(desktop.workspace.control.openedFiles, IsEmpty());
+  EXPECT_EQ(opened(), "b\n");
+  controller.menuItemChosen(*menu.items[0]);
+  EXPECT_THAT(desktop.workspace.control.openedFiles, ElementsAre("/docs/b"));
+}
+
+TEST_F(FolderBrowsing, AFolderThatBecameAFileMeanwhileOpensAsOneAndTakesNoFiles) {
+  files.addFolder("/docs/a");
+  opened();
+  files.remove("/docs/a");
+  files.addFile("/docs/a");
+  controller.menuNeedsUpdate(*menu.items[0]->submenu);
+  EXPECT_THAT(menu.items[0]->submenu->items, IsEmpty());
+  controller.menuItemChosen(*menu.items[1]);
+  EXPECT_THAT(desktop.workspace.control.openedFiles, ElementsAre("/docs/a"));
+}
+
+TEST_F(FolderBrowsing, AnAliasWhoseTargetWentMeanwhileLeadsToItself) {
+  files.addFile("/target");
+  files.addAlias("/docs/alias", "/target");
+  opened();
+  files.remove("/target");
+  controller.menuItemChosen(*menu.items[0]);
+  EXPECT_THAT(desktop.workspace.control.openedFiles, ElementsAre("/docs/alias"));
+}
+
+TEST_F(FolderBrowsing, AFolderThatMayNotBeSearchedHasEntriesThatDoNothing) {
+  files.addFile("/docs/a");
+  files.at("/docs/a").informationFails = true;
+  EXPECT_EQ(opened(), "a\n");
+  controller.menuItemChosen(*menu.items[0]);
+  EXPECT_THAT(desktop.workspace.control.openedFiles, IsEmpty());
+}
+
 TEST_F(FolderBrowsing, AFileThatBecameAFolderMeanwhileOpensAsOne) {
   files.addFile("/docs/a");
   opened();
