@@ -1,5 +1,10 @@
 #!/usr/bin/python3
-"""Prints the titles of every menu of tavrel that shows, one a line, as a screen reader finds them."""
+"""Prints the titles of every menu of tavrel that shows, one a line, as a screen reader finds them.
+
+  menu_titles.py [--ticked]     --ticked: only of entries with a check mark
+"""
+import sys
+
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -13,13 +18,21 @@ MENU_ENTRIES = (
 )
 
 
+ticked_only = "--ticked" in sys.argv
+
+
+def is_wanted(node):
+    return not ticked_only or node.get_state_set().contains(Atspi.StateType.CHECKED)
+
+
 def children(node):
     return (node.get_child_at_index(index) for index in range(node.get_child_count()))
 
 
 def print_titles(node):
     if node.get_role() in MENU_ENTRIES and node.get_name():
-        print(node.get_name())
+        if is_wanted(node):
+            print(node.get_name())
     for child in children(node):
         if child:
             print_titles(child)
