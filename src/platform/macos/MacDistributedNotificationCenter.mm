@@ -1,43 +1,18 @@
 #import "platform/macos/MacDistributedNotificationCenter.h"
 
+#include "platform/NotificationNames.h"
 #import "platform/macos/Conversions.h"
+#import "platform/macos/NotificationReceiver.h"
 
 #import <AppKit/AppKit.h>
 
+#include <algorithm>
 #include <deque>
 #include <map>
-
-/// Hands one observer's notifications on.
-@interface TVNotificationReceiver : NSObject
-@property(nonatomic, copy) void (^action)(NSNotification*);
-- (void)receive:(NSNotification*)notification;
-@end
-
-@implementation TVNotificationReceiver
-
-- (void)receive:(NSNotification*)notification {
-  @autoreleasepool {
-    self.action(notification);
-  }
-}
-
-@end
 
 namespace tavrel {
 
 namespace {
-
-NSString* textOrNil(const std::optional<std::string>& text) {
-  return text ? nsString(*text) : nil;
-}
-
-Notification notificationOf(NSNotification* notification) {
-  Notification result{stringOf(notification.name), std::nullopt,
-                      dictionaryOf(notification.userInfo)};
-  if ([notification.object isKindOfClass:NSString.class])
-    result.object = stringOf((NSString*)notification.object);
-  return result;
-}
 
 // Not while a menu is tracked.
 NSArray<NSString*>* deliveryModes() {
@@ -50,7 +25,7 @@ struct MacDistributedNotificationCenter::Deliveries
     : std::enable_shared_from_this<MacDistributedNotificationCenter::Deliveries> {
   struct Observer {
     NotificationHandler handler;
-    TVNotificationReceiver* receiver;
+    std::vector<TVNotificationReceiver*> receivers;
   };
   struct Delivery {
     ObserverId observer;
@@ -102,23 +77,27 @@ MacDistributedNotificationCenter::~MacDistributedNotificationCenter() {
     removeObserver(deliveries_->observers.begin()->first);
 }
 
-// An agent is never the active application: by the other behaviours it would hear nothing.
+// Whoever names no name may hear nothing, or everything: what is listened for by name, too, is
+// heard by name alone.
 ObserverId MacDistributedNotificationCenter::addObserver(NotificationFilter filter,
                                                          NotificationHandler handler) {
   const ObserverId id = ++deliveries_->last;
   const std::weak_ptr<Deliveries> deliveries = deliveries_;
-  TVNotificationReceiver* const receiver = [[TVNotificationReceiver alloc] init];
-  receiver.action = ^(NSNotification* notification) {
+  const auto hear = ^(const Notification& notification) {
     if (const auto there = deliveries.lock())
-      there->add({id, notificationOf(notification)});
+      there->add({id, notification});
   };
-  deliveries_->observers.emplace(id, Deliveries::Observer{std::move(handler), receiver});
-  [NSDistributedNotificationCenter.defaultCenter
-             addObserver:receiver
-                selector:@selector(receive:)
-                    name:textOrNil(filter.name)
-                  object:textOrNil(filter.object)
-      suspensionBehavior:NSNotificationSuspensionBehaviorDeliverImmediately];
+  const std::vector<std::string> names = filter.object && !filter.name
+                                             ? knownNotificationNames(*filter.object)
+                                             : std::vector<std::string>();
+  Deliveries::Observer observer{std::move(handler), {}};
+  observer.receivers.push_back(listenFor(filter, ^(const Notification& notification) {
+    if (std::ranges::find(names, notification.name) == names.end())
+      hear(notification);
+  }));
+  for (const std::string& name : names)
+    observer.receivers.push_back(listenFor({name, filter.object}, hear));
+  deliveries_->observers.emplace(id, std::move(observer));
   return id;
 }
 
@@ -126,14 +105,15 @@ void MacDistributedNotificationCenter::removeObserver(ObserverId observer) {
   const auto found = deliveries_->observers.find(observer);
   if (found == deliveries_->observers.end())
     return;
-  [NSDistributedNotificationCenter.defaultCenter removeObserver:found->second.receiver];
+  for (TVNotificationReceiver* each : found->second.receivers)
+    [NSDistributedNotificationCenter.defaultCenter removeObserver:each];
   deliveries_->observers.erase(found);
 }
 
 void MacDistributedNotificationCenter::post(const Notification& notification) {
   [NSDistributedNotificationCenter.defaultCenter
       postNotificationName:nsString(notification.name)
-                    object:textOrNil(notification.object)
+                    object:notification.object ? nsString(*notification.object) : nil
                   userInfo:nsPropertyList(PropertyList(notification.userInfo))
         deliverImmediately:YES];
 }
