@@ -107,6 +107,7 @@ std::optional<std::int32_t> TVController::recordFrontApplication() {
 }
 
 void TVController::menuItemChosen(MenuItem& item) {
+  popupPanel.visible = false; // its menu has closed, and may be called up again while the item runs
   if (item.action == MenuAction::statusMenuDidSelected)
     statusMenuDidSelected(item);
   else if (item.action == MenuAction::fileItemDidSelected)

@@ -62,6 +62,21 @@ TEST_F(Popup, CalledUpAgainWhileItIsOpenItStaysSilentAndOpensOnce) {
   EXPECT_EQ(played.size(), 1U);
 }
 
+TEST_F(Popup, OpensAgainWhileWhatWasChosenInItIsStillAtWork) {
+  desktop.files.control.addScript("/run.scpt");
+  setTree({fileRecord("applescript", "Run", "file:///run.scpt")});
+  launch();
+  desktop.scripts.control.files["/run.scpt"].body = [this](MemoryScripts::Properties&) {
+    desktop.presenter.control.person = {};
+    controller.doubleTapNotification();
+    return osaError::none;
+  };
+  desktop.presenter.control.person = [](OpenMenu& open) { EXPECT_TRUE(open.choose({"Run"})); };
+  controller.doubleTapNotification();
+  EXPECT_EQ(shown.size(), 2U);
+  EXPECT_FALSE(controller.popupPanel.visible);
+}
+
 TEST_F(Popup, HasTheSmallFontAndTheMenuBarKeepsItsOwn) {
   set(TVR_SmallFontSize, true);
   launch();
