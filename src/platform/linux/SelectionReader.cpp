@@ -106,16 +106,23 @@ TransferEnd SelectionReader::take(TargetReading& transfer, SaveBudget& budget) {
   return reply->type == XCB_ATOM_NONE ? TransferEnd::refused : TransferEnd::done;
 }
 
-// The announced length is a hint that nobody keeps; an empty piece is the end.
+// The announced length is a hint that nobody keeps; an empty piece is the end, whatever type it
+// has.
 TransferEnd SelectionReader::takePieces(TargetReading& transfer, SaveBudget& budget) {
   transfer.bytes.clear();
   for (;;) {
     if (!awaitPiece(budget))
       return isInterrupted_() ? TransferEnd::interrupted : TransferEnd::silent;
-    const std::size_t before = transfer.bytes.size();
+    const TargetReading before{TransferEnd::done, transfer.type, transfer.format, {}};
+    const std::size_t size = transfer.bytes.size();
     const TransferEnd end = take(transfer, budget);
-    if (end != TransferEnd::done || transfer.bytes.size() == before)
-      return end;
+    if (end == TransferEnd::done && transfer.bytes.size() > size)
+      continue;
+    if (size > 0) {
+      transfer.type = before.type;
+      transfer.format = before.format;
+    }
+    return end;
   }
 }
 

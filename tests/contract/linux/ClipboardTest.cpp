@@ -46,6 +46,15 @@ TEST_F(ClipboardTest, AfterACaptureTargetsTypesAndBytesAreAsBefore) {
     EXPECT_TRUE(paster.paste(each.name) == each.property) << each.name;
 }
 
+TEST_F(ClipboardTest, WhatComesInPiecesKeepsTheTypeItBeganWith) {
+  const Property colors{"INTEGER", 32, {1, 2, 3, 4, 5, 6, 7, 8}};
+  const SelectionOwner painter({{"COLORS", colors, Manner::endsOddly}});
+  save();
+  afterCopy([&] { const SelectionOwner application(editorsText("selected")); });
+  restore();
+  EXPECT_EQ(paster.paste("COLORS"), colors);
+}
+
 TEST_F(ClipboardTest, WhenNothingIsCopiedTheOwnerKeepsTheClipboard) {
   const SelectionOwner editor(editorsText("kept"));
   captureNothing();

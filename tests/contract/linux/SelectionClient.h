@@ -203,6 +203,7 @@ enum class Manner {
   refuses,
   stopsMidway, ///< after the first piece
   diesMidway,
+  endsOddly,        ///< with an empty piece of another type
   announcesTooMuch, ///< four gigabytes, but sends a few bytes
   copiesAgain,      ///< owns the clipboard anew, with other contents, before it answers
 };
@@ -322,7 +323,8 @@ private:
     if (send.offset > 0 && send.manner == Manner::stopsMidway)
       return;
     dies_ = send.offset > 0 && send.manner == Manner::diesMidway;
-    put(requestor, property, send.property, send.offset, size);
+    const bool isOdd = size == 0 && send.manner == Manner::endsOddly;
+    put(requestor, property, isOdd ? textProperty("STRING", "") : send.property, send.offset, size);
     send.offset += size;
     if (size == 0)
       sends_.erase({requestor, property});
