@@ -58,19 +58,26 @@ bool pressCopy(ScriptDesktop& desktop) {
   return pressInFront(desktop, {key, {keyCode::command}});
 }
 
-void pressCopyUntilItIsAnswered(ScriptDesktop& desktop) {
+bool wasCleared(const SavedPasteboard& contents) {
+  return contents.types == std::vector<std::string>{pasteboardType::string} &&
+         contents.data.contains(pasteboardType::string) &&
+         contents.data.at(pasteboardType::string).empty();
+}
+
+bool hasCopied(ScriptDesktop& desktop) {
   Pasteboard& general = desktop.pasteboards.general();
   const std::int64_t before = general.changeCount();
   const double end = desktop.clock.now() + longestSelection;
   for (int press = 0; press < mostPresses && desktop.clock.now() < end; ++press) {
     if (!pressCopy(desktop))
-      return;
+      return false;
     for (int look = 0; look < looksPerPress; ++look) {
       if (general.changeCount() != before)
-        return;
+        return true;
       desktop.clock.sleep(betweenLooks);
     }
   }
+  return general.changeCount() != before;
 }
 
 std::vector<std::string> filesCopiedTo(Pasteboard& pasteboard) {
@@ -93,9 +100,12 @@ std::vector<std::string> selectionOfFileManager(ScriptDesktop& desktop, const st
   Pasteboard& general = desktop.pasteboards.general();
   const SavedPasteboard before = saved(general);
   clear(general); // else what is copied late in answer to an earlier keystroke would be undone
-  pressCopyUntilItIsAnswered(desktop);
+  const bool isCopied = hasCopied(desktop);
   const std::vector<std::string> paths = filesCopiedTo(general);
-  put(before, general);
+  if (wasCleared(before) && !isCopied)
+    clear(general); // whoever cleared it for a capture leaves it with its owner still
+  else
+    put(before, general);
   return paths;
 }
 

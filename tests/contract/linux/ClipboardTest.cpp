@@ -64,6 +64,20 @@ TEST_F(ClipboardTest, WhenNothingIsCopiedTheOwnerKeepsTheClipboard) {
   EXPECT_EQ(general.string(pasteboardType::string), "kept");
 }
 
+// As a script does that asks a file manager in the middle of a capture.
+TEST_F(ClipboardTest, ClearedAgainAndAgainTheClipboardIsStillItsOwners) {
+  const SelectionOwner editor(editorsText("kept"));
+  save();
+  (void)general.types();
+  clear(general);
+  (void)general.types();
+  clear(general);
+  capture();
+  restore();
+  EXPECT_TRUE(editor.isOwner());
+  EXPECT_EQ(captured.string(pasteboardType::string), "");
+}
+
 TEST_F(ClipboardTest, AnEmptyClipboardIsEmptyAfterwards) {
   for (const bool copies : {false, true}) {
     save();
