@@ -54,6 +54,10 @@ bool isCopyOrPaste(std::uint32_t character) {
   return character == 'c' || character == 'v' || character == 'C' || character == 'V';
 }
 
+bool isDigit(std::uint32_t character) {
+  return character >= '0' && character <= '9';
+}
+
 void liftWhatIsLeft(std::vector<ServerKey>& keys) {
   ServerKeySet down;
   for (const ServerKey& key : keys)
@@ -103,9 +107,11 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
                              isCopyOrPaste(typing.characterOf(*key));
     if (forTerminal && receiver == KeyReceiver::bareTerminal)
       return {{}, layout.group};
+    // Where digits need Shift, as on French keyboards, nobody holds it for a shortcut.
+    const bool takesShift =
+        key->withShift && !hasShift && !(isShortcut && isDigit(event.character));
     chord.group = key->group;
-    add(chord.keys, *key, (key->withShift && !hasShift) || forTerminal ? shift : std::nullopt,
-        event.direction);
+    add(chord.keys, *key, takesShift || forTerminal ? shift : std::nullopt, event.direction);
   }
   liftWhatIsLeft(chord.keys);
   return chord;

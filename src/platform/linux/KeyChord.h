@@ -28,10 +28,11 @@ struct TypingLayout {
 
 /// What the server must be sent so that a chord arrives as meant. A key with a character is the one
 /// that types it in the group in force, with Shift where it takes that, else the one of another
-/// group; a key without, or whose character nothing types, is the one in its place. Command is the
-/// key that acts as Ctrl, wherever the layout puts it. In a terminal Command-C and Command-V get
-/// Shift, as Ctrl-C would interrupt what runs there; in a bare one, which takes the chord with
-/// Shift for the one without, they are left out. Every key that is left down goes up at the end.
+/// group, but a digit in a shortcut never adds Shift; a key without, or whose character nothing
+/// types, is the one in its place. Command is the key that acts as Ctrl, wherever the layout puts
+/// it. In a terminal Command-C and Command-V get Shift, as Ctrl-C would interrupt what runs there;
+/// in a bare one, which takes the chord with Shift for the one without, they are left out. Every
+/// key that is left down goes up at the end.
 [[nodiscard]] KeyChord keyChord(const std::vector<KeyboardEvent>& events,
                                 const TypingLayout& layout, KeyReceiver receiver);
 

@@ -85,5 +85,15 @@ TEST(KeyChord, ACapitalTakesShift) {
             (Keys{shift, c}));
 }
 
+TEST(KeyChord, ADigitOfAShortcutIsItsKeyAloneWhereDigitsNeedShift) {
+  const XkbKeymap french = layoutNamed("fr");
+  constexpr std::uint8_t one = 10;
+  EXPECT_EQ(pressed(keyChord({{0, 55, KeyDirection::down}, {'1', 18, KeyDirection::down}},
+                             {*french}, KeyReceiver::application)),
+            (Keys{control, one}));
+  EXPECT_EQ(pressed(keyChord({{'1', 18, KeyDirection::down}}, {*french}, KeyReceiver::application)),
+            (Keys{shift, one}));
+}
+
 } // namespace
 } // namespace tavrel
