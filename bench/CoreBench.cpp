@@ -14,6 +14,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -116,6 +117,55 @@ void buildMenu(benchmark::State& state) {
 }
 BENCHMARK(buildMenu)->Unit(benchmark::kMillisecond);
 
+void loadAndBuild(benchmark::State& state) {
+  MemoryDesktop desktop;
+  const ScopedPlatform scope(desktop.ports);
+  NoEvents events;
+  TVApplication application(events);
+  TVController controller(application);
+  for (auto _ : state) {
+    LinuxPreferences preferences(scratch().folder());
+    controller.menuRootArray = preferences.value(preferenceDomain, TVR_MenuTree);
+    controller.createStatusMenu();
+  }
+}
+BENCHMARK(loadAndBuild)->Unit(benchmark::kMillisecond);
+
+// The file as it is, and with one key more at its end.
+std::array<std::string, 2> twoSaves(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(file), {}};
+  std::string more = text;
+  more.insert(more.rfind("</dict>"), "<key>zzz</key><true/>");
+  return {text, more};
+}
+
+// A file that somebody else has saved, from the moment its save is noticed.
+void reloadTree(benchmark::State& state) {
+  const std::string path = scratch().folder() + "/" + preferenceDomain + ".plist";
+  static const auto saves = twoSaves(path);
+  static std::size_t save = 0; // from run to run
+  MemoryDesktop desktop;
+  LinuxPreferences preferences(scratch().folder());
+  Platform ports = portsWith(desktop, desktop.files, desktop.images, preferences);
+  const ScopedPlatform scope(ports);
+  NoEvents events;
+  TVApplication application(events);
+  TVController controller(application);
+  controller.applicationWillFinishLaunching();
+  for (auto _ : state) {
+    state.PauseTiming();
+    std::ofstream(path, std::ios::binary) << saves.at(++save % 2);
+    state.ResumeTiming();
+    if (!preferences.hasChangedElsewhere(preferenceDomain)) {
+      state.SkipWithError("the change was not seen");
+      break;
+    }
+    controller.receiveNotificationFromPrefrences({"saved", preferenceDomain, {}});
+  }
+}
+BENCHMARK(reloadTree)->Unit(benchmark::kMillisecond);
+
 void statxEach(benchmark::State& state) {
   for (auto _ : state)
     for (const std::string& path : scratch().paths()) {
@@ -128,7 +178,7 @@ BENCHMARK(statxEach)->Unit(benchmark::kMillisecond);
 void classifyEach(benchmark::State& state) {
   MemoryDesktop desktop;
   LinuxFiles files;
-  Platform ports = portsWith(desktop, files, desktop.images);
+  Platform ports = portsWith(desktop, files, desktop.images, desktop.preferences);
   const ScopedPlatform scope(ports);
   for (auto _ : state)
     for (const std::string& path : scratch().paths())

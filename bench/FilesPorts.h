@@ -4,8 +4,9 @@
 
 namespace tavrel {
 
-/// A memory desktop's ports with other files and images in place of its own.
-inline Platform portsWith(MemoryDesktop& desktop, Files& files, Images& images) {
+/// A memory desktop's ports with other files, images and preferences in place of its own.
+inline Platform portsWith(MemoryDesktop& desktop, Files& files, Images& images,
+                          Preferences& preferences) {
   return {desktop.accessibility,
           desktop.alerts,
           desktop.applications,
@@ -21,7 +22,7 @@ inline Platform portsWith(MemoryDesktop& desktop, Files& files, Images& images) 
           desktop.notifications,
           desktop.distributedNotifications,
           desktop.pasteboards,
-          desktop.preferences,
+          preferences,
           desktop.presenter,
           desktop.richText,
           desktop.scripting,

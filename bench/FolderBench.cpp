@@ -104,7 +104,7 @@ struct FilesDesktop {
   MemoryDesktop desktop;
   LinuxFiles files;
   LinuxImages images{"."};
-  Platform ports = portsWith(desktop, files, images);
+  Platform ports = portsWith(desktop, files, images, desktop.preferences);
   ScopedPlatform scope{ports};
   NoEvent events;
   TVApplication application{events};
