@@ -11,6 +11,7 @@
 namespace tavrel {
 
 namespace {
+constexpr pa_usec_t beforeLooking = 300 * PA_USEC_PER_MSEC;
 constexpr const char* eventRole = "sink-input-by-media-role:event";
 
 class MainloopLock {
@@ -63,13 +64,16 @@ struct EventVolume::Server {
     if (loop)
       pa_threaded_mainloop_stop(loop);
     dropContext();
+    if (look)
+      api()->time_free(look);
     if (loop)
       pa_threaded_mainloop_free(loop);
   }
+  [[nodiscard]] pa_mainloop_api* api() const { return pa_threaded_mainloop_get_api(loop); }
 
   void connect() {
     dropContext();
-    context = pa_context_new(pa_threaded_mainloop_get_api(loop), "Tavrel");
+    context = pa_context_new(api(), "Tavrel");
     if (!context)
       return;
     pa_context_set_state_callback(
@@ -86,10 +90,24 @@ struct EventVolume::Server {
     pa_context_unref(std::exchange(context, nullptr));
   }
 
-  // A server may have come, or come back, since it was asked for last.
+  // A server may have come, or come back, since it was asked for last. Looking takes milliseconds,
+  // which a menu that is about to show is not to wait for.
   void lookForServer() {
-    if (!context || !PA_CONTEXT_IS_GOOD(pa_context_get_state(context)))
-      connect();
+    if (look || (context && PA_CONTEXT_IS_GOOD(pa_context_get_state(context))))
+      return;
+    timeval later;
+    pa_timeval_add(pa_gettimeofday(&later), beforeLooking);
+    look = api()->time_new(
+        api(), &later,
+        [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
+          static_cast<Server*>(self)->looks();
+        },
+        this);
+  }
+
+  void looks() {
+    api()->time_free(std::exchange(look, nullptr));
+    connect();
   }
 
   void stateChanged() {
@@ -133,6 +151,7 @@ struct EventVolume::Server {
 
   pa_threaded_mainloop* loop = pa_threaded_mainloop_new();
   pa_context* context = nullptr;
+  pa_time_event* look = nullptr;  ///< for a server, soon
   KeptVolume answer;              ///< of the question that is under way
   std::optional<KeptVolume> kept; ///< nothing: no server
 };

@@ -79,10 +79,16 @@ void NotifierItemAdaptor::SecondaryActivate(int x, int y) {
 void NotifierItemAdaptor::Scroll(int, const QString&) {}
 
 void NotifierItemAdaptor::setIcon(const QIcon& icon) {
+  icon_ = icon;
   pixmaps_.clear();
-  for (const int size : panelSizes)
-    pixmaps_.append(notifierPixmap(icon, size));
   Q_EMIT NewIcon();
+}
+
+NotifierPixmaps NotifierItemAdaptor::pixmaps() {
+  if (pixmaps_.isEmpty())
+    for (const int size : panelSizes)
+      pixmaps_.append(notifierPixmap(icon_, size));
+  return pixmaps_;
 }
 
 } // namespace tavrel

@@ -71,7 +71,7 @@ Q_SIGNALS:
 private:
   [[nodiscard]] QString id() const { return QStringLiteral("tavrel"); }
   [[nodiscard]] QString title() const { return QStringLiteral("Tavrel"); }
-  [[nodiscard]] NotifierPixmaps pixmaps() const { return pixmaps_; }
+  [[nodiscard]] NotifierPixmaps pixmaps();
   [[nodiscard]] QString category() const { return QStringLiteral("ApplicationStatus"); }
   [[nodiscard]] QString status() const { return QStringLiteral("Active"); }
   [[nodiscard]] int windowId() const { return 0; }
@@ -80,7 +80,8 @@ private:
   [[nodiscard]] NotifierToolTip toolTip() const { return {{}, {}, title(), {}}; }
   [[nodiscard]] bool itemIsMenu() const { return false; }
   std::function<void()> activated_;
-  NotifierPixmaps pixmaps_;
+  QIcon icon_;
+  NotifierPixmaps pixmaps_; ///< of the icon, once a panel has asked
 };
 
 } // namespace tavrel
