@@ -55,7 +55,7 @@ struct EventVolume::Server {
   Server() {
     if (!loop)
       return;
-    connect();
+    lookForServer();
     (void)pa_threaded_mainloop_start(loop);
   }
   Server(const Server&) = delete;
