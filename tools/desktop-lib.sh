@@ -77,3 +77,15 @@ no_menu_open() { ! menu_open; }
 
 # window_named TEXT: whether a window with the text in its title is on the screen.
 window_named() { xdotool search --onlyvisible --name "$1" 2>/dev/null | grep -q .; }
+
+# levels COUNT: whether so many levels of the menu are on the screen.
+levels() {
+  local count=0 id
+  for id in $(xwininfo -root -children | awk '/\("tavrel" "[Tt]avrel"\)/ { print $1 }'); do
+    xwininfo -id "$id" | grep -q 'Map State: IsViewable' && count=$((count + 1))
+  done
+  [ "$count" = "$1" ]
+}
+
+# active_class TEXT: whether a window of such a class has the keyboard.
+active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }

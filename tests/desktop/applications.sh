@@ -37,14 +37,6 @@ inode/directory=pcmanfm.desktop
 x-scheme-handler/sftp=opened-by-scheme.desktop
 END_OF_CHOICES
 
-levels() { # COUNT: whether so many levels of the menu are on the screen
-  local count=0 id
-  for id in $(xwininfo -root -children | awk '/\("tavrel" "[Tt]avrel"\)/ { print $1 }'); do
-    xwininfo -id "$id" | grep -q 'Map State: IsViewable' && count=$((count + 1))
-  done
-  [ "$count" = "$1" ]
-}
-active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 ticked() { [ "$(tests/desktop/menu_titles.py --ticked)" = "$1" ]; }
 lists() { tests/desktop/menu_titles.py | grep -Fx "$1" >/dev/null; }
 says() { [ "$(cat "$1")" = "$2" ]; }

@@ -32,7 +32,6 @@ ask() { post qorvane.tavrel.cm "$1" "$2"; }
 settings_with() {
   printf '<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_OnlineUpdateCheck</key><false/>%s<key>TVR_MenuTree</key><array><dict><key>TVR_MenuItemType</key><string>url</string><key>TVR_MenuItemTitle</key><string>%s</string><key>TVR_MenuItemURL</key><string>http://localhost/</string></dict></array></dict></plist>\n' "${2:-}" "$1"
 }
-active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 primary_is() { [ "$(xclip -selection primary -o)" = "$1" ]; }
 menu_lists() { tests/desktop/menu_titles.py | grep -Fx "$1" >/dev/null; }
 no_tray_icon() { ! tray_icon; }

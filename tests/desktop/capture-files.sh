@@ -51,9 +51,8 @@ tint2 >/dev/null 2>&1 &
 wait_for 20 "the panel's tray" sh -c 'xprop -root | grep -q _NET_CLIENT_LIST && xdotool search --class tint2'
 "$program" 2>"$TAVREL_SHOTS/tavrel.log" &
 wait_for 20 "the status item" tray_icon_embedded
-manager_in_front() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 
-not_in_front() { ! manager_in_front "$1"; }
+not_in_front() { ! active_class "$1"; }
 
 # selected COUNT KEYS...: presses them until so many files are selected.
 selected() {
@@ -63,7 +62,7 @@ selected() {
 
 for manager in pcmanfm thunar; do
   $manager "$HOME/shown" >/dev/null 2>&1 &
-  wait_for 40 "$manager in front" manager_in_front $manager
+  wait_for 40 "$manager in front" active_class $manager
   printf mine | xclip -selection clipboard
   captured ""
   wait_for 20 "one file to be selected" selected 1 Home

@@ -61,7 +61,6 @@ has_type() { types_of_last_capture | grep -q "$1"; }
 captured_type() { has_type "$1" || give_up "no $1 was captured: $(types_of_last_capture)"; }
 
 # front CLASS: waits until a window of the class has the keyboard.
-active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 front() { wait_for 40 "$1 in front" active_class "$1"; }
 close_front() {
   local window

@@ -37,14 +37,6 @@ cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<END_OF_TREE
 </array></dict></plist>
 END_OF_TREE
 
-levels() { # COUNT: whether so many levels of the menu are on the screen
-  local count=0 id
-  for id in $(xwininfo -root -children | awk '/\("tavrel" "[Tt]avrel"\)/ { print $1 }'); do
-    xwininfo -id "$id" | grep -q 'Map State: IsViewable' && count=$((count + 1))
-  done
-  [ "$count" = "$1" ]
-}
-active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 on_workspace() { [ "$(xdotool get_desktop)" = "$1" ]; }
 # Without the panel: its clock goes on.
 picture() { import -silent -window root -crop 1280x768+0+0 +repage "$TAVREL_DESKTOP/$1.png"; }

@@ -35,7 +35,6 @@ shortcut() { printf '<key>TVR_MenuItemShortcutString</key><string>%s</string>' "
   echo '</array></dict></plist>'
 } >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist"
 
-active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
 primary_is() { [ "$(xclip -selection primary -o)" = "$1" ]; }
 nothing_held() { [ -z "$(xinput query-state "$(xinput list --id-only 'Virtual core keyboard')" | grep 'key\[[0-9]*\]=down')" ]; }
 selected_first_word() {
