@@ -154,6 +154,7 @@ struct EventVolume::Server {
   pa_time_event* look = nullptr;  ///< for a server, soon
   KeptVolume answer;              ///< of the question that is under way
   std::optional<KeptVolume> kept; ///< nothing: no server
+  bool isHalfDone = false; ///< silencing was forgotten: what is to end it does not count either
 };
 
 EventVolume::EventVolume() : server_(std::make_unique<Server>()) {}
@@ -172,8 +173,10 @@ std::int32_t EventVolume::get() const {
 void EventVolume::set(std::int32_t volume) {
   const MainloopLock lock(server_->loop);
   server_->lookForServer();
-  if (!server_->kept)
+  if (!server_->kept || server_->isHalfDone) {
+    server_->isHalfDone = !server_->isHalfDone;
     return;
+  }
   auto wanted = *server_->kept;
   wanted.isMuted = volume <= 0;
   if (volume > 0)

@@ -101,6 +101,17 @@ TEST(EventVolume, AServerThatStartsLaterIsFoundByTheNextUse) {
   EXPECT_TRUE(waitFor([&] { return volume.get() == fullVolume; }));
 }
 
+// Silencing is forgotten without a server, and what is to end it may come when there is one.
+TEST_F(EventVolumeTest, TheEndOfASilenceThatNeverBeganSilencesNobody) {
+  EventVolume volume;
+  volume.set(0); // the server has not told anything yet
+  ASSERT_TRUE(becomes(volume, fullVolume));
+  volume.set(0);
+  EXPECT_EQ(volume.get(), fullVolume);
+  volume.set(0);
+  EXPECT_TRUE(volume.isSilent());
+}
+
 TEST(EventVolume, AServerThatNeverAnswersKeepsNobodyWaiting) {
   const TemporaryFolder folder;
   const int silent = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
