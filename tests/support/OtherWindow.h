@@ -63,6 +63,14 @@ public:
       return event.detail == key && (event.state & modifiers) == modifiers;
     }));
   }
+  /// The server's numbers of the keys that have come, in their order.
+  [[nodiscard]] std::vector<std::uint8_t> typed() {
+    (void)keys();
+    std::vector<std::uint8_t> codes;
+    for (const auto& key : keys_)
+      codes.push_back(key.detail);
+    return codes;
+  }
   void forgetKeys() {
     (void)keys();
     keys_ = {};

@@ -4,15 +4,18 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <utility>
 
 namespace tavrel {
 
 namespace {
 GestureHold* currentGesture = nullptr;
+constexpr std::chrono::milliseconds longestDrain{100};
 
 std::uint32_t hiddenWindow(xcb_connection_t& server) {
   const std::uint32_t window = xcb_generate_id(&server);
@@ -108,6 +111,13 @@ void GestureHold::takeBack(const TypedKeys& unused) {
   TypedKeys& keys = currentGesture->keys_;
   keys.insert(keys.end(), unused.begin(), unused.end());
   currentGesture->drain();
+}
+
+void GestureHold::finishTakingBack() {
+  const QDeadlineTimer deadline(longestDrain);
+  while (currentGesture && currentGesture->phase_ == Phase::draining &&
+         !currentGesture->keys_.empty() && !deadline.hasExpired())
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
 bool GestureHold::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {

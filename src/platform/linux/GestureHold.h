@@ -39,6 +39,8 @@ public:
   /// A menu has closed and has let go: what it had no more use for, and what is on its way to us
   /// still, goes to the application in front.
   static void takeBack(const TypedKeys& unused);
+  /// Lets that happen now, for what comes next may take long. Runs the event loop for a moment.
+  static void finishTakingBack();
 
 private:
   enum class Phase { idle, holding, draining };

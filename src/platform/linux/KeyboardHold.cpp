@@ -60,6 +60,8 @@ bool KeyboardHold::wait(const xcb_key_press_event_t& key) {
 }
 
 void KeyboardHold::keep(std::uint32_t code, KeyDirection direction) {
+  if (code == 0)
+    return; // from no keyboard
   xcb_key_press_event_t key{};
   key.response_type = direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
   key.detail = static_cast<xcb_keycode_t>(code);
@@ -71,7 +73,7 @@ void KeyboardHold::keep(std::uint32_t code, KeyDirection direction) {
 bool KeyboardHold::takeKey(xcb_key_press_event_t& key) {
   const std::uint32_t window = menuWindow_();
   const bool toRoot = key.event == rootWindow(*qtConnection()) || KeyboardGrab::isTold(key);
-  const bool mustWait = !waiting_.empty() || underWay_ > 0 || (toRoot && window == 0);
+  const bool mustWait = !waiting_.empty() || underWay_ > 0 || window == 0;
   if (!mustWait && toRoot)
     key.event = window;
   if (!mustWait)
@@ -87,6 +89,7 @@ void KeyboardHold::sendOn() {
   const std::uint32_t window = menuWindow_();
   if (window == 0)
     return;
+  wasOpen_ = true;
   look_.stop();
   for (xcb_key_press_event_t& key : waiting_) {
     key.event = window;

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxPresenter.h"
 
 #include "platform/linux/AccessibleLevel.h"
+#include "platform/linux/GestureHold.h"
 #include "platform/linux/MenuSession.h"
 
 #include <QCursor>
@@ -58,6 +59,7 @@ void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font)
   ensureAccessibleLevels();
   MenuSession session(menu, font, localize_, longestPlain_);
   session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
+  GestureHold::finishTakingBack();
   open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
   session.finish(target_);
   closed_();

@@ -21,6 +21,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -209,6 +210,26 @@ TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesReachesTheApplication) {
         << ::testing::PrintToString(counts());
   }
   EXPECT_EQ(window.keys(keyDown) + window.keys(keyReturn), 0);
+}
+
+TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesKeepsItsOrderWhileTheChosenItemTakesItsTime) {
+  act = [this] { popUp(); };
+  diary.act = [](MenuItem&) { std::this_thread::sleep_for(150ms); };
+  const std::vector<std::uint8_t> letters{keyX, serverKey::s, serverKey::a};
+  const auto lettersOf = [&](std::vector<std::uint8_t> keys) { // the hot key's modifiers come, too
+    std::erase_if(keys, [&](std::uint8_t key) { return std::ranges::count(letters, key) == 0; });
+    return keys;
+  };
+  for (int round = 0; round < 10; ++round) {
+    window.forgetKeys();
+    typeForMenu([](FakeInput& keyboard) {
+      pressHotKey(keyboard);
+      for (const std::uint8_t key : {keyDown, keyReturn, keyX, serverKey::s, serverKey::a})
+        keyboard.tap(key);
+    });
+    ASSERT_TRUE(eventually([&] { return lettersOf(window.typed()).size() == 3; })) << round;
+    ASSERT_EQ(lettersOf(window.typed()), letters) << round;
+  }
 }
 
 TEST_F(GestureKeys, WhatIsTypedAfterTheHotKeyOfAnItemReachesTheApplication) {
