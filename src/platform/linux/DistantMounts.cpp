@@ -33,7 +33,7 @@ public:
       return points_;
     fresh_ = now + 1ms;
     pollfd changes{table_.get(), POLLPRI, 0};
-    if (!points_ || ::poll(&changes, 1, 0) != 0)
+    if (!points_ || !table_.isOpen() || ::poll(&changes, 1, 0) != 0)
       points_ = std::make_shared<const Points>(distantMountPoints());
     return points_;
   }
@@ -128,7 +128,8 @@ std::optional<std::string> distantMountOf(const std::string& path, FinalLink lin
   const auto points = distantPointsNow();
   if (points->empty() || !path.starts_with('/') || path.find('\0') != std::string::npos)
     return std::nullopt;
-  return Walk(path, *points).run(link);
+  const bool followsAnyway = path.ends_with('/') || path.ends_with("/."); // as the kernel does
+  return Walk(path, *points).run(followsAnyway ? FinalLink::follow : link);
 }
 
 } // namespace tavrel
