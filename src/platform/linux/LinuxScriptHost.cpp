@@ -5,6 +5,7 @@
 #include "platform/linux/ScriptArguments.h"
 #include "platform/linux/ScriptDialogs.h"
 #include "platform/linux/ScriptShell.h"
+#include "platform/linux/TerminationSignals.h"
 #include "script/ScriptError.h"
 
 #include <QDateTime>
@@ -74,7 +75,7 @@ double LinuxScriptHost::now() {
 }
 
 bool LinuxScriptHost::shouldStop() {
-  return runs_.shouldStop();
+  return runs_.shouldStop() || TerminationSignals::haveCome();
 }
 
 } // namespace tavrel

@@ -10,10 +10,12 @@ namespace tavrel {
 namespace {
 
 volatile std::sig_atomic_t terminationPipe = -1;
+volatile std::sig_atomic_t toldToEnd = 0;
 
 // Nearly nothing may be done in here: the rest is for the event loop.
 void passOnTermination(int) {
   const int before = errno;
+  toldToEnd = 1;
   (void)!::write(terminationPipe, "", 1);
   errno = before;
 }
@@ -48,6 +50,11 @@ TerminationSignals::~TerminationSignals() {
     if (writing_.isOpen())
       ::sigaction(each.signal, &each.before, nullptr);
   terminationPipe = -1;
+  toldToEnd = 0;
+}
+
+bool TerminationSignals::haveCome() {
+  return toldToEnd != 0;
 }
 
 } // namespace tavrel

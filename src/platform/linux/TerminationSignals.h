@@ -17,6 +17,9 @@ public:
   TerminationSignals();
   ~TerminationSignals() override;
 
+  /// Whether the process has been told to end. Any thread.
+  [[nodiscard]] static bool haveCome();
+
 private:
   struct Handled {
     int signal;

@@ -49,6 +49,13 @@ TEST_F(TerminationSignalsTest, EachEndsTheEventLoop) {
   }
 }
 
+TEST_F(TerminationSignalsTest, WhatTakesLongCanAskForThem) {
+  const TerminationSignals signals;
+  EXPECT_FALSE(TerminationSignals::haveCome());
+  ::raise(SIGTERM);
+  EXPECT_TRUE(TerminationSignals::haveCome());
+}
+
 TEST_F(TerminationSignalsTest, OneThatCameBeforeTheLoopEndsItToo) {
   const TerminationSignals signals;
   ::raise(SIGTERM);
