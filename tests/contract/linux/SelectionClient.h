@@ -324,7 +324,8 @@ private:
       return;
     dies_ = send.offset > 0 && send.manner == Manner::diesMidway;
     const bool isOdd = size == 0 && send.manner == Manner::endsOddly;
-    put(requestor, property, isOdd ? textProperty("STRING", "") : send.property, send.offset, size);
+    const Property odd = textProperty("STRING", "");
+    put(requestor, property, isOdd ? odd : send.property, send.offset, size); // none is copied
     send.offset += size;
     if (size == 0)
       sends_.erase({requestor, property});
