@@ -39,24 +39,11 @@ bool KeyboardHold::nativeEventFilter(const QByteArray& eventType, void* message,
   if (!qtConnection() || eventType != "xcb_generic_event_t" || !isKeyEvent(*event))
     return false;
   auto& key = reinterpret_cast<xcb_key_press_event_t&>(*event);
-  if (hasClosed())
-    return wait(key);
-  if ((event->response_type & sentByClient) == 0 || KeyboardGrab::isTold(key))
+  const bool isOnItsWay = (event->response_type & sentByClient) != 0 && !KeyboardGrab::isTold(key);
+  if (!isOnItsWay || menuWindow_() == 0)
     return takeKey(key);
   underWay_ -= underWay_ > 0 ? 1 : 0;
   return false;
-}
-
-// From here on the toolkit drops what comes for the menu's window.
-bool KeyboardHold::hasClosed() {
-  const bool isOpen = menuWindow_() != 0;
-  wasOpen_ = wasOpen_ || isOpen;
-  return wasOpen_ && !isOpen;
-}
-
-bool KeyboardHold::wait(const xcb_key_press_event_t& key) {
-  waiting_.push_back(key);
-  return true;
 }
 
 void KeyboardHold::keep(std::uint32_t code, KeyDirection direction) {
@@ -65,11 +52,11 @@ void KeyboardHold::keep(std::uint32_t code, KeyDirection direction) {
   xcb_key_press_event_t key{};
   key.response_type = direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
   key.detail = static_cast<xcb_keycode_t>(code);
-  wait(key);
+  waiting_.push_back(key);
 }
 
-// The toolkit knows no widget for the root window, and would drop what was typed there. A key must
-// not overtake those that are on their way.
+// The toolkit knows no widget for the root window, nor for the menu's once that has closed, and
+// would drop what was typed there. A key must not overtake those that are on their way.
 bool KeyboardHold::takeKey(xcb_key_press_event_t& key) {
   const std::uint32_t window = menuWindow_();
   const bool toRoot = key.event == rootWindow(*qtConnection()) || KeyboardGrab::isTold(key);
@@ -78,8 +65,8 @@ bool KeyboardHold::takeKey(xcb_key_press_event_t& key) {
     key.event = window;
   if (!mustWait)
     return false;
+  waiting_.push_back(key);
   look_.start();
-  wait(key);
   sendOn();
   return true;
 }
@@ -89,7 +76,6 @@ void KeyboardHold::sendOn() {
   const std::uint32_t window = menuWindow_();
   if (window == 0)
     return;
-  wasOpen_ = true;
   look_.stop();
   for (xcb_key_press_event_t& key : waiting_) {
     key.event = window;

@@ -31,14 +31,11 @@ public:
 
 private:
   bool takeKey(xcb_key_press_event_t& key);
-  bool wait(const xcb_key_press_event_t& key);
-  [[nodiscard]] bool hasClosed();
   void sendOn();
 
   std::function<std::uint32_t()> menuWindow_;
   std::optional<KeyboardGrab> grab_;
   TypedKeys waiting_;
-  bool wasOpen_ = false;
   int underWay_ = 0; ///< sent to the menu's window, by way of the server
   QTimer look_;
 };

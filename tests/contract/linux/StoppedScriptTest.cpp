@@ -1,7 +1,10 @@
 #include "linux/FakeNotifications.h"
 #include "linux/ScriptHostFixture.h"
+#include "platform/linux/TerminationSignals.h"
 
 #include <QApplication>
+
+#include <csignal>
 
 namespace tavrel {
 namespace {
@@ -44,6 +47,14 @@ TEST_F(StoppedScript, EndsALoopWithoutEnd) {
 
 TEST_F(StoppedScript, EndsALoopThatCatchesEveryError) {
   EXPECT_EQ(stopped("repeat\ntry\ndelay 0.01\nend try\nend repeat"), canceled);
+}
+
+TEST_F(StoppedScript, StopsWhenTheProgramIsToldToEnd) {
+  notifications.choosesStop = false;
+  ::signal(SIGTERM, SIG_DFL); // whatever whoever started the test made of it
+  const TerminationSignals signals;
+  ::raise(SIGTERM);
+  EXPECT_EQ(stopped("repeat\ntry\ndisplay dialog \"Go?\"\nend try\nend repeat"), canceled);
 }
 
 TEST_F(StoppedScript, MayBeFollowedByAnother) {
