@@ -1,14 +1,11 @@
 #include "script/Additions.h"
 
-#include "script/Bind.h"
 #include "script/CaseFold.h"
-#include "script/Codes.h"
 #include "script/Coercion.h"
 #include "script/Elements.h"
 #include "script/HostValues.h"
 #include "script/Operators.h"
 #include "script/SpecifierObject.h"
-#include "script/Terminology.h"
 
 #include <algorithm>
 #include <array>
@@ -66,7 +63,7 @@ Value runText(const AdditionCall& call) {
   if (call.direct.is(ValueKind::file))
     throw ScriptError{errors::cannotCoerce,
                       std::string("Can’t run ").append(described(call.direct)).append(".")};
-  const auto shape = bindScript(runtime.heap, parseScript(textOf(runtime, call.direct)));
+  const auto shape = runtime.bindSource(runtime.heap, textOf(runtime, call.direct));
   const Value given = call.parameter("with parameters");
   const bool isGiven = !given.is(ValueKind::undefined);
   const Value arguments = isGiven ? coerced(runtime, given, "list") : runtime.list({});
@@ -168,27 +165,11 @@ constexpr auto additions =
 
 } // namespace
 
-Value AdditionCall::parameter(std::string_view label) const {
-  for (const LabelledValue& each : parameters)
-    if (*each.label == label)
-      return each.value;
-  return {};
-}
-
 Addition additionNamed(std::string_view command) {
   for (const auto& [name, addition] : additions)
     if (name == command)
       return addition;
   return nullptr;
-}
-
-bool isOfDesktop(std::string_view command) {
-  if (command == "launch" || command == "activate" || command == "quit")
-    return false;
-  for (const CommandTerm& term : commandTerms())
-    if (term.name == command)
-      return term.dictionary == Dictionary::language;
-  return false;
 }
 
 } // namespace tavrel::script

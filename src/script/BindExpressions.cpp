@@ -1,3 +1,4 @@
+#include "script/Additions.h"
 #include "script/Binder.h"
 
 #include <algorithm>
@@ -112,7 +113,8 @@ CodePtr Binder::plainExpression(const Node& node) {
   case NodeKind::resume:
     return call(node);
   case NodeKind::command:
-    return commandCode(node.text, optional(child(node, 0)), entries(node, 1));
+    return commandCode(node.text, additionNamed(node.text), optional(child(node, 0)),
+                       entries(node, 1));
   default:
     throw ScriptError{errors::syntax, "Expected expression.", node.span};
   }

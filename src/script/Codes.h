@@ -1,5 +1,6 @@
 #pragma once
 
+#include "script/AdditionCall.h"
 #include "script/Code.h"
 
 namespace tavrel::script {
@@ -67,7 +68,8 @@ enum class Place : std::uint8_t { beginning, end };
 [[nodiscard]] CodePtr resumeCode(const std::string* name, std::vector<CodePtr> arguments);
 [[nodiscard]] CodePtr labelledResumeCode(const std::string* name,
                                          std::vector<LabelledCode> arguments);
-[[nodiscard]] CodePtr commandCode(const std::string& name, CodePtr direct,
+/// `addition` does the command; without one an application or the desktop is asked.
+[[nodiscard]] CodePtr commandCode(const std::string& name, Addition addition, CodePtr direct,
                                   std::vector<LabelledCode> parameters);
 
 // PartCode.cpp

@@ -57,6 +57,10 @@ PropertyList errorDictionary(const ErrorReport& error, const std::string& source
 
 /// Scripts that know the script they stand in hold each other; after the outermost run nobody needs
 /// them any more.
+std::shared_ptr<const Shape> bindSource(Heap& heap, const std::string& source) {
+  return bindScript(heap, parseScript(source));
+}
+
 class Engine::Running {
 public:
   explicit Running(Engine& engine) : engine_(engine) { ++engine_.runs_; }
@@ -135,7 +139,7 @@ RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Li
   heap_.limit = limits.heap;
   const Running running(*this);
   result.error = attempted([&] {
-    Runtime runtime(heap_, host_, script.author, limits);
+    Runtime runtime(heap_, host_, bindSource, script.author, limits);
     const Ref<ScriptObject> object = instantiate(runtime, script.shape, {});
     restore(runtime, *object, script);
     std::vector<Value> values;

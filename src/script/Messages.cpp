@@ -1,11 +1,12 @@
 #include "script/Codes.h"
 
-#include "script/Additions.h"
+#include "script/AdditionCall.h"
 #include "script/Calls.h"
 #include "script/Coercion.h"
 #include "script/HostValues.h"
 #include "script/Reference.h"
 #include "script/SpecifierObject.h"
+#include "script/Terminology.h"
 
 namespace tavrel::script {
 namespace {
@@ -108,10 +109,21 @@ private:
   std::vector<LabelledCode> arguments_;
 };
 
+// Whether the command is asked of the desktop rather than of an application.
+bool isOfDesktop(std::string_view command) {
+  if (command == "launch" || command == "activate" || command == "quit")
+    return false;
+  for (const CommandTerm& term : commandTerms())
+    if (term.name == command)
+      return term.dictionary == Dictionary::language;
+  return false;
+}
+
 class Command final : public Code {
 public:
-  Command(const std::string& name, CodePtr direct, std::vector<LabelledCode> parameters)
-      : name_(name), addition_(additionNamed(name)), direct_(std::move(direct)),
+  Command(const std::string& name, Addition addition, CodePtr direct,
+          std::vector<LabelledCode> parameters)
+      : name_(name), addition_(addition), direct_(std::move(direct)),
         parameters_(std::move(parameters)) {}
 
   Value evaluate(Frame& frame) const override {
@@ -169,8 +181,9 @@ CodePtr labelledResumeCode(const std::string* name, std::vector<LabelledCode> ar
   return std::make_unique<LabelledResume>(name, std::move(arguments));
 }
 
-CodePtr commandCode(const std::string& name, CodePtr direct, std::vector<LabelledCode> parameters) {
-  return std::make_unique<Command>(name, std::move(direct), std::move(parameters));
+CodePtr commandCode(const std::string& name, Addition addition, CodePtr direct,
+                    std::vector<LabelledCode> parameters) {
+  return std::make_unique<Command>(name, addition, std::move(direct), std::move(parameters));
 }
 
 } // namespace tavrel::script

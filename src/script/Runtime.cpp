@@ -13,8 +13,8 @@ std::uintptr_t stackPosition() {
 
 } // namespace
 
-Runtime::Runtime(Heap& runHeap, Host& runHost, Author writer, Limits limits)
-    : heap(runHeap), host(runHost), author(writer), delimiters(text({})),
+Runtime::Runtime(Heap& runHeap, Host& runHost, SourceBinder binder, Author writer, Limits limits)
+    : heap(runHeap), host(runHost), bindSource(binder), author(writer), delimiters(text({})),
       random(std::random_device{}()), limits_(limits), stackStart_(stackPosition()) {}
 
 void Runtime::check() {

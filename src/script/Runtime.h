@@ -4,6 +4,7 @@
 #include "script/Objects.h"
 #include "script/ScriptError.h"
 
+#include <memory>
 #include <random>
 
 namespace tavrel::script {
@@ -29,13 +30,19 @@ struct Limits {
   std::size_t heap = std::size_t{512} << 20U; ///< bytes that the values of the engine may hold
 };
 
+struct Shape;
+
+/// Makes a script that can run of its source text. Throws ScriptError.
+using SourceBinder = std::shared_ptr<const Shape> (*)(Heap& heap, const std::string& source);
+
 /// The state of one run that all its scripts share.
 class Runtime {
 public:
-  Runtime(Heap& runHeap, Host& runHost, Author author, Limits limits);
+  Runtime(Heap& runHeap, Host& runHost, SourceBinder binder, Author author, Limits limits);
 
   Heap& heap;
   Host& host;
+  const SourceBinder bindSource;
   const Author author;
   Considered considered;
   Value delimiters; ///< AppleScript's text item delimiters: a text or a list of texts
