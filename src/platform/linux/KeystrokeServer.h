@@ -1,24 +1,14 @@
 #pragma once
 
-#include "platform/Accessibility.h"
+#include "platform/linux/ServerKey.h"
 #include "platform/linux/XkbKeyboard.h"
 
-#include <bitset>
 #include <memory>
 #include <vector>
 
 struct xcb_connection_t;
 
 namespace tavrel {
-
-/// One key of the server going down or up.
-struct ServerKey {
-  std::uint8_t code = 0;
-  KeyDirection direction = KeyDirection::down;
-  friend bool operator==(const ServerKey&, const ServerKey&) = default;
-};
-
-using ServerKeySet = std::bitset<256>;
 
 /// The server's keyboard as one who types on it sees it, over a connection of its own.
 class KeystrokeServer {

@@ -42,6 +42,7 @@
 #include "platform/linux/ResourceFolder.h"
 #include "platform/linux/SelectedScript.h"
 #include "platform/linux/ServiceFolders.h"
+#include "platform/linux/UserFolders.h"
 
 namespace tavrel {
 

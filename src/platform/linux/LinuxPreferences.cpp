@@ -73,14 +73,6 @@ bool write(const std::string& path, const PropertyList::Dictionary& values, Prop
 
 } // namespace
 
-std::string preferenceFolder() {
-  const char* configured = std::getenv("XDG_CONFIG_HOME");
-  if (configured && configured[0] == '/')
-    return configured;
-  const char* home = std::getenv("HOME");
-  return appendingPathComponent(home ? home : "/", ".config");
-}
-
 LinuxPreferences::~LinuxPreferences() {
   for (const auto& [name, domain] : domains_)
     if (!domain.pending.empty())

@@ -58,7 +58,4 @@ private:
   std::map<std::string, Domain> domains_;
 };
 
-/// $XDG_CONFIG_HOME, or ~/.config when it is not set or not absolute.
-[[nodiscard]] std::string preferenceFolder();
-
 } // namespace tavrel

@@ -4,9 +4,9 @@
 #include "base/Url.h"
 #include "platform/linux/BoundedFile.h"
 #include "platform/linux/FolderListings.h"
-#include "platform/linux/LinuxPreferences.h"
 #include "platform/linux/MountedPlace.h"
 #include "platform/linux/RecentUsesFile.h"
+#include "platform/linux/UserFolders.h"
 
 #include <algorithm>
 #include <array>

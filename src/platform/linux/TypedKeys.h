@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/KeystrokeServer.h"
+#include "platform/linux/ServerKey.h"
 
 #include <xcb/xcb.h>
 

@@ -1,5 +1,7 @@
 #include "platform/linux/UserFolders.h"
 
+#include "base/PathString.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -17,6 +19,12 @@ std::string homeFolder() {
   while (path.size() > 1 && path.ends_with('/'))
     path.pop_back();
   return path;
+}
+
+std::string preferenceFolder() {
+  const char* configured = std::getenv("XDG_CONFIG_HOME");
+  return configured && configured[0] == '/' ? configured
+                                            : appendingPathComponent(homeFolder(), ".config");
 }
 
 std::vector<std::string> userFolders() {
