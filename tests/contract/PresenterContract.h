@@ -3,8 +3,8 @@
 #include "base/Modifiers.h"
 #include "contract/MenuDiary.h"
 #include "contract/MenuHands.h"
-#include "platform/MenuRows.h"
 #include "platform/Presenter.h"
+#include "platform/common/MenuRows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

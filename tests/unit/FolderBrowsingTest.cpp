@@ -1,6 +1,6 @@
 #include "support/CoreTest.h"
 
-#include "platform/MenuRows.h"
+#include "platform/common/MenuRows.h"
 
 namespace tavrel {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/HotKeyReleases.h"
+#include "platform/common/HotKeyReleases.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/KeyboardLayout.h"
+#include "platform/common/KeyboardLayout.h"
 
 #include <gtest/gtest.h>
 

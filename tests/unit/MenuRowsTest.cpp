@@ -1,4 +1,4 @@
-#include "platform/MenuRows.h"
+#include "platform/common/MenuRows.h"
 
 #include "base/Modifiers.h"
 #include "support/MenuEntries.h"

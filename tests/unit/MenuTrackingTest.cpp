@@ -1,4 +1,4 @@
-#include "platform/MenuTracking.h"
+#include "platform/common/MenuTracking.h"
 
 #include "contract/MenuDiary.h"
 #include "support/MenuEntries.h"

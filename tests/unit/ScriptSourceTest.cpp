@@ -1,4 +1,4 @@
-#include "platform/ScriptSource.h"
+#include "platform/common/ScriptSource.h"
 
 #include <gtest/gtest.h>
 

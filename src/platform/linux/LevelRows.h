@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MenuRows.h"
+#include "platform/common/MenuRows.h"
 #include "platform/linux/ImageIcon.h"
 
 #include <memory>

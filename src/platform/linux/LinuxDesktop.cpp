@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxDesktop.h"
 
-#include "platform/InProcessNotificationCenter.h"
+#include "platform/common/InProcessNotificationCenter.h"
 #include "platform/linux/AccessibleApplication.h"
 #include "platform/linux/ApplicationRegistry.h"
 #include "platform/linux/Autostart.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/InProcessNotificationCenter.h"
+#include "platform/common/InProcessNotificationCenter.h"
 
 #include <deque>
 #include <functional>

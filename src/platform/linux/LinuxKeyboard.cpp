@@ -1,7 +1,7 @@
 #include "platform/linux/LinuxKeyboard.h"
 
 #include "base/Modifiers.h"
-#include "platform/KeyboardLayout.h"
+#include "platform/common/KeyboardLayout.h"
 #include "platform/linux/ServerModifiers.h"
 #include "platform/linux/XkbKeyboard.h"
 #include "platform/linux/XkbLayout.h"

@@ -1,6 +1,6 @@
 #import "platform/macos/AppleScriptSources.h"
 
-#include "platform/ScriptSource.h"
+#include "platform/common/ScriptSource.h"
 #import "platform/macos/Conversions.h"
 
 using SystemScript = NSAppleScript;

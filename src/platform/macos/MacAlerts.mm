@@ -1,6 +1,6 @@
 #import "platform/macos/MacAlerts.h"
 
-#include "platform/AlertButtons.h"
+#include "platform/common/AlertButtons.h"
 #import "platform/macos/Conversions.h"
 
 #import <AppKit/AppKit.h>

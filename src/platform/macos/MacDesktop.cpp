@@ -1,6 +1,6 @@
 #include "platform/macos/MacDesktop.h"
 
-#include "platform/InProcessNotificationCenter.h"
+#include "platform/common/InProcessNotificationCenter.h"
 #include "platform/macos/MacAccessibility.h"
 #include "platform/macos/MacAlerts.h"
 #include "platform/macos/MacApplications.h"

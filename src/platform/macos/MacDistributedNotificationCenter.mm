@@ -1,6 +1,6 @@
 #import "platform/macos/MacDistributedNotificationCenter.h"
 
-#include "platform/NotificationNames.h"
+#include "platform/common/NotificationNames.h"
 #import "platform/macos/Conversions.h"
 #import "platform/macos/NotificationReceiver.h"
 

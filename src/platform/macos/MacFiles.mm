@@ -1,8 +1,8 @@
 #import "platform/macos/MacFiles.h"
 
 #include "base/PathString.h"
-#include "platform/ItemFacts.h"
-#include "platform/PatientListing.h"
+#include "platform/common/ItemFacts.h"
+#include "platform/common/PatientListing.h"
 #import "platform/macos/Conversions.h"
 
 #include <cstdlib>

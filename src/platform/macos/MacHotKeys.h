@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/HotKeyReleases.h"
 #include "platform/HotKeys.h"
+#include "platform/common/HotKeyReleases.h"
 #include "platform/macos/CarbonHandler.h"
 
 #include <map>

@@ -2,7 +2,7 @@
 
 #include "base/MacRoman.h"
 #include "base/Modifiers.h"
-#include "platform/KeyboardLayout.h"
+#include "platform/common/KeyboardLayout.h"
 #include "platform/macos/Conversions.h"
 
 #include <Carbon/Carbon.h>

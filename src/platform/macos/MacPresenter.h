@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/MenuTracking.h"
 #include "platform/Presenter.h"
+#include "platform/common/MenuTracking.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #import "platform/macos/MacSounds.h"
 
 #include "base/PathString.h"
-#include "platform/AlertLoudness.h"
+#include "platform/common/AlertLoudness.h"
 #import "platform/macos/Conversions.h"
 
 #import <AppKit/AppKit.h>

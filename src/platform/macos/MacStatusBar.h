@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/MenuTracking.h"
 #include "platform/StatusBar.h"
+#include "platform/common/MenuTracking.h"
 
 namespace tavrel {
 

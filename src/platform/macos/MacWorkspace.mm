@@ -1,6 +1,6 @@
 #import "platform/macos/MacWorkspace.h"
 
-#include "platform/VersionNumber.h"
+#include "platform/common/VersionNumber.h"
 #import "platform/macos/Conversions.h"
 #include "platform/macos/MacTransfer.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MenuTracking.h"
+#include "platform/common/MenuTracking.h"
 
 #import <AppKit/AppKit.h>
 

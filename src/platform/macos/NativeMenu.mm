@@ -1,6 +1,6 @@
 #import "platform/macos/NativeMenu.h"
 
-#include "platform/MenuRows.h"
+#include "platform/common/MenuRows.h"
 #import "platform/macos/Conversions.h"
 #import "platform/macos/MacImage.h"
 

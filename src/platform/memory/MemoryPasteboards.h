@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/InProcessPasteboards.h"
+#include "platform/common/InProcessPasteboards.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "platform/memory/MenuText.h"
 
 #include "base/Modifiers.h"
-#include "platform/MenuRows.h"
+#include "platform/common/MenuRows.h"
 #include "platform/memory/NamedImageContent.h"
 
 #include <cmath>

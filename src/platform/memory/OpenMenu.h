@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/MenuActionTarget.h"
-#include "platform/MenuRows.h"
+#include "platform/common/MenuRows.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
 #include "contract/NotificationCenterContract.h"
 
-#include "platform/InProcessNotificationCenter.h"
+#include "platform/common/InProcessNotificationCenter.h"
 #include "platform/linux/DBusSignalReceiver.h"
 #include "platform/linux/LinuxDistributedNotificationCenter.h"
 #include "support/Desktop.h"

@@ -1,4 +1,4 @@
-#include "platform/AlertButtons.h"
+#include "platform/common/AlertButtons.h"
 
 namespace tavrel {
 

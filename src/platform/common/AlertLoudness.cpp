@@ -1,4 +1,4 @@
-#include "platform/AlertLoudness.h"
+#include "platform/common/AlertLoudness.h"
 
 #include <algorithm>
 #include <cmath>

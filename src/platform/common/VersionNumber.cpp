@@ -1,4 +1,4 @@
-#include "platform/VersionNumber.h"
+#include "platform/common/VersionNumber.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/MenuRows.h"
+#include "platform/common/MenuRows.h"
 
 namespace tavrel {
 

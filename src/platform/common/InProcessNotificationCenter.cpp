@@ -1,4 +1,4 @@
-#include "platform/InProcessNotificationCenter.h"
+#include "platform/common/InProcessNotificationCenter.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/MenuTracking.h"
+#include "platform/common/MenuTracking.h"
 
 #include <algorithm>
 #include <utility>

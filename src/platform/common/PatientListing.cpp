@@ -1,4 +1,4 @@
-#include "platform/PatientListing.h"
+#include "platform/common/PatientListing.h"
 
 #include <condition_variable>
 #include <memory>

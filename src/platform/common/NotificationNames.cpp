@@ -1,4 +1,4 @@
-#include "platform/NotificationNames.h"
+#include "platform/common/NotificationNames.h"
 
 namespace tavrel {
 

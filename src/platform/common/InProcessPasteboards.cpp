@@ -1,4 +1,4 @@
-#include "platform/InProcessPasteboards.h"
+#include "platform/common/InProcessPasteboards.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/ItemFacts.h"
+#include "platform/common/ItemFacts.h"
 
 namespace tavrel {
 
