@@ -2,7 +2,7 @@
 // script.tcl, and the whole way of a small script from its container and back.
 
 #include "platform/linux/PropertyListCodec.h"
-#include "script/Engine.h"
+#include "script/engine/Engine.h"
 
 #include <benchmark/benchmark.h>
 

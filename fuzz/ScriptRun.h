@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/Engine.h"
+#include "script/engine/Engine.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 // tavrel-osacompile: makes a compiled script of a source text, and shows what a compiled one holds.
 #include "platform/linux/BoundedFile.h"
 #include "platform/linux/ScriptFile.h"
-#include "script/Engine.h"
+#include "script/engine/Engine.h"
 
 #include <cstdio>
 #include <sys/stat.h>

@@ -1,5 +1,5 @@
 #include "script/ScriptTest.h"
-#include "script/Syntax.h"
+#include "script/syntax/Syntax.h"
 
 #include <type_traits>
 

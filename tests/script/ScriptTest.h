@@ -1,7 +1,7 @@
 #pragma once
 
-#include "script/Engine.h"
 #include "script/RecordingHost.h"
+#include "script/engine/Engine.h"
 
 #include <gtest/gtest.h>
 

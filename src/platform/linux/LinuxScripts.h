@@ -3,7 +3,7 @@
 #include "platform/Scripts.h"
 #include "platform/linux/LongRuns.h"
 #include "platform/linux/ScriptFile.h"
-#include "script/Engine.h"
+#include "script/engine/Engine.h"
 
 #include <functional>
 #include <set>

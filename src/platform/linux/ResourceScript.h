@@ -2,7 +2,7 @@
 
 #include "platform/Scripts.h"
 #include "platform/linux/LongRuns.h"
-#include "script/Engine.h"
+#include "script/engine/Engine.h"
 
 namespace tavrel {
 

@@ -10,7 +10,7 @@
 #include "platform/linux/LinuxScriptHost.h"
 #include "platform/linux/LinuxSystemLog.h"
 #include "platform/linux/LinuxWorkspace.h"
-#include "script/Engine.h"
+#include "script/engine/Engine.h"
 
 #include <gmock/gmock.h>
 

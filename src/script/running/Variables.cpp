@@ -1,0 +1,231 @@
+#include "script/running/Codes.h"
+
+#include "script/values/Coercion.h"
+#include "script/values/Properties.h"
+#include "script/values/Reference.h"
+
+namespace tavrel::script {
+namespace {
+
+[[noreturn]] void refuseUndefined(const std::string& name) {
+  std::string message = "The variable ";
+  message.append(name).append(" is not defined.");
+  throw ScriptError{errors::notDefined, std::move(message)};
+}
+
+class Constant final : public Code {
+public:
+  explicit Constant(Value value) : value_(std::move(value)) {}
+  Value evaluate(Frame&) const override { return value_; }
+
+private:
+  Value value_;
+};
+
+class Variable : public Code {
+public:
+  explicit Variable(const std::string* name) : name_(name) {}
+
+  Value evaluate(Frame& frame) const override {
+    const Value& value = place(frame);
+    if (value.is(ValueKind::undefined))
+      refuseUndefined(*name_);
+    return value.is(ValueKind::reference) ? behind(frame.runtime, value) : value;
+  }
+  Value designate(Frame& frame) const override {
+    const Value& value = place(frame);
+    if (value.is(ValueKind::undefined))
+      refuseUndefined(*name_);
+    return value;
+  }
+  Value refer(Frame&) const override {
+    throw ScriptError{errors::cannotCoerce,
+                      std::string("Can’t make ").append(*name_).append(" into type reference.")};
+  }
+  Value reach(Frame& frame) const override { return designate(frame); }
+  Value hand(Frame& frame) const override { return designate(frame); }
+  void assign(Frame& frame, Value value) const override { place(frame) = std::move(value); }
+  Value takeOut(Frame& frame) const override {
+    Value& value = place(frame);
+    return value.is(ValueKind::text) || value.is(ValueKind::list) ? std::move(value)
+                                                                  : evaluate(frame);
+  }
+
+protected:
+  [[nodiscard]] virtual Value& place(Frame& frame) const = 0;
+  [[nodiscard]] const std::string* name() const { return name_; }
+
+private:
+  const std::string* name_;
+};
+
+class Local final : public Variable {
+public:
+  Local(std::size_t slot, const std::string* name) : Variable(name), slot_(slot) {}
+
+protected:
+  Value& place(Frame& frame) const override { return frame.locals[slot_]; }
+
+private:
+  std::size_t slot_;
+};
+
+// A variable of the handler that makes the script.
+class CreatorLocal final : public Variable {
+public:
+  CreatorLocal(std::size_t slot, const std::string* name) : Variable(name), slot_(slot) {}
+
+protected:
+  Value& place(Frame& frame) const override { return frame.creator->locals[slot_]; }
+
+private:
+  std::size_t slot_;
+};
+
+class Captured final : public Code {
+public:
+  explicit Captured(std::size_t slot) : slot_(slot) {}
+  Value evaluate(Frame& frame) const override { return frame.creator->locals[slot_]; }
+
+private:
+  std::size_t slot_;
+};
+
+class Field final : public Variable {
+public:
+  Field(std::size_t outward, std::size_t index, const std::string* name)
+      : Variable(name), outward_(outward), index_(index) {}
+
+  Value refer(Frame& frame) const override {
+    return fieldReference(frame.runtime, owner(frame), index_, name());
+  }
+  Value reach(Frame& frame) const override { return refer(frame); }
+
+protected:
+  Value& place(Frame& frame) const override { return owner(frame).fields[index_]; }
+
+private:
+  [[nodiscard]] ScriptObject& owner(Frame& frame) const {
+    ScriptObject* script = &frame.self;
+    for (std::size_t i = 0; i < outward_; ++i)
+      script = script->outer();
+    return *script;
+  }
+
+  std::size_t outward_;
+  std::size_t index_;
+};
+
+class Unknown final : public Code {
+public:
+  explicit Unknown(const std::string* name) : name_(name) {}
+
+  Value evaluate(Frame& frame) const override { return fetched(frame.runtime, designate(frame)); }
+  Value designate(Frame& frame) const override {
+    if (frame.target.is(ValueKind::undefined) || frame.target.is(ValueKind::missing))
+      refuseUndefined(*name_);
+    if (frame.target.is(ValueKind::specifier))
+      return code_->designate(frame);
+    auto value = propertyOf(frame.runtime, frame.target, name_);
+    if (!value)
+      refuseUndefined(*name_);
+    return *std::move(value);
+  }
+
+private:
+  const std::string* name_;
+  CodePtr code_ = propertyCode(name_, nullptr);
+};
+
+class Me final : public Code {
+public:
+  Value evaluate(Frame& frame) const override { return frame.me; }
+};
+
+class It final : public Code {
+public:
+  Value evaluate(Frame& frame) const override {
+    return frame.target.is(ValueKind::undefined) ? frame.me : frame.target;
+  }
+};
+
+class Result final : public Code {
+public:
+  Value evaluate(Frame& frame) const override {
+    if (frame.result.is(ValueKind::undefined))
+      refuseUndefined("result");
+    return frame.result;
+  }
+};
+
+// {a, b} on the left of an assignment
+class Pattern final : public Code {
+public:
+  explicit Pattern(std::vector<CodePtr> places) : places_(std::move(places)) {}
+
+  Value evaluate(Frame& frame) const override {
+    std::vector<Value> values;
+    for (const CodePtr& each : places_)
+      values.push_back(each->evaluate(frame));
+    return frame.runtime.list(std::move(values));
+  }
+  void assign(Frame& frame, Value value) const override {
+    const Value list = coerced(frame.runtime, value, "list");
+    const std::vector<Value> values = list.as<List>()->values();
+    if (values.size() < places_.size())
+      throw ScriptError{errors::noSuchObject, std::string("Can’t get item ")
+                                                  .append(std::to_string(values.size() + 1))
+                                                  .append(" of ")
+                                                  .append(described(value))
+                                                  .append(".")};
+    for (std::size_t i = 0; i < places_.size(); ++i)
+      places_[i]->assign(frame, values[i]);
+  }
+
+private:
+  std::vector<CodePtr> places_;
+};
+
+} // namespace
+
+CodePtr constantCode(Value value) {
+  return std::make_unique<Constant>(std::move(value));
+}
+
+CodePtr localCode(std::size_t slot, const std::string* name) {
+  return std::make_unique<Local>(slot, name);
+}
+
+CodePtr creatorLocalCode(std::size_t slot, const std::string* name) {
+  return std::make_unique<CreatorLocal>(slot, name);
+}
+
+CodePtr capturedCode(std::size_t slot) {
+  return std::make_unique<Captured>(slot);
+}
+
+CodePtr fieldCode(std::size_t outward, std::size_t index, const std::string* name) {
+  return std::make_unique<Field>(outward, index, name);
+}
+
+CodePtr unknownCode(const std::string* name) {
+  return std::make_unique<Unknown>(name);
+}
+
+CodePtr meCode() {
+  return std::make_unique<Me>();
+}
+
+CodePtr itCode() {
+  return std::make_unique<It>();
+}
+
+CodePtr resultCode() {
+  return std::make_unique<Result>();
+}
+
+CodePtr patternCode(std::vector<CodePtr> places) {
+  return std::make_unique<Pattern>(std::move(places));
+}
+
+} // namespace tavrel::script

@@ -1,0 +1,83 @@
+#include "script/syntax/Parser.h"
+
+namespace tavrel::script {
+namespace {
+
+// Whether an element of the kind stands in a container that is told after `of`.
+bool isPart(NodeKind kind) {
+  return (kind >= NodeKind::property && kind <= NodeKind::insertionPoint) ||
+         kind == NodeKind::call || kind == NodeKind::labelledCall;
+}
+
+} // namespace
+
+Node Parser::reference() {
+  const Nesting nesting(*this);
+  const std::uint32_t start = peek().span.start;
+  Node result = withOwners(head());
+  const bool stops = stops_.ofType && lengthOf("of type") > 0;
+  if (!stops && (takeWord("of") || (!stops_.in && takeWord("in")))) {
+    Node container = reference();
+    if (result.kind == NodeKind::variable)
+      result.kind = NodeKind::property;
+    if (result.kind == NodeKind::typeName)
+      result.kind = NodeKind::property;
+    if (!isPart(result.kind))
+      expected("end of line");
+    attach(result, std::move(container));
+  }
+  result = filtered(std::move(result));
+  finish(result, start);
+  return result;
+}
+
+// x's y's z
+Node Parser::withOwners(Node head) {
+  while (takeSymbol("'s"))
+    head = filtered(ownedBy(std::move(head)));
+  return head;
+}
+
+Node Parser::ownedBy(Node owner) {
+  Node part = head();
+  if (part.kind == NodeKind::variable || part.kind == NodeKind::typeName)
+    part.kind = NodeKind::property;
+  if (!isPart(part.kind))
+    expected("property");
+  attach(part, std::move(owner));
+  return part;
+}
+
+// The innermost part without a container gets it.
+void Parser::attach(Node& reference, Node container) const {
+  if (reference.children.empty())
+    reference.children.emplace_back();
+  Node& slot = reference.children.front();
+  if (slot.kind == NodeKind::none)
+    slot = std::move(container);
+  else if (isPart(slot.kind))
+    attach(slot, std::move(container));
+  else
+    expected("end of line");
+  grow(reference);
+}
+
+// `every file of home whose name is "a"`: the condition belongs to the elements, wherever their
+// container is told.
+Node Parser::filtered(Node reference) {
+  const bool single = reference.kind == NodeKind::element;
+  if (!single && reference.kind != NodeKind::everyElement)
+    return reference;
+  if (!takeWord("whose") && !takeWord("where") && !takeWord("that"))
+    return reference;
+  ++conditions_;
+  Node condition = expression();
+  --conditions_;
+  Node all = node(NodeKind::filter, reference.text,
+                  {std::move(reference.children[0]), std::move(condition)});
+  if (!single)
+    return all;
+  return node(NodeKind::element, "item", {std::move(all), std::move(reference.children[1])});
+}
+
+} // namespace tavrel::script

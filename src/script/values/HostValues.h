@@ -1,0 +1,13 @@
+#pragma once
+
+#include "script/values/Runtime.h"
+
+namespace tavrel::script {
+
+/// What the desktop gives, as a script's value.
+[[nodiscard]] Value valueOf(Runtime& runtime, const HostValue& value);
+
+/// A script's value as the desktop takes it. Throws (`cannotCoerce`) for scripts.
+[[nodiscard]] HostValue hostValueOf(Runtime& runtime, const Value& value);
+
+} // namespace tavrel::script
