@@ -8,8 +8,8 @@
 #include "app/TVController.h"
 #include "menu/ItemRecord.h"
 #include "menu/PathHelpers.h"
-#include "platform/linux/LinuxFiles.h"
-#include "platform/linux/LinuxPreferences.h"
+#include "platform/linux/files/LinuxFiles.h"
+#include "platform/linux/preferences/LinuxPreferences.h"
 #include "platform/memory/MemoryDesktop.h"
 
 #include <benchmark/benchmark.h>

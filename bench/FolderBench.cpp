@@ -5,8 +5,8 @@
 #include "app/TVApplication.h"
 #include "app/TVController.h"
 #include "menu/NumericOrder.h"
-#include "platform/linux/LinuxFiles.h"
-#include "platform/linux/LinuxImages.h"
+#include "platform/linux/files/LinuxFiles.h"
+#include "platform/linux/images/LinuxImages.h"
 #include "platform/memory/MemoryDesktop.h"
 
 #include <benchmark/benchmark.h>

@@ -1,7 +1,7 @@
 // What scripts cost: small programs of loops, texts, lists and calls, the same as in script.lua and
 // script.tcl, and the whole way of a small script from its container and back.
 
-#include "platform/linux/PropertyListCodec.h"
+#include "platform/linux/plists/PropertyListCodec.h"
 #include "script/engine/Engine.h"
 
 #include <benchmark/benchmark.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/RecentUses.h"
+#include "platform/linux/places/RecentUses.h"
 
 #include <algorithm>
 #include <cstddef>

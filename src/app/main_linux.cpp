@@ -3,9 +3,9 @@
 #include "app/TVController.h"
 #include "platform/Services.h"
 #include "platform/linux/LinuxDesktop.h"
-#include "platform/linux/ResourceFolder.h"
-#include "platform/linux/SingleInstance.h"
-#include "platform/linux/TerminationSignals.h"
+#include "platform/linux/dbus/SingleInstance.h"
+#include "platform/linux/installation/ResourceFolder.h"
+#include "platform/linux/system/TerminationSignals.h"
 
 #include <QApplication>
 #include <QIcon>

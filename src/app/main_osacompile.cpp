@@ -1,6 +1,6 @@
 // tavrel-osacompile: makes a compiled script of a source text, and shows what a compiled one holds.
-#include "platform/linux/BoundedFile.h"
-#include "platform/linux/ScriptFile.h"
+#include "platform/linux/scripts/ScriptFile.h"
+#include "platform/linux/system/BoundedFile.h"
 #include "script/engine/Engine.h"
 
 #include <cstdio>

@@ -3,8 +3,8 @@
 // knows no other places than those pieces, whatever it is asked.
 
 #include "base/PathString.h"
-#include "platform/linux/InstalledPieces.h"
-#include "platform/linux/SafeRemoval.h"
+#include "platform/linux/installation/InstalledPieces.h"
+#include "platform/linux/transfers/SafeRemoval.h"
 
 #include <climits>
 #include <cstdlib>

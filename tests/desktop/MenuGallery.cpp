@@ -1,7 +1,7 @@
 #include "base/Modifiers.h"
-#include "platform/linux/LinuxImages.h"
-#include "platform/linux/LinuxPresenter.h"
-#include "platform/linux/LinuxStatusBar.h"
+#include "platform/linux/images/LinuxImages.h"
+#include "platform/linux/menus/LinuxPresenter.h"
+#include "platform/linux/tray/LinuxStatusBar.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

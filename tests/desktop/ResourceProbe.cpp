@@ -1,4 +1,4 @@
-#include "platform/linux/ResourceFolder.h"
+#include "platform/linux/installation/ResourceFolder.h"
 
 #include <cstdio>
 

@@ -1,10 +1,10 @@
 #include "contract/AccessibilityContract.h"
 
-#include "platform/linux/ApplicationRegistry.h"
-#include "platform/linux/BusProbe.h"
-#include "platform/linux/DesktopWindows.h"
-#include "platform/linux/LinuxAccessibility.h"
-#include "platform/linux/OwnKeystrokes.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/dbus/BusProbe.h"
+#include "platform/linux/x11/keystrokes/LinuxAccessibility.h"
+#include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
+#include "platform/linux/x11/windows/DesktopWindows.h"
 #include "support/Desktop.h"
 #include "support/TemporaryFolder.h"
 

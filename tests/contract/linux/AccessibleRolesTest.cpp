@@ -1,4 +1,4 @@
-#include "platform/linux/AccessibleRoles.h"
+#include "platform/linux/accessibility/AccessibleRoles.h"
 
 #include <gtest/gtest.h>
 

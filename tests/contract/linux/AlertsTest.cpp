@@ -1,6 +1,6 @@
 #include "contract/AlertsContract.h"
 
-#include "platform/linux/LinuxAlerts.h"
+#include "platform/linux/session/LinuxAlerts.h"
 #include "support/Desktop.h"
 
 #include <QAccessible>

@@ -1,4 +1,4 @@
-#include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
 
 #include "support/ScratchFolders.h"
 

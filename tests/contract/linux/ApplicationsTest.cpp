@@ -1,8 +1,8 @@
 #include "ApplicationsContract.h"
 
 #include "FakeApplications.h"
-#include "platform/linux/LinuxApplications.h"
-#include "platform/linux/WindowMatch.h"
+#include "platform/linux/applications/LinuxApplications.h"
+#include "platform/linux/applications/WindowMatch.h"
 
 #include <QCoreApplication>
 #include <QProcess>

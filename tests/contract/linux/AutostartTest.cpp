@@ -1,6 +1,6 @@
-#include "platform/linux/Autostart.h"
+#include "platform/linux/preferences/Autostart.h"
 
-#include "platform/linux/EntryText.h"
+#include "platform/linux/files/EntryText.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

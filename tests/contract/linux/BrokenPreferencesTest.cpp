@@ -1,4 +1,4 @@
-#include "platform/linux/LinuxPreferences.h"
+#include "platform/linux/preferences/LinuxPreferences.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "contract/BundleContract.h"
 
-#include "platform/linux/LinuxBundle.h"
-#include "platform/linux/PropertyListCodec.h"
-#include "platform/linux/ResourceFolder.h"
+#include "platform/linux/installation/LinuxBundle.h"
+#include "platform/linux/installation/ResourceFolder.h"
+#include "platform/linux/plists/PropertyListCodec.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,5 +1,5 @@
-#include "platform/linux/ButtonMonitor.h"
-#include "platform/linux/LinuxPresenter.h"
+#include "platform/linux/x11/gestures/ButtonMonitor.h"
+#include "platform/linux/menus/LinuxPresenter.h"
 #include "support/Desktop.h"
 #include "support/EnvironmentVariable.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "linux/SelectionClient.h"
-#include "platform/linux/LinuxPasteboards.h"
+#include "platform/linux/x11/clipboard/LinuxPasteboards.h"
 #include "support/WaitFor.h"
 
 #include <QProcess>

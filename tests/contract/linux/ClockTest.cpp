@@ -1,6 +1,6 @@
 #include "contract/ClockContract.h"
 
-#include "platform/linux/LinuxClock.h"
+#include "platform/linux/system/LinuxClock.h"
 
 #include <QEventLoop>
 #include <QTimer>

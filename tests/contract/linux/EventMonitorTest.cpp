@@ -1,8 +1,8 @@
 #include "contract/EventMonitorContract.h"
 
-#include "platform/linux/LinuxEventMonitor.h"
-#include "platform/linux/LinuxKeyboard.h"
-#include "platform/linux/OwnKeystrokes.h"
+#include "platform/linux/x11/gestures/LinuxEventMonitor.h"
+#include "platform/linux/x11/keyboard/LinuxKeyboard.h"
+#include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
 

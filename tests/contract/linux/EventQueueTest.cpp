@@ -1,7 +1,7 @@
 #include "contract/EventQueueContract.h"
 
-#include "platform/linux/LinuxClock.h"
-#include "platform/linux/LinuxEventQueue.h"
+#include "platform/linux/system/LinuxClock.h"
+#include "platform/linux/x11/gestures/LinuxEventQueue.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
 

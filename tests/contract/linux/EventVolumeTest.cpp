@@ -1,4 +1,4 @@
-#include "platform/linux/EventVolume.h"
+#include "platform/linux/sounds/EventVolume.h"
 #include "support/Desktop.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"

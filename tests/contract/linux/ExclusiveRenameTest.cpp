@@ -1,6 +1,6 @@
-#include "platform/linux/ExclusiveRename.h"
+#include "platform/linux/transfers/ExclusiveRename.h"
 
-#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/system/FileDescriptor.h"
 #include "support/ScratchFolders.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/ExecLine.h"
+#include "platform/linux/applications/ExecLine.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

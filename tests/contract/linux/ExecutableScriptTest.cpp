@@ -1,4 +1,4 @@
-#include "platform/linux/ExecutableScript.h"
+#include "platform/linux/processes/ExecutableScript.h"
 
 #include "support/ScratchFolders.h"
 #include "support/WaitFor.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/ApplicationRegistry.h"
+#include "platform/linux/applications/ApplicationRegistry.h"
 #include "support/ScratchFolders.h"
 #include "support/WaitFor.h"
 

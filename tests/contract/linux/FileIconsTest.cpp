@@ -1,7 +1,7 @@
 #include "contract/linux/LinuxImagesFixture.h"
 
-#include "platform/linux/IconChoice.h"
-#include "platform/linux/IconTheme.h"
+#include "platform/linux/images/IconChoice.h"
+#include "platform/linux/images/IconTheme.h"
 #include "support/Desktop.h"
 
 #include <sys/stat.h>

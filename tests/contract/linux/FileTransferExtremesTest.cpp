@@ -1,7 +1,7 @@
 #include "linux/FileTransferFixture.h"
 
-#include "platform/linux/DirectoryTree.h"
-#include "platform/linux/TreeCopy.h"
+#include "platform/linux/transfers/DirectoryTree.h"
+#include "platform/linux/transfers/TreeCopy.h"
 
 #include <fcntl.h>
 #include <functional>

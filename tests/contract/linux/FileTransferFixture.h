@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/FileTransfer.h"
+#include "platform/linux/transfers/FileTransfer.h"
 #include "support/ScratchFolders.h"
 
 #include <filesystem>

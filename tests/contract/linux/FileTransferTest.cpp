@@ -1,5 +1,5 @@
 #include "linux/FileTransferFixture.h"
-#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/system/FileDescriptor.h"
 
 #include <fcntl.h>
 #include <functional>

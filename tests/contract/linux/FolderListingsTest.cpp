@@ -1,6 +1,6 @@
-#include "platform/linux/FolderListings.h"
+#include "platform/linux/files/FolderListings.h"
 
-#include "platform/linux/LinuxFiles.h"
+#include "platform/linux/files/LinuxFiles.h"
 #include "support/DeadFileSystem.h"
 #include "support/DyingFileSystem.h"
 #include "support/ScratchFolders.h"

@@ -1,7 +1,7 @@
 #include "contract/HotKeysContract.h"
 
-#include "platform/linux/LinuxHotKeys.h"
-#include "platform/linux/ServerModifiers.h"
+#include "platform/linux/x11/gestures/LinuxHotKeys.h"
+#include "platform/linux/x11/keyboard/ServerModifiers.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
 

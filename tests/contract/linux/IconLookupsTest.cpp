@@ -1,4 +1,4 @@
-#include "platform/linux/IconLookups.h"
+#include "platform/linux/images/IconLookups.h"
 #include "support/Desktop.h"
 
 #include <QThread>

@@ -1,4 +1,4 @@
-#include "platform/linux/KeyChord.h"
+#include "platform/linux/x11/keystrokes/KeyChord.h"
 
 #include <gtest/gtest.h>
 #include <xkbcommon/xkbcommon.h>

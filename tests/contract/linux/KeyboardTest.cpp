@@ -1,7 +1,7 @@
 #include "contract/KeyboardContract.h"
 
-#include "platform/linux/LinuxKeyboard.h"
-#include "platform/linux/XkbLayout.h"
+#include "platform/linux/x11/keyboard/LinuxKeyboard.h"
+#include "platform/linux/x11/keyboard/XkbLayout.h"
 
 #include <QProcess>
 

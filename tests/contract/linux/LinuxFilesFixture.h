@@ -1,7 +1,7 @@
 #pragma once
 
 #include "contract/FilesContract.h"
-#include "platform/linux/LinuxFiles.h"
+#include "platform/linux/files/LinuxFiles.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>

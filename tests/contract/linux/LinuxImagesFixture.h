@@ -1,8 +1,8 @@
 #pragma once
 
 #include "contract/ImagesContract.h"
-#include "platform/linux/LinuxImage.h"
-#include "platform/linux/LinuxImages.h"
+#include "platform/linux/images/LinuxImage.h"
+#include "platform/linux/images/LinuxImages.h"
 
 #include <QBuffer>
 #include <QColor>

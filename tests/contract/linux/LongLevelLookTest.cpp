@@ -1,7 +1,7 @@
 #include "base/Modifiers.h"
 #include "contract/linux/MenuPerson.h"
-#include "platform/linux/ImageContents.h"
-#include "platform/linux/LinuxImage.h"
+#include "platform/linux/images/ImageContents.h"
+#include "platform/linux/images/LinuxImage.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "platform/linux/LongRuns.h"
+#include "platform/linux/scripts/LongRuns.h"
 
 #include "linux/FakeNotifications.h"
 #include "support/WaitFor.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/MenuEntryText.h"
+#include "platform/linux/menus/MenuEntryText.h"
 
 #include "base/Modifiers.h"
 

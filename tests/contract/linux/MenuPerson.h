@@ -1,8 +1,8 @@
 #pragma once
 
 #include "contract/MenuHands.h"
-#include "platform/linux/LinuxPresenter.h"
-#include "platform/linux/MenuPopup.h"
+#include "platform/linux/menus/LinuxPresenter.h"
+#include "platform/linux/menus/MenuPopup.h"
 #include "support/Desktop.h"
 
 #include <QApplication>

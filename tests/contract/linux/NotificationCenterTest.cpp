@@ -1,8 +1,8 @@
 #include "contract/NotificationCenterContract.h"
 
 #include "platform/common/InProcessNotificationCenter.h"
-#include "platform/linux/DBusSignalReceiver.h"
-#include "platform/linux/LinuxDistributedNotificationCenter.h"
+#include "platform/linux/dbus/DBusSignalReceiver.h"
+#include "platform/linux/dbus/LinuxDistributedNotificationCenter.h"
 #include "support/Desktop.h"
 
 #include <QDBusConnection>

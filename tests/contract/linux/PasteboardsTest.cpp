@@ -1,8 +1,8 @@
 #include "contract/PasteboardsContract.h"
 
 #include "linux/SelectionClient.h"
-#include "platform/linux/LinuxPasteboards.h"
-#include "platform/linux/NativeTarget.h"
+#include "platform/linux/x11/clipboard/LinuxPasteboards.h"
+#include "platform/linux/x11/clipboard/NativeTarget.h"
 #include "support/WaitFor.h"
 
 namespace tavrel {

@@ -1,5 +1,5 @@
 #include "contract/MenuDiary.h"
-#include "platform/linux/LinuxPresenter.h"
+#include "platform/linux/menus/LinuxPresenter.h"
 #include "support/Desktop.h"
 #include "support/OtherWindow.h"
 

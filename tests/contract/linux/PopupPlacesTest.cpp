@@ -1,4 +1,4 @@
-#include "platform/linux/LinuxPresenter.h"
+#include "platform/linux/menus/LinuxPresenter.h"
 #include "support/Desktop.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
-#include "platform/linux/PreferenceWatch.h"
+#include "platform/linux/preferences/PreferenceWatch.h"
 
-#include "platform/linux/LinuxPreferences.h"
+#include "platform/linux/preferences/LinuxPreferences.h"
 #include "support/Desktop.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
 #include "contract/PreferencesContract.h"
 
-#include "platform/linux/LinuxPreferences.h"
+#include "platform/linux/preferences/LinuxPreferences.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
-#include "platform/linux/ProcessLauncher.h"
+#include "platform/linux/processes/ProcessLauncher.h"
 
-#include "platform/linux/FileDescriptor.h"
-#include "platform/linux/Program.h"
+#include "platform/linux/processes/Program.h"
+#include "platform/linux/system/FileDescriptor.h"
 #include "support/ScratchFolders.h"
 #include "support/WaitFor.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/PropertyListCodec.h"
+#include "platform/linux/plists/PropertyListCodec.h"
 
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"

@@ -1,13 +1,13 @@
-#include "platform/linux/RecentItemsView.h"
+#include "platform/linux/preferences/RecentItemsView.h"
 
 #include "contract/linux/FakeApplications.h"
-#include "platform/linux/FileBookmark.h"
-#include "platform/linux/FileDescriptor.h"
-#include "platform/linux/LinuxFiles.h"
-#include "platform/linux/LinuxPreferences.h"
-#include "platform/linux/MountedPlace.h"
-#include "platform/linux/NetworkPlaces.h"
-#include "platform/linux/RecentUsesFile.h"
+#include "platform/linux/files/FileBookmark.h"
+#include "platform/linux/files/LinuxFiles.h"
+#include "platform/linux/places/MountedPlace.h"
+#include "platform/linux/places/NetworkPlaces.h"
+#include "platform/linux/places/RecentUsesFile.h"
+#include "platform/linux/preferences/LinuxPreferences.h"
+#include "platform/linux/system/FileDescriptor.h"
 #include "support/EnvironmentVariable.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
-#include "platform/linux/LinuxBundle.h"
-#include "platform/linux/ResourceScript.h"
-#include "platform/linux/ScriptFile.h"
+#include "platform/linux/installation/LinuxBundle.h"
+#include "platform/linux/scripts/ResourceScript.h"
+#include "platform/linux/scripts/ScriptFile.h"
 #include "script/RecordingHost.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-#include "platform/linux/LinuxBundle.h"
-#include "platform/linux/PreferenceFile.h"
+#include "platform/linux/installation/LinuxBundle.h"
+#include "platform/linux/plists/PreferenceFile.h"
 #include "support/EnvironmentVariable.h"
 
 #include <gmock/gmock.h>

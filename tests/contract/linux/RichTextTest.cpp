@@ -1,6 +1,6 @@
 #include "contract/RichTextContract.h"
 
-#include "platform/linux/LinuxRichText.h"
+#include "platform/linux/text/LinuxRichText.h"
 
 namespace tavrel {
 namespace {

@@ -1,5 +1,5 @@
-#include "platform/linux/RowWindow.h"
-#include "platform/linux/RowSteps.h"
+#include "platform/linux/menus/RowWindow.h"
+#include "platform/linux/menus/RowSteps.h"
 
 #include <gtest/gtest.h>
 

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "linux/FakeApplications.h"
-#include "platform/linux/DesktopWindows.h"
-#include "platform/linux/LinuxAccessibility.h"
-#include "platform/linux/LinuxApplications.h"
-#include "platform/linux/LinuxClock.h"
-#include "platform/linux/LinuxKeyboard.h"
-#include "platform/linux/LinuxPasteboards.h"
-#include "platform/linux/LinuxScriptHost.h"
-#include "platform/linux/LinuxSystemLog.h"
-#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/applications/LinuxApplications.h"
+#include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/scripts/LinuxScriptHost.h"
+#include "platform/linux/system/LinuxClock.h"
+#include "platform/linux/system/LinuxSystemLog.h"
+#include "platform/linux/x11/clipboard/LinuxPasteboards.h"
+#include "platform/linux/x11/keyboard/LinuxKeyboard.h"
+#include "platform/linux/x11/keystrokes/LinuxAccessibility.h"
+#include "platform/linux/x11/windows/DesktopWindows.h"
 #include "script/engine/Engine.h"
 
 #include <gmock/gmock.h>

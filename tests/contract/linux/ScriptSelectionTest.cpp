@@ -1,8 +1,8 @@
 #include "linux/ScriptHostFixture.h"
 #include "linux/SelectionClient.h"
-#include "platform/linux/LinuxBundle.h"
-#include "platform/linux/ResourceScript.h"
-#include "platform/linux/ScriptFile.h"
+#include "platform/linux/installation/LinuxBundle.h"
+#include "platform/linux/scripts/ResourceScript.h"
+#include "platform/linux/scripts/ScriptFile.h"
 #include "support/Desktop.h"
 
 namespace tavrel {

@@ -1,8 +1,8 @@
 #include "linux/FakeScriptable.h"
-#include "platform/linux/BusName.h"
-#include "platform/linux/BusObject.h"
-#include "platform/linux/LinuxScripting.h"
-#include "platform/linux/SingleInstance.h"
+#include "platform/linux/dbus/BusName.h"
+#include "platform/linux/dbus/BusObject.h"
+#include "platform/linux/dbus/SingleInstance.h"
+#include "platform/linux/scripts/LinuxScripting.h"
 #include "support/Desktop.h"
 
 #include <QDBusConnection>

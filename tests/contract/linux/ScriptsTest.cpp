@@ -1,6 +1,6 @@
 #include "contract/ScriptsContract.h"
 
-#include "platform/linux/LinuxScripts.h"
+#include "platform/linux/scripts/LinuxScripts.h"
 #include "script/RecordingHost.h"
 #include "support/ScratchFolders.h"
 

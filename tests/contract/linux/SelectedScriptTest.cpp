@@ -1,4 +1,4 @@
-#include "platform/linux/SelectedScript.h"
+#include "platform/linux/scripts/SelectedScript.h"
 
 #include "linux/FakeNotifications.h"
 #include "linux/ScriptHostFixture.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/SoundPlayer.h"
+#include "platform/linux/sounds/SoundPlayer.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaitFor.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/SoundTheme.h"
+#include "platform/linux/sounds/SoundTheme.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
 #include "contract/SoundsContract.h"
 
-#include "platform/linux/LinuxSounds.h"
+#include "platform/linux/sounds/LinuxSounds.h"
 #include "support/TemporaryFolder.h"
 
 namespace tavrel {

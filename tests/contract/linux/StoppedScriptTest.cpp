@@ -1,6 +1,6 @@
 #include "linux/FakeNotifications.h"
 #include "linux/ScriptHostFixture.h"
-#include "platform/linux/TerminationSignals.h"
+#include "platform/linux/system/TerminationSignals.h"
 
 #include <QApplication>
 

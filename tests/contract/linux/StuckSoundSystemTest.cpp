@@ -1,4 +1,4 @@
-#include "platform/linux/LinuxSounds.h"
+#include "platform/linux/sounds/LinuxSounds.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaitFor.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/LinuxSystemLog.h"
+#include "platform/linux/system/LinuxSystemLog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "platform/linux/TerminationSignals.h"
+#include "platform/linux/system/TerminationSignals.h"
 
-#include "platform/linux/LinuxAlerts.h"
-#include "platform/linux/LinuxAuthorization.h"
+#include "platform/linux/installation/LinuxAuthorization.h"
+#include "platform/linux/session/LinuxAlerts.h"
 #include "support/Desktop.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "contract/TextEncodingsContract.h"
 
 #include "base/Utf8.h"
-#include "platform/linux/EncodingTable.h"
-#include "platform/linux/LinuxTextEncodings.h"
+#include "platform/linux/text/EncodingTable.h"
+#include "platform/linux/text/LinuxTextEncodings.h"
 
 #include <chrono>
 #include <iconv.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/TypedKeys.h"
+#include "platform/linux/x11/keyboard/TypedKeys.h"
 #include "support/FakeInput.h"
 
 #include <gmock/gmock.h>

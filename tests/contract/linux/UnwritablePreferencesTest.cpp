@@ -1,6 +1,6 @@
-#include "platform/linux/LinuxPreferences.h"
+#include "platform/linux/preferences/LinuxPreferences.h"
 
-#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/system/FileDescriptor.h"
 #include "support/ScratchFolders.h"
 
 #include <algorithm>

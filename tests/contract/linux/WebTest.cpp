@@ -1,8 +1,8 @@
 #include "contract/WebContract.h"
 
 #include "contract/linux/WebServer.h"
-#include "platform/linux/LinuxWeb.h"
-#include "platform/linux/PropertyListCodec.h"
+#include "platform/linux/plists/PropertyListCodec.h"
+#include "platform/linux/web/LinuxWeb.h"
 #include "support/WaitFor.h"
 
 #include <QCoreApplication>

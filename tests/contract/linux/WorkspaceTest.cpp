@@ -1,8 +1,8 @@
 #include "WorkspaceContract.h"
 
 #include "FakeApplications.h"
-#include "platform/linux/DesktopWindows.h"
-#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/applications/LinuxWorkspace.h"
+#include "platform/linux/x11/windows/DesktopWindows.h"
 #include "support/DeadFileSystem.h"
 
 #include <QDBusConnection>

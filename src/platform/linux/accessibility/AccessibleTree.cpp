@@ -1,0 +1,187 @@
+#include "platform/linux/accessibility/AccessibleTree.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace tavrel {
+
+namespace {
+const QString accessible = QStringLiteral("org.a11y.atspi.Accessible");
+const QString component = QStringLiteral("org.a11y.atspi.Component");
+const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
+const QString daemonName = QStringLiteral("org.freedesktop.DBus");
+
+constexpr int deepest = 64;         // elements within elements
+constexpr int highestInControl = 4; // a label in a box in a box in a button
+constexpr std::uint32_t screenCoordinates = 0;
+constexpr std::uint32_t manyLinesState = 1U << 17;
+
+AccessibleElement elementFrom(const QDBusArgument& argument) {
+  AccessibleElement element;
+  QDBusObjectPath path;
+  argument.beginStructure();
+  argument >> element.owner >> path;
+  argument.endStructure();
+  element.path = path.path();
+  return element;
+}
+
+std::optional<QDBusArgument> argumentOf(const QDBusMessage& answer, const QString& signature) {
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != signature)
+    return std::nullopt;
+  return answer.arguments().value(0).value<QDBusArgument>();
+}
+
+int distanceBetween(const QRect& one, const QRect& other) {
+  return (one.topLeft() - other.topLeft()).manhattanLength() +
+         (one.bottomRight() - other.bottomRight()).manhattanLength();
+}
+} // namespace
+
+bool AccessibleElement::isNull() const {
+  return owner.isEmpty() || path == QStringLiteral("/org/a11y/atspi/null");
+}
+
+std::optional<AccessibleElement> AccessibleTree::application(std::int32_t process) {
+  const AccessibleElement registry{QStringLiteral("org.a11y.atspi.Registry"), rootPath};
+  for (const AccessibleElement& each : children(registry))
+    if (processOf(each.owner) == process)
+      return each;
+  return std::nullopt;
+}
+
+std::optional<AccessibleElement> AccessibleTree::elementAt(const AccessibleElement& application,
+                                                           const QRect& window, QPoint point) {
+  for (const AccessibleElement& each : windows(application, window)) {
+    const AccessibleElement found = childAt(each, point);
+    if (!found.isNull())
+      return controlAround(innermost(found, point));
+  }
+  return std::nullopt;
+}
+
+// Down to the first control, where a toolkit answers level by level.
+AccessibleElement AccessibleTree::innermost(AccessibleElement element, QPoint point) {
+  for (int depth = 0; depth < deepest && !isControl(roleOf(element)); ++depth) {
+    const AccessibleElement inner = childAt(element, point);
+    if (inner.isNull() || inner == element)
+      break;
+    element = inner;
+  }
+  return element;
+}
+
+// Other toolkits answer with the innermost element at once, past the control that it lies in.
+AccessibleElement AccessibleTree::controlAround(const AccessibleElement& element) {
+  AccessibleElement around = element;
+  for (int height = 0; height <= highestInControl && !around.isNull(); ++height) {
+    if (isControl(roleOf(around)))
+      return around;
+    around = parentOf(around);
+  }
+  return element;
+}
+
+// They come in the order of their birth: menus after what they belong to.
+std::vector<AccessibleElement> AccessibleTree::windows(const AccessibleElement& application,
+                                                       const QRect& nearest) {
+  std::vector<AccessibleElement> all = children(application);
+  std::reverse(all.begin(), all.end());
+  if (all.size() < 2)
+    return all;
+  std::vector<std::pair<int, AccessibleElement>> byDistance;
+  for (AccessibleElement& each : all)
+    byDistance.emplace_back(distanceBetween(extents(each), nearest), std::move(each));
+  std::ranges::stable_sort(byDistance, {}, [](const auto& each) { return each.first; });
+  all.clear();
+  for (auto& each : byDistance)
+    all.push_back(std::move(each.second));
+  return all;
+}
+
+AccessibleFacts AccessibleTree::facts(const AccessibleElement& element) {
+  return {roleOf(element), roleOf(parentOf(element)), hasManyLines(element)};
+}
+
+QDBusMessage AccessibleTree::ask(const AccessibleElement& element, const QString& interface,
+                                 const QString& method, const QVariantList& arguments) {
+  QDBusMessage call =
+      QDBusMessage::createMethodCall(element.owner, element.path, interface, method);
+  call.setAutoStartService(false);
+  call.setArguments(arguments);
+  const auto left = static_cast<int>(deadline_.remainingTime());
+  return left > 0 ? bus_.call(call, QDBus::Block, left) : QDBusMessage();
+}
+
+std::vector<AccessibleElement> AccessibleTree::children(const AccessibleElement& element) {
+  std::vector<AccessibleElement> all;
+  const auto list =
+      argumentOf(ask(element, accessible, QStringLiteral("GetChildren")), QStringLiteral("a(so)"));
+  if (!list)
+    return all;
+  list->beginArray();
+  while (!list->atEnd())
+    all.push_back(elementFrom(*list));
+  list->endArray();
+  return all;
+}
+
+std::int32_t AccessibleTree::processOf(const QString& owner) {
+  const QDBusMessage answer = ask({daemonName, QStringLiteral("/org/freedesktop/DBus")}, daemonName,
+                                  QStringLiteral("GetConnectionUnixProcessID"), {owner});
+  return static_cast<std::int32_t>(answer.arguments().value(0).toUInt()); // 0 for an error
+}
+
+QRect AccessibleTree::extents(const AccessibleElement& element) {
+  const auto answer = argumentOf(ask(element, component, QStringLiteral("GetExtents"),
+                                     {QVariant::fromValue(screenCoordinates)}),
+                                 QStringLiteral("(iiii)"));
+  int x = 0, y = 0, width = 0, height = 0;
+  if (!answer)
+    return {};
+  answer->beginStructure();
+  *answer >> x >> y >> width >> height;
+  answer->endStructure();
+  return {x, y, width, height};
+}
+
+AccessibleElement AccessibleTree::childAt(const AccessibleElement& element, QPoint point) {
+  const auto child = argumentOf(ask(element, component, QStringLiteral("GetAccessibleAtPoint"),
+                                    {point.x(), point.y(), QVariant::fromValue(screenCoordinates)}),
+                                QStringLiteral("(so)"));
+  return child ? elementFrom(*child) : AccessibleElement();
+}
+
+std::uint32_t AccessibleTree::roleOf(const AccessibleElement& element) {
+  if (element.isNull())
+    return 0;
+  const QDBusMessage answer = ask(element, accessible, QStringLiteral("GetRole"));
+  return answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0).toUInt() : 0;
+}
+
+AccessibleElement AccessibleTree::parentOf(const AccessibleElement& element) {
+  const QDBusMessage answer = ask(element, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                  QStringLiteral("Get"), {accessible, QStringLiteral("Parent")});
+  if (answer.type() != QDBusMessage::ReplyMessage)
+    return {};
+  const QVariant value = answer.arguments().value(0).value<QDBusVariant>().variant();
+  return value.canConvert<QDBusArgument>() ? elementFrom(value.value<QDBusArgument>())
+                                           : AccessibleElement();
+}
+
+bool AccessibleTree::hasManyLines(const AccessibleElement& element) {
+  const QDBusMessage answer = ask(element, accessible, QStringLiteral("GetState"));
+  const auto list = argumentOf(answer, QStringLiteral("au"));
+  QList<std::uint32_t> states;
+  if (list)
+    *list >> states;
+  return !states.empty() && (states.front() & manyLinesState) != 0;
+}
+
+} // namespace tavrel

@@ -1,0 +1,133 @@
+#include "platform/linux/applications/ApplicationRegistry.h"
+
+#include "platform/linux/system/BoundedFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <sys/stat.h>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Far beyond the nesting anybody uses.
+constexpr int deepestFolder = 8;
+constexpr std::size_t largestList = std::size_t{1} << 20;
+
+std::vector<std::string> entriesUnder(const std::string& folder) {
+  std::vector<std::string> result;
+  std::error_code error;
+  fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied,
+                                      error); // follows no links: those may lead anywhere
+  for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
+    if (at.depth() >= deepestFolder)
+      at.disable_recursion_pending();
+    if (at->path().extension() == ".desktop")
+      result.push_back(at->path().string());
+  }
+  std::ranges::sort(result);
+  return result;
+}
+
+std::string idOf(const std::string& folder, const std::string& path) {
+  std::string id = path.substr(folder.size() + 1);
+  std::ranges::replace(id, '/', '-');
+  return id;
+}
+
+bool contains(const std::vector<std::string>& list, std::string_view what) {
+  return std::ranges::find(list, what) != list.end();
+}
+
+const std::vector<std::string>& choices(const MimeAppsList::Choices& all, std::string_view type) {
+  static const std::vector<std::string> none;
+  const auto found = all.find(type);
+  return found == all.end() ? none : found->second;
+}
+
+} // namespace
+
+void ApplicationRegistry::refresh() {
+  applications_.clear();
+  byId_.clear();
+  Cache seen;
+  for (std::size_t index = 0; index < folders_.data.size(); ++index)
+    readFolder(index, seen);
+  cache_ = std::move(seen);
+  for (const InstalledApplication& application : applications_)
+    byId_[application.id] = &application;
+  readLists();
+}
+
+ApplicationRegistry::CachedEntry ApplicationRegistry::readEntry(const std::string& path) const {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0)
+    return {};
+  const Stamp stamp{status.st_ino, status.st_size,
+                    status.st_mtim.tv_sec * 1'000'000'000 + status.st_mtim.tv_nsec};
+  const auto known = cache_.find(path);
+  if (known != cache_.end() && known->second.stamp == stamp)
+    return known->second;
+  std::optional<DesktopEntry> entry = loadDesktopEntry(path);
+  if (!entry || entry->type() != "Application")
+    return {stamp, nullptr};
+  return {stamp, std::make_shared<const DesktopEntry>(std::move(*entry))};
+}
+
+void ApplicationRegistry::readFolder(std::size_t dataFolder, Cache& seen) {
+  const std::string folder = folders_.data[dataFolder] + "/applications";
+  for (const std::string& path : entriesUnder(folder)) {
+    const CachedEntry& cached = seen[path] = readEntry(path);
+    const std::string id = idOf(folder, path);
+    if (cached.entry && byId_.try_emplace(id, nullptr).second && !cached.entry->hidden())
+      applications_.push_back({id, path, cached.entry, dataFolder});
+  }
+}
+
+void ApplicationRegistry::readLists() {
+  lists_.clear();
+  for (MimeAppsFile& file : mimeAppsFiles(folders_))
+    if (const auto text = readFile(file.path, largestList))
+      lists_.emplace_back(std::move(file), parseMimeAppsList(*text));
+}
+
+const InstalledApplication* ApplicationRegistry::find(std::string_view id) const {
+  const auto found = byId_.find(id);
+  return found == byId_.end() ? nullptr : found->second;
+}
+
+std::vector<const InstalledApplication*>
+ApplicationRegistry::handlersOf(std::string_view mimeType) const {
+  std::vector<const InstalledApplication*> handlers;
+  std::set<std::string, std::less<>> removed;
+  const auto add = [&](const InstalledApplication* application) {
+    if (application != nullptr && std::ranges::find(handlers, application) == handlers.end())
+      handlers.push_back(application);
+  };
+  for (const auto& [file, list] : lists_)
+    for (const std::string& id : choices(list.defaults, mimeType))
+      add(find(id));
+  // What one list removes, lesser lists and folders cannot bring back.
+  const auto addFromList = [&](const MimeAppsList& list) {
+    for (const std::string& id : choices(list.added, mimeType))
+      if (!removed.contains(id))
+        add(find(id));
+    const std::vector<std::string>& gone = choices(list.removed, mimeType);
+    removed.insert(gone.begin(), gone.end());
+  };
+  for (std::size_t folder = 0; folder < folders_.data.size(); ++folder) {
+    for (const auto& [file, list] : lists_)
+      if (file.dataFolder == folder && !file.desktopSpecific)
+        addFromList(list);
+    for (const InstalledApplication& application : applications_)
+      if (application.dataFolder == folder && !removed.contains(application.id) &&
+          contains(application.entry->mimeTypes(), mimeType))
+        add(&application);
+  }
+  return handlers;
+}
+
+} // namespace tavrel

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/Applications.h"
+#include "platform/linux/x11/windows/DesktopWindows.h"
+
+namespace tavrel {
+
+class ApplicationRegistry;
+struct InstalledApplication;
+
+/// The processes that have windows, each with the desktop entry of its application. File managers
+/// are seen in their roles: under the name and entry of the Finder, the second as Path Finder. A
+/// desktop window counts as the file manager's when that draws it, docks count as nothing.
+///
+/// A serial number is {0, process identifier}; for a window whose process is not to be known (on
+/// another machine) it is {1, the X11 client}, with 0 as the process identifier.
+class LinuxApplications final : public Applications {
+public:
+  /// `rolesFolder` holds "Finder.desktop" and "Path Finder.desktop"; the others must outlive this.
+  LinuxApplications(ApplicationRegistry& registry, DesktopWindows& windows, std::string rolesFolder)
+      : registry_(registry), windows_(windows), rolesFolder_(std::move(rolesFolder)) {}
+
+  [[nodiscard]] std::optional<RunningApplication> active() override;
+  [[nodiscard]] std::vector<RunningApplication> launched() override;
+  bool bringToFront(ProcessSerialNumber process) override;
+  /// "Flavor", "pid", and where known "CFBundleName", "CFBundleExecutable" (the program's path) and
+  /// "BundlePath" (the application's path).
+  [[nodiscard]] std::optional<PropertyList>
+  processInformation(ProcessSerialNumber process) override;
+
+private:
+  using FileManagers = std::vector<const InstalledApplication*>;
+
+  [[nodiscard]] std::optional<RunningApplication> ownerOf(WindowId window,
+                                                          const FileManagers& managers);
+  /// Fills in name and path; true for a file manager.
+  bool describe(RunningApplication& application, const WindowFacts& facts,
+                const FileManagers& managers);
+
+  ApplicationRegistry& registry_;
+  DesktopWindows& windows_;
+  std::string rolesFolder_;
+};
+
+} // namespace tavrel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/x11/windows/DesktopWindows.h"
+
+namespace tavrel {
+
+/// The application a window belongs to, by what the window and its process tell; `executable` is
+/// the process's program, or empty. The clearest evidence counts first: the id that the window
+/// names, StartupWMClass, the window's class as an entry's id, as the program of an entry, and as
+/// the end of an id like "org.example.Class". Null when no installed application fits.
+[[nodiscard]] const InstalledApplication* applicationOf(const WindowFacts& window,
+                                                        const std::string& executable,
+                                                        const ApplicationRegistry& registry);
+
+/// Whether a program runs other programs, so that it says nothing about the application.
+[[nodiscard]] bool isInterpreter(const std::string& executable);
+
+} // namespace tavrel

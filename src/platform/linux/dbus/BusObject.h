@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/linux/dbus/BusInterface.h"
+
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+namespace tavrel {
+
+/// Our object on the session bus, at `busPath`: the interfaces that are offered at the moment.
+/// Requests are answered one after another from the event loop; what nobody offers is an error.
+class BusObject final : public QDBusVirtualObject {
+public:
+  BusObject();
+  ~BusObject() override;
+
+  /// In place of one of the same name.
+  void offer(BusInterface interface);
+  void withdraw(const QString& name);
+
+  [[nodiscard]] QString introspect(const QString& path) const override;
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+private:
+  [[nodiscard]] BusAnswer called(const QDBusMessage& message) const;
+  [[nodiscard]] BusAnswer property(const QDBusMessage& message) const;
+  [[nodiscard]] BusAnswer allProperties(const QString& interface) const;
+
+  std::vector<BusInterface> interfaces_;
+};
+
+} // namespace tavrel

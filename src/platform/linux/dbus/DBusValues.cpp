@@ -1,0 +1,174 @@
+#include "platform/linux/dbus/DBusValues.h"
+
+#include <QDBusArgument>
+#include <QDBusVariant>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace tavrel {
+
+namespace {
+
+constexpr int deepestValue = 32;
+
+// A message holds 64 containers inside one another, and a dictionary takes three: the array, its
+// entry, and the variant that holds the next one. A deeper message costs the sender its connection.
+constexpr int deepestSent = 20;
+
+bool isDeeper(const PropertyList& value, int levels) {
+  if (levels < 0)
+    return true;
+  if (const PropertyList::Array* elements = value.array())
+    return std::any_of(elements->begin(), elements->end(),
+                       [&](const PropertyList& each) { return isDeeper(each, levels - 1); });
+  if (const PropertyList::Dictionary* entries = value.dictionary())
+    return std::any_of(entries->begin(), entries->end(),
+                       [&](const auto& each) { return isDeeper(each.second, levels - 1); });
+  return false;
+}
+
+std::optional<PropertyList> converted(const QVariant& value, int depth);
+
+std::optional<PropertyList> arrayFrom(const QVariantList& list, int depth) {
+  PropertyList::Array elements;
+  for (const QVariant& element : list) {
+    auto part = converted(element, depth + 1);
+    if (!part)
+      return std::nullopt;
+    elements.push_back(*std::move(part));
+  }
+  return elements;
+}
+
+std::optional<PropertyList> dictionaryFrom(const QVariantMap& map, int depth) {
+  PropertyList::Dictionary entries;
+  for (auto entry = map.begin(); entry != map.end(); ++entry) {
+    auto part = converted(entry.value(), depth + 1);
+    if (!part)
+      return std::nullopt;
+    entries.insert_or_assign(entry.key().toStdString(), *std::move(part));
+  }
+  return entries;
+}
+
+QVariantList elementsOf(const QDBusArgument& argument) {
+  QVariantList elements;
+  argument.beginArray();
+  while (!argument.atEnd())
+    elements.append(argument.asVariant());
+  argument.endArray();
+  return elements;
+}
+
+QVariantMap entriesOf(const QDBusArgument& argument) {
+  QVariantMap entries;
+  argument.beginMap();
+  while (!argument.atEnd()) {
+    argument.beginMapEntry();
+    const QString key = argument.asVariant().toString();
+    entries.insert(key, argument.asVariant());
+    argument.endMapEntry();
+  }
+  argument.endMap();
+  return entries;
+}
+
+// What Qt leaves packed: arrays of anything, and dictionaries, here those with string keys.
+std::optional<PropertyList> unpacked(const QDBusArgument& argument, int depth) {
+  if (argument.currentType() == QDBusArgument::ArrayType)
+    return arrayFrom(elementsOf(argument), depth);
+  if (argument.currentType() == QDBusArgument::MapType &&
+      argument.currentSignature().startsWith(QLatin1String("a{s")))
+    return dictionaryFrom(entriesOf(argument), depth);
+  return std::nullopt;
+}
+
+std::optional<PropertyList> integerFrom(quint64 value) {
+  if (value > static_cast<quint64>(std::numeric_limits<std::int64_t>::max()))
+    return std::nullopt;
+  return static_cast<std::int64_t>(value);
+}
+
+std::optional<PropertyList> converted(const QVariant& value, int depth) {
+  if (depth > deepestValue)
+    return std::nullopt;
+  if (value.metaType() == QMetaType::fromType<QDBusVariant>())
+    return converted(value.value<QDBusVariant>().variant(), depth);
+  if (value.metaType() == QMetaType::fromType<QDBusArgument>())
+    return unpacked(value.value<QDBusArgument>(), depth);
+  switch (value.typeId()) {
+  case QMetaType::Bool:
+    return value.toBool();
+  case QMetaType::UChar:
+  case QMetaType::Short:
+  case QMetaType::UShort:
+  case QMetaType::Int:
+  case QMetaType::UInt:
+  case QMetaType::LongLong:
+    return static_cast<std::int64_t>(value.toLongLong());
+  case QMetaType::ULongLong:
+    return integerFrom(value.toULongLong());
+  case QMetaType::Double:
+    return value.toDouble();
+  case QMetaType::QString:
+    return value.toString().toStdString();
+  case QMetaType::QByteArray: {
+    const QByteArray bytes = value.toByteArray();
+    return Bytes(bytes.begin(), bytes.end());
+  }
+  case QMetaType::QStringList:
+  case QMetaType::QVariantList:
+    return arrayFrom(value.toList(), depth);
+  case QMetaType::QVariantMap:
+    return dictionaryFrom(value.toMap(), depth);
+  default:
+    return std::nullopt;
+  }
+}
+
+QVariant sent(const PropertyList& value) {
+  switch (value.kind()) {
+  case PropertyList::Kind::boolean:
+    return *value.boolean();
+  case PropertyList::Kind::integer:
+    return static_cast<qlonglong>(*value.integer());
+  case PropertyList::Kind::real:
+    return *value.real();
+  case PropertyList::Kind::date:
+    return value.date()->seconds;
+  case PropertyList::Kind::string:
+    return QString::fromStdString(*value.string());
+  case PropertyList::Kind::data:
+    return QByteArray(reinterpret_cast<const char*>(value.data()->data()),
+                      static_cast<qsizetype>(value.data()->size()));
+  case PropertyList::Kind::array: {
+    QVariantList list;
+    for (const PropertyList& element : *value.array())
+      list.append(sent(element));
+    return list;
+  }
+  case PropertyList::Kind::dictionary: {
+    QVariantMap map;
+    for (const auto& [key, entry] : *value.dictionary())
+      map.insert(QString::fromStdString(key), sent(entry));
+    return map;
+  }
+  }
+  return {};
+}
+
+} // namespace
+
+std::optional<PropertyList> propertyListFromDBus(const QVariant& value) {
+  return converted(value, 0);
+}
+
+std::optional<QVariant> dbusFromPropertyList(const PropertyList& value) {
+  if (isDeeper(value, deepestSent))
+    return std::nullopt;
+  return sent(value);
+}
+
+} // namespace tavrel

@@ -1,0 +1,119 @@
+#include "platform/linux/files/ItemKind.h"
+
+#include "platform/linux/files/LinkEntry.h"
+#include "platform/linux/files/MountHealth.h"
+#include "platform/linux/system/BoundedFile.h"
+
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tavrel {
+
+namespace {
+/// Folders that applications write as one document or plug-in.
+constexpr std::array<std::string_view, 16> packageEndings{
+    "bundle", "framework", "key",           "kext", "mpkg",  "numbers", "pages", "pkg",
+    "plugin", "prefpane",  "photoslibrary", "rtfd", "scptd", "service", "wdgt",  "xcodeproj"};
+constexpr unsigned int anyoneRuns = S_IXUSR | S_IXGRP | S_IXOTH;
+constexpr std::size_t elfTypeEnd = 18; // the ELF header's e_type are its bytes 16 and 17
+
+std::string_view lastName(std::string_view path) {
+  while (path.size() > 1 && path.ends_with('/'))
+    path.remove_suffix(1);
+  return path.substr(path.rfind('/') + 1);
+}
+
+/// The ending in small letters, without its full stop; empty for none.
+std::string ending(std::string_view path) {
+  const std::string_view name = lastName(path);
+  const std::size_t stop = name.rfind('.');
+  if (stop == std::string_view::npos || stop == 0)
+    return {};
+  std::string result(name.substr(stop + 1));
+  for (char& c : result)
+    c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return result;
+}
+
+std::optional<FileStatus> statusNow(const std::string& path, LinkMode link) {
+  struct statx status {};
+  const int flags = link == LinkMode::keep ? AT_SYMLINK_NOFOLLOW : 0;
+  constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
+  if (::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)
+    return std::nullopt;
+  return FileStatus{status.stx_mode, static_cast<std::size_t>(status.stx_size)};
+}
+
+bool holdsAppRun(const std::string& directory) {
+  return ::access((directory + "/AppRun").c_str(), F_OK) == 0;
+}
+
+ItemKind kindOfDirectory(const std::string& path) {
+  const std::string end = ending(path);
+  if (end == "app" || end == "appdir" || holdsAppRun(path))
+    return ItemKind::applicationBundle;
+  const bool registered = std::ranges::find(packageEndings, end) != packageEndings.end();
+  return registered ? ItemKind::package : ItemKind::folder;
+}
+
+ItemKind kindOfEntry(const std::string& path) {
+  const auto entry = loadDesktopEntry(path);
+  if (entry && entry->type() == "Application")
+    return ItemKind::program;
+  return entry && linkTarget(*entry) ? ItemKind::alias : ItemKind::plainFile;
+}
+
+bool isSharedLibrary(std::string_view path) {
+  const std::string_view name = lastName(path);
+  return name.ends_with(".so") || name.find(".so.") != std::string_view::npos;
+}
+
+ItemKind kindOfExecutable(const std::string& path) {
+  const std::string start = readStart(path, elfTypeEnd).value_or(std::string());
+  if (start.starts_with("#!"))
+    return ItemKind::script;
+  const bool elf = start.size() == elfTypeEnd && start.starts_with("\x7F"
+                                                                   "ELF");
+  const int type = elf ? start[16] + start[17] : 0; // one of the two is 0, in either byte order
+  const bool runs = type == 2 || type == 3;         // fixed or position-independent
+  return runs ? ItemKind::program : ItemKind::plainFile;
+}
+
+ItemKind kindOfFile(const std::string& path, const FileStatus& status) {
+  const std::string end = ending(path);
+  if (end == "desktop")
+    return kindOfEntry(path);
+  if (end == "applescript")
+    return ItemKind::script;
+  if (end == "appimage")
+    return ItemKind::program;
+  const bool mayRun = (status.mode & anyoneRuns) && status.size > 2 && !isSharedLibrary(path);
+  return mayRun ? kindOfExecutable(path) : ItemKind::plainFile;
+}
+
+} // namespace
+
+std::optional<FileStatus> fileStatus(const std::string& path, LinkMode link) {
+  if (path.empty() || path.find('\0') != std::string::npos)
+    return std::nullopt;
+  const FinalLink end = link == LinkMode::keep ? FinalLink::keep : FinalLink::follow;
+  return askPatiently(path, end, std::optional<FileStatus>(),
+                      [path, link] { return statusNow(path, link); });
+}
+
+ItemKind itemKind(const std::string& path, const FileStatus& status) {
+  if (S_ISLNK(status.mode))
+    return ItemKind::symlink;
+  if (S_ISDIR(status.mode))
+    return kindOfDirectory(path);
+  return S_ISREG(status.mode) ? kindOfFile(path, status) : ItemKind::plainFile;
+}
+
+bool isPackage(const std::string& directory) {
+  return kindOfDirectory(directory) != ItemKind::folder;
+}
+
+} // namespace tavrel

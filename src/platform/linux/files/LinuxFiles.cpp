@@ -1,0 +1,185 @@
+#include "platform/linux/files/LinuxFiles.h"
+
+#include "base/PathString.h"
+#include "base/Url.h"
+#include "platform/linux/files/FileBookmark.h"
+#include "platform/linux/files/ItemKind.h"
+#include "platform/linux/files/LinkEntry.h"
+#include "platform/linux/files/MountHealth.h"
+#include "platform/linux/installation/OwnPieces.h"
+#include "platform/linux/system/UserFolders.h"
+
+#include <dirent.h>
+#include <memory>
+#include <set>
+#include <sys/stat.h>
+
+namespace tavrel {
+
+namespace {
+
+std::uint32_t flagsOf(ItemKind kind) {
+  switch (kind) {
+  case ItemKind::folder:
+    return itemFlag::container;
+  case ItemKind::package:
+    return itemFlag::container | itemFlag::package;
+  case ItemKind::applicationBundle:
+    return itemFlag::container | itemFlag::package | itemFlag::nativeApplication;
+  case ItemKind::program:
+    return itemFlag::plainFile | itemFlag::nativeApplication;
+  case ItemKind::alias:
+    return itemFlag::plainFile | itemFlag::aliasFile;
+  case ItemKind::symlink:
+    return itemFlag::symlink;
+  case ItemKind::plainFile:
+  case ItemKind::script:
+    break;
+  }
+  return itemFlag::plainFile;
+}
+
+std::optional<std::string> entryName(const std::string& path) {
+  const auto entry = hasEntryEnding(path) ? loadDesktopEntry(path) : std::nullopt;
+  const std::string name = entry ? entry->name(messagesLocale()) : std::string();
+  return name.empty() ? std::nullopt : std::optional(name);
+}
+
+bool isApplicationFolder(const std::string& path) {
+  const auto status =
+      pathExtension(path) == "app" ? fileStatus(path, LinkMode::follow) : std::nullopt;
+  return status && S_ISDIR(status->mode);
+}
+
+std::string displayNameNow(const std::string& path) {
+  if (auto name = entryName(path))
+    return *std::move(name);
+  const std::string name = lastPathComponent(path);
+  return isApplicationFolder(path) ? deletingPathExtension(name) : name;
+}
+
+std::optional<std::string> aliasTargetNow(const std::string& path) {
+  const auto entry = loadDesktopEntry(path);
+  return entry ? linkTarget(*entry) : std::nullopt;
+}
+
+std::optional<std::string> aliasTarget(const std::string& path) {
+  if (!hasEntryEnding(path))
+    return std::nullopt;
+  return askPatiently(path, FinalLink::follow, std::optional<std::string>(),
+                      [path] { return aliasTargetNow(path); });
+}
+
+FileKind kindNow(const std::string& path) {
+  const auto status = fileStatus(path, LinkMode::follow);
+  if (!status)
+    return FileKind::none;
+  if (!S_ISDIR(status->mode))
+    return FileKind::plain;
+  return isPackage(path) ? FileKind::package : FileKind::directory;
+}
+
+std::vector<std::string> namesNow(const std::string& path) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
+  while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..")
+      names.emplace_back(name);
+  }
+  return names;
+}
+
+std::optional<ItemKind> itemKindNow(const std::string& path, LinkMode link) {
+  const auto status = fileStatus(path, link);
+  return status ? std::optional(itemKind(path, *status)) : std::nullopt;
+}
+
+} // namespace
+
+bool LinuxFiles::exists(const std::string& path) {
+  if (const auto place = placeOfPiece(path))
+    return fileStatus(appendingPathComponent(place->folder, place->relative), LinkMode::follow)
+        .has_value();
+  return fileStatus(path, LinkMode::follow).has_value();
+}
+
+FileKind LinuxFiles::kind(const std::string& path) {
+  return askPatiently(path, FinalLink::follow, FileKind::none, [path] { return kindNow(path); });
+}
+
+std::vector<std::string> LinuxFiles::list(const std::string& path) {
+  if (path.find('\0') != std::string::npos)
+    return {};
+  return askPatiently(path, FinalLink::follow, std::vector<std::string>(),
+                      [path] { return namesNow(path); });
+}
+
+/// A name says whether it is invisible, so that it makes no difference what a link leads to.
+std::vector<ListedFile> LinuxFiles::browse(const std::string& path, FinalLink) {
+  return folderListings_.browse(path);
+}
+
+std::string LinuxFiles::displayName(const std::string& path) {
+  if (!hasEntryEnding(path) && pathExtension(path) != "app")
+    return lastPathComponent(path);
+  return askPatiently(path, FinalLink::follow, lastPathComponent(path),
+                      [path] { return displayNameNow(path); });
+}
+
+std::string LinuxFiles::resolveSymlinks(const std::string& path) {
+  std::string expanded = path.starts_with('~') ? expandingTilde(path, homeDirectory()) : path;
+  return symbolicLinks_.resolved(std::move(expanded));
+}
+
+std::optional<std::string> LinuxFiles::resolveAlias(const std::string& path) {
+  std::set<std::string> seen{path};
+  auto target = aliasTarget(path);
+  while (target) {
+    auto next = aliasTarget(*target);
+    if (!next)
+      return exists(*target) ? target : std::nullopt;
+    if (!seen.insert(*target).second)
+      return std::nullopt;
+    target = std::move(next);
+  }
+  return std::nullopt;
+}
+
+std::optional<ItemInformation> LinuxFiles::information(const std::string& path, FinalLink link) {
+  const LinkMode mode = link == FinalLink::keep ? LinkMode::keep : LinkMode::follow;
+  const auto kind = askPatiently(path, link, std::optional<ItemKind>(),
+                                 [path, mode] { return itemKindNow(path, mode); });
+  if (!kind)
+    return std::nullopt;
+  const std::uint32_t invisible = hiddenNames_.hides(path) ? itemFlag::invisible : 0;
+  return ItemInformation{*kind == ItemKind::script ? scriptTypeCode : 0,
+                         flagsOf(*kind) | invisible};
+}
+
+std::optional<Bytes> LinuxFiles::bookmark(const std::string& path) {
+  const auto identity = path.starts_with('/') ? fileIdentity(path) : std::nullopt;
+  return identity ? std::optional(bookmarkData({*identity, path})) : std::nullopt;
+}
+
+/// Neither way of resolving asks or mounts anything here, so that they are the same.
+std::optional<std::string> LinuxFiles::resolveBookmark(const Bytes& bookmark, BookmarkResolution) {
+  const auto known = bookmarkFromData(bookmark);
+  const auto path = known ? findBookmarked(*known, userFolders()) : std::nullopt;
+  if (!path)
+    return std::nullopt;
+  const bool plain = kind(*path) == FileKind::plain;
+  return fileUrlOfPath(*path, plain ? PathIs::file : PathIs::directory);
+}
+
+/// There are no records of the classic kind here; a bookmark serves as one.
+std::optional<std::string> LinuxFiles::resolveAliasRecord(const Bytes& record, AliasResolution) {
+  const auto known = bookmarkFromData(record);
+  return known ? findBookmarked(*known, userFolders()) : std::nullopt;
+}
+
+std::string LinuxFiles::homeDirectory() {
+  return homeFolder();
+}
+
+} // namespace tavrel

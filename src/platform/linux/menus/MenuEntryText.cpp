@@ -1,0 +1,116 @@
+#include "platform/linux/menus/MenuEntryText.h"
+
+#include "base/Modifiers.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QKeySequence>
+
+#include <algorithm>
+#include <string_view>
+
+namespace tavrel {
+
+namespace {
+constexpr qsizetype longestShaped = 500; ///< characters; laying out more than can show is waste
+
+bool turnsDirection(QChar c) {
+  return (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
+}
+
+bool breaksLine(QChar c) {
+  return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
+         c.category() == QChar::Separator_Paragraph;
+}
+
+QString oneLine(std::string_view title) {
+  QString text = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
+  text.removeIf(turnsDirection);
+  std::replace_if(text.begin(), text.end(), breaksLine, QChar(u' '));
+  return text;
+}
+
+QString elided(QString text, const QFontMetrics& metrics, int maximumWidth) {
+  if (text.size() * metrics.height() <= maximumWidth)
+    return text; // too short to need measuring, as most are
+  if (text.size() > longestShaped)
+    text = text.left(longestShaped / 2) + QChar(0x2026) + text.right(longestShaped / 2);
+  return metrics.elidedText(text, Qt::ElideMiddle, maximumWidth);
+}
+
+struct NamedKey {
+  char16_t character;
+  Qt::Key key;
+};
+/// Key equivalents that are no printable character; the private-use ones are function keys.
+constexpr NamedKey namedKeys[] = {
+    {0x08, Qt::Key_Backspace},  {0x09, Qt::Key_Tab},     {0x0D, Qt::Key_Return},
+    {0x03, Qt::Key_Enter},      {0x1B, Qt::Key_Escape},  {0x20, Qt::Key_Space},
+    {0x7F, Qt::Key_Backspace},  {0xF700, Qt::Key_Up},    {0xF701, Qt::Key_Down},
+    {0xF702, Qt::Key_Left},     {0xF703, Qt::Key_Right}, {0xF728, Qt::Key_Delete},
+    {0xF729, Qt::Key_Home},     {0xF72B, Qt::Key_End},   {0xF72C, Qt::Key_PageUp},
+    {0xF72D, Qt::Key_PageDown},
+};
+constexpr char16_t firstFunctionKey = 0xF704;
+constexpr char16_t lastFunctionKey = 0xF726;
+
+QString keyName(const QString& character) {
+  const char16_t code = character.front().unicode();
+  if (code >= firstFunctionKey && code <= lastFunctionKey)
+    return QStringLiteral("F%1").arg(code - firstFunctionKey + 1);
+  for (const NamedKey& named : namedKeys)
+    if (named.character == code)
+      return QKeySequence(named.key).toString(QKeySequence::NativeText);
+  return breaksLine(character.front()) ? QString() : character.toUpper();
+}
+
+QString modifierNames(std::uint32_t mask) {
+  static constexpr struct {
+    std::uint32_t bit;
+    const char* name;
+  } names[] = {{modifier::control, "Super"},
+               {modifier::command, "Ctrl"},
+               {modifier::option, "Alt"},
+               {modifier::shift, "Shift"}};
+  QString text;
+  for (const auto& [bit, name] : names)
+    if ((mask & bit) != 0)
+      text += QCoreApplication::translate("QShortcut", name) + u'+';
+  return text;
+}
+} // namespace
+
+QString entryTitle(const MenuItem& item, const QFontMetrics& metrics, int maximumWidth) {
+  constexpr int deepest = 16;
+  const QString indentation(std::clamp(item.indentation, 0, deepest), QChar(0x2003));
+  return indentation + elided(oneLine(item.title), metrics, maximumWidth);
+}
+
+/// Typing asks this of every entry: most are told apart by their first letter.
+bool titleBeginsWith(const MenuItem& item, const QString& word) {
+  constexpr std::size_t aroundWord = 64; // marks and blanks before it, in bytes
+  const char first = item.title.empty() ? ' ' : item.title.front();
+  const bool plainLetters = first > ' ' && first < 0x7F && word.front().unicode() < 0x7F;
+  if (plainLetters && QChar::toLower(static_cast<uint>(first)) != word.front().toLower().unicode())
+    return false;
+  const auto bytes = static_cast<std::size_t>(word.size()) * 4 + aroundWord;
+  return oneLine(std::string_view(item.title).substr(0, bytes))
+      .trimmed()
+      .startsWith(word, Qt::CaseInsensitive);
+}
+
+QString entryShortcut(const MenuItem& item) {
+  const QString key = QString::fromStdString(item.keyEquivalent);
+  const QString name = key.isEmpty() ? QString() : keyName(key);
+  return name.isEmpty() ? QString() : modifierNames(item.keyEquivalentModifierMask) + name;
+}
+
+QString actionText(const MenuItem& item, const QFontMetrics& metrics, int maximumWidth) {
+  QString title = entryTitle(item, metrics, maximumWidth);
+  QString shortcut = entryShortcut(item);
+  title.replace(u'&', QStringLiteral("&&"));
+  shortcut.replace(u'&', QStringLiteral("&&"));
+  return shortcut.isEmpty() ? title : title + u'\t' + shortcut;
+}
+
+} // namespace tavrel

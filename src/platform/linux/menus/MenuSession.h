@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/MenuActionTarget.h"
+#include "platform/Presenter.h"
+#include "platform/linux/menus/EntryDescription.h"
+#include "platform/linux/menus/MenuPopup.h"
+#include "platform/linux/menus/MenuStyle.h"
+#include "platform/linux/menus/TypeAhead.h"
+#include "platform/linux/x11/gestures/KeyboardHold.h"
+
+#include <QObject>
+#include <QTimer>
+
+class QKeyEvent;
+
+namespace tavrel {
+
+/// One menu from its opening to the end of what was chosen.
+class MenuSession final : public QObject, private MenuPopupOwner {
+public:
+  MenuSession(Menu& menu, MenuFont font, Localize localize,
+              std::size_t longestPlain = longestPlainLevel);
+  ~MenuSession() override;
+
+  /// Shows the menu below an anchor (a point is an anchor without a size) or, without room there,
+  /// above it; returns when it is gone from the screen and its grabs are released.
+  void run(const QRect& anchor);
+  /// Dispatches the chosen entry, then tells every level that it has closed.
+  void finish(MenuActionTarget* target);
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void submenuOpens(MenuPopup& level) override;
+  void submenuCloses(MenuPopup& level) override;
+  void entryChosen(std::shared_ptr<MenuItem> item) override;
+  std::string localized(const std::string& text) override { return localize_(text); }
+
+  void openLevel(MenuPopup& level);
+  void tellClosedLevels();
+  void setOption(OptionKey option);
+  void followOption();
+  [[nodiscard]] bool takeLetter(const QKeyEvent& key);
+  void takeGrabs();
+
+  Localize localize_;
+  MenuStyle style_;
+  MenuPopup root_;
+  std::vector<MenuPopup*> levels_;            ///< those open, outermost first
+  std::vector<std::shared_ptr<Menu>> closed_; ///< and those not told so yet, innermost first
+  std::shared_ptr<MenuItem> chosen_;
+  TypeAhead typeAhead_;
+  OptionKey option_ = OptionKey::up;
+  QTimer grabTimer_;
+  std::optional<KeyboardHold> keyboard_; ///< while the menu shows
+};
+
+} // namespace tavrel

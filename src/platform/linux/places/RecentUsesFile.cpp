@@ -1,0 +1,63 @@
+#include "platform/linux/places/RecentUsesFile.h"
+
+#include "platform/linux/files/ItemKind.h"
+#include "platform/linux/system/BoundedFile.h"
+
+#include <QLoggingCategory>
+
+#include <sys/stat.h>
+
+namespace tavrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(recentLog, "tavrel.recent")
+constexpr std::size_t largestBookmarks = std::size_t{16} << 20;
+constexpr std::int64_t nanoseconds = 1'000'000'000;
+
+std::int64_t inNanoseconds(const timespec& time) {
+  return time.tv_sec * nanoseconds + time.tv_nsec;
+}
+
+std::int64_t nowInNanoseconds() {
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  return inNanoseconds(now);
+}
+
+} // namespace
+
+std::vector<RecentUse> readRecentUses(const std::string& path) {
+  if (!fileStatus(path, LinkMode::follow))
+    return {};
+  const auto text = readFile(path, largestBookmarks);
+  RecentUses found =
+      text ? parseRecentUses(*text) : RecentUses{{}, "cannot be read or is too large"};
+  if (!found.problem.empty())
+    qCWarning(recentLog, "%s: %s", path.c_str(), found.problem.c_str());
+  return std::move(found.uses);
+}
+
+const std::vector<RecentUse>& KeptRecentUses::read(const std::string& path) {
+  const auto version = settledVersion(path); // before reading: a later change is then seen
+  if (version && version == version_ && path == path_)
+    return uses_;
+  uses_ = readRecentUses(path);
+  path_ = path;
+  version_ = version;
+  return uses_;
+}
+
+/// File systems tell times in steps: a file just changed may change again and look the same.
+std::optional<KeptRecentUses::Version> KeptRecentUses::settledVersion(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0)
+    return std::nullopt;
+  const std::int64_t changed = inNanoseconds(status.st_ctim);
+  if (nowInNanoseconds() - changed < nanoseconds / 10)
+    return std::nullopt;
+  return Version{static_cast<std::int64_t>(status.st_dev), static_cast<std::int64_t>(status.st_ino),
+                 status.st_size, inNanoseconds(status.st_mtim), changed};
+}
+
+} // namespace tavrel

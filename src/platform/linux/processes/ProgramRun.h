@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/linux/processes/ProcessLauncher.h"
+
+#include <functional>
+#include <string_view>
+
+namespace tavrel {
+
+/// How a program ended.
+struct ExecutableOutcome {
+  enum class Ending {
+    notStarted, ///< number: the system's reason
+    exited,     ///< number: the exit status
+    signalled,  ///< number: the signal
+    stopped,    ///< because it was to stop; number: 0
+  };
+  Ending ending = Ending::notStarted;
+  int number = 0;
+
+  [[nodiscard]] bool isSuccess() const { return ending == Ending::exited && number == 0; }
+};
+
+/// What a program is asked and tells while it is waited for, piece by piece.
+struct ProgramWatch {
+  std::function<bool()> shouldStop;                  ///< asked ten times a second
+  std::function<void(std::string_view)> errors;      ///< gets standard error
+  std::function<void(std::string_view)> output = {}; ///< gets standard output; without it none does
+};
+
+/// Starts a program as a child in a session of its own, hands it its standard input and waits for
+/// its end. Without a folder it starts in ours. One that is to stop ends with all the processes it
+/// started: asked first, killed after two seconds. What it started and left behind is not waited
+/// for, even when that holds its output open.
+[[nodiscard]] ExecutableOutcome runProgram(const ProcessRequest& request, std::string_view input,
+                                           const ProgramWatch& watch);
+
+} // namespace tavrel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/linux/scripts/ScriptDesktop.h"
+
+#include <QTimer>
+
+namespace tavrel {
+
+/// While it lives, an open dialog is cancelled once the script that asks is to stop.
+class DialogWatch {
+public:
+  explicit DialogWatch(std::function<bool()> shouldStop);
+
+private:
+  QTimer timer_;
+};
+
+/// `display dialog`, `display alert`, `choose from list`, `choose file`, `choose folder` and
+/// `choose file name`. They wait for the person; the button that cancels is error -128.
+[[nodiscard]] const ScriptCommands& dialogCommands();
+
+/// `display notification`, by the desktop's notification service.
+[[nodiscard]] script::HostAnswer displayNotification(ScriptDesktop& desktop,
+                                                     const script::HostEvent& event);
+
+} // namespace tavrel

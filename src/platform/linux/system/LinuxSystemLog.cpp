@@ -1,0 +1,16 @@
+#include "platform/linux/system/LinuxSystemLog.h"
+
+#include <cstdio>
+
+namespace tavrel {
+
+// Line feeds inside an entry are indented, so that no part of it passes for an entry of its own.
+void LinuxSystemLog::write(const std::string& line) {
+  std::string entry = "tavrel: ";
+  for (char c : line)
+    c == '\n' ? entry.append("\n  ") : entry.append(1, c);
+  entry += '\n';
+  std::fputs(entry.c_str(), stderr);
+}
+
+} // namespace tavrel

@@ -1,0 +1,30 @@
+#include "platform/linux/system/SpecialFolders.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+namespace tavrel {
+
+SpecialFolders specialFolders() {
+  using Place = QStandardPaths::StandardLocation;
+  SpecialFolders folders;
+  const std::pair<Place, const char*> places[] = {
+      {Place::DocumentsLocation, "folder-documents"},
+      {Place::DownloadLocation, "folder-download"},
+      {Place::MusicLocation, "folder-music"},
+      {Place::PicturesLocation, "folder-pictures"},
+      {Place::PublicShareLocation, "folder-publicshare"},
+      {Place::TemplatesLocation, "folder-templates"},
+      {Place::MoviesLocation, "folder-videos"},
+      {Place::DesktopLocation, "user-desktop"},
+      {Place::HomeLocation, "user-home"}}; // last: a folder set to the home folder is that
+  for (const auto& [place, icon] : places) {
+    const QString path = QDir::cleanPath(QStandardPaths::writableLocation(place));
+    folders[QFile::encodeName(path).toStdString()] = QLatin1String(icon);
+  }
+  folders["/"] = QStringLiteral("drive-harddisk");
+  return folders;
+}
+
+} // namespace tavrel

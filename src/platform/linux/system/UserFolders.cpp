@@ -1,0 +1,43 @@
+#include "platform/linux/system/UserFolders.h"
+
+#include "base/PathString.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace tavrel {
+
+std::string homeFolder() {
+  const char* home = std::getenv("HOME");
+  const passwd* person = home && *home == '/' ? nullptr : ::getpwuid(::getuid());
+  std::string path = person ? person->pw_dir : home ? home : "/";
+  while (path.size() > 1 && path.ends_with('/'))
+    path.pop_back();
+  return path;
+}
+
+std::string preferenceFolder() {
+  const char* configured = std::getenv("XDG_CONFIG_HOME");
+  return configured && configured[0] == '/' ? configured
+                                            : appendingPathComponent(homeFolder(), ".config");
+}
+
+std::vector<std::string> userFolders() {
+  using Place = QStandardPaths::StandardLocation;
+  std::vector<std::string> folders;
+  for (const Place place :
+       {Place::DesktopLocation, Place::DocumentsLocation, Place::DownloadLocation,
+        Place::PicturesLocation, Place::MusicLocation, Place::MoviesLocation}) {
+    const QString path = QDir::cleanPath(QStandardPaths::writableLocation(place));
+    folders.push_back(QFile::encodeName(path).toStdString());
+  }
+  folders.push_back(homeFolder());
+  return folders;
+}
+
+} // namespace tavrel

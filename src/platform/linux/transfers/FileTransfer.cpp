@@ -1,0 +1,252 @@
+#include "platform/linux/transfers/FileTransfer.h"
+
+#include "platform/linux/transfers/ExclusiveRename.h"
+#include "platform/linux/transfers/StagingFolder.h"
+#include "platform/linux/transfers/TreeCopy.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <set>
+
+namespace tavrel {
+
+namespace {
+
+using Failure = std::optional<std::string>;
+
+std::string inQuotes(const std::string& name) {
+  std::string result = "\"";
+  for (const char each : name)
+    result += static_cast<unsigned char>(each) < ' ' ? '?' : each;
+  return result + "\"";
+}
+
+Failure failure(const std::string& name, const std::string& reason) {
+  return inQuotes(name) + ": " + reason;
+}
+
+Failure failureFrom(const std::string& name, std::error_code error) {
+  return error ? failure(name, error.message()) : std::nullopt;
+}
+
+bool isName(const std::string& name) {
+  return !name.empty() && name != "." && name != ".." &&
+         name.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
+}
+
+Failure checkNames(const std::vector<std::string>& names) {
+  if (names.empty())
+    return "no files given";
+  std::set<std::string> seen;
+  for (const std::string& name : names) {
+    if (!isName(name))
+      return failure(name, "not a file name");
+    if (!seen.insert(name).second)
+      return failure(name, "given twice");
+  }
+  return std::nullopt;
+}
+
+/// Readable where that is allowed; a folder that may only be entered and written to will do.
+FileDescriptor openFolder(const std::string& path) {
+  if (!path.starts_with('/'))
+    return FileDescriptor();
+  FileDescriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!folder.isOpen() && errno == EACCES)
+    return FileDescriptor(::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  return folder;
+}
+
+/// A folder and all those it is in, as far as they may be asked.
+std::set<FileIdentity> withAncestors(int folder) {
+  std::set<FileIdentity> result;
+  FileDescriptor current(::dup(folder));
+  while (current.isOpen() && result.insert(identityOf(current.get())).second)
+    current = FileDescriptor(::openat(current.get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+  return result;
+}
+
+/// Moves a folder of our own making, which its copied permissions may forbid even to us.
+std::error_code renameOwn(FolderPlace from, FolderPlace to) {
+  const FileDescriptor folder(
+      ::openat(from.folder, from.name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  struct stat status {};
+  const bool closed =
+      folder.isOpen() && ::fstat(folder.get(), &status) == 0 && (status.st_mode & S_IWUSR) == 0;
+  if (closed)
+    (void)::fchmod(folder.get(), (status.st_mode & 07777) | S_IWUSR);
+  const std::error_code error = renameExclusively(from, to);
+  if (closed)
+    (void)::fchmod(folder.get(), status.st_mode & 07777);
+  return error;
+}
+
+class Transfer {
+public:
+  Transfer(FileOperation operation, const std::string& source, const std::string& destination)
+      : operation_(operation), sourcePath_(source), destinationPath_(destination),
+        source_(openFolder(source)), destination_(openFolder(destination)) {}
+
+  Failure run(const std::vector<std::string>& names) {
+    if (!source_.isOpen() || !destination_.isOpen())
+      return failure(source_.isOpen() ? destinationPath_ : sourcePath_, "not a folder we can use");
+    if (const Failure refused = checkPlaces(names))
+      return refused;
+    Failure failed = operation_ == FileOperation::move ? renameAll(names) : std::nullopt;
+    const std::vector<std::string>& others = operation_ == FileOperation::move ? distant_ : names;
+    if (!failed && !others.empty())
+      failed = copyAll(others);
+    return failed ? *failed + undo() : failed;
+  }
+
+private:
+  Failure checkPlaces(const std::vector<std::string>& names) const {
+    const std::set<FileIdentity> inside = withAncestors(destination_.get());
+    for (const std::string& name : names) {
+      struct stat status {};
+      if (::fstatat(source_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return failureFrom(name, lastError());
+      if (S_ISDIR(status.st_mode) && inside.contains(identityOf(status)))
+        return failure(name, "a folder cannot go into itself");
+      if (::fstatat(destination_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return failure(name, "there is one of that name already");
+      if (errno != ENOENT)
+        return failureFrom(name, lastError());
+    }
+    return std::nullopt;
+  }
+
+  Failure renameAll(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+      const std::error_code error =
+          renameExclusively({source_.get(), name}, {destination_.get(), name});
+      if (error == std::errc::cross_device_link)
+        distant_.push_back(name);
+      else if (error)
+        return failureFrom(name, error);
+      else
+        renamed_.push_back(name);
+    }
+    return std::nullopt;
+  }
+
+  Failure copyAll(const std::vector<std::string>& names) {
+    if (operation_ == FileOperation::move)
+      for (const std::string& name : names)
+        if (const auto error = confirmRemovable(source_.get(), name))
+          return failure(name, "cannot be removed from its folder: " + error.message());
+    copies_.emplace(destination_.get());
+    const StagingFolder links(destination_.get());
+    if (!copies_->isOpen() || !links.isOpen())
+      return failureFrom(destinationPath_, lastError());
+    TreeCopy copy(copies_->folder(), links.folder());
+    for (const std::string& name : names)
+      if (const auto error = copy.copy(source_.get(), name))
+        return failureFrom(name, error);
+    // One call for however many files; it also tells of a disk that filled up behind our back.
+    if (::syncfs(copies_->folder()) != 0)
+      return failureFrom(destinationPath_, lastError());
+    if (const Failure failed = placeAll(names))
+      return failed;
+    return operation_ == FileOperation::move ? removeOriginals(names, copy) : std::nullopt;
+  }
+
+  Failure placeAll(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+      struct stat status {};
+      if (::fstatat(copies_->folder(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return failureFrom(name, lastError());
+      if (const auto error = renameOwn({copies_->folder(), name}, {destination_.get(), name}))
+        return failureFrom(name, error);
+      placed_.push_back({name, identityOf(status)});
+    }
+    (void)::fsync(destination_.get());
+    return std::nullopt;
+  }
+
+  /// Out of sight first, so that nobody adds to them any more; what was added till then counts.
+  Failure removeOriginals(const std::vector<std::string>& names, const TreeCopy& copy) {
+    originals_.emplace(source_.get());
+    if (!originals_->isOpen())
+      return failureFrom(sourcePath_, lastError());
+    for (const std::string& name : names) {
+      if (const auto error = renameExclusively({source_.get(), name}, {originals_->folder(), name}))
+        return failureFrom(name, error);
+      setAside_.push_back(name);
+    }
+    for (const std::string& name : names)
+      if (const auto error = copy.confirmUnchanged(originals_->folder(), name))
+        return failure(name, "changed while it was copied: " + error.message());
+    return removeSetAside();
+  }
+
+  /// From here on the copies are the files. What cannot be removed goes back, with a word.
+  Failure removeSetAside() {
+    placed_.clear();
+    for (const std::string& name : setAside_)
+      if (const auto error = removeTree(originals_->folder(), name))
+        return failure(name, "moved, but not all could be removed from its old place: " +
+                                 error.message());
+    setAside_.clear();
+    return std::nullopt;
+  }
+
+  /// Puts everything back; tells what could not be.
+  std::string undo() {
+    std::string trouble;
+    for (auto name = setAside_.rbegin(); name != setAside_.rend(); ++name)
+      putBack(*name, trouble);
+    for (auto copy = placed_.rbegin(); copy != placed_.rend(); ++copy)
+      withdraw(*copy);
+    for (auto name = renamed_.rbegin(); name != renamed_.rend(); ++name)
+      if (renameExclusively({destination_.get(), *name}, {source_.get(), *name}))
+        trouble += "; " + inQuotes(*name) + " stays in " + inQuotes(destinationPath_);
+    return trouble;
+  }
+
+  void putBack(const std::string& name, std::string& trouble) {
+    const std::error_code error =
+        renameExclusively({originals_->folder(), name}, {source_.get(), name});
+    if (!error || error == std::errc::no_such_file_or_directory)
+      return;
+    trouble += "; " + inQuotes(name) + " is in " + inQuotes(sourcePath_ + "/" + originals_->name());
+    originals_->keep();
+  }
+
+  struct Placed {
+    std::string name;
+    FileIdentity identity;
+  };
+
+  /// Takes a copy away again, unless somebody put something else in its place.
+  void withdraw(const Placed& copy) {
+    struct stat status {};
+    if (::fstatat(destination_.get(), copy.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+        identityOf(status) == copy.identity)
+      (void)renameOwn({destination_.get(), copy.name}, {copies_->folder(), copy.name});
+  }
+
+  FileOperation operation_;
+  std::string sourcePath_;
+  std::string destinationPath_;
+  FileDescriptor source_;
+  FileDescriptor destination_;
+  std::vector<std::string> distant_; ///< on another file system than the destination
+  std::optional<StagingFolder> copies_;
+  std::optional<StagingFolder> originals_;
+  std::vector<std::string> renamed_;
+  std::vector<Placed> placed_;
+  std::vector<std::string> setAside_;
+};
+
+} // namespace
+
+std::optional<std::string> transferFiles(FileOperation operation, const std::string& source,
+                                         const std::string& destination,
+                                         const std::vector<std::string>& names) {
+  if (const Failure refused = checkNames(names))
+    return refused;
+  return Transfer(operation, source, destination).run(names);
+}
+
+} // namespace tavrel

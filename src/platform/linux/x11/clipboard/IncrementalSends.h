@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/linux/x11/clipboard/ClipboardTargets.h"
+#include "platform/linux/x11/clipboard/SelectionConnection.h"
+
+#include <list>
+
+namespace tavrel {
+
+/// Hands data to other programs: at once into a property of theirs, or, when it is large, piece by
+/// piece, each when the one before has been taken (INCR). A program that takes nothing for a while
+/// is given up.
+class IncrementalSends {
+public:
+  explicit IncrementalSends(SelectionConnection& connection);
+
+  void send(xcb_window_t requestor, xcb_atom_t property, const ServedTarget& target);
+  void propertyDeleted(xcb_window_t requestor, xcb_atom_t property);
+  void requestorGone(xcb_window_t requestor);
+  void giveUpIdle();
+  [[nodiscard]] bool isIdle() const { return sends_.empty(); }
+
+private:
+  struct Send {
+    xcb_window_t requestor;
+    xcb_atom_t property;
+    xcb_atom_t type;
+    std::uint8_t format;
+    SharedBytes bytes;
+    std::size_t offset;
+    SelectionTime lastTaken;
+  };
+  void begin(Send send);
+  [[nodiscard]] bool sendPiece(Send& send);
+  void put(const Send& send, std::size_t from, std::size_t size);
+  void stopWatching(xcb_window_t requestor);
+
+  SelectionConnection& connection_;
+  std::size_t largestPiece_;
+  std::list<Send> sends_;
+};
+
+} // namespace tavrel

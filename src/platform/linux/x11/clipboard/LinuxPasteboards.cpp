@@ -1,0 +1,41 @@
+#include "platform/linux/x11/clipboard/LinuxPasteboards.h"
+
+#include "platform/linux/plists/PropertyListCodec.h"
+#include "platform/linux/x11/clipboard/ClipboardLog.h"
+
+#include <QGuiApplication>
+
+namespace tavrel {
+
+namespace {
+
+Bytes asXml(const PropertyList& list) {
+  return encodePropertyList(list, PropertyListForm::xml).value_or(Bytes());
+}
+
+std::optional<PropertyList> fromXml(const Bytes& bytes) {
+  return decodePropertyList(bytes).value;
+}
+
+// Where the windows of the toolkit, our menus among them, have their numbers.
+xcb_window_t toolkitWindows() {
+  const auto* x11 =
+      qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+  return x11 ? xcb_get_setup(x11->connection())->resource_id_base : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+} // namespace
+
+LinuxPasteboards::LinuxPasteboards()
+    : pasteboards_({asXml, fromXml}), thread_(ClipboardThread::create(toolkitWindows())) {
+  if (thread_)
+    general_.emplace(*thread_);
+  else
+    qCWarning(clipboardLog, "no X server that tells of the clipboard: none is shared with others");
+}
+
+Pasteboard& LinuxPasteboards::general() {
+  return general_ ? static_cast<Pasteboard&>(*general_) : pasteboards_.general();
+}
+
+} // namespace tavrel

@@ -1,0 +1,108 @@
+#include "platform/linux/x11/gestures/ButtonMonitor.h"
+
+#include "platform/linux/x11/gestures/RawButtonEvents.h"
+#include "platform/linux/x11/server/XcbReply.h"
+
+#include <QLoggingCategory>
+#include <QSocketNotifier>
+
+#include <xcb/xcb.h>
+#include <xcb/xinput.h>
+
+#include <optional>
+
+namespace tavrel {
+
+namespace {
+Q_LOGGING_CATEGORY(buttonsLog, "tavrel.buttons")
+constexpr std::uint32_t primaryButton = 1;
+} // namespace
+
+class ButtonMonitor::Watch {
+public:
+  explicit Watch(std::function<void(ButtonChange)> changed) : changed_(std::move(changed)) {
+    extension_ = xcb_connection_has_error(server_) == 0 ? rawEventExtension(*server_) : 0;
+    isReady_ = extension_ != 0 && selectRawButtons(*server_, RawMotion::ignored);
+    if (isReady_)
+      listen();
+  }
+  Watch(const Watch&) = delete;
+  Watch& operator=(const Watch&) = delete;
+  ~Watch() {
+    notifier_.reset();
+    xcb_disconnect(server_);
+  }
+
+  [[nodiscard]] bool isReady() const { return isReady_; }
+
+private:
+  void listen() {
+    notifier_ =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(server_), QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { readEvents(); });
+    readEvents(); // what came with the answers has left the socket
+  }
+
+  void readEvents() {
+    while (const auto event = xcbReply(xcb_poll_for_event(server_)))
+      if (const auto change = changeIn(*event))
+        changed_(*change);
+    if (xcb_connection_has_error(server_) != 0)
+      notifier_->setEnabled(false);
+  }
+
+  [[nodiscard]] std::optional<ButtonChange> changeIn(const xcb_generic_event_t& event) {
+    if ((event.response_type & 0x7f) != XCB_GE_GENERIC)
+      return std::nullopt;
+    const auto& raw = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+    if (raw.extension != extension_)
+      return std::nullopt;
+    switch (raw.event_type) {
+    case XCB_INPUT_RAW_MOTION:
+      return ButtonChange::moved;
+    case XCB_INPUT_RAW_BUTTON_PRESS:
+      return pressed(raw.detail);
+    case XCB_INPUT_RAW_BUTTON_RELEASE:
+      return raw.detail == primaryButton ? std::optional(released()) : std::nullopt;
+    default:
+      return std::nullopt;
+    }
+  }
+
+  // Motions come in hundreds a second: only those of a drag are asked for.
+  ButtonChange pressed(std::uint32_t button) {
+    if (button != primaryButton)
+      return ButtonChange::otherPressed;
+    (void)selectRawButtons(*server_, RawMotion::told);
+    return ButtonChange::primaryPressed;
+  }
+  ButtonChange released() {
+    (void)selectRawButtons(*server_, RawMotion::ignored);
+    return ButtonChange::primaryReleased;
+  }
+
+  std::function<void(ButtonChange)> changed_;
+  xcb_connection_t* server_ = xcb_connect(nullptr, nullptr);
+  std::unique_ptr<QSocketNotifier> notifier_;
+  std::uint8_t extension_ = 0;
+  bool isReady_ = false;
+};
+
+ButtonMonitor::ButtonMonitor() = default;
+
+ButtonMonitor::~ButtonMonitor() = default;
+
+OSStatus ButtonMonitor::install(std::function<void(ButtonChange)> changed) {
+  watch_.reset();
+  if (!changed)
+    return 0;
+  auto watch = std::make_unique<Watch>(std::move(changed));
+  if (!watch->isReady()) {
+    qCWarning(buttonsLog, "the X server does not tell of buttons: no long press can be seen");
+    return -1;
+  }
+  watch_ = std::move(watch);
+  return 0;
+}
+
+} // namespace tavrel

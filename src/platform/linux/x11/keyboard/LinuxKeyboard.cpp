@@ -1,0 +1,193 @@
+#include "platform/linux/x11/keyboard/LinuxKeyboard.h"
+
+#include "base/Modifiers.h"
+#include "platform/common/KeyboardLayout.h"
+#include "platform/linux/x11/keyboard/ServerModifiers.h"
+#include "platform/linux/x11/keyboard/XkbKeyboard.h"
+#include "platform/linux/x11/keyboard/XkbLayout.h"
+
+#include <QLoggingCategory>
+#include <xcb/xcb.h>
+#include <xkbcommon/xkbcommon-x11.h>
+
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tavrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(keyboardLog, "tavrel.keyboard")
+
+struct FreeReply {
+  void operator()(void* memory) const { std::free(memory); }
+};
+template <class Reply> using Owned = std::unique_ptr<Reply, FreeReply>;
+
+constexpr std::uint32_t keyOfNoKeyboard = 127;
+
+// How the server's modifiers answer to the names that menus use.
+std::uint32_t eventModifiersOf(std::uint16_t mask, const ServerModifiers& server) {
+  const std::pair<std::uint16_t, std::uint32_t> bits[]{
+      {XCB_MOD_MASK_CONTROL, eventModifier::command},
+      {XCB_MOD_MASK_SHIFT, eventModifier::shift},
+      {XCB_MOD_MASK_LOCK, eventModifier::capsLock},
+      {server.alt, eventModifier::option},
+      {server.super, eventModifier::control}};
+  std::uint32_t modifiers = 0;
+  for (const auto& [bit, modifier] : bits)
+    modifiers |= (mask & bit) != 0 ? modifier : 0;
+  return modifiers;
+}
+
+// Rules, model, layouts, variants and options, each ended by a NUL.
+std::vector<std::string> ruleNames(std::string_view property) {
+  std::vector<std::string> names;
+  while (!property.empty()) {
+    const std::size_t end = property.find('\0');
+    names.emplace_back(property.substr(0, end));
+    property.remove_prefix(end == std::string_view::npos ? property.size() : end + 1);
+  }
+  names.resize(5);
+  return names;
+}
+
+} // namespace
+
+struct LinuxKeyboard::Server {
+  xcb_connection_t* connection = nullptr;
+  xcb_window_t root = 0;
+  xkb_context* context = nullptr;
+  std::int32_t device = -1;
+  KeyTranslation translation{};
+
+  ~Server() {
+    xkb_context_unref(context);
+    xcb_disconnect(connection);
+  }
+
+  bool open() {
+    connection = xcb_connect(nullptr, nullptr);
+    if (xcb_connection_has_error(connection) != 0)
+      return false;
+    root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
+    if (context)
+      xkb_context_set_log_level(context, XKB_LOG_LEVEL_CRITICAL); // we speak for ourselves
+    const int ready = xkb_x11_setup_xkb_extension(
+        connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+        XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr);
+    device = xkb_x11_get_core_keyboard_device_id(connection);
+    const XkbKeymap current = keymap();
+    if (ready == 0 || !current)
+      return false;
+    translation = keyTranslation(*current);
+    return true;
+  }
+
+  // Reading tells whether the server is there, and takes the notices that it sends unasked.
+  [[nodiscard]] bool isThere() const {
+    while (Owned<xcb_generic_event_t>(xcb_poll_for_event(connection))) {
+    }
+    return xcb_connection_has_error(connection) == 0;
+  }
+
+  [[nodiscard]] XkbKeymap keymap() const {
+    if (!context || device < 0)
+      return nullptr;
+    return XkbKeymap(
+        xkb_x11_keymap_new_from_device(context, connection, device, XKB_KEYMAP_COMPILE_NO_FLAGS));
+  }
+
+  [[nodiscard]] std::uint32_t group() const {
+    const XkbKeymap current = keymap();
+    const std::unique_ptr<xkb_state, XkbStateUnref> state(
+        current ? xkb_x11_state_new_from_device(current.get(), connection, device) : nullptr);
+    return state ? xkb_state_serialize_layout(state.get(), XKB_STATE_LAYOUT_EFFECTIVE) : 0;
+  }
+
+  [[nodiscard]] std::string rules() const {
+    constexpr std::string_view name = "_XKB_RULES_NAMES";
+    const Owned<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 1, name.size(), name.data()), nullptr));
+    if (!atom)
+      return {};
+    const Owned<xcb_get_property_reply_t> property(xcb_get_property_reply(
+        connection, xcb_get_property(connection, 0, root, atom->atom, XCB_ATOM_STRING, 0, 1024),
+        nullptr));
+    if (!property)
+      return {};
+    return {static_cast<const char*>(xcb_get_property_value(property.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(property.get()))};
+  }
+};
+
+LinuxKeyboard::LinuxKeyboard(std::function<bool()> tapIsInterrupted)
+    : tapIsInterrupted_(std::move(tapIsInterrupted)), server_(std::make_unique<Server>()) {
+  if (server_->open())
+    return;
+  qCWarning(keyboardLog, "the keyboard of this display cannot be read");
+  server_.reset();
+}
+
+LinuxKeyboard::~LinuxKeyboard() = default;
+
+bool LinuxKeyboard::hasServer() {
+  if (server_ && !server_->isThere()) {
+    qCWarning(keyboardLog, "the display is gone: the keyboard cannot be read any more");
+    server_.reset();
+  }
+  return server_ != nullptr;
+}
+
+KeyMap LinuxKeyboard::keyMap() {
+  KeyMap map;
+  if (!hasServer())
+    return map;
+  const Owned<xcb_query_keymap_reply_t> keys(
+      xcb_query_keymap_reply(server_->connection, xcb_query_keymap(server_->connection), nullptr));
+  for (std::size_t key = 0; keys && key < server_->translation.size(); ++key)
+    if ((keys->keys[key / 8] >> (key % 8) & 1) != 0)
+      map.set(server_->translation[key]);
+  if (tapIsInterrupted_ && tapIsInterrupted_())
+    map.set(keyOfNoKeyboard);
+  return map;
+}
+
+std::uint32_t LinuxKeyboard::eventModifiers() {
+  if (!hasServer())
+    return 0;
+  const Owned<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
+      server_->connection, xcb_query_pointer(server_->connection, server_->root), nullptr));
+  return pointer ? eventModifiersOf(pointer->mask, serverModifiers(*server_->connection)) : 0;
+}
+
+std::string LinuxKeyboard::layoutIdentifier() {
+  if (!hasServer())
+    return {};
+  const std::vector<std::string> names = ruleNames(server_->rules());
+  return layoutIdentifierOf(names[2], names[3], server_->group());
+}
+
+std::int16_t LinuxKeyboard::layoutId() {
+  return layoutNumber(layoutIdentifier());
+}
+
+std::optional<CharacterTables> LinuxKeyboard::characterTables() {
+  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
+  if (!keymap)
+    return std::nullopt;
+  std::vector<CharacterTable> tables = tablesOf(*keymap, server_->group());
+  return CharacterTables{layoutId(), layoutIdentifier(), std::move(tables)};
+}
+
+std::uint32_t LinuxKeyboard::translate(std::uint16_t keyCode) {
+  const auto layout = characterTables();
+  if (!layout || layout->tables.empty() || keyCode >= layout->tables[0].size())
+    return 0;
+  return layout->tables[0][keyCode];
+}
+
+} // namespace tavrel

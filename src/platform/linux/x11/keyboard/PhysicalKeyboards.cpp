@@ -1,0 +1,91 @@
+#include "platform/linux/x11/keyboard/PhysicalKeyboards.h"
+
+#include "platform/linux/x11/server/QtConnection.h"
+#include "platform/linux/x11/server/XcbReply.h"
+
+#include <xcb/xcb.h>
+#include <xcb/xinput.h>
+
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace tavrel {
+
+namespace {
+constexpr std::uint32_t keyMask =
+    XCB_INPUT_XI_EVENT_MASK_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_KEY_RELEASE;
+
+// The keyboard that XTest events come from is no thing a person can press.
+bool isRealKeyboard(const xcb_input_xi_device_info_t& device) {
+  const std::string_view name(
+      xcb_input_xi_device_info_name(&device),
+      static_cast<std::size_t>(xcb_input_xi_device_info_name_length(&device)));
+  return device.type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD &&
+         name.find("XTEST") == std::string_view::npos;
+}
+
+xcb_input_xi_grab_device_cookie_t askToHold(xcb_connection_t& connection, std::uint16_t device) {
+  return xcb_input_xi_grab_device(&connection, rootWindow(connection), XCB_CURRENT_TIME, XCB_NONE,
+                                  device, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, 0, 1, &keyMask);
+}
+
+// As the server would have told of it had it come the usual way.
+std::optional<xcb_key_press_event_t> keyIn(const xcb_generic_event_t& event) {
+  const auto& key = reinterpret_cast<const xcb_input_key_press_event_t&>(event);
+  if ((event.response_type & 0x7F) != XCB_GE_GENERIC ||
+      (key.event_type != XCB_INPUT_KEY_PRESS && key.event_type != XCB_INPUT_KEY_RELEASE))
+    return std::nullopt;
+  xcb_key_press_event_t typed{};
+  typed.response_type = key.event_type == XCB_INPUT_KEY_PRESS ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
+  typed.detail = static_cast<xcb_keycode_t>(key.detail);
+  typed.time = key.time;
+  typed.root = key.root;
+  typed.event = key.root;
+  typed.state = static_cast<std::uint16_t>(key.mods.effective |
+                                           static_cast<unsigned>(key.group.effective) << 13U);
+  typed.same_screen = 1;
+  return typed;
+}
+} // namespace
+
+std::vector<std::uint16_t> physicalKeyboards(xcb_connection_t& connection) {
+  std::vector<std::uint16_t> keyboards;
+  const auto devices = xcbReply(xcb_input_xi_query_device_reply(
+      &connection, xcb_input_xi_query_device(&connection, XCB_INPUT_DEVICE_ALL), nullptr));
+  if (!devices)
+    return keyboards;
+  for (auto at = xcb_input_xi_query_device_infos_iterator(devices.get()); at.rem > 0;
+       xcb_input_xi_device_info_next(&at))
+    if (isRealKeyboard(*at.data))
+      keyboards.push_back(at.data->deviceid);
+  return keyboards;
+}
+
+PhysicalKeyboards::PhysicalKeyboards(xcb_connection_t& connection)
+    : connection_(connection), held_(physicalKeyboards(connection)) {
+  std::vector<xcb_input_xi_grab_device_cookie_t> asked;
+  for (const std::uint16_t device : held_)
+    asked.push_back(askToHold(connection, device));
+  for (const auto cookie : asked)
+    (void)xcbReply(xcb_input_xi_grab_device_reply(&connection, cookie, nullptr));
+}
+
+TypedKeys PhysicalKeyboards::take() {
+  TypedKeys typed;
+  while (const auto event = xcbReply(xcb_poll_for_event(&connection_)))
+    if (const auto key = keyIn(*event))
+      typed.push_back(*key);
+  return typed;
+}
+
+void PhysicalKeyboards::letGo() {
+  if (held_.empty())
+    return;
+  for (const std::uint16_t device : std::exchange(held_, {}))
+    xcb_input_xi_ungrab_device(&connection_, XCB_CURRENT_TIME, device);
+  (void)xcbReply(
+      xcb_get_input_focus_reply(&connection_, xcb_get_input_focus(&connection_), nullptr));
+}
+
+} // namespace tavrel

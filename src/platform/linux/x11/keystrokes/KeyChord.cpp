@@ -1,0 +1,120 @@
+#include "platform/linux/x11/keystrokes/KeyChord.h"
+
+#include "base/Modifiers.h"
+#include "platform/linux/x11/keystrokes/TypingKeys.h"
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+#include <xkbcommon/xkbcommon.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace tavrel {
+
+namespace {
+
+struct ModifierKey {
+  std::uint16_t keyCode;
+  xkb_keysym_t symbol;
+};
+constexpr std::array<ModifierKey, 8> modifierSymbols{{{55, XKB_KEY_Control_L},
+                                                      {54, XKB_KEY_Control_R},
+                                                      {56, XKB_KEY_Shift_L},
+                                                      {60, XKB_KEY_Shift_R},
+                                                      {58, XKB_KEY_Alt_L},
+                                                      {61, XKB_KEY_Alt_R},
+                                                      {59, XKB_KEY_Super_L},
+                                                      {62, XKB_KEY_Super_R}}};
+
+std::optional<std::uint8_t> keyWithSymbol(xkb_keymap& keymap, xkb_keysym_t wanted) {
+  for (xkb_keycode_t key = 8; key <= 255; ++key) {
+    const xkb_keysym_t* symbols = nullptr;
+    if (xkb_keymap_key_get_syms_by_level(&keymap, key, 0, 0, &symbols) == 1 && symbols[0] == wanted)
+      return static_cast<std::uint8_t>(key);
+  }
+  return std::nullopt;
+}
+
+std::optional<std::uint8_t> modifierKeyFor(xkb_keymap& keymap, std::uint16_t keyCode) {
+  for (const ModifierKey& each : modifierSymbols)
+    if (each.keyCode == keyCode)
+      if (const auto key = keyWithSymbol(keymap, each.symbol))
+        return key;
+  return keyAt(keymap, keyCode);
+}
+
+bool holds(const std::vector<KeyboardEvent>& events, std::initializer_list<std::uint16_t> keys) {
+  return std::ranges::any_of(events, [&](const KeyboardEvent& event) {
+    return std::ranges::find(keys, event.keyCode) != keys.end() && isModifierKey(event.keyCode);
+  });
+}
+
+bool isCopyOrPaste(std::uint32_t character) {
+  return character == 'c' || character == 'v' || character == 'C' || character == 'V';
+}
+
+bool isDigit(std::uint32_t character) {
+  return character >= '0' && character <= '9';
+}
+
+void liftWhatIsLeft(std::vector<ServerKey>& keys) {
+  ServerKeySet down;
+  for (const ServerKey& key : keys)
+    down.set(key.code, key.direction == KeyDirection::down);
+  for (std::size_t code = 0; code < down.size(); ++code)
+    if (down[code])
+      keys.push_back({static_cast<std::uint8_t>(code), KeyDirection::up});
+}
+
+void add(std::vector<ServerKey>& keys, const TypingKey& key, std::optional<std::uint8_t> shift,
+         KeyDirection direction) {
+  const ServerKey typed{key.code, direction};
+  if (!shift)
+    return keys.push_back(typed);
+  const ServerKey shifted{*shift, direction};
+  keys.push_back(direction == KeyDirection::down ? shifted : typed);
+  keys.push_back(direction == KeyDirection::down ? typed : shifted);
+}
+
+} // namespace
+
+bool isModifierKey(std::uint16_t keyCode) {
+  return std::ranges::find(modifierSymbols, keyCode, &ModifierKey::keyCode) !=
+         modifierSymbols.end();
+}
+
+KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& layout,
+                  KeyReceiver receiver) {
+  const bool hasCommand = holds(events, {55, 54});
+  const bool hasShift = holds(events, {56, 60});
+  const bool isShortcut = hasCommand || holds(events, {58, 61, 59, 62});
+  const bool isBareCommand = hasCommand && !hasShift && !holds(events, {58, 61, 59, 62});
+  // A shortcut is the same whether Caps Lock is on or off; what is typed is not.
+  TypingKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock);
+  const auto shift = modifierKeyFor(layout.keymap, keyCode::shift);
+  KeyChord chord{{}, layout.group};
+  for (const KeyboardEvent& event : events) {
+    if (event.character == 0 && isModifierKey(event.keyCode)) {
+      if (const auto key = modifierKeyFor(layout.keymap, event.keyCode))
+        chord.keys.push_back({*key, event.direction});
+      continue;
+    }
+    const auto key = typing.keyFor(event);
+    if (!key)
+      continue;
+    const bool forTerminal = receiver != KeyReceiver::application && isBareCommand &&
+                             isCopyOrPaste(typing.characterOf(*key));
+    if (forTerminal && receiver == KeyReceiver::bareTerminal)
+      return {{}, layout.group};
+    // Where digits need Shift, as on French keyboards, nobody holds it for a shortcut.
+    const bool takesShift =
+        key->withShift && !hasShift && !(isShortcut && isDigit(event.character));
+    chord.group = key->group;
+    add(chord.keys, *key, takesShift || forTerminal ? shift : std::nullopt, event.direction);
+  }
+  liftWhatIsLeft(chord.keys);
+  return chord;
+}
+
+} // namespace tavrel

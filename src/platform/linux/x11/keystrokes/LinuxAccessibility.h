@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/linux/accessibility/AccessibilityBus.h"
+#include "platform/linux/x11/keystrokes/KeystrokePoster.h"
+
+namespace tavrel {
+
+/// Keys by XTest, to the focused client; elements and roles by AT-SPI, where its bus is on.
+class LinuxAccessibility final : public Accessibility {
+public:
+  /// All must outlive this.
+  LinuxAccessibility(ApplicationRegistry& registry, DesktopWindows& windows, OwnKeystrokes& own)
+      : windows_(windows), poster_(registry, windows, own) {}
+
+  AXUIElementRef applicationElement(std::int32_t processIdentifier) override;
+  AXUIElementRef systemWideElement() override;
+  AXUIElementRef elementAt(const AXUIElementRef& root, Point point) override;
+  std::optional<PropertyList> role(const AXUIElementRef& element) override;
+  bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
+
+  /// Types once more what the person typed while we held the keyboard.
+  void retype(const TypedKeys& typed) { poster_.retype(typed); }
+
+private:
+  DesktopWindows& windows_;
+  AccessibilityBus bus_;
+  KeystrokePoster poster_;
+};
+
+} // namespace tavrel
