@@ -1,5 +1,5 @@
 # What `cmake --install` lays down. The program looks for share/tavrel beside its own bin folder
-# (src/platform/linux/ResourceFolder.h), so these names are fixed and any prefix works.
+# (src/platform/linux/installation/ResourceFolder.h), so these names are fixed and any prefix works.
 install(TARGETS tavrel tavrel-osacompile RUNTIME DESTINATION bin)
 if(TARGET tavrel-uninstall-helper)
   install(TARGETS tavrel-uninstall-helper RUNTIME DESTINATION libexec/tavrel)

@@ -1,5 +1,7 @@
 #include "platform/common/MenuRows.h"
 
+#include <utility>
+
 namespace tavrel {
 
 bool isAlternateOf(const MenuItem& alternate, const MenuItem& partner) {

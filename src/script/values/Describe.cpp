@@ -13,11 +13,11 @@ namespace tavrel::script {
 namespace {
 
 constexpr int deepest = 20;
-constexpr std::size_t longest = 4096;
+constexpr std::size_t longestText = 4096;
 
 void quote(std::string& out, std::string_view text) {
-  const bool isCut = text.size() > longest;
-  std::size_t kept = std::min(text.size(), longest);
+  const bool isCut = text.size() > longestText;
+  std::size_t kept = std::min(text.size(), longestText);
   while (isCut && kept > 0 && (static_cast<unsigned char>(text[kept]) & 0xC0U) == 0x80U)
     --kept;
   out += '"';
@@ -36,7 +36,7 @@ void describeList(std::string& out, const List& list, int depth) {
   const char* between = "";
   for (const Value& each : list.values()) {
     out += between;
-    if (out.size() > longest)
+    if (out.size() > longestText)
       break;
     describe(out, each, depth + 1);
     between = ", ";
@@ -94,7 +94,7 @@ void describeObject(std::string& out, const Value& value, int depth) {
 }
 
 void describe(std::string& out, const Value& value, int depth) {
-  if (depth > deepest || out.size() > longest) {
+  if (depth > deepest || out.size() > longestText) {
     out += "…";
     return;
   }
