@@ -35,7 +35,7 @@
 #include "platform/linux/tray/LinuxStatusBar.h"
 #include "platform/linux/web/LinuxWeb.h"
 #include "platform/linux/x11/clipboard/LinuxPasteboards.h"
-#include "platform/linux/x11/gestures/GestureHold.h"
+#include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 #include "platform/linux/x11/gestures/LinuxEventMonitor.h"
 #include "platform/linux/x11/gestures/LinuxEventQueue.h"
 #include "platform/linux/x11/gestures/LinuxHotKeys.h"
@@ -51,34 +51,35 @@ constexpr const char* preferenceDomain = "qorvane.tavrel.pref";
 constexpr const char* loginItemsKey = "AutoLaunchedApplicationDictionary";
 
 PropertyList::Dictionary readLoginWindow() {
-  return {{loginItemsKey, loginItems(applicationFolders())}};
+  return {{loginItemsKey, loginItems(xdgFolders())}};
 }
 
 bool writeLoginWindow(const PropertyList::Dictionary& values) {
   const auto found = values.find(loginItemsKey);
   const auto* items = found == values.end() ? nullptr : found->second.array();
-  return setLoginItems(applicationFolders(), items ? *items : PropertyList::Array());
+  return setLoginItems(xdgFolders(), items ? *items : PropertyList::Array());
 }
 } // namespace
 
 struct LinuxDesktop::Adapters {
   std::string resources = resourceFolder();
-  ApplicationRegistry registry{applicationFolders()};
+  ApplicationRegistry registry{xdgFolders()};
   DesktopWindows windows;
   BusObject busObject;
 
   OwnKeystrokes ownKeystrokes;
   LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
   LinuxAlerts alerts;
-  GestureHold gestureHold{[this](const TypedKeys& typed) { accessibility.retype(typed); }};
+  GestureKeyBuffer gestureKeyBuffer{
+      [this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
   LinuxApplications applications{registry, windows, resources + "/roles"};
   LinuxAuthorization authorization{uninstallHelperCommand()};
   LinuxBundle bundle{resources};
   LinuxClock clock;
-  LinuxEventMonitor eventMonitor{ownKeystrokes, &gestureHold};
+  LinuxEventMonitor eventMonitor{ownKeystrokes, &gestureKeyBuffer};
   LinuxEventQueue eventQueue{clock};
   LinuxFiles files;
-  LinuxHotKeys hotKeys{&gestureHold};
+  LinuxHotKeys hotKeys{&gestureKeyBuffer};
   LinuxImages images{resources + "/images"};
   LinuxKeyboard keyboard{[this] { return eventMonitor.tapIsInterrupted(); }};
   InProcessNotificationCenter notifications;
@@ -106,14 +107,15 @@ struct LinuxDesktop::Adapters {
   LinuxTextEncodings textEncodings;
   LinuxWeb web;
   LinuxWorkspace workspace{registry, windows};
-  LongRuns longRuns;
+  LongRunningScripts longRunningScripts;
   LinuxScriptHost scriptHost{{accessibility, applications, clock, keyboard, sounds, log,
                               pasteboards, workspace, registry, windows, resources + "/roles",
                               [this] { return scripting.application(); }},
-                             longRuns};
-  LinuxScripts scripts{scriptHost, longRuns, [this](const std::string& path) {
-                         return runSelectedScript(path, {applications, pasteboards, log, longRuns});
-                       }};
+                             longRunningScripts};
+  LinuxScripts scripts{
+      scriptHost, longRunningScripts, [this](const std::string& path) {
+        return runSelectedScript(path, {applications, pasteboards, log, longRunningScripts});
+      }};
 
   PreferenceWatch preferenceWatch{
       preferences.pathOf(preferenceDomain), [this] {

@@ -2,7 +2,7 @@
 
 #include "platform/linux/applications/MimeAppsList.h"
 #include "platform/linux/files/DesktopEntry.h"
-#include "platform/linux/system/ApplicationFolders.h"
+#include "platform/linux/system/XdgFolders.h"
 
 #include <cstdint>
 #include <map>
@@ -22,7 +22,7 @@ struct InstalledApplication {
 /// disk; asking whether they did costs a look at each file's time.
 class ApplicationRegistry {
 public:
-  explicit ApplicationRegistry(ApplicationFolders folders) : folders_(std::move(folders)) {}
+  explicit ApplicationRegistry(XdgFolders folders) : folders_(std::move(folders)) {}
 
   /// Looks for changes. Pointers given out before become invalid.
   void refresh();
@@ -58,7 +58,7 @@ private:
   void readFolder(std::size_t dataFolder, Cache& seen);
   void readLists();
 
-  ApplicationFolders folders_;
+  XdgFolders folders_;
   Cache cache_;
   std::vector<InstalledApplication> applications_;
   std::map<std::string, const InstalledApplication*, std::less<>> byId_; ///< null: deleted

@@ -54,7 +54,7 @@ MimeAppsList parseMimeAppsList(std::string_view text) {
   return list;
 }
 
-std::vector<MimeAppsFile> mimeAppsFiles(const ApplicationFolders& folders) {
+std::vector<MimeAppsFile> mimeAppsFiles(const XdgFolders& folders) {
   std::vector<MimeAppsFile> files;
   for (const std::string& folder : folders.config)
     addFolder(folder, 0, folders.desktops, files);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/system/ApplicationFolders.h"
+#include "platform/linux/system/XdgFolders.h"
 
 #include <map>
 #include <string>
@@ -30,6 +30,6 @@ struct MimeAppsFile {
 };
 
 /// Where lists may be, most important first.
-[[nodiscard]] std::vector<MimeAppsFile> mimeAppsFiles(const ApplicationFolders& folders);
+[[nodiscard]] std::vector<MimeAppsFile> mimeAppsFiles(const XdgFolders& folders);
 
 } // namespace tavrel

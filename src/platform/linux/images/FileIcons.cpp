@@ -20,14 +20,16 @@ QIcon firstInTheme(const QStringList& names) {
 } // namespace
 
 Image FileIcons::find(const std::string& path) {
-  return imageFor(findIconEvidence(path, *folders()));
+  return imageFor(readFileIconFacts(path, *folders()));
 }
 
 void FileIcons::request(const std::string& path, std::function<void(Image)> found,
                         std::function<void()> dropped) {
   lookups_.ask(
       path, folders(),
-      [this, found = std::move(found)](const IconEvidence& evidence) { found(imageFor(evidence)); },
+      [this, found = std::move(found)](const FileIconFacts& evidence) {
+        found(imageFor(evidence));
+      },
       std::move(dropped));
 }
 
@@ -37,7 +39,7 @@ IconLookups::Folders FileIcons::folders() {
   return folders_;
 }
 
-Image FileIcons::imageFor(const IconEvidence& evidence) {
+Image FileIcons::imageFor(const FileIconFacts& evidence) {
   if (evidence.picture)
     if (auto picture = imageFromData(QByteArray::fromStdString(*evidence.picture)))
       return *picture;

@@ -21,11 +21,11 @@ public:
   void request(const std::string& path, std::function<void(Image)> found,
                std::function<void()> dropped);
   /// A short wait for what was requested; none when there was one lately.
-  void giveMoment(const std::function<bool()>& done) { lookups_.giveMoment(done); }
+  void waitBriefly(const std::function<bool()>& done) { lookups_.waitBriefly(done); }
 
 private:
   [[nodiscard]] IconLookups::Folders folders();
-  [[nodiscard]] Image imageFor(const IconEvidence& evidence);
+  [[nodiscard]] Image imageFor(const FileIconFacts& evidence);
   [[nodiscard]] Image generic(GenericIcon icon);
 
   std::string resourceFolder_;

@@ -30,7 +30,7 @@ struct IconLookups::Shared {
   };
   struct Found {
     Answer answer;
-    IconEvidence evidence;
+    FileIconFacts evidence;
   };
 
   Find find; ///< called by the threads
@@ -61,7 +61,7 @@ struct IconLookups::Shared {
 
   static void work(const std::shared_ptr<Shared>& shared) {
     while (auto question = shared->next()) {
-      IconEvidence evidence = shared->find(question->path, *question->folders);
+      FileIconFacts evidence = shared->find(question->path, *question->folders);
       const std::lock_guard lock(shared->mutex);
       shared->found.push_back({std::move(question->answer), std::move(evidence)});
       shared->changed.notify_all();
@@ -119,7 +119,7 @@ void IconLookups::deliver() {
     each.answer(std::move(each.evidence));
 }
 
-void IconLookups::giveMoment(const std::function<bool()>& done) {
+void IconLookups::waitBriefly(const std::function<bool()>& done) {
   if (!period_.isValid() || period_.elapsed() > period) {
     period_.start();
     waited_ = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/images/IconEvidence.h"
+#include "platform/linux/images/FileIconFacts.h"
 
 #include <QElapsedTimer>
 
@@ -14,12 +14,12 @@ namespace tavrel {
 /// keeps a thread; those of others go on as long as there are threads left.
 class IconLookups {
 public:
-  using Answer = std::function<void(IconEvidence)>; ///< called in the main thread
+  using Answer = std::function<void(FileIconFacts)>; ///< called in the main thread
   using Folders = std::shared_ptr<const SpecialFolders>;
 
-  using Find = std::function<IconEvidence(const std::string& path, const SpecialFolders& folders)>;
+  using Find = std::function<FileIconFacts(const std::string& path, const SpecialFolders& folders)>;
 
-  explicit IconLookups(Find find = findIconEvidence);
+  explicit IconLookups(Find find = readFileIconFacts);
   ~IconLookups();
   IconLookups(const IconLookups&) = delete;
   IconLookups& operator=(const IconLookups&) = delete;
@@ -29,7 +29,7 @@ public:
 
   /// Most answers come at once: gives them a moment, so that icons need not appear one by one. It
   /// takes a tenth of the time at most, however often it is called. Ends when `done` holds.
-  void giveMoment(const std::function<bool()>& done);
+  void waitBriefly(const std::function<bool()>& done);
 
 private:
   struct Shared;

@@ -44,7 +44,7 @@ public:
     if (!icon_->image && !icon_->isRequested)
       request();
     if (!icon_->image)
-      icons_->giveMoment([this] { return icon_->image.has_value(); });
+      icons_->waitBriefly([this] { return icon_->image.has_value(); });
     icon_->isMissed = !icon_->image;
     return !icon_->isMissed;
   }

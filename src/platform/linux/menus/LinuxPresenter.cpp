@@ -2,7 +2,7 @@
 
 #include "platform/linux/menus/AccessibleLevel.h"
 #include "platform/linux/menus/MenuSession.h"
-#include "platform/linux/x11/gestures/GestureHold.h"
+#include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -59,7 +59,7 @@ void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font)
   ensureAccessibleLevels();
   MenuSession session(menu, font, localize_, longestPlain_);
   session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
-  GestureHold::finishTakingBack();
+  GestureKeyBuffer::finishTakingBack();
   open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
   session.finish(target_);
   closed_();

@@ -6,7 +6,7 @@
 #include "platform/linux/menus/MenuPopup.h"
 #include "platform/linux/menus/MenuStyle.h"
 #include "platform/linux/menus/TypeAhead.h"
-#include "platform/linux/x11/gestures/KeyboardHold.h"
+#include "platform/linux/x11/gestures/MenuKeyForwarder.h"
 
 #include <QObject>
 #include <QTimer>
@@ -53,7 +53,7 @@ private:
   TypeAhead typeAhead_;
   OptionKey option_ = OptionKey::up;
   QTimer grabTimer_;
-  std::optional<KeyboardHold> keyboard_; ///< while the menu shows
+  std::optional<MenuKeyForwarder> keyboard_; ///< while the menu shows
 };
 
 } // namespace tavrel

@@ -33,7 +33,7 @@ LoginItem itemOf(const PropertyList& value) {
   return {path ? *path : std::string(), hide && hide->boolean().value_or(false)};
 }
 
-std::string ownFile(const ApplicationFolders& folders, const std::string& name) {
+std::string ownFile(const XdgFolders& folders, const std::string& name) {
   return appendingPathComponent(folders.config.front(), "autostart/" + name);
 }
 
@@ -45,7 +45,7 @@ bool isDone(const std::string& file, const std::string& problem) {
 
 // A link would be written through, perhaps into the system's folder: the person's own file takes
 // its place.
-bool writeOwn(const ApplicationFolders& folders, const std::string& name, const std::string& text) {
+bool writeOwn(const XdgFolders& folders, const std::string& name, const std::string& text) {
   const std::string file = ownFile(folders, name);
   std::error_code ignored;
   const fs::path link = fs::read_symlink(file, ignored);
@@ -61,14 +61,14 @@ std::string textOf(const AutostartEntry& entry) {
   return readFile(entry.file, largestEntry).value_or(std::string());
 }
 
-bool stands(const ApplicationFolders& folders, const std::string& name) {
+bool stands(const XdgFolders& folders, const std::string& name) {
   std::error_code ignored;
   return std::any_of(folders.config.begin() + 1, folders.config.end(), [&](const auto& config) {
     return fs::exists(appendingPathComponent(config, "autostart/" + name), ignored);
   });
 }
 
-bool takeOut(const ApplicationFolders& folders, const AutostartEntry& entry) {
+bool takeOut(const XdgFolders& folders, const AutostartEntry& entry) {
   if (!entry.isOurs() || entry.owner != EntryOwner::person || stands(folders, entry.name))
     return writeOwn(folders, entry.name, withEntryKey(textOf(entry), "Hidden", "true"));
   std::error_code error;
@@ -111,7 +111,7 @@ std::string freeName(const std::vector<AutostartEntry>& entries, const std::stri
   return name;
 }
 
-bool putIn(const ApplicationFolders& folders, const LoginItem& item) {
+bool putIn(const XdgFolders& folders, const LoginItem& item) {
   const auto entries = autostartEntries(folders);
   const long order = entries.empty() ? 1 : std::max(entries.back().order(), 0L) + 1;
   for (const AutostartEntry& entry : entries)
@@ -120,7 +120,7 @@ bool putIn(const ApplicationFolders& folders, const LoginItem& item) {
   return writeOwn(folders, freeName(entries, item.path), marked(textFor(item.path), item, order));
 }
 
-bool changeHide(const ApplicationFolders& folders, const AutostartEntry& entry, bool hide) {
+bool changeHide(const XdgFolders& folders, const AutostartEntry& entry, bool hide) {
   if (entry.entry.boolean(autostartKey::hide) == hide)
     return true;
   return writeOwn(
@@ -130,7 +130,7 @@ bool changeHide(const ApplicationFolders& folders, const AutostartEntry& entry, 
 
 } // namespace
 
-PropertyList::Array loginItems(const ApplicationFolders& folders) {
+PropertyList::Array loginItems(const XdgFolders& folders) {
   PropertyList::Array items;
   for (const AutostartEntry& entry : autostartEntries(folders))
     if (entry.isOpened(folders))
@@ -139,7 +139,7 @@ PropertyList::Array loginItems(const ApplicationFolders& folders) {
   return items;
 }
 
-bool setLoginItems(const ApplicationFolders& folders, const PropertyList::Array& items) {
+bool setLoginItems(const XdgFolders& folders, const PropertyList::Array& items) {
   std::multiset<LoginItem> wanted;
   for (const PropertyList& item : items)
     wanted.insert(itemOf(item));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/PropertyList.h"
-#include "platform/linux/system/ApplicationFolders.h"
+#include "platform/linux/system/XdgFolders.h"
 
 #include <string>
 #include <vector>
@@ -15,12 +15,12 @@ namespace tavrel {
 /// An item is a dictionary with "Path", the application's entry, program or document, and "Hide".
 /// The entries themselves have no order: foreign ones come first, by their names, then those added
 /// here in the order they were added.
-[[nodiscard]] PropertyList::Array loginItems(const ApplicationFolders& folders);
+[[nodiscard]] PropertyList::Array loginItems(const XdgFolders& folders);
 
 /// Makes these the items: adds what is missing, takes out what is not listed, and touches no other
 /// entry. An entry that somebody else wrote is not removed but marked as deleted, and one of the
 /// system is marked so in the person's own folder. False when something could not be written, which
 /// is told on standard error.
-bool setLoginItems(const ApplicationFolders& folders, const PropertyList::Array& items);
+bool setLoginItems(const XdgFolders& folders, const PropertyList::Array& items);
 
 } // namespace tavrel

@@ -46,13 +46,13 @@ long AutostartEntry::order() const {
   return number;
 }
 
-bool AutostartEntry::isOpened(const ApplicationFolders& folders) const {
+bool AutostartEntry::isOpened(const XdgFolders& folders) const {
   const auto only = entry.onlyShowIn();
   return !entry.hidden() && (only.empty() || names(only, folders.desktops)) &&
          !names(entry.notShowIn(), folders.desktops);
 }
 
-std::string AutostartEntry::itemPath(const ApplicationFolders& folders) const {
+std::string AutostartEntry::itemPath(const XdgFolders& folders) const {
   if (isOurs())
     return entry.text(autostartKey::path);
   std::error_code ignored;
@@ -63,7 +63,7 @@ std::string AutostartEntry::itemPath(const ApplicationFolders& folders) const {
   return file;
 }
 
-std::vector<AutostartEntry> autostartEntries(const ApplicationFolders& folders) {
+std::vector<AutostartEntry> autostartEntries(const XdgFolders& folders) {
   std::map<std::string, AutostartEntry> found;
   for (std::size_t i = 0; i < folders.config.size(); ++i)
     addEntries(appendingPathComponent(folders.config[i], folderName),

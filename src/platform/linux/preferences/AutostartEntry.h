@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/files/DesktopEntry.h"
-#include "platform/linux/system/ApplicationFolders.h"
+#include "platform/linux/system/XdgFolders.h"
 
 #include <string>
 #include <vector>
@@ -29,12 +29,12 @@ struct AutostartEntry {
   /// Its place among the others; 0 for one that nobody gave a place.
   [[nodiscard]] long order() const;
   /// Whether it is opened on this desktop.
-  [[nodiscard]] bool isOpened(const ApplicationFolders& folders) const;
+  [[nodiscard]] bool isOpened(const XdgFolders& folders) const;
   /// What the list of log-in items calls it.
-  [[nodiscard]] std::string itemPath(const ApplicationFolders& folders) const;
+  [[nodiscard]] std::string itemPath(const XdgFolders& folders) const;
 };
 
 /// Every name once, in the order of the list; those marked as deleted, too.
-[[nodiscard]] std::vector<AutostartEntry> autostartEntries(const ApplicationFolders& folders);
+[[nodiscard]] std::vector<AutostartEntry> autostartEntries(const XdgFolders& folders);
 
 } // namespace tavrel

@@ -1,6 +1,6 @@
 #include "platform/linux/processes/ProgramRun.h"
 
-#include "platform/linux/processes/ScriptProcess.h"
+#include "platform/linux/processes/ChildProcess.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,7 +23,7 @@ int msecsUntil(RunClock::time_point moment) {
 }
 
 /// Ends the program and all that it started: what does not go when it is asked is killed.
-void stop(ScriptProcess& process) {
+void stop(ChildProcess& process) {
   process.signalAll(SIGTERM);
   const auto deadline = RunClock::now() + timeToEnd;
   while (RunClock::now() < deadline && process.signalAll(0))
@@ -34,7 +34,7 @@ void stop(ScriptProcess& process) {
   }
 }
 
-ExecutableOutcome waitFor(ScriptProcess& process, const std::function<bool()>& shouldStop) {
+ProgramOutcome waitFor(ChildProcess& process, const std::function<bool()>& shouldStop) {
   auto look = RunClock::now() + betweenStopLooks;
   for (;;) {
     if (const auto outcome = process.serve(msecsUntil(look)))
@@ -44,17 +44,17 @@ ExecutableOutcome waitFor(ScriptProcess& process, const std::function<bool()>& s
     look = RunClock::now() + betweenStopLooks;
     if (shouldStop && shouldStop()) {
       stop(process);
-      return {ExecutableOutcome::Ending::stopped, 0};
+      return {ProgramOutcome::Ending::stopped, 0};
     }
   }
 }
 
 } // namespace
 
-ExecutableOutcome runProgram(const ProcessRequest& request, std::string_view input,
-                             const ProgramWatch& watch) {
-  ScriptProcess process(request, input, {watch.output, watch.errors});
-  const ExecutableOutcome outcome = waitFor(process, watch.shouldStop);
+ProgramOutcome runProgram(const ProcessRequest& request, std::string_view input,
+                          const ProgramWatch& watch) {
+  ChildProcess process(request, input, {watch.output, watch.errors});
+  const ProgramOutcome outcome = waitFor(process, watch.shouldStop);
   (void)process.serve(0); // a last look at what it said
   return outcome;
 }

@@ -8,7 +8,7 @@
 namespace tavrel {
 
 /// How a program ended.
-struct ExecutableOutcome {
+struct ProgramOutcome {
   enum class Ending {
     notStarted, ///< number: the system's reason
     exited,     ///< number: the exit status
@@ -32,7 +32,7 @@ struct ProgramWatch {
 /// its end. Without a folder it starts in ours. One that is to stop ends with all the processes it
 /// started: asked first, killed after two seconds. What it started and left behind is not waited
 /// for, even when that holds its output open.
-[[nodiscard]] ExecutableOutcome runProgram(const ProcessRequest& request, std::string_view input,
-                                           const ProgramWatch& watch);
+[[nodiscard]] ProgramOutcome runProgram(const ProcessRequest& request, std::string_view input,
+                                        const ProgramWatch& watch);
 
 } // namespace tavrel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/scripts/LongRuns.h"
+#include "platform/linux/scripts/LongRunningScripts.h"
 #include "platform/linux/scripts/ScriptDesktop.h"
 
 namespace tavrel {
@@ -8,7 +8,7 @@ namespace tavrel {
 /// The Linux desktop as scripts see it.
 class LinuxScriptHost final : public script::Host {
 public:
-  LinuxScriptHost(ScriptDesktop desktop, const LongRuns& runs)
+  LinuxScriptHost(ScriptDesktop desktop, const LongRunningScripts& runs)
       : desktop_(std::move(desktop)), runs_(runs) {}
 
   [[nodiscard]] script::HostAnswer perform(const script::HostEvent& event) override;
@@ -21,7 +21,7 @@ private:
   [[nodiscard]] script::HostAnswer delay(const script::HostEvent& event);
 
   ScriptDesktop desktop_;
-  const LongRuns& runs_;
+  const LongRunningScripts& runs_;
 };
 
 } // namespace tavrel

@@ -66,7 +66,7 @@ ExecutedScript LinuxScripts::execute(ComponentInstance component, OSAID id) {
 }
 
 OSAError LinuxScripts::run(const Script& script) {
-  const LongRuns::Run running(runs_, lastPathComponent(script.path));
+  const LongRunningScripts::Run running(runs_, lastPathComponent(script.path));
   if (script.id == 0)
     return runProgram_(script.path);
   return engine_.run(script.id).error ? osaError::scriptError : osaError::none;
@@ -116,7 +116,7 @@ std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, Scri
   if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
     return SourceRun{script::errorDictionary(*error, source)};
   const auto id = std::get<script::ScriptId>(loaded);
-  const LongRuns::Run running(runs_, "Tavrel");
+  const LongRunningScripts::Run running(runs_, "Tavrel");
   const script::RunResult run = engine_.run(id);
   engine_.dispose(id);
   if (!run.error)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Scripts.h"
-#include "platform/linux/scripts/LongRuns.h"
+#include "platform/linux/scripts/LongRunningScripts.h"
 #include "platform/linux/scripts/ScriptFile.h"
 #include "script/engine/Engine.h"
 
@@ -19,7 +19,7 @@ public:
   using RunProgram = std::function<OSAError(const std::string& path)>;
 
   /// The host and the runs must outlive this.
-  LinuxScripts(script::Host& host, LongRuns& runs, RunProgram runProgram)
+  LinuxScripts(script::Host& host, LongRunningScripts& runs, RunProgram runProgram)
       : engine_(host), runs_(runs), runProgram_(std::move(runProgram)) {}
 
   [[nodiscard]] ComponentInstance openDefaultComponent(std::uint32_t type,
@@ -45,7 +45,7 @@ private:
   [[nodiscard]] OSAError run(const Script& script);
 
   script::Engine engine_;
-  LongRuns& runs_;
+  LongRunningScripts& runs_;
   RunProgram runProgram_;
   ComponentInstance lastComponent_ = 0;
   OSAID lastId_ = 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Scripts.h"
-#include "platform/linux/scripts/LongRuns.h"
+#include "platform/linux/scripts/LongRunningScripts.h"
 #include "script/engine/Engine.h"
 
 namespace tavrel {
@@ -13,7 +13,7 @@ namespace tavrel {
 class ResourceScript final : public NSAppleScript {
 public:
   /// The engine and the runs must outlive this.
-  ResourceScript(script::Engine& engine, script::ScriptId id, LongRuns& runs)
+  ResourceScript(script::Engine& engine, script::ScriptId id, LongRunningScripts& runs)
       : engine_(engine), id_(id), runs_(runs) {}
   ~ResourceScript() override { engine_.dispose(id_); }
   ResourceScript(const ResourceScript&) = delete;
@@ -24,7 +24,7 @@ public:
 private:
   script::Engine& engine_;
   script::ScriptId id_;
-  LongRuns& runs_;
+  LongRunningScripts& runs_;
 };
 
 } // namespace tavrel

@@ -12,7 +12,7 @@
 namespace tavrel {
 namespace {
 
-using ShellEnding = ExecutableOutcome::Ending;
+using ShellEnding = ProgramOutcome::Ending;
 
 constexpr std::size_t mostOutput = std::size_t{64} << 20U;
 constexpr std::size_t mostComplaints = std::size_t{1} << 20U;
@@ -38,7 +38,7 @@ private:
   bool isTooMuch_ = false;
 };
 
-script::HostError failure(const ExecutableOutcome& outcome, Heard& complaints) {
+script::HostError failure(const ProgramOutcome& outcome, Heard& complaints) {
   if (outcome.ending == ShellEnding::stopped)
     return {script::errors::userCanceled, "User canceled."};
   if (outcome.ending == ShellEnding::notStarted)
@@ -85,11 +85,10 @@ script::HostAnswer runShellScript(const script::HostEvent& event,
     return script::HostError{script::errors::cannotCoerce, "A command has no null character."};
   Heard output(mostOutput);
   Heard complaints(mostComplaints);
-  const ExecutableOutcome outcome =
-      runProgram(*request, {},
-                 {[&] { return output.isTooMuch() || shouldStop(); },
-                  [&](std::string_view bytes) { complaints.add(bytes); },
-                  [&](std::string_view bytes) { output.add(bytes); }});
+  const ProgramOutcome outcome = runProgram(*request, {},
+                                            {[&] { return output.isTooMuch() || shouldStop(); },
+                                             [&](std::string_view bytes) { complaints.add(bytes); },
+                                             [&](std::string_view bytes) { output.add(bytes); }});
   if (output.isTooMuch())
     return script::HostError{script::errors::outOfMemory, "The command printed over 64 MB."};
   if (!outcome.isSuccess())

@@ -1,7 +1,7 @@
 #include "platform/linux/scripts/SelectedScript.h"
 
 #include "base/PathString.h"
-#include "platform/linux/processes/ExecutableScript.h"
+#include "platform/linux/processes/SelectionProgram.h"
 
 #include <cstring>
 
@@ -32,14 +32,14 @@ std::vector<std::string> filesOn(Pasteboard& pasteboard) {
 OSAError runSelectedScript(const std::string& path, const SelectedScriptDesktop& desktop) {
   Pasteboard& pasteboard = desktop.pasteboards.named(menuPasteboard);
   const auto front = desktop.applications.active();
-  const ExecutableScript script{path, filesOn(pasteboard),
+  const SelectionProgram script{path, filesOn(pasteboard),
                                 pasteboard.string(pasteboardType::string).value_or(""),
                                 front && front->name ? *front->name : std::string()};
   const std::string name = lastPathComponent(path);
-  const ExecutableOutcome outcome = runExecutableScript(
+  const ProgramOutcome outcome = runSelectionProgram(
       script, {[&] { return desktop.runs.shouldStop(); },
                [&](const std::string& line) { desktop.log.write(name + ": " + line); }});
-  if (outcome.ending == ExecutableOutcome::Ending::notStarted)
+  if (outcome.ending == ProgramOutcome::Ending::notStarted)
     desktop.log.write(name + ": cannot be started: " + std::strerror(outcome.number));
   return outcome.isSuccess() ? osaError::none : osaError::scriptError;
 }

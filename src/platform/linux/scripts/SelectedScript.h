@@ -4,7 +4,7 @@
 #include "platform/Pasteboards.h"
 #include "platform/Scripts.h"
 #include "platform/SystemLog.h"
-#include "platform/linux/scripts/LongRuns.h"
+#include "platform/linux/scripts/LongRunningScripts.h"
 
 namespace tavrel {
 
@@ -13,7 +13,7 @@ struct SelectedScriptDesktop {
   Applications& applications;
   Pasteboards& pasteboards;
   SystemLog& log;
-  const LongRuns& runs;
+  const LongRunningScripts& runs;
 };
 
 /// Runs an executable script on what was captured for the menu: the files as arguments, else the

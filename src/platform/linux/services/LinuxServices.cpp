@@ -32,13 +32,13 @@ std::string onePerLine(const std::vector<std::string>& files) {
   return lines;
 }
 
-ServiceCall callFor(const std::string& program, Pasteboard& pasteboard) {
-  ServiceCall call;
-  call.program = program;
-  call.files = heldFiles(pasteboard);
-  call.input = call.files.empty() ? pasteboard.string(pasteboardType::string).value_or("")
-                                  : onePerLine(call.files);
-  return call;
+SelectionProgram serviceFor(const std::string& path, Pasteboard& pasteboard) {
+  SelectionProgram service;
+  service.path = path;
+  service.files = heldFiles(pasteboard);
+  service.text = service.files.empty() ? pasteboard.string(pasteboardType::string).value_or("")
+                                       : onePerLine(service.files);
+  return service;
 }
 
 bool complain(const std::string& name, const std::string& trouble) {
@@ -51,9 +51,9 @@ bool LinuxServices::performService(const std::string& name, Pasteboard& pasteboa
   const auto program = findService(surroundings_.folders, name);
   if (!program)
     return complain(name, "there is none of that name");
-  ServiceCall call = callFor(*program, pasteboard);
-  call.hostApplication = surroundings_.hostApplication();
-  const ServiceResult result = runService(call, surroundings_.patience);
+  SelectionProgram service = serviceFor(*program, pasteboard);
+  service.hostApplication = surroundings_.hostApplication();
+  const ServiceResult result = runService(service, surroundings_.timeout);
   if (!result.output)
     return complain(name, result.trouble);
   if (result.output->empty())

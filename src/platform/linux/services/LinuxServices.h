@@ -15,7 +15,7 @@ public:
   struct Surroundings {
     std::vector<std::string> folders;             ///< those that come first win
     std::function<std::string()> hostApplication; ///< the name of the application in front
-    std::chrono::milliseconds patience = std::chrono::seconds(10); ///< with one that hangs
+    std::chrono::milliseconds timeout = std::chrono::seconds(10); ///< with one that hangs
   };
   /// The object on the bus must outlive this.
   LinuxServices(Surroundings surroundings, BusObject& object)

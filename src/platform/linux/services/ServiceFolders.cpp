@@ -2,7 +2,7 @@
 
 #include "base/PathString.h"
 #include "platform/linux/processes/Program.h"
-#include "platform/linux/system/ApplicationFolders.h"
+#include "platform/linux/system/XdgFolders.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -31,7 +31,7 @@ bool isServiceNamed(const std::string& file, const std::string& name) {
 } // namespace
 
 std::vector<std::string> serviceFolders(const std::string& resourceFolder) {
-  std::vector<std::string> folders = applicationFolders().data;
+  std::vector<std::string> folders = xdgFolders().data;
   for (std::string& folder : folders)
     folder = appendingPathComponent(folder, "tavrel/services");
   folders.push_back(appendingPathComponent(resourceFolder, "services"));

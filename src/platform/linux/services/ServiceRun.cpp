@@ -2,7 +2,6 @@
 
 #include "base/PathString.h"
 #include "base/Utf8.h"
-#include "platform/linux/processes/ExecutableScript.h"
 
 #include <QLoggingCategory>
 
@@ -14,10 +13,10 @@ namespace {
 Q_LOGGING_CATEGORY(serviceRunLog, "tavrel.services")
 
 using ServiceTime = std::chrono::steady_clock;
-using ServiceEnding = ExecutableOutcome::Ending;
+using ServiceEnding = ProgramOutcome::Ending;
 constexpr std::size_t mostServiceOutput = std::size_t{16} << 20;
 
-std::string failureOf(const ExecutableOutcome& outcome) {
+std::string failureOf(const ProgramOutcome& outcome) {
   switch (outcome.ending) {
   case ServiceEnding::notStarted:
     return std::string("it cannot be started: ") + std::strerror(outcome.number);
@@ -28,7 +27,7 @@ std::string failureOf(const ExecutableOutcome& outcome) {
   }
 }
 
-ServiceResult resultOf(const ExecutableOutcome& outcome, std::string output) {
+ServiceResult resultOf(const ProgramOutcome& outcome, std::string output) {
   if (outcome.ending == ServiceEnding::stopped)
     return {std::nullopt, "it did not end in time and was ended"};
   if (!outcome.isSuccess())
@@ -39,23 +38,21 @@ ServiceResult resultOf(const ExecutableOutcome& outcome, std::string output) {
 }
 } // namespace
 
-ServiceResult runService(const ServiceCall& call, std::chrono::milliseconds patience) {
-  const std::string name = lastPathComponent(call.program);
-  const auto deadline = ServiceTime::now() + patience;
+ServiceResult runService(const SelectionProgram& service, std::chrono::milliseconds timeout) {
+  const std::string name = lastPathComponent(service.path);
+  const auto deadline = ServiceTime::now() + timeout;
   std::string output;
   bool isTooMuch = false;
-  const ExecutableOutcome outcome =
-      runExecutableScript({call.program, call.files, call.input, call.hostApplication},
-                          {[&] { return isTooMuch || ServiceTime::now() >= deadline; },
-                           [&](const std::string& line) {
-                             qCWarning(serviceRunLog, "%s: %s", name.c_str(), line.c_str());
-                           },
-                           [&](std::string_view bytes) {
-                             isTooMuch =
-                                 isTooMuch || output.size() + bytes.size() > mostServiceOutput;
-                             if (!isTooMuch)
-                               output.append(bytes);
-                           }});
+  const ProgramOutcome outcome = runSelectionProgram(
+      service, {[&] { return isTooMuch || ServiceTime::now() >= deadline; },
+                [&](const std::string& line) {
+                  qCWarning(serviceRunLog, "%s: %s", name.c_str(), line.c_str());
+                },
+                [&](std::string_view bytes) {
+                  isTooMuch = isTooMuch || output.size() + bytes.size() > mostServiceOutput;
+                  if (!isTooMuch)
+                    output.append(bytes);
+                }});
   if (isTooMuch)
     return {std::nullopt, "it printed more than 16 MB"};
   return resultOf(outcome, std::move(output));

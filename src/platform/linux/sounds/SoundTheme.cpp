@@ -1,6 +1,6 @@
 #include "platform/linux/sounds/SoundTheme.h"
 
-#include "platform/linux/system/ApplicationFolders.h"
+#include "platform/linux/system/XdgFolders.h"
 
 #include <algorithm>
 #include <array>
@@ -23,7 +23,7 @@ bool holdsSound(const fs::path& folder, const std::string& name) {
 } // namespace
 
 bool isInSoundTheme(const std::string& name) {
-  for (const std::string& data : applicationFolders().data) {
+  for (const std::string& data : xdgFolders().data) {
     std::error_code error;
     for (const auto& theme : fs::directory_iterator(data + "/sounds", error))
       if (holdsSound(theme.path(), name) || holdsSound(theme.path() / "stereo", name))

@@ -74,7 +74,7 @@ public:
     return result;
   }
 
-  [[nodiscard]] ApplicationFolders folders() const { return {{data()}, {config()}, {}}; }
+  [[nodiscard]] XdgFolders folders() const { return {{data()}, {config()}, {}}; }
   [[nodiscard]] std::filesystem::path data() const { return scratch_.path() / "data"; }
   [[nodiscard]] std::filesystem::path config() const { return scratch_.path() / "config"; }
   [[nodiscard]] std::filesystem::path programs() const { return scratch_.path() / "bin"; }

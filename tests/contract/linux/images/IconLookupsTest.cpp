@@ -17,12 +17,12 @@ namespace {
 /// A file system where some files keep whoever asks until it is let go.
 class FileSystem {
 public:
-  IconEvidence find(const std::string& path) {
+  FileIconFacts find(const std::string& path) {
     std::unique_lock lock(mutex_);
     asked_.push_back(path);
     if (path.starts_with("/dead"))
       alive_.wait(lock, [this] { return isAlive_; });
-    IconEvidence evidence;
+    FileIconFacts evidence;
     evidence.picture = path;
     return evidence;
   }
@@ -50,7 +50,7 @@ protected:
   void ask(const std::string& path) {
     lookups.ask(
         path, std::make_shared<const SpecialFolders>(),
-        [this](const IconEvidence& evidence) {
+        [this](const FileIconFacts& evidence) {
           answers.push_back(*evidence.picture);
           inMainThread &= QThread::currentThread() == qApp->thread();
         },
@@ -93,7 +93,7 @@ TEST_F(IconLookupsTest, AMomentIsEnoughForWhatComesAtOnce) {
   QElapsedTimer time;
   time.start();
   while (answers.empty() && time.elapsed() < 5000)
-    lookups.giveMoment([&] { return !answers.empty(); });
+    lookups.waitBriefly([&] { return !answers.empty(); });
   EXPECT_EQ(answers.size(), 1U) << "without any event loop";
 }
 
@@ -103,7 +103,7 @@ TEST_F(IconLookupsTest, ManyMomentsForADeadFileSystemAddUpToLittle) {
   QElapsedTimer time;
   time.start();
   for (int paint = 0; paint < 100; ++paint)
-    lookups.giveMoment([] { return false; });
+    lookups.waitBriefly([] { return false; });
   EXPECT_LT(time.elapsed(), 1000) << "each for itself they would take more than two seconds";
 }
 
@@ -126,7 +126,7 @@ TEST_F(IconLookupsTest, NobodyIsToldOnceTheLookupsAreGone) {
     });
     gone.ask(
         "/dead", std::make_shared<const SpecialFolders>(),
-        [this](const IconEvidence&) { answers.emplace_back(); }, [] {});
+        [this](const FileIconFacts&) { answers.emplace_back(); }, [] {});
     EXPECT_TRUE(eventually([&] { return files->asked() == 1; }));
   }
   files->revive();

@@ -52,7 +52,7 @@ protected:
   }
 
   TemporaryFolder folder;
-  ApplicationFolders folders;
+  XdgFolders folders;
 };
 
 TEST_F(Autostart, EntriesOfBothFoldersAreListedByName) {

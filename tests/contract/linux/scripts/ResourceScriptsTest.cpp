@@ -42,7 +42,7 @@ protected:
   LinuxBundle bundle{TAVREL_BUILT_RESOURCES};
   script::RecordingHost host;
   script::Engine engine{host};
-  LongRuns runs;
+  LongRunningScripts runs;
 };
 
 TEST_F(ResourceScripts, AFileManagerGivesOnePathForEachSelectedThing) {

@@ -70,7 +70,7 @@ protected:
   KeptLog log;
   LinuxWorkspace workspace{registry, windows};
   LinuxPasteboards pasteboards;
-  LongRuns runs;
+  LongRunningScripts runs;
   ScriptableApplication* application = nullptr;
   LinuxScriptHost host{{accessibility, applications, clock, keyboard, sounds, log, pasteboards,
                         workspace, registry, windows, TAVREL_RESOURCES "/roles",

@@ -90,7 +90,7 @@ protected:
   std::vector<std::string> captured(const std::string& script) {
     const auto path = bundle.resourcePath(script, "scpt");
     const auto loaded = engine.loadContainer(readScriptFile(path.value_or("")).container);
-    LongRuns none;
+    LongRunningScripts none;
     const auto list = keepingTheClipboard(
         [&] { return ResourceScript(engine, std::get<script::ScriptId>(loaded), none).execute(); });
     EXPECT_TRUE(list && list->descriptorType == typeAEList);

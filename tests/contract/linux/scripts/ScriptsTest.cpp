@@ -76,7 +76,7 @@ public:
 private:
   ScratchFolder folder_;
   script::RecordingHost host_;
-  LongRuns runs_;
+  LongRunningScripts runs_;
   LinuxScripts scripts_{host_, runs_, [](const std::string&) { return osaError::none; }};
 };
 

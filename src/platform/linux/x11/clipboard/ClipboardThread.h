@@ -14,7 +14,7 @@ namespace tavrel {
 /// calls anyone back.
 class ClipboardThread {
 public:
-  /// Null when there is no X server that tells of owners. `ownWindows`: see LateAnswers.
+  /// Null when there is no X server that tells of owners. `ownWindows`: see LateCopies.
   [[nodiscard]] static std::unique_ptr<ClipboardThread> create(xcb_window_t ownWindows);
   /// Hands what is served over to the clipboard manager first.
   ~ClipboardThread();

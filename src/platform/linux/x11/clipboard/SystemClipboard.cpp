@@ -39,7 +39,7 @@ bool givesAnything(const ClipboardContents& contents) {
 SystemClipboard::SystemClipboard(SelectionConnection& connection, xcb_window_t ownWindows,
                                  std::atomic<std::int64_t>& changeCount)
     : connection_(connection), changeCount_(changeCount), server_(connection),
-      lateAnswers_(connection, ownWindows),
+      lateCopies_(connection, ownWindows),
       reader_(connection, [this] { return ownerChanges_ != readingSince_; }) {
   connection_.setHandler([this](const xcb_generic_event_t& event) { handle(event); });
   owner_ = presentOwner(connection_);
@@ -50,7 +50,7 @@ void SystemClipboard::handle(const xcb_generic_event_t& event) {
     return ownerChanged(reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event).owner);
   if (kindOf(event) == XCB_PROPERTY_NOTIFY)
     reader_.discard(reinterpret_cast<const xcb_property_notify_event_t&>(event));
-  lateAnswers_.handle(event);
+  lateCopies_.handle(event);
   server_.handle(event);
 }
 
@@ -72,17 +72,17 @@ void SystemClipboard::ownerChanged(xcb_window_t owner) {
   if (owner == XCB_WINDOW_NONE)
     return;
   held_.reset();
-  isReturnDue_ = watched_ && lateAnswers_.isLate(owner);
+  isReturnDue_ = watched_ && lateCopies_.isLate(owner);
   if (!isReturnDue_)
     forget();
 }
 
 void SystemClipboard::look() {
   server_.look();
-  lateAnswers_.look();
+  lateCopies_.look();
   if (std::exchange(isReturnDue_, false) && watched_)
     returnWatched();
-  if (!lateAnswers_.isExpecting())
+  if (!lateCopies_.isExpecting())
     watched_.reset();
   if (read_ && !held_ && !watched_ && std::chrono::steady_clock::now() >= readAt_ + readingIsKept)
     read_.reset();
@@ -186,7 +186,7 @@ bool SystemClipboard::isAllGiven() const {
 void SystemClipboard::giveBack() {
   held_.reset();
   watched_ = isOurs() ? served_ : std::make_shared<ClipboardContents>(*ownersContents());
-  lateAnswers_.expect();
+  lateCopies_.expect();
 }
 
 void SystemClipboard::take() {
@@ -195,7 +195,7 @@ void SystemClipboard::take() {
   if (!hasNativeTargets(contents->names))
     return;
   watched_ = contents;
-  lateAnswers_.expect();
+  lateCopies_.expect();
 }
 
 // What others did until now is known only once the server has told its time: by then the person may
@@ -250,7 +250,7 @@ bool SystemClipboard::setOwner(xcb_window_t owner, xcb_timestamp_t time) {
 }
 
 void SystemClipboard::forget() {
-  lateAnswers_.stop();
+  lateCopies_.stop();
   watched_.reset();
   isReturnDue_ = false;
 }

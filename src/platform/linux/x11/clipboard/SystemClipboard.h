@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/x11/clipboard/ClipboardReading.h"
-#include "platform/linux/x11/clipboard/LateAnswers.h"
+#include "platform/linux/x11/clipboard/LateCopies.h"
 #include "platform/linux/x11/clipboard/SelectionServer.h"
 
 #include <atomic>
@@ -19,14 +19,14 @@ namespace tavrel {
 /// when the owner could not be read: what it did not hand over, it still has. When a program has
 /// copied meanwhile, what could be read comes back.
 ///
-/// Contents put back are watched over for a while: a program that copies late (see LateAnswers)
+/// Contents put back are watched over for a while: a program that copies late (see LateCopies)
 /// loses the clipboard to them again.
 class SystemClipboard {
 public:
   /// What an empty string means when it is all there is.
   enum class Emptiness { clears, isContents };
 
-  /// `ownWindows`: see LateAnswers. Every change of owner or contents raises `changeCount`.
+  /// `ownWindows`: see LateCopies. Every change of owner or contents raises `changeCount`.
   SystemClipboard(SelectionConnection& connection, xcb_window_t ownWindows,
                   std::atomic<std::int64_t>& changeCount);
 
@@ -64,7 +64,7 @@ private:
   SelectionConnection& connection_;
   std::atomic<std::int64_t>& changeCount_;
   SelectionServer server_;
-  LateAnswers lateAnswers_;
+  LateCopies lateCopies_;
   SelectionReader reader_;
 
   xcb_window_t owner_ = XCB_WINDOW_NONE;

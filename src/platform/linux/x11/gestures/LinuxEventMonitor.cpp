@@ -1,6 +1,6 @@
 #include "platform/linux/x11/gestures/LinuxEventMonitor.h"
 
-#include "platform/linux/x11/gestures/GestureHold.h"
+#include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 #include "platform/linux/x11/gestures/RawInput.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 
@@ -20,7 +20,7 @@ Q_LOGGING_CATEGORY(monitorLog, "tavrel.monitor")
 constexpr OSStatus notHandled = -9874;
 } // namespace
 
-LinuxEventMonitor::LinuxEventMonitor(OwnKeystrokes& own, GestureHold* hold)
+LinuxEventMonitor::LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* hold)
     : own_(own), hold_(hold) {}
 
 LinuxEventMonitor::~LinuxEventMonitor() {
@@ -55,7 +55,7 @@ bool LinuxEventMonitor::open() {
 bool LinuxEventMonitor::tapIsInterrupted() {
   if (!told_.press)
     return false;
-  tapInSight_.lookedAt(told_.press);
+  doubleTapForecast_.lookedAt(told_.press);
   readUpToNow();
   return told_.press->interrupted;
 }
@@ -112,7 +112,7 @@ void LinuxEventMonitor::deliver() {
 }
 
 void LinuxEventMonitor::tell() {
-  const bool holds = hold_ && tapInSight_.isSecond(told_.press);
+  const bool holds = hold_ && doubleTapForecast_.isSecond(told_.press);
   if (holds) {
     hold_->begin();
     hold_->actBegins();

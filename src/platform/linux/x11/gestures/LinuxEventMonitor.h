@@ -2,8 +2,8 @@
 
 #include "platform/EventMonitor.h"
 #include "platform/linux/x11/gestures/ButtonMonitor.h"
+#include "platform/linux/x11/gestures/DoubleTapForecast.h"
 #include "platform/linux/x11/gestures/ModifierTaps.h"
-#include "platform/linux/x11/gestures/TapInSight.h"
 
 #include <QObject>
 
@@ -14,7 +14,7 @@ class QSocketNotifier;
 
 namespace tavrel {
 
-class GestureHold;
+class GestureKeyBuffer;
 class OwnKeystrokes;
 class RawInput;
 
@@ -24,7 +24,7 @@ class LinuxEventMonitor final : public EventMonitor {
 public:
   /// Both must outlive this. The hold, if any, keeps what is typed from the moment on that a
   /// modifier may be tapped for the second time.
-  explicit LinuxEventMonitor(OwnKeystrokes& own, GestureHold* hold = nullptr);
+  explicit LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* hold = nullptr);
   ~LinuxEventMonitor() override;
 
   OSStatus installModifierHandler(std::function<void()> changed) override;
@@ -47,13 +47,13 @@ private:
   void deliverLater();
 
   OwnKeystrokes& own_;
-  GestureHold* hold_;
+  GestureKeyBuffer* hold_;
   ButtonMonitor buttons_;
   std::unique_ptr<RawInput> input_; ///< null until a handler is installed, and when it failed
   std::unique_ptr<ModifierTaps> taps_;
   std::vector<std::function<void()>> handlers_;
   ModifierChange told_;
-  TapInSight tapInSight_;
+  DoubleTapForecast doubleTapForecast_;
   bool delivering_ = false;
   QObject eventLoop_;
   std::unique_ptr<QSocketNotifier> arrival_;

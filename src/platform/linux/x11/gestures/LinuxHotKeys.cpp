@@ -1,6 +1,6 @@
 #include "platform/linux/x11/gestures/LinuxHotKeys.h"
 
-#include "platform/linux/x11/gestures/GestureHold.h"
+#include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 #include "platform/linux/x11/server/QtConnection.h"
 
 #include <QLoggingCategory>
@@ -19,7 +19,7 @@ constexpr const char* anotherProgram = "another program has this key";
 constexpr const char* anotherItem = "another item has this key";
 } // namespace
 
-LinuxHotKeys::LinuxHotKeys(GestureHold* hold)
+LinuxHotKeys::LinuxHotKeys(GestureKeyBuffer* hold)
     : hold_(hold), connection_(qtConnection()),
       keys_(connection_ ? serverKeys(*connection_) : ServerKeys()),
       held_([this](auto key, auto modifiers) { return find(key, modifiers); },

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/HotKeys.h"
-#include "platform/linux/x11/gestures/HeldHotKeys.h"
+#include "platform/linux/x11/gestures/PressedHotKeys.h"
 #include "platform/linux/x11/keyboard/LayoutWatch.h"
 #include "platform/linux/x11/keyboard/ServerKeys.h"
 
@@ -11,7 +11,7 @@
 
 namespace tavrel {
 
-class GestureHold;
+class GestureKeyBuffer;
 
 /// Keys grabbed on the toolkit's connection, so that our own menu can take the keyboard while one
 /// is held. A key is grabbed by its place; the grabs follow the layout. One line on standard error
@@ -20,7 +20,7 @@ class LinuxHotKeys final : public HotKeys {
 public:
   /// Needs a QGuiApplication. The hold, if any, keeps what is typed from a hot key's press until
   /// what it does has shown; it must have been there before and outlive this.
-  explicit LinuxHotKeys(GestureHold* hold = nullptr);
+  explicit LinuxHotKeys(GestureKeyBuffer* hold = nullptr);
   ~LinuxHotKeys() override;
 
   void setEventTarget(EventTarget* target) override { target_ = target; }
@@ -45,14 +45,14 @@ private:
   void tellPressed();
   void tellReleased(EventHotKeyRef reference);
 
-  GestureHold* hold_;
+  GestureKeyBuffer* hold_;
   xcb_connection_t* connection_; ///< null where there is no X server
   ServerKeys keys_;
   EventTarget* target_ = nullptr;
   std::vector<Registered> registered_;
   EventHotKeyRef last_ = 0;
   QObject eventLoop_;
-  HeldHotKeys held_;
+  PressedHotKeys held_;
   LayoutWatch layout_;
 };
 

@@ -60,7 +60,7 @@ bool KeyboardGrab::isHeld() {
   return keyboardHolders > 0;
 }
 
-void KeyboardGrab::tellOf(const TypedKeys& typed) {
+void KeyboardGrab::tellOf(const RecordedKeyEvents& typed) {
   xcb_connection_t* server = qtConnection();
   if (!server || typed.empty())
     return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/x11/keyboard/TypedKeys.h"
+#include "platform/linux/x11/keyboard/RecordedKeyEvents.h"
 
 #include <cstdint>
 
@@ -24,7 +24,7 @@ public:
   [[nodiscard]] static bool isHeld();
 
   /// Keys that did not come to us, though we hold the keyboard: they come now.
-  static void tellOf(const TypedKeys& typed);
+  static void tellOf(const RecordedKeyEvents& typed);
   /// Whether a key event is one of those.
   [[nodiscard]] static bool isTold(const xcb_key_press_event_t& event);
 };

@@ -71,8 +71,8 @@ PhysicalKeyboards::PhysicalKeyboards(xcb_connection_t& connection)
     (void)xcbReply(xcb_input_xi_grab_device_reply(&connection, cookie, nullptr));
 }
 
-TypedKeys PhysicalKeyboards::take() {
-  TypedKeys typed;
+RecordedKeyEvents PhysicalKeyboards::take() {
+  RecordedKeyEvents typed;
   while (const auto event = xcbReply(xcb_poll_for_event(&connection_)))
     if (const auto key = keyIn(*event))
       typed.push_back(*key);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/x11/keyboard/TypedKeys.h"
+#include "platform/linux/x11/keyboard/RecordedKeyEvents.h"
 
 #include <cstdint>
 #include <vector>
@@ -18,7 +18,7 @@ public:
   PhysicalKeyboards& operator=(const PhysicalKeyboards&) = delete;
 
   /// What was pressed up to now and is not taken yet.
-  [[nodiscard]] TypedKeys take();
+  [[nodiscard]] RecordedKeyEvents take();
   /// Returns when what is pressed goes where it usually does; `take` once more after it.
   void letGo();
 

@@ -1,7 +1,7 @@
 #include "platform/linux/x11/keystrokes/KeyChord.h"
 
 #include "base/Modifiers.h"
-#include "platform/linux/x11/keystrokes/TypingKeys.h"
+#include "platform/linux/x11/keystrokes/CharacterKeys.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon.h>
@@ -67,7 +67,7 @@ void liftWhatIsLeft(std::vector<ServerKey>& keys) {
       keys.push_back({static_cast<std::uint8_t>(code), KeyDirection::up});
 }
 
-void add(std::vector<ServerKey>& keys, const TypingKey& key, std::optional<std::uint8_t> shift,
+void add(std::vector<ServerKey>& keys, const CharacterKey& key, std::optional<std::uint8_t> shift,
          KeyDirection direction) {
   const ServerKey typed{key.code, direction};
   if (!shift)
@@ -91,7 +91,7 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
   const bool isShortcut = hasCommand || holds(events, {58, 61, 59, 62});
   const bool isBareCommand = hasCommand && !hasShift && !holds(events, {58, 61, 59, 62});
   // A shortcut is the same whether Caps Lock is on or off; what is typed is not.
-  TypingKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock);
+  CharacterKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock);
   const auto shift = modifierKeyFor(layout.keymap, keyCode::shift);
   KeyChord chord{{}, layout.group};
   for (const KeyboardEvent& event : events) {

@@ -121,10 +121,10 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
 // What the person types is for the menu, during the chord, too.
 ServerKeySet KeystrokePoster::holdAgain(PhysicalKeyboards& pressed) {
   KeyboardGrab::take();
-  TypedKeys missed = pressed.take();
+  RecordedKeyEvents missed = pressed.take();
   KeyboardGrab::tellOf(missed);
   pressed.letGo();
-  const TypedKeys last = pressed.take();
+  const RecordedKeyEvents last = pressed.take();
   KeyboardGrab::tellOf(last);
   missed.insert(missed.end(), last.begin(), last.end());
   ServerKeySet touched;
@@ -133,7 +133,7 @@ ServerKeySet KeystrokePoster::holdAgain(PhysicalKeyboards& pressed) {
   return touched;
 }
 
-void KeystrokePoster::retype(const TypedKeys& typed) {
+void KeystrokePoster::retype(const RecordedKeyEvents& typed) {
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return;

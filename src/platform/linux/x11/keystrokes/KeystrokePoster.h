@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/x11/keyboard/PhysicalKeyboards.h"
-#include "platform/linux/x11/keyboard/TypedKeys.h"
+#include "platform/linux/x11/keyboard/RecordedKeyEvents.h"
 #include "platform/linux/x11/keystrokes/KeyChord.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 
@@ -28,7 +28,7 @@ public:
   bool post(std::int32_t process, const KeyboardEvent& event);
   /// What the person typed while we held the keyboard, to whoever has the focus now. A key that is
   /// still held is not held for the receiver; a modifier is.
-  void retype(const TypedKeys& typed);
+  void retype(const RecordedKeyEvents& typed);
 
 private:
   bool hasServer();

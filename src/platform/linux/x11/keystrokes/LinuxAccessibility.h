@@ -20,7 +20,7 @@ public:
   bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
 
   /// Types once more what the person typed while we held the keyboard.
-  void retype(const TypedKeys& typed) { poster_.retype(typed); }
+  void retype(const RecordedKeyEvents& typed) { poster_.retype(typed); }
 
 private:
   DesktopWindows& windows_;

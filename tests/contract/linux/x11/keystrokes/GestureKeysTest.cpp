@@ -2,7 +2,7 @@
 #include "contract/MenuDiary.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/menus/LinuxPresenter.h"
-#include "platform/linux/x11/gestures/GestureHold.h"
+#include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 #include "platform/linux/x11/gestures/LinuxEventMonitor.h"
 #include "platform/linux/x11/gestures/LinuxHotKeys.h"
 #include "platform/linux/x11/keyboard/LinuxKeyboard.h"
@@ -136,7 +136,7 @@ protected:
   DesktopWindows windows;
   OwnKeystrokes own;
   LinuxAccessibility accessibility{registry, windows, own};
-  GestureHold hold{[this](const TypedKeys& typed) { accessibility.retype(typed); }};
+  GestureKeyBuffer hold{[this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
   LinuxHotKeys hotKeys{&hold};
   LinuxPresenter presenter;
   std::unique_ptr<KeystrokeServer> server = KeystrokeServer::create();

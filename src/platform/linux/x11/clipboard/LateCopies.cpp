@@ -1,0 +1,132 @@
+#include "platform/linux/x11/clipboard/LateCopies.h"
+
+#include "platform/linux/x11/server/XcbReply.h"
+
+#include <algorithm>
+#include <utility>
+#include <xcb/xinput.h>
+
+namespace tavrel {
+
+namespace {
+
+constexpr auto lateEnough = std::chrono::seconds(3);
+constexpr int mostLateAnswers = 20; // twice as many as keys are pressed for one capture
+constexpr std::uint32_t firstWheelButton = 4;
+constexpr std::uint32_t lastWheelButton = 7;
+
+struct PressMask {
+  xcb_input_event_mask_t head;
+  std::uint32_t events;
+};
+
+} // namespace
+
+LateCopies::LateCopies(SelectionConnection& connection, xcb_window_t ownWindows)
+    : connection_(connection), ownWindows_(ownWindows) {
+  xcb_connection_t* server = connection_.server();
+  const xcb_query_extension_reply_t* input = xcb_get_extension_data(server, &xcb_input_id);
+  if (!input || input->present == 0)
+    return;
+  inputExtension_ = input->major_opcode;
+  xcbReply(
+      xcb_input_xi_query_version_reply(server, xcb_input_xi_query_version(server, 2, 2), nullptr));
+}
+
+// Without the extension a person's copy could not be told from a late one: then none is late.
+void LateCopies::expect() {
+  stop();
+  if (inputExtension_ == 0)
+    return;
+  // First, so that the server's answers to the rest tell that no press goes by unseen.
+  selectPresses(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
+  findModifiers();
+  front_ = windowInFront();
+  end_ = std::chrono::steady_clock::now() + lateEnough;
+  left_ = mostLateAnswers;
+  isExpecting_ = true;
+}
+
+void LateCopies::stop() {
+  if (!std::exchange(isExpecting_, false))
+    return;
+  selectPresses(0);
+}
+
+void LateCopies::look() {
+  if (isExpecting_ && std::chrono::steady_clock::now() >= end_)
+    stop();
+}
+
+void LateCopies::handle(const xcb_generic_event_t& event) {
+  if (isExpecting_ && isPress(event) && !isMenuOpen())
+    stop();
+}
+
+bool LateCopies::isLate(xcb_window_t owner) {
+  look();
+  const bool isFront = front_ == XCB_WINDOW_NONE || connection_.isOneClient(front_, owner);
+  return isExpecting_ && isFront && left_-- > 0;
+}
+
+bool LateCopies::isPress(const xcb_generic_event_t& event) const {
+  const auto& press = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
+  if (kindOf(event) != XCB_GE_GENERIC || press.extension != inputExtension_)
+    return false;
+  if (press.event_type == XCB_INPUT_RAW_BUTTON_PRESS)
+    return press.detail < firstWheelButton || press.detail > lastWheelButton;
+  return press.event_type == XCB_INPUT_RAW_KEY_PRESS &&
+         (press.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) == 0 &&
+         std::find(modifiers_.begin(), modifiers_.end(), press.detail) == modifiers_.end();
+}
+
+void LateCopies::selectPresses(std::uint32_t events) {
+  const PressMask mask{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, events};
+  xcb_input_xi_select_events(connection_.server(), connection_.root(), 1, &mask.head);
+  xcb_flush(connection_.server());
+}
+
+void LateCopies::findModifiers() {
+  modifiers_.clear();
+  const auto reply = xcbReply(xcb_get_modifier_mapping_reply(
+      connection_.server(), xcb_get_modifier_mapping(connection_.server()), nullptr));
+  if (!reply)
+    return;
+  const xcb_keycode_t* keys = xcb_get_modifier_mapping_keycodes(reply.get());
+  modifiers_.assign(keys, keys + xcb_get_modifier_mapping_keycodes_length(reply.get()));
+}
+
+// The window that keys go to; where that is not set, the one that the window manager calls active.
+xcb_window_t LateCopies::windowInFront() {
+  xcb_connection_t* server = connection_.server();
+  const auto focus =
+      xcbReply(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+  if (focus && focus->focus > XCB_INPUT_FOCUS_POINTER_ROOT && focus->focus != connection_.root())
+    return focus->focus;
+  const auto active = xcbReply(xcb_get_property_reply(
+      server,
+      xcb_get_property(server, 0, connection_.root(), connection_.atom("_NET_ACTIVE_WINDOW"),
+                       XCB_ATOM_WINDOW, 0, 1),
+      nullptr));
+  if (!active || active->value_len == 0)
+    return XCB_WINDOW_NONE;
+  return *static_cast<const xcb_window_t*>(xcb_get_property_value(active.get()));
+}
+
+bool LateCopies::isMenuOpen() {
+  xcb_connection_t* server = connection_.server();
+  const auto tree =
+      xcbReply(xcb_query_tree_reply(server, xcb_query_tree(server, connection_.root()), nullptr));
+  if (!tree || ownWindows_ == XCB_WINDOW_NONE)
+    return false;
+  const xcb_window_t* windows = xcb_query_tree_children(tree.get());
+  return std::any_of(windows, windows + tree->children_len, [&](xcb_window_t window) {
+    if (!connection_.isOneClient(window, ownWindows_))
+      return false;
+    const auto facts = xcbReply(xcb_get_window_attributes_reply(
+        server, xcb_get_window_attributes(server, window), nullptr));
+    return facts && facts->override_redirect != 0 && facts->map_state == XCB_MAP_STATE_VIEWABLE;
+  });
+}
+
+} // namespace tavrel

@@ -1,0 +1,69 @@
+#include "platform/linux/x11/keystrokes/CharacterKeys.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tavrel {
+
+namespace {
+xkb_mod_mask_t modifierMask(xkb_keymap& keymap, const char* name) {
+  const xkb_mod_index_t index = xkb_keymap_mod_get_index(&keymap, name);
+  return index == XKB_MOD_INVALID ? 0 : xkb_mod_mask_t{1} << index;
+}
+} // namespace
+
+std::optional<std::uint8_t> keyAt(xkb_keymap& keymap, std::uint16_t keyCode) {
+  const KeyTranslation places = keyTranslation(keymap);
+  const auto found = std::ranges::find(places, keyCode);
+  if (found == places.end())
+    return std::nullopt;
+  return static_cast<std::uint8_t>(found - places.begin());
+}
+
+CharacterKeys::CharacterKeys(const TypingLayout& layout, CapsLock capsLock)
+    : keymap_(layout.keymap), group_(layout.group), state_(xkb_state_new(&keymap_)),
+      shift_(modifierMask(keymap_, XKB_MOD_NAME_SHIFT)),
+      locked_(capsLock == CapsLock::on ? modifierMask(keymap_, XKB_MOD_NAME_CAPS) : 0) {}
+
+std::optional<CharacterKey> CharacterKeys::keyFor(const KeyboardEvent& event) {
+  const auto place = keyAt(keymap_, event.keyCode);
+  if (event.character != 0)
+    if (const auto typed = keyThatTypes(event.character, place))
+      return typed;
+  return place ? std::optional(CharacterKey{*place, group_, false}) : std::nullopt;
+}
+
+std::uint32_t CharacterKeys::characterOf(const CharacterKey& key) {
+  set(key.group, key.withShift);
+  return xkb_state_key_get_utf32(state_.get(), key.code);
+}
+
+std::optional<CharacterKey> CharacterKeys::keyThatTypes(std::uint32_t character,
+                                                        std::optional<std::uint8_t> first) {
+  std::vector<std::uint32_t> groups{group_};
+  for (std::uint32_t group = 0; group < xkb_keymap_num_layouts(&keymap_); ++group)
+    groups.push_back(group);
+  for (const std::uint32_t group : groups)
+    for (const bool withShift : {false, true}) {
+      set(group, withShift);
+      if (const auto code = codeThatTypes(character, first))
+        return CharacterKey{*code, group, withShift};
+    }
+  return std::nullopt;
+}
+
+std::optional<std::uint8_t> CharacterKeys::codeThatTypes(std::uint32_t character,
+                                                         std::optional<std::uint8_t> first) {
+  if (first && xkb_state_key_get_utf32(state_.get(), *first) == character)
+    return first;
+  for (xkb_keycode_t key = 8; key <= 255; ++key)
+    if (xkb_state_key_get_utf32(state_.get(), key) == character)
+      return static_cast<std::uint8_t>(key);
+  return std::nullopt;
+}
+
+void CharacterKeys::set(std::uint32_t group, bool withShift) {
+  xkb_state_update_mask(state_.get(), withShift ? shift_ : 0, 0, locked_, 0, 0, group);
+}
+
+} // namespace tavrel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/linux/x11/keystrokes/KeyChord.h"
+
+#include <xkbcommon/xkbcommon.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace tavrel {
+
+/// A key, and what has to be held for it to type what it is to type.
+struct CharacterKey {
+  std::uint8_t code = 0;
+  std::uint32_t group = 0;
+  bool withShift = false;
+};
+
+/// The server's key in the place that a virtual key code names.
+[[nodiscard]] std::optional<std::uint8_t> keyAt(xkb_keymap& keymap, std::uint16_t keyCode);
+
+/// Finds the keys that type characters on a layout.
+class CharacterKeys {
+public:
+  CharacterKeys(const TypingLayout& layout, CapsLock capsLock);
+
+  /// The key that types the event's character, else the one in its place.
+  [[nodiscard]] std::optional<CharacterKey> keyFor(const KeyboardEvent& event);
+  [[nodiscard]] std::uint32_t characterOf(const CharacterKey& key);
+
+private:
+  std::optional<CharacterKey> keyThatTypes(std::uint32_t character,
+                                           std::optional<std::uint8_t> first);
+  std::optional<std::uint8_t> codeThatTypes(std::uint32_t character,
+                                            std::optional<std::uint8_t> first);
+  void set(std::uint32_t group, bool withShift);
+
+  xkb_keymap& keymap_;
+  std::uint32_t group_;
+  std::unique_ptr<xkb_state, XkbStateUnref> state_;
+  xkb_mod_mask_t shift_;
+  xkb_mod_mask_t locked_;
+};
+
+} // namespace tavrel

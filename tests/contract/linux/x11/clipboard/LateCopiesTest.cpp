@@ -1,0 +1,126 @@
+#include "contract/linux/x11/clipboard/ClipboardFixture.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <xcb/xtest.h>
+
+namespace tavrel {
+namespace {
+
+constexpr const char* theirs = "the person's";
+
+// A program with the focus that copies after the capture gave up.
+class LateCopiesTest : public ClipboardFixture {
+protected:
+  LateCopiesTest() {
+    application.takeFocus();
+    clipboardOwner.copy({plain("UTF8_STRING", theirs)});
+    waitFor([&] { return general.string(pasteboardType::string) == theirs; });
+  }
+  static void press(const QString& what) { output("xdotool", what.split(' ')); }
+  void copyLate(SelectionOwner& program) {
+    afterCopy([&] { program.copy({plain("UTF8_STRING", "late")}); });
+  }
+  [[nodiscard]] bool comesBack() {
+    return waitFor(
+        [&] { return paster.paste("UTF8_STRING") == textProperty("UTF8_STRING", theirs); });
+  }
+  void expectCopyWins(SelectionOwner& program) {
+    copyLate(program);
+    (void)general.types(); // all that was due has been done
+    EXPECT_TRUE(program.isOwner());
+    EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "late"));
+  }
+
+  SelectionOwner application{{}};
+  SelectionOwner clipboardOwner{{}};
+};
+
+TEST_F(LateCopiesTest, WhatAProgramCopiesTooLateIsReplacedBySavedContents) {
+  captureNothing();
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+  EXPECT_EQ(general.string(pasteboardType::string), theirs);
+}
+
+TEST_F(LateCopiesTest, EachOfTenLateCopiesIsReplaced) {
+  captureNothing();
+  for (int i = 0; i < 10; ++i)
+    copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateCopiesTest, ContentsThatWereRestoredAfterACopyAreWatchedOverToo) {
+  save();
+  copyLate(application);
+  restore();
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateCopiesTest, APersonsOwnCopyWins) {
+  captureNothing();
+  press("key ctrl+c");
+  expectCopyWins(application);
+}
+
+TEST_F(LateCopiesTest, APersonsClickOnCopyWins) {
+  captureNothing();
+  press("click 1");
+  expectCopyWins(application);
+}
+
+// The server is held just as a late copy is about to be replaced: what the person does then comes
+// between our question for the time and its answer.
+TEST_F(LateCopiesTest, APersonsOwnCopyWinsAlsoWhileALateOneIsBeingReplaced) {
+  constexpr std::uint8_t letter = 54;
+  captureNothing();
+  const auto before = general.changeCount();
+  application.holdServer();
+  application.own();
+  EXPECT_TRUE(waitFor([&] { return general.changeCount() >= before + 2; })) << "it is noticed";
+  for (const std::uint8_t type : {std::uint8_t{XCB_KEY_PRESS}, std::uint8_t{XCB_KEY_RELEASE}})
+    xcb_test_fake_input(application.server, type, letter, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+  application.copy({plain("UTF8_STRING", "late")});
+  application.letGoOfServer();
+  (void)general.types();
+  EXPECT_TRUE(application.isOwner());
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "late"));
+}
+
+TEST_F(LateCopiesTest, ModifiersAndTheWheelAreNoCopyOfThePersons) {
+  captureNothing();
+  press("key ctrl");
+  press("click 4");
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateCopiesTest, WhatThePersonPressesInOurMenuIsNoCopy) {
+  captureNothing();
+  QMenu menu;
+  menu.addAction("One");
+  menu.popup(QPoint(200, 200));
+  ASSERT_TRUE(waitFor([&] { return menu.isVisible(); }, [] { QApplication::processEvents(); }));
+  QApplication::processEvents();
+  press("key Down");
+  copyLate(application);
+  EXPECT_TRUE(comesBack());
+}
+
+TEST_F(LateCopiesTest, AProgramThatIsNotInFrontIsNotLate) {
+  captureNothing();
+  SelectionOwner other({});
+  expectCopyWins(other);
+}
+
+TEST_F(LateCopiesTest, TheNextCaptureTakesWhatIsCopied) {
+  captureNothing();
+  save();
+  copyLate(application);
+  capture();
+  EXPECT_EQ(captured.string(pasteboardType::string), "late");
+}
+
+} // namespace
+} // namespace tavrel

@@ -1,0 +1,77 @@
+#include "platform/linux/x11/keyboard/RecordedKeyEvents.h"
+#include "support/FakeInput.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+namespace tavrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+ServerKey down(std::uint8_t code) {
+  return {code, KeyDirection::down};
+}
+ServerKey up(std::uint8_t code) {
+  return {code, KeyDirection::up};
+}
+
+RecordedKeyEvents typed(std::initializer_list<ServerKey> keys) {
+  RecordedKeyEvents events;
+  for (const ServerKey& key : keys) {
+    xcb_key_press_event_t event{};
+    event.response_type = key.direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
+    event.detail = key.code;
+    events.push_back(event);
+  }
+  return events;
+}
+
+std::vector<ServerKey> retyped(std::initializer_list<ServerKey> keys,
+                               std::initializer_list<std::size_t> downNow = {}) {
+  ServerKeySet now, modifiers, locks;
+  for (const std::size_t key : downNow)
+    now.set(key);
+  for (const std::size_t key : {serverKey::control, serverKey::shift, serverKey::alt})
+    modifiers.set(key);
+  locks.set(serverKey::capsLock);
+  return keysToRetype(typed(keys), now, modifiers, locks);
+}
+
+TEST(RecordedKeyEvents, KeysComeInTheirOrder) {
+  EXPECT_THAT(retyped({down(38), up(38), down(39), up(39)}),
+              ElementsAre(down(38), up(38), down(39), up(39)));
+}
+
+TEST(RecordedKeyEvents, TheReleasesOfAGestureAreNothingToTypeAgain) {
+  EXPECT_THAT(retyped({up(serverKey::one), up(serverKey::alt), up(serverKey::control)}), IsEmpty());
+}
+
+TEST(RecordedKeyEvents, AModifierThatWasHeldBeforeGoesDownForItsKey) {
+  EXPECT_THAT(retyped({down(54), up(54), up(serverKey::control)}),
+              ElementsAre(down(serverKey::control), down(54), up(54), up(serverKey::control)));
+}
+
+TEST(RecordedKeyEvents, AModifierThatIsHeldStillGoesUpAllTheSame) {
+  EXPECT_THAT(retyped({down(serverKey::shift), down(38), up(38)}, {serverKey::shift}),
+              ElementsAre(down(serverKey::shift), down(38), up(38), up(serverKey::shift)));
+}
+
+TEST(RecordedKeyEvents, AModifierOfTheGestureIsGoneBeforeTheNextKey) {
+  EXPECT_THAT(retyped({up(serverKey::control), down(38), up(38)}), ElementsAre(down(38), up(38)));
+}
+
+TEST(RecordedKeyEvents, AKeyThatIsHeldStillIsTypedOnce) {
+  EXPECT_THAT(retyped({down(38)}, {38}), ElementsAre(down(38), up(38)));
+}
+
+TEST(RecordedKeyEvents, ALockIsNotSwitchedOnceMore) {
+  EXPECT_THAT(retyped({down(serverKey::capsLock), up(serverKey::capsLock), down(38), up(38)}),
+              ElementsAre(down(38), up(38)));
+}
+
+} // namespace
+} // namespace tavrel
