@@ -35,11 +35,6 @@ private:
   PreferenceFile file_;
 };
 
-/// Replaces a file whole or not at all: the bytes are on the disk before the name is theirs. A link
-/// is written through; mode and extended attributes stay; what is no file stays whole. The reason
-/// in one clause when it failed, empty when it was done.
-[[nodiscard]] std::string replaceFile(const std::string& path, const Bytes& bytes);
-
 /// Moves a malformed file to the first free PATH.malformed-N; its new path, or nothing when it
 /// could not be moved.
 [[nodiscard]] std::optional<std::string> moveAside(const std::string& path);

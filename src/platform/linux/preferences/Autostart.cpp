@@ -2,9 +2,9 @@
 
 #include "base/PathString.h"
 #include "platform/linux/files/EntryText.h"
-#include "platform/linux/plists/PreferenceFile.h"
 #include "platform/linux/preferences/AutostartEntry.h"
 #include "platform/linux/system/BoundedFile.h"
+#include "platform/linux/system/FileReplacement.h"
 
 #include <QLoggingCategory>
 

@@ -1,6 +1,7 @@
 #include "platform/linux/preferences/LinuxPreferences.h"
 
 #include "base/PathString.h"
+#include "platform/linux/system/FileReplacement.h"
 
 #include <QLoggingCategory>
 

@@ -1,8 +1,8 @@
 #include "platform/linux/scripts/ScriptFile.h"
 
 #include "base/Utf8.h"
-#include "platform/linux/plists/PreferenceFile.h"
 #include "platform/linux/system/BoundedFile.h"
+#include "platform/linux/system/FileReplacement.h"
 
 #include <unistd.h>
 

@@ -1,30 +1,14 @@
 #include "platform/linux/system/BoundedFile.h"
 
+#include "platform/linux/system/FileDescriptor.h"
+
 #include <algorithm>
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace tavrel {
 
 namespace {
-
-/// A file descriptor that is closed.
-class OpenedFile {
-public:
-  explicit OpenedFile(int number) : number_(number) {}
-  OpenedFile(const OpenedFile&) = delete;
-  OpenedFile& operator=(const OpenedFile&) = delete;
-  ~OpenedFile() {
-    if (number_ >= 0)
-      ::close(number_);
-  }
-  [[nodiscard]] int number() const { return number_; }
-
-private:
-  int number_;
-};
 
 bool isRegular(const std::string& path) {
   struct stat status {};
@@ -32,20 +16,20 @@ bool isRegular(const std::string& path) {
          S_ISREG(status.st_mode);
 }
 
-/// Its size; nothing when it is no regular file. Asked again after opening: another thing may
-/// stand there by now.
-std::optional<std::size_t> regularSize(const OpenedFile& file) {
+/// The size of an open file; nothing when it is no regular one. Checked again after opening,
+/// because the file may have been replaced between stat and open.
+std::optional<std::size_t> regularSize(const FileDescriptor& file) {
   struct stat status {};
-  if (file.number() < 0 || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+  if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
     return std::nullopt;
   return static_cast<std::size_t>(status.st_size);
 }
 
-std::optional<std::string> readUpTo(const OpenedFile& file, std::size_t count) {
+std::optional<std::string> readUpTo(const FileDescriptor& file, std::size_t count) {
   std::string content(count, '\0');
   std::size_t filled = 0;
   while (filled < count) {
-    const ssize_t got = ::read(file.number(), content.data() + filled, count - filled);
+    const ssize_t got = ::read(file.get(), content.data() + filled, count - filled);
     if (got < 0 && errno == EINTR)
       continue;
     if (got < 0)
@@ -63,7 +47,7 @@ std::optional<std::string> readUpTo(const OpenedFile& file, std::size_t count) {
 std::optional<std::string> readStart(const std::string& path, std::size_t count) {
   if (!isRegular(path))
     return std::nullopt;
-  const OpenedFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
   const auto size = regularSize(file);
   return size ? readUpTo(file, std::min(*size, count)) : std::nullopt;
 }
