@@ -4,8 +4,8 @@
 #include "platform/linux/applications/DBusActivation.h"
 #include "platform/linux/applications/ExecLine.h"
 #include "platform/linux/applications/StartupNotice.h"
-#include "platform/linux/processes/ProcessLauncher.h"
-#include "platform/linux/processes/Program.h"
+#include "platform/linux/processes/ProcessStart.h"
+#include "platform/linux/processes/ProgramSearch.h"
 
 namespace tavrel {
 
@@ -20,7 +20,7 @@ Refusal start(CommandLine line, const std::string& folder, const std::string& st
   ProcessRequest request{*program, std::move(line), folder, {}};
   if (!startupId.empty())
     request.environment = {{"DESKTOP_STARTUP_ID", startupId}, {"XDG_ACTIVATION_TOKEN", startupId}};
-  const std::error_code error = startProcess(request);
+  const std::error_code error = startDetachedProcess(request);
   return error ? Refusal(*program + ": " + error.message()) : std::nullopt;
 }
 

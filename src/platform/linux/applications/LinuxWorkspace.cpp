@@ -6,7 +6,7 @@
 #include "platform/linux/files/MountHealth.h"
 #include "platform/linux/installation/OwnPieces.h"
 #include "platform/linux/places/NetworkPlaces.h"
-#include "platform/linux/processes/Program.h"
+#include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/system/BoundedFile.h"
 #include "platform/linux/transfers/FileTransfer.h"
 #include "platform/linux/transfers/SafeRemoval.h"

@@ -20,35 +20,31 @@ struct Pipe {
 
 Pipe makePipe() {
   int ends[2] = {-1, -1};
-  (void)!::pipe2(ends, O_CLOEXEC); // one that fails leaves -1, which the caller looks for
+  (void)!::pipe2(ends, O_CLOEXEC); // when it fails both ends stay -1, which the caller checks
   return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
-Pipe nowhere() {
+Pipe toDevNull() {
   return {FileDescriptor(), FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC))};
 }
 
-/// One pipe full at a time: a script that never stops talking must not keep us from looking up.
-void readPipeful(FileDescriptor& end, const std::function<void(std::string_view)>& take) {
+/// One buffer at a time: a program that prints without end must not keep us from checking whether
+/// to stop it.
+void readAvailable(FileDescriptor& end, const std::function<void(std::string_view)>& handler) {
   std::array<char, 65536> buffer;
   const ssize_t count = end.isOpen() ? ::read(end.get(), buffer.data(), buffer.size()) : -1;
   if (count > 0)
-    take({buffer.data(), static_cast<std::size_t>(count)});
+    handler({buffer.data(), static_cast<std::size_t>(count)});
   else if (count == 0)
     end.close();
 }
 
-void neverWaitOn(const FileDescriptor& end) {
+void makeNonBlocking(const FileDescriptor& end) {
   (void)::fcntl(end.get(), F_SETFL, ::fcntl(end.get(), F_GETFL) | O_NONBLOCK);
 }
 
-void waitForEnd(pid_t process) {
-  while (::waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
-  }
-}
-
-/// Made before the fork: after it nothing may allocate.
-struct PreparedProgram {
+/// All that the child needs, made before the fork: after it nothing may allocate.
+struct ChildProgram {
   const char* program;
   const char* folder; ///< null: ours
   char* const* arguments;
@@ -56,36 +52,36 @@ struct PreparedProgram {
   int input;
   int output;
   int errors;
-  int report;
+  int errorPipe;
 };
 
-/// Out of the way of 0, 1 and 2, which are about to be replaced.
-int movedUp(int descriptor) {
+/// A copy above 2, for descriptors 0, 1 and 2 are about to be replaced.
+int duplicateAboveTwo(int descriptor) {
   return ::fcntl(descriptor, F_DUPFD_CLOEXEC, 3);
 }
 
-[[noreturn]] void become(const PreparedProgram& prepared) {
-  const int report = movedUp(prepared.report);
-  const int input = movedUp(prepared.input);
-  const int output = movedUp(prepared.output);
-  const int errors = movedUp(prepared.errors);
-  ::setsid(); // so that all it starts can be ended with it
+[[noreturn]] void execChild(const ChildProgram& prepared) {
+  const int errorPipe = duplicateAboveTwo(prepared.errorPipe);
+  const int input = duplicateAboveTwo(prepared.input);
+  const int output = duplicateAboveTwo(prepared.output);
+  const int errors = duplicateAboveTwo(prepared.errors);
+  ::setsid(); // a process group of its own, so that all it starts can be signalled with it
   if (::dup2(input, STDIN_FILENO) < 0 || ::dup2(output, STDOUT_FILENO) < 0 ||
       ::dup2(errors, STDERR_FILENO) < 0)
-    giveUpChild(report);
+    reportErrnoAndExit(errorPipe);
   if (prepared.folder != nullptr && ::chdir(prepared.folder) != 0)
-    giveUpChild(report);
-  resetSignals();
-  closeOthersOnExec();
+    reportErrnoAndExit(errorPipe);
+  resetSignalHandlers();
+  closeOtherFilesOnExec();
   ::execve(prepared.program, prepared.arguments, prepared.environment);
-  giveUpChild(report);
+  reportErrnoAndExit(errorPipe);
 }
 
 } // namespace
 
 ChildProcess::ChildProcess(const ProcessRequest& request, std::string_view input,
-                           ProgramListeners listeners)
-    : listeners_(std::move(listeners)), input_(input) {
+                           const ProgramWatch& watch)
+    : watch_(watch), input_(input) {
   if (const int reason = start(request); reason != 0)
     outcome_ = {ProgramOutcome::Ending::notStarted, reason};
 }
@@ -93,70 +89,70 @@ ChildProcess::ChildProcess(const ProcessRequest& request, std::string_view input
 ChildProcess::~ChildProcess() {
   if (process_ == 0 || outcome_)
     return;
-  signalAll(SIGKILL);
-  waitForEnd(process_);
+  signalGroup(SIGKILL);
+  reapChild(process_);
 }
 
 int ChildProcess::start(const ProcessRequest& request) {
   std::vector<std::string> arguments = request.arguments;
   std::vector<std::string> environment = childEnvironment(request.environment);
-  const std::vector<char*> argumentList = pointersTo(arguments);
-  const std::vector<char*> environmentList = pointersTo(environment);
+  const std::vector<char*> argumentList = nullTerminatedPointers(arguments);
+  const std::vector<char*> environmentList = nullTerminatedPointers(environment);
   Pipe input = makePipe();
   Pipe errors = makePipe();
-  Pipe report = makePipe();
-  Pipe output = listeners_.output ? makePipe() : nowhere();
-  if (!input.reading.isOpen() || !errors.reading.isOpen() || !report.reading.isOpen() ||
+  Pipe errorPipe = makePipe();
+  Pipe output = watch_.output ? makePipe() : toDevNull();
+  if (!input.reading.isOpen() || !errors.reading.isOpen() || !errorPipe.reading.isOpen() ||
       !output.writing.isOpen())
     return errno;
-  const PreparedProgram prepared{
+  const ChildProgram prepared{
       request.program.c_str(), request.folder.empty() ? nullptr : request.folder.c_str(),
       argumentList.data(),     environmentList.data(),
       input.reading.get(),     output.writing.get(),
-      errors.writing.get(),    report.writing.get()};
+      errors.writing.get(),    errorPipe.writing.get()};
   const pid_t child = ::fork();
   if (child == 0)
-    become(prepared);
+    execChild(prepared);
   if (child < 0)
     return errno;
-  report.writing.close();
-  if (const std::error_code error = readChildReport(report.reading.get())) {
-    waitForEnd(child);
+  errorPipe.writing.close();
+  if (const std::error_code error = readReportedError(errorPipe.reading.get())) {
+    reapChild(child);
     return error.value();
   }
   inputEnd_ = std::move(input.writing);
   errorEnd_ = std::move(errors.reading);
   outputEnd_ = std::move(output.reading);
-  follow(child);
+  serveChild(child);
   return 0;
 }
 
-void ChildProcess::follow(pid_t process) {
+void ChildProcess::serveChild(pid_t process) {
   process_ = process;
   processEnd_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
-  neverWaitOn(inputEnd_);
-  neverWaitOn(errorEnd_);
-  neverWaitOn(outputEnd_);
+  makeNonBlocking(inputEnd_);
+  makeNonBlocking(errorEnd_);
+  makeNonBlocking(outputEnd_);
   writeInput();
 }
 
-std::optional<ProgramOutcome> ChildProcess::serve(int milliseconds) {
+std::optional<ProgramOutcome> ChildProcess::poll(int timeoutMsecs) {
   if (process_ == 0)
     return outcome_;
-  // Where the kernel has no descriptors of processes, its -1 is passed over and the time decides.
+  // Before Linux 5.3 there is no pidfd_open: poll ignores the -1, and the timeout does instead.
   std::array<pollfd, 4> watched = {
       pollfd{processEnd_.get(), POLLIN, 0}, pollfd{inputEnd_.get(), POLLOUT, 0},
       pollfd{errorEnd_.get(), POLLIN, 0}, pollfd{outputEnd_.get(), POLLIN, 0}};
-  (void)::poll(watched.data(), watched.size(), milliseconds);
+  (void)::poll(watched.data(), watched.size(), timeoutMsecs);
   if (!outcome_)
-    outcome_ = reap(); // before the last look at what it said, so that none of it is missed
+    outcome_ = reap(); // before reading its output, so that the last of it is not missed
   writeInput();
   readErrors();
   readOutput();
   return outcome_;
 }
 
-bool ChildProcess::signalAll(int number) const {
+bool ChildProcess::signalGroup(int number) const {
   return process_ > 0 && ::kill(-process_, number) == 0;
 }
 
@@ -167,7 +163,7 @@ void ChildProcess::writeInput() {
     if (count < 0 && errno == EAGAIN)
       return;
     if (count < 0 && errno != EINTR)
-      input_ = {}; // a script need not read it
+      input_ = {}; // a program need not read it
     if (count > 0)
       input_.remove_prefix(static_cast<std::size_t>(count));
   }
@@ -175,11 +171,11 @@ void ChildProcess::writeInput() {
 }
 
 void ChildProcess::readErrors() {
-  readPipeful(errorEnd_, listeners_.errors);
+  readAvailable(errorEnd_, watch_.errors);
 }
 
 void ChildProcess::readOutput() {
-  readPipeful(outputEnd_, listeners_.output);
+  readAvailable(outputEnd_, watch_.output);
 }
 
 std::optional<ProgramOutcome> ChildProcess::reap() {

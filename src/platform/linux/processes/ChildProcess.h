@@ -8,37 +8,33 @@
 
 namespace tavrel {
 
-/// Who gets what a program says. Without `output` that goes nowhere.
-struct ProgramListeners {
-  std::function<void(std::string_view)> output;
-  std::function<void(std::string_view)> errors;
-};
-
-/// A program while it runs: a session of its own, fed and listened to without waiting.
+/// A program that runs as our child, in a session of its own. Its standard input, output and error
+/// are pipes that are never waited for, so that one thread can serve all of them.
 class ChildProcess {
 public:
-  /// The input must outlive this.
-  ChildProcess(const ProcessRequest& request, std::string_view input, ProgramListeners listeners);
+  /// The input and the watch must outlive this.
+  ChildProcess(const ProcessRequest& request, std::string_view input, const ProgramWatch& watch);
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
   /// Kills and reaps what still runs.
   ~ChildProcess();
 
-  /// Serves input and output until something happens, at most for this long. How the program
-  /// ended, once it has; an errno when it never ran.
-  [[nodiscard]] std::optional<ProgramOutcome> serve(int milliseconds);
+  /// Waits until there is input to write, output to read or the end of the program, at most for the
+  /// timeout, and does what can be done then. How the program ended, once it has; an errno when it
+  /// never ran.
+  [[nodiscard]] std::optional<ProgramOutcome> poll(int timeoutMsecs);
   /// Sends a signal to the program and all that it started; false when none of them is left.
-  bool signalAll(int number) const;
+  bool signalGroup(int number) const;
 
 private:
   [[nodiscard]] int start(const ProcessRequest& request);
-  void follow(pid_t process);
+  void serveChild(pid_t process);
   void writeInput();
   void readErrors();
   void readOutput();
   [[nodiscard]] std::optional<ProgramOutcome> reap();
 
-  ProgramListeners listeners_;
+  const ProgramWatch& watch_;
   std::string_view input_;
   FileDescriptor inputEnd_;
   FileDescriptor outputEnd_;

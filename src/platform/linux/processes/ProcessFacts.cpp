@@ -17,7 +17,7 @@ std::string folderOf(std::int32_t pid) {
 
 std::string executableOf(std::int32_t pid) {
   constexpr std::string_view replaced =
-      " (deleted)"; // the kernel's word for a program updated since
+      " (deleted)"; // how the kernel marks a program that was updated since it started
   std::error_code error;
   std::string path = std::filesystem::read_symlink(folderOf(pid) + "/exe", error).string();
   if (path.ends_with(replaced))

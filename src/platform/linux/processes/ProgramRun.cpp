@@ -13,35 +13,35 @@ namespace {
 
 using RunClock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds betweenStopLooks{100};
-constexpr std::chrono::seconds timeToEnd{2};
-constexpr int msecsBetweenGroupLooks = 10;
+constexpr std::chrono::milliseconds stopPollInterval{100};
+constexpr std::chrono::seconds terminationTimeout{2};
+constexpr int groupPollMsecs = 10;
 
 int msecsUntil(RunClock::time_point moment) {
   const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - RunClock::now());
   return static_cast<int>(std::max<std::int64_t>(0, left.count()));
 }
 
-/// Ends the program and all that it started: what does not go when it is asked is killed.
+/// Ends the program and all that it started: first by SIGTERM, after the timeout by SIGKILL.
 void stop(ChildProcess& process) {
-  process.signalAll(SIGTERM);
-  const auto deadline = RunClock::now() + timeToEnd;
-  while (RunClock::now() < deadline && process.signalAll(0))
-    if (process.serve(msecsBetweenGroupLooks))
-      ::poll(nullptr, 0, msecsBetweenGroupLooks); // it ended; what it started may not have
-  process.signalAll(SIGKILL);
-  while (!process.serve(msecsBetweenGroupLooks)) {
+  process.signalGroup(SIGTERM);
+  const auto deadline = RunClock::now() + terminationTimeout;
+  while (RunClock::now() < deadline && process.signalGroup(0))
+    if (process.poll(groupPollMsecs))
+      ::poll(nullptr, 0, groupPollMsecs); // it ended; what it started may not have
+  process.signalGroup(SIGKILL);
+  while (!process.poll(groupPollMsecs)) {
   }
 }
 
 ProgramOutcome waitFor(ChildProcess& process, const std::function<bool()>& shouldStop) {
-  auto look = RunClock::now() + betweenStopLooks;
+  auto nextCheck = RunClock::now() + stopPollInterval;
   for (;;) {
-    if (const auto outcome = process.serve(msecsUntil(look)))
+    if (const auto outcome = process.poll(msecsUntil(nextCheck)))
       return *outcome;
-    if (RunClock::now() < look)
+    if (RunClock::now() < nextCheck)
       continue;
-    look = RunClock::now() + betweenStopLooks;
+    nextCheck = RunClock::now() + stopPollInterval;
     if (shouldStop && shouldStop()) {
       stop(process);
       return {ProgramOutcome::Ending::stopped, 0};
@@ -53,9 +53,9 @@ ProgramOutcome waitFor(ChildProcess& process, const std::function<bool()>& shoul
 
 ProgramOutcome runProgram(const ProcessRequest& request, std::string_view input,
                           const ProgramWatch& watch) {
-  ChildProcess process(request, input, {watch.output, watch.errors});
+  ChildProcess process(request, input, watch);
   const ProgramOutcome outcome = waitFor(process, watch.shouldStop);
-  (void)process.serve(0); // a last look at what it said
+  (void)process.poll(0); // what it printed last
   return outcome;
 }
 

@@ -10,8 +10,8 @@
 namespace tavrel {
 namespace {
 
-/// False when the disk did not take all of it: a path that was cut short is another path.
-bool writeSelection(QTemporaryFile& file, const std::vector<std::string>& paths) {
+/// False when the disk is full: a path that was cut short would be another path.
+bool writeFileList(QTemporaryFile& file, const std::vector<std::string>& paths) {
   if (!file.open())
     return false;
   for (const std::string& path : paths) {
@@ -22,11 +22,11 @@ bool writeSelection(QTemporaryFile& file, const std::vector<std::string>& paths)
   return file.flush();
 }
 
-ProcessRequest requestFor(const SelectionProgram& program, const QTemporaryFile& selection) {
+ProcessRequest requestFor(const SelectionProgram& program, const QTemporaryFile& fileList) {
   ProcessRequest request{program.path, {program.path}, {}, {}};
   request.arguments.insert(request.arguments.end(), program.files.begin(), program.files.end());
   request.environment = {
-      {"TAVREL_SELECTION_FILES", QFile::encodeName(selection.fileName()).toStdString()},
+      {"TAVREL_SELECTION_FILES", QFile::encodeName(fileList.fileName()).toStdString()},
       {"TAVREL_HOST_APP", program.hostApplication}};
   return request;
 }
@@ -35,12 +35,12 @@ ProcessRequest requestFor(const SelectionProgram& program, const QTemporaryFile&
 
 ProgramOutcome runSelectionProgram(const SelectionProgram& program,
                                    const SelectionProgramWatch& watch) {
-  QTemporaryFile selection;
-  if (!writeSelection(selection, program.files) && !program.files.empty())
+  QTemporaryFile fileList;
+  if (!writeFileList(fileList, program.files) && !program.files.empty())
     return {ProgramOutcome::Ending::notStarted, EIO};
-  LineSplitter lines(watch.report);
+  LineSplitter lines(watch.reportLine);
   const ProgramOutcome outcome = runProgram(
-      requestFor(program, selection), program.text,
+      requestFor(program, fileList), program.text,
       {watch.shouldStop, [&](std::string_view bytes) { lines.add(bytes); }, watch.output});
   lines.finish();
   return outcome;

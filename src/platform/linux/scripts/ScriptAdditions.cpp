@@ -1,7 +1,7 @@
 #include "platform/linux/scripts/ScriptAdditions.h"
 
-#include "platform/linux/processes/ProcessLauncher.h"
-#include "platform/linux/processes/Program.h"
+#include "platform/linux/processes/ProcessStart.h"
+#include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/scripts/ScriptArguments.h"
 #include "platform/linux/scripts/ScriptDialogs.h"
 #include "script/ScriptError.h"
@@ -57,7 +57,7 @@ HostAnswer openLocation(ScriptDesktop& desktop, const HostEvent& event) {
 HostAnswer say(ScriptDesktop&, const HostEvent& event) {
   for (const char* name : {"espeak-ng", "espeak", "spd-say"})
     if (const auto program = findProgram(name)) {
-      const auto error = startProcess({*program, {name, "--", directText(event)}, {}, {}});
+      const auto error = startDetachedProcess({*program, {name, "--", directText(event)}, {}, {}});
       return error ? HostAnswer(HostError{errors::general, error.message()})
                    : HostAnswer(HostValue{});
     }

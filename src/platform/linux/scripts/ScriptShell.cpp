@@ -1,8 +1,8 @@
 #include "platform/linux/scripts/ScriptShell.h"
 
 #include "base/Utf8.h"
-#include "platform/linux/processes/Program.h"
 #include "platform/linux/processes/ProgramRun.h"
+#include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/scripts/ScriptArguments.h"
 #include "platform/linux/text/WellFormedText.h"
 #include "script/ScriptError.h"

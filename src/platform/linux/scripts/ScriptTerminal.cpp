@@ -1,7 +1,7 @@
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/files/DesktopEntry.h"
-#include "platform/linux/processes/ProcessLauncher.h"
-#include "platform/linux/processes/Program.h"
+#include "platform/linux/processes/ProcessStart.h"
+#include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/scripts/ScriptApplications.h"
 #include "platform/linux/scripts/ScriptArguments.h"
 #include "script/ScriptError.h"
@@ -55,7 +55,7 @@ HostAnswer doScript(ScriptDesktop&, const HostEvent& event) {
   for (const char* argument : {"/bin/sh", "-c"})
     command.emplace_back(argument);
   command.push_back(directText(event) + "\nexec \"${SHELL:-/bin/sh}\"");
-  if (const auto error = startProcess({*program, command, {}, {}}))
+  if (const auto error = startDetachedProcess({*program, command, {}, {}}))
     return HostError{errors::notRunning, "The terminal can’t be started: " + error.message()};
   return HostValue{};
 }

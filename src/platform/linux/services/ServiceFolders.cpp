@@ -1,7 +1,7 @@
 #include "platform/linux/services/ServiceFolders.h"
 
 #include "base/PathString.h"
-#include "platform/linux/processes/Program.h"
+#include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/system/XdgFolders.h"
 
 #include <algorithm>

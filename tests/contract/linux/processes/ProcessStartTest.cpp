@@ -1,6 +1,6 @@
-#include "platform/linux/processes/ProcessLauncher.h"
+#include "platform/linux/processes/ProcessStart.h"
 
-#include "platform/linux/processes/Program.h"
+#include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/system/FileDescriptor.h"
 #include "support/ScratchFolders.h"
 #include "support/WaitFor.h"
@@ -32,7 +32,7 @@ void setLibrarySignal(void (*handler)(int)) {
   ASSERT_EQ(::syscall(SYS_rt_sigaction, librarySignal, &action, nullptr, sizeof action.mask), 0);
 }
 
-class ProcessLauncherTest : public ::testing::Test {
+class ProcessStartTest : public ::testing::Test {
 protected:
   /// Writes a program whose standard output becomes the text that is returned once it ended.
   std::string outputOf(const std::string& script, std::vector<std::string> arguments = {},
@@ -43,7 +43,7 @@ protected:
                        output.string() + ".part " + output.string() + "\n");
     ::chmod(program.c_str(), 0755);
     arguments.insert(arguments.begin(), "program");
-    EXPECT_FALSE(startProcess({program.string(), arguments, folder, environment}));
+    EXPECT_FALSE(startDetachedProcess({program.string(), arguments, folder, environment}));
     EXPECT_TRUE(waitFor([&] { return fs::exists(output); }));
     return read(output);
   }
@@ -53,18 +53,18 @@ protected:
   fs::path output = scratch.path() / "output";
 };
 
-TEST_F(ProcessLauncherTest, ArgumentsGoThroughAsTheyAre) {
+TEST_F(ProcessStartTest, ArgumentsGoThroughAsTheyAre) {
   EXPECT_EQ(outputOf("printf '%s|' \"$@\"", {"a b", "", "$(x)", "'\"", "line\nfeed"}),
             "a b||$(x)|'\"|line\nfeed|");
 }
 
-TEST_F(ProcessLauncherTest, StartsInTheFolder) {
+TEST_F(ProcessStartTest, StartsInTheFolder) {
   fs::create_directory(scratch.path() / "here");
   EXPECT_EQ(outputOf("pwd", {}, (scratch.path() / "here").string()),
             (scratch.path() / "here").string() + "\n");
 }
 
-TEST_F(ProcessLauncherTest, StartsAtHomeWhereThereIsOne) {
+TEST_F(ProcessStartTest, StartsAtHomeWhereThereIsOne) {
   const std::string home = ::getenv("HOME");
   ::setenv("HOME", scratch.path().c_str(), 1);
   EXPECT_EQ(outputOf("pwd"), scratch.path().string() + "\n");
@@ -73,7 +73,7 @@ TEST_F(ProcessLauncherTest, StartsAtHomeWhereThereIsOne) {
   ::setenv("HOME", home.c_str(), 1);
 }
 
-TEST_F(ProcessLauncherTest, TheEnvironmentIsOursWithoutWhatIsMeantForUs) {
+TEST_F(ProcessStartTest, TheEnvironmentIsOursWithoutWhatIsMeantForUs) {
   ::setenv("DESKTOP_STARTUP_ID", "ours", 1);
   ::setenv("TAVREL_PRIVATE", "ours", 1);
   ::setenv("PUBLIC", "public", 1);
@@ -85,14 +85,14 @@ TEST_F(ProcessLauncherTest, TheEnvironmentIsOursWithoutWhatIsMeantForUs) {
     ::unsetenv(name);
 }
 
-TEST_F(ProcessLauncherTest, StandardInputIsEmptyAndNoOtherFileIsOpen) {
+TEST_F(ProcessStartTest, StandardInputIsEmptyAndNoOtherFileIsOpen) {
   const FileDescriptor leaking(::open("/dev/null", O_RDONLY)); // not closed on exec by itself
   ASSERT_GT(leaking.get(), 2);
   EXPECT_EQ(outputOf("cat; ls /proc/$$/fd | sort -n | tr '\\n' ' '").substr(0, 6), "0 1 2 ");
   EXPECT_EQ(read(output).find(std::to_string(leaking.get()) + " "), std::string::npos);
 }
 
-TEST_F(ProcessLauncherTest, TheProgramLeadsNoSessionOfOursAndIsNotOurChild) {
+TEST_F(ProcessStartTest, TheProgramLeadsNoSessionOfOursAndIsNotOurChild) {
   const std::string told = outputOf("sed 's/.*) //' /proc/$$/stat | cut -d' ' -f2,4");
   int parent = 0;
   int session = 0;
@@ -101,13 +101,13 @@ TEST_F(ProcessLauncherTest, TheProgramLeadsNoSessionOfOursAndIsNotOurChild) {
   EXPECT_NE(session, ::getsid(0));
 }
 
-TEST_F(ProcessLauncherTest, NoDeadChildIsLeft) {
+TEST_F(ProcessStartTest, NoDeadChildIsLeft) {
   outputOf("true");
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
   EXPECT_EQ(errno, ECHILD);
 }
 
-TEST_F(ProcessLauncherTest, SignalsAreAsAtLogIn) {
+TEST_F(ProcessStartTest, SignalsAreAsAtLogIn) {
   ::signal(SIGUSR1, SIG_IGN);
   setLibrarySignal(SIG_IGN);
   sigset_t blocked;
@@ -121,20 +121,21 @@ TEST_F(ProcessLauncherTest, SignalsAreAsAtLogIn) {
   EXPECT_EQ(told, "SigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n");
 }
 
-TEST_F(ProcessLauncherTest, WhatCannotRunIsToldAndLeavesNothing) {
-  EXPECT_EQ(startProcess({"/nonexistent/program", {"program"}, {}, {}}),
+TEST_F(ProcessStartTest, WhatCannotRunIsToldAndLeavesNothing) {
+  EXPECT_EQ(startDetachedProcess({"/nonexistent/program", {"program"}, {}, {}}),
             std::errc::no_such_file_or_directory);
   write(program, "echo no interpreter line\n");
-  EXPECT_EQ(startProcess({program.string(), {"program"}, {}, {}}), std::errc::permission_denied);
+  EXPECT_EQ(startDetachedProcess({program.string(), {"program"}, {}, {}}),
+            std::errc::permission_denied);
   ::chmod(program.c_str(), 0755);
-  EXPECT_EQ(startProcess({program.string(), {"program"}, {}, {}}),
+  EXPECT_EQ(startDetachedProcess({program.string(), {"program"}, {}, {}}),
             std::errc::executable_format_error);
-  EXPECT_EQ(startProcess({"/bin/true", {"true"}, "/nonexistent", {}}),
+  EXPECT_EQ(startDetachedProcess({"/bin/true", {"true"}, "/nonexistent", {}}),
             std::errc::no_such_file_or_directory);
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
 }
 
-TEST_F(ProcessLauncherTest, AProgramIsFoundByItsNameOrPath) {
+TEST_F(ProcessStartTest, AProgramIsFoundByItsNameOrPath) {
   write(program, "");
   EXPECT_FALSE(findProgram(program.string()));
   ::chmod(program.c_str(), 0755);

@@ -1,4 +1,4 @@
-#include "platform/linux/processes/Program.h"
+#include "platform/linux/processes/ProgramSearch.h"
 
 #include <cstdlib>
 #include <sstream>
@@ -15,7 +15,8 @@ bool isProgram(const std::string& path) {
          ::access(path.c_str(), X_OK) == 0;
 }
 
-/// The person's choice first, then terminals with what each wants before a command.
+/// The user's choice first (xdg-terminal-exec, the Debian alternative), then well-known terminals;
+/// each with the option that it takes before a command.
 const std::vector<std::vector<std::string>> knownTerminals = {
     {"xdg-terminal-exec"},
     {"x-terminal-emulator", "-e"},
