@@ -12,25 +12,25 @@ namespace tavrel {
 /// Services are executables in folders. The desktop asks for ours over D-Bus.
 class LinuxServices final : public Services {
 public:
-  struct Surroundings {
-    std::vector<std::string> folders;             ///< those that come first win
+  struct Environment {
+    std::vector<std::string> folders; ///< where services are; the first that has one wins
     std::function<std::string()> hostApplication; ///< the name of the application in front
-    std::chrono::milliseconds timeout = std::chrono::seconds(10); ///< with one that hangs
+    std::chrono::milliseconds timeout = std::chrono::seconds(10);
   };
   /// The object on the bus must outlive this.
-  LinuxServices(Surroundings surroundings, BusObject& object)
-      : surroundings_(std::move(surroundings)), application_(object) {}
+  LinuxServices(Environment environment, BusObject& object)
+      : environment_(std::move(environment)), application_(object) {}
 
-  /// Waits for the end of the service: one that takes too long, or prints without end, is ended and
-  /// named on standard error, as is one that fails. The pasteboard changes only when it ended
-  /// well and printed something.
+  /// Waits for the end of the service. One that runs into the timeout, or prints more than 16 MB,
+  /// is ended; its name and the reason go to standard error, as with one that fails. The pasteboard
+  /// changes only when the service succeeded and printed something.
   bool performService(const std::string& name, Pasteboard& pasteboard) override;
   void setServicesProvider(ServicesProvider* provider) override {
     application_.setProvider(provider);
   }
 
 private:
-  Surroundings surroundings_;
+  Environment environment_;
   ApplicationService application_;
 };
 

@@ -12,7 +12,7 @@ namespace tavrel {
 namespace {
 namespace fs = std::filesystem;
 
-/// In order of their names, so that of two with the same name it is always the same one.
+/// Sorted by name, so that of "X.py" and "X.sh" it is always the same one that is the service X.
 std::vector<std::string> filesIn(const std::string& folder) {
   std::vector<std::string> files;
   std::error_code error;

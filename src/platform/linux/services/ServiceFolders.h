@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// Where services are looked for, best first: tavrel/services in the person's data folder and in
+/// Where services are looked for, best first: tavrel/services in the user's data folder and in
 /// those of the system, then those that came with the program.
 [[nodiscard]] std::vector<std::string> serviceFolders(const std::string& resourceFolder);
 
