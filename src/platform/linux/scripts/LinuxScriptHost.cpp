@@ -75,7 +75,7 @@ double LinuxScriptHost::now() {
 }
 
 bool LinuxScriptHost::shouldStop() {
-  return runs_.shouldStop() || TerminationSignals::haveCome();
+  return runs_.shouldStop() || TerminationSignals::wereReceived();
 }
 
 } // namespace tavrel

@@ -5,26 +5,26 @@
 
 namespace tavrel {
 
-/// While it lives, writing to a pipe that nobody reads fails with EPIPE and sends no signal: the
-/// one for this thread is held back and taken away.
+/// While it lives, a write to a pipe that nobody reads fails with EPIPE and does not end the
+/// process by SIGPIPE: that signal is blocked in this thread, and one that is pending is discarded.
 class BrokenPipeGuard {
 public:
   BrokenPipeGuard() {
-    ::sigemptyset(&pipe_);
-    ::sigaddset(&pipe_, SIGPIPE);
-    (void)::pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
+    ::sigemptyset(&pipeSignal_);
+    ::sigaddset(&pipeSignal_, SIGPIPE);
+    (void)::pthread_sigmask(SIG_BLOCK, &pipeSignal_, &previousMask_);
   }
   BrokenPipeGuard(const BrokenPipeGuard&) = delete;
   BrokenPipeGuard& operator=(const BrokenPipeGuard&) = delete;
   ~BrokenPipeGuard() {
     const timespec now{};
-    (void)::sigtimedwait(&pipe_, nullptr, &now);
-    (void)::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    (void)::sigtimedwait(&pipeSignal_, nullptr, &now);
+    (void)::pthread_sigmask(SIG_SETMASK, &previousMask_, nullptr);
   }
 
 private:
-  sigset_t pipe_{};
-  sigset_t before_{};
+  sigset_t pipeSignal_{};
+  sigset_t previousMask_{};
 };
 
 } // namespace tavrel

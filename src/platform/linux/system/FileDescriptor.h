@@ -24,7 +24,8 @@ public:
   [[nodiscard]] int get() const { return descriptor_; }
   [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
 
-  /// The system's verdict on what was written, which some file systems give only here.
+  /// As close(2): -1 for an error, which network file systems report only here for what was
+  /// written.
   int close() {
     const int descriptor = std::exchange(descriptor_, -1);
     return descriptor < 0 ? 0 : ::close(descriptor);
@@ -34,7 +35,7 @@ private:
   int descriptor_;
 };
 
-/// What the last failed system call said.
+/// errno of the last failed system call.
 [[nodiscard]] inline std::error_code lastError() {
   return {errno, std::generic_category()};
 }

@@ -14,9 +14,9 @@ namespace tavrel {
 namespace {
 
 constexpr mode_t permissionBits = 07777;
-constexpr mode_t identityBits = S_ISUID | S_ISGID;
+constexpr mode_t setIdBits = S_ISUID | S_ISGID;
 
-bool isPersonal(std::string_view attribute) {
+bool isUserAttribute(std::string_view attribute) {
   return attribute.starts_with("user.");
 }
 
@@ -39,25 +39,26 @@ std::error_code copyAttribute(int from, int to, const std::string& name) {
   return outcome(::fsetxattr(to, name.c_str(), value.data(), static_cast<std::size_t>(size), 0));
 }
 
-std::error_code copyPersonalAttributes(int from, int to, const std::vector<std::string>& names) {
+std::error_code copyUserAttributes(int from, int to, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
     const std::error_code error =
-        isPersonal(name) ? copyAttribute(from, to, name) : std::error_code();
+        isUserAttribute(name) ? copyAttribute(from, to, name) : std::error_code();
     if (error && error != std::errc::operation_not_supported && error != std::errc::not_supported)
       return error;
   }
   return {};
 }
 
-/// Access lists, capabilities and labels: often the administrator's to give, so tried only.
+/// Access control lists, capabilities and security labels: most of them only root may set, so a
+/// failure is no error.
 void copySystemAttributes(int from, int to, const std::vector<std::string>& names) {
   for (const std::string& name : names)
-    if (!isPersonal(name))
+    if (!isUserAttribute(name))
       (void)copyAttribute(from, to, name);
 }
 
 mode_t modeFor(const struct stat& status, bool ownerKept) {
-  return status.st_mode & permissionBits & ~(ownerKept ? 0 : identityBits);
+  return status.st_mode & permissionBits & ~(ownerKept ? 0 : setIdBits);
 }
 
 std::array<timespec, 2> timesOf(const struct stat& status) {
@@ -68,18 +69,18 @@ std::array<timespec, 2> timesOf(const struct stat& status) {
 
 std::error_code copyMetadata(int from, const struct stat& status, int to) {
   const std::vector<std::string> names = attributeNames(from);
-  if (const auto error = copyPersonalAttributes(from, to, names)) // while it can still be written
+  if (const auto error = copyUserAttributes(from, to, names)) // before the mode may forbid writing
     return error;
   const bool ownerKept = ::fchown(to, status.st_uid, status.st_gid) == 0;
   (void)::fchmod(to, modeFor(status, ownerKept));
-  copySystemAttributes(from, to, names); // after the owner, whose change takes capabilities away
+  copySystemAttributes(from, to, names); // last: a change of the owner removes capabilities
   (void)::futimens(to, timesOf(status).data());
   return {};
 }
 
 void copyAttributes(int from, int to) {
   const std::vector<std::string> names = attributeNames(from);
-  (void)copyPersonalAttributes(from, to, names);
+  (void)copyUserAttributes(from, to, names);
   copySystemAttributes(from, to, names);
 }
 

@@ -10,7 +10,7 @@
 namespace tavrel {
 
 namespace {
-// From 1970-01-01 to 2001-01-01, both GMT.
+// Seconds from 1970-01-01 to 2001-01-01, both GMT.
 constexpr double referenceDate = 978307200.0;
 
 using Seconds = std::chrono::duration<double>;
@@ -25,38 +25,38 @@ double secondsSinceBoot() {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-// A timer of Qt counts milliseconds in 32 bits; nothing here waits that long.
-constexpr double longest = 24 * 86400.0;
+// QTimer counts milliseconds in 32 bits: 24 days.
+constexpr double longestSeconds = 24 * 86400.0;
 
-// In this order the comparisons make none of what is no number, too.
-Seconds span(double seconds) {
-  return Seconds(std::min(longest, std::max(0.0, seconds)));
+// NaN counts as 0: std::max gives its first argument when the comparison is false.
+Seconds timerDuration(double seconds) {
+  return Seconds(std::min(longestSeconds, std::max(0.0, seconds)));
 }
 } // namespace
 
-LinuxClock::LinuxClock() : start_(realSeconds() - secondsSinceBoot()) {}
+LinuxClock::LinuxClock() : realTimeAtBoot_(realSeconds() - secondsSinceBoot()) {}
 
 LinuxClock::~LinuxClock() = default;
 
 double LinuxClock::now() {
-  return start_ + secondsSinceBoot();
+  return realTimeAtBoot_ + secondsSinceBoot();
 }
 
 void LinuxClock::sleep(double seconds) {
-  std::this_thread::sleep_for(span(seconds));
+  std::this_thread::sleep_for(timerDuration(seconds));
 }
 
 TimerId LinuxClock::schedule(double seconds, std::function<void()> action) {
-  const TimerId id = ++last_;
+  const TimerId id = ++lastId_;
   auto timer = std::make_unique<QTimer>();
   timer->setSingleShot(true);
   timer->setTimerType(Qt::PreciseTimer);
-  QObject::connect(timer.get(), &QTimer::timeout, [this, id, call = std::move(action)] {
-    const auto kept = call; // the timer, and this very function, goes first
+  QObject::connect(timer.get(), &QTimer::timeout, [this, id, action = std::move(action)] {
+    const auto copy = action; // for fire() deletes the timer, and this lambda with it
     fire(id);
-    kept();
+    copy();
   });
-  timer->start(std::chrono::ceil<std::chrono::milliseconds>(span(seconds)));
+  timer->start(std::chrono::ceil<std::chrono::milliseconds>(timerDuration(seconds)));
   timers_.emplace(id, std::move(timer));
   return id;
 }
@@ -65,7 +65,8 @@ void LinuxClock::cancel(TimerId timer) {
   timers_.erase(timer);
 }
 
-// A timer that fires is on the stack: it may only be deleted later.
+// The timer is emitting its signal, so it may not be deleted before control is back in the event
+// loop.
 void LinuxClock::fire(TimerId timer) {
   const auto found = timers_.find(timer);
   if (found == timers_.end())

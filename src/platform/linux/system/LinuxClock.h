@@ -9,8 +9,9 @@ class QTimer;
 
 namespace tavrel {
 
-/// The real time, stepped forward by a clock that nobody sets back and that goes on while the
-/// machine sleeps. Timers fire from Qt's event loop.
+/// The real time at the start of the program, and from then on CLOCK_BOOTTIME: setting the system
+/// clock does not change it, and it goes on while the machine is suspended. Timers fire from Qt's
+/// event loop.
 class LinuxClock final : public Clock {
 public:
   LinuxClock();
@@ -24,9 +25,9 @@ public:
 private:
   void fire(TimerId timer);
 
-  double start_; ///< the real time less the other, in seconds
+  double realTimeAtBoot_; ///< seconds since 2001
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
-  TimerId last_ = 0;
+  TimerId lastId_ = 0;
 };
 
 } // namespace tavrel

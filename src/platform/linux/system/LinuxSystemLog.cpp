@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-// Line feeds inside an entry are indented, so that no part of it passes for an entry of its own.
+// What follows a line feed is indented, so that it cannot be taken for an entry of its own.
 void LinuxSystemLog::write(const std::string& line) {
   std::string entry = "tavrel: ";
   for (char c : line)

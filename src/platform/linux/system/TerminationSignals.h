@@ -9,26 +9,27 @@
 
 namespace tavrel {
 
-/// Ends the event loop when the process is told to end (SIGTERM, SIGINT, SIGHUP), so that what is
-/// kept in memory is put in its place on the way out. The same signal once more ends the process at
-/// once. One that was ignored from the start stays ignored. There can be one of this at a time.
+/// Ends the event loop on SIGTERM, SIGINT and SIGHUP, so that preferences and scripts that are
+/// still in memory are written on the way out. The same signal a second time ends the process at
+/// once. A signal that was ignored at the start stays ignored. Only one object of this class may
+/// exist.
 class TerminationSignals final : public QObject {
 public:
   TerminationSignals();
   ~TerminationSignals() override;
 
-  /// Whether the process has been told to end. Any thread.
-  [[nodiscard]] static bool haveCome();
+  /// Whether one of the signals has come. Any thread.
+  [[nodiscard]] static bool wereReceived();
 
 private:
-  struct Handled {
+  struct Handler {
     int signal;
-    struct sigaction before {};
+    struct sigaction previous {};
   };
 
-  FileDescriptor reading_;
-  FileDescriptor writing_;
-  std::array<Handled, 3> handled_{{{SIGTERM}, {SIGINT}, {SIGHUP}}};
+  FileDescriptor pipeReadEnd_;
+  FileDescriptor pipeWriteEnd_;
+  std::array<Handler, 3> handlers_{{{SIGTERM}, {SIGINT}, {SIGHUP}}};
 };
 
 } // namespace tavrel

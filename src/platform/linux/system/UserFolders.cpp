@@ -14,8 +14,8 @@ namespace tavrel {
 
 std::string homeFolder() {
   const char* home = std::getenv("HOME");
-  const passwd* person = home && *home == '/' ? nullptr : ::getpwuid(::getuid());
-  std::string path = person ? person->pw_dir : home ? home : "/";
+  const passwd* account = home && *home == '/' ? nullptr : ::getpwuid(::getuid());
+  std::string path = account ? account->pw_dir : home ? home : "/";
   while (path.size() > 1 && path.ends_with('/'))
     path.pop_back();
   return path;

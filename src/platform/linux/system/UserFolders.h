@@ -5,14 +5,15 @@
 
 namespace tavrel {
 
-/// The person's home folder, without a trailing slash.
+/// $HOME, or the home folder of the account when that is not set or not absolute; without a
+/// trailing slash.
 [[nodiscard]] std::string homeFolder();
 
 /// $XDG_CONFIG_HOME, or ~/.config when it is not set or not absolute.
 [[nodiscard]] std::string preferenceFolder();
 
-/// Where a person keeps files: the desktop, the documents and so on, as user-dirs.dirs names them,
-/// then the home folder.
+/// The folders for documents, downloads, pictures and so on, as user-dirs.dirs names them (desktop
+/// first), then the home folder.
 [[nodiscard]] std::vector<std::string> userFolders();
 
 } // namespace tavrel

@@ -8,18 +8,18 @@ namespace tavrel {
 
 namespace {
 
-std::string environment(const char* name, const std::string& fallback) {
+std::string environmentOr(const char* name, const std::string& fallback) {
   const char* value = std::getenv(name);
   return value != nullptr && *value != '\0' ? value : fallback;
 }
 
-std::vector<std::string> parts(const std::string& list) {
-  std::vector<std::string> result;
+std::vector<std::string> splitAtColons(const std::string& list) {
+  std::vector<std::string> items;
   std::istringstream stream(list);
-  for (std::string part; std::getline(stream, part, ':');)
-    if (!part.empty())
-      result.push_back(part);
-  return result;
+  for (std::string item; std::getline(stream, item, ':');)
+    if (!item.empty())
+      items.push_back(item);
+  return items;
 }
 
 std::vector<std::string> absoluteOnly(std::vector<std::string> folders) {
@@ -37,13 +37,14 @@ std::string lowerCase(std::string text) {
 } // namespace
 
 XdgFolders xdgFolders() {
-  const std::string home = environment("HOME", "/");
+  const std::string home = environmentOr("HOME", "/");
   XdgFolders folders;
-  folders.data = absoluteOnly(parts(environment("XDG_DATA_HOME", home + "/.local/share") + ":" +
-                                    environment("XDG_DATA_DIRS", "/usr/local/share:/usr/share")));
-  folders.config = absoluteOnly(parts(environment("XDG_CONFIG_HOME", home + "/.config") + ":" +
-                                      environment("XDG_CONFIG_DIRS", "/etc/xdg")));
-  folders.desktops = parts(lowerCase(environment("XDG_CURRENT_DESKTOP", "")));
+  folders.data =
+      absoluteOnly(splitAtColons(environmentOr("XDG_DATA_HOME", home + "/.local/share") + ":" +
+                                 environmentOr("XDG_DATA_DIRS", "/usr/local/share:/usr/share")));
+  folders.config = absoluteOnly(splitAtColons(environmentOr("XDG_CONFIG_HOME", home + "/.config") +
+                                              ":" + environmentOr("XDG_CONFIG_DIRS", "/etc/xdg")));
+  folders.desktops = splitAtColons(lowerCase(environmentOr("XDG_CURRENT_DESKTOP", "")));
   return folders;
 }
 

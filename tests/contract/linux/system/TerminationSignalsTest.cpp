@@ -51,9 +51,9 @@ TEST_F(TerminationSignalsTest, EachEndsTheEventLoop) {
 
 TEST_F(TerminationSignalsTest, WhatTakesLongCanAskForThem) {
   const TerminationSignals signals;
-  EXPECT_FALSE(TerminationSignals::haveCome());
+  EXPECT_FALSE(TerminationSignals::wereReceived());
   ::raise(SIGTERM);
-  EXPECT_TRUE(TerminationSignals::haveCome());
+  EXPECT_TRUE(TerminationSignals::wereReceived());
 }
 
 TEST_F(TerminationSignalsTest, OneThatCameBeforeTheLoopEndsItToo) {
