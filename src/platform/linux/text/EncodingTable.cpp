@@ -6,10 +6,12 @@ namespace tavrel {
 
 namespace {
 
-// The framework numbers few encodings itself, and all others by their number and this bit.
+// The framework has numbers of its own for a few encodings; the others have their list number with
+// this bit.
 constexpr StringEncoding outsideFramework = 0x80000000;
 
-// Public constants of both libraries of the platform; names as its localized lists show them.
+// The columns are the fields of EncodingRow. Numbers are public constants of the platform, names
+// are those of its English list.
 constexpr auto listedEncodings = std::to_array<EncodingRow>({
     {0x0000, 30, "Western (Mac OS Roman)", "macintosh"},
     {0x0006, outsideFramework | 0x0006, "Greek (Mac OS)", "x-mac-greek"},

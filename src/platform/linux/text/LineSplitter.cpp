@@ -11,13 +11,13 @@ void LineSplitter::add(std::string_view bytes) {
   for (const char each : bytes) {
     if (each == '\n') {
       if (!line_.empty() || !isCut_)
-        tell();
+        reportLine();
       isCut_ = false;
       continue;
     }
     line_.push_back(each);
     if (line_.size() == longestLine) {
-      tell();
+      reportLine();
       isCut_ = true;
     }
   }
@@ -25,10 +25,10 @@ void LineSplitter::add(std::string_view bytes) {
 
 void LineSplitter::finish() {
   if (!line_.empty())
-    tell();
+    reportLine();
 }
 
-void LineSplitter::tell() {
+void LineSplitter::reportLine() {
   if (report_)
     report_(line_);
   line_.clear();

@@ -6,21 +6,21 @@
 
 namespace tavrel {
 
-/// Cuts a stream of bytes into lines; one that is too long is told in pieces.
+/// Splits a stream of bytes into lines; one over 4096 bytes is reported as several.
 class LineSplitter {
 public:
   explicit LineSplitter(const std::function<void(const std::string&)>& report) : report_(report) {}
 
   void add(std::string_view bytes);
-  /// Tells what stands after the last line feed.
+  /// Reports what stands after the last line feed.
   void finish();
 
 private:
-  void tell();
+  void reportLine();
 
   const std::function<void(const std::string&)>& report_;
   std::string line_;
-  bool isCut_ = false; ///< part of the line was told
+  bool isCut_ = false; ///< the start of this line was reported already
 };
 
 } // namespace tavrel

@@ -12,9 +12,9 @@ namespace {
 
 constexpr StringEncoding frameworkUtf8 = 4;
 constexpr StringEncoding frameworkLatin1 = 5;
-constexpr char16_t leadingMark = 0xFEFF;
+constexpr char16_t byteOrderMark = 0xFEFF;
 
-// Asked once: which converters there are does not change while the program runs.
+// Computed once: the installed converters do not change while the program runs.
 const std::vector<EncodingRow>& convertibleEncodings() {
   static const std::vector<EncodingRow> rows = [] {
     std::vector<EncodingRow> found;
@@ -67,7 +67,7 @@ std::optional<Bytes> LinuxTextEncodings::lossyData(std::string_view text, String
     return wellFormedUtf8(text);
   std::u16string units = utf16FromUtf8(text);
   if (row->mark == ByteOrderMark::first)
-    units.insert(units.begin(), leadingMark);
+    units.insert(units.begin(), byteOrderMark);
   const auto lost =
       encoding == frameworkLatin1 ? LostCharacter::onePerUnit : LostCharacter::onePerCharacter;
   return convertLossily(units, row->converter, lost);
