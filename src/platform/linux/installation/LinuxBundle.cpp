@@ -1,6 +1,6 @@
 #include "platform/linux/installation/LinuxBundle.h"
 
-#include "platform/linux/plists/PreferenceFile.h"
+#include "platform/linux/plists/PropertyListFile.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -62,7 +62,7 @@ std::vector<std::string> candidates(std::string locale) {
 }
 
 PropertyList::Dictionary stringsIn(const std::string& path) {
-  const PreferenceFile file = readPreferenceFile(path);
+  const PropertyListFile file = readPropertyListFile(path);
   if (!file.problem.empty())
     qCWarning(bundleLog, "%s: %s", path.c_str(), file.problem.c_str());
   return file.values;
@@ -100,7 +100,7 @@ std::string LinuxBundle::localizedString(const std::string& key) {
 }
 
 std::optional<std::string> LinuxBundle::informationValue(const std::string& key) {
-  const PreferenceFile information = readPreferenceFile(folder_ + "/Info.plist");
+  const PropertyListFile information = readPropertyListFile(folder_ + "/Info.plist");
   const auto found = information.values.find(key);
   if (found == information.values.end() || !found->second.string())
     return std::nullopt;

@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
-// Beyond those that the file itself holds: a few hundred bytes that share their parts unfold to
-// millions of values, seconds of reading that no menu is worth.
-constexpr std::uint64_t mostRepeated = 500'000;
+// Objects may be referred to more than once, so that a few hundred bytes can unfold to millions of
+// values, and to seconds of reading. This many values more than the file has objects are allowed.
+constexpr std::uint64_t mostRepeatedValues = 500'000;
 
 // The markers of the format: the high half of an object's first byte.
 enum Marker : std::uint8_t {
@@ -47,13 +47,13 @@ public:
   }
 
 private:
-  // An object whose children are being looked at.
+  // A container on the way from the top object, and how far its children are checked.
   struct Visit {
     std::uint64_t number = 0;
     std::vector<std::uint64_t> children;
     std::size_t next = 0;
   };
-  static constexpr std::uint32_t onTheWay = ~std::uint32_t{0};
+  static constexpr std::uint32_t beingVisited = ~std::uint32_t{0};
 
   [[nodiscard]] std::uint64_t bigEndian(std::size_t at, std::size_t size) const {
     std::uint64_t value = 0;
@@ -69,18 +69,18 @@ private:
     offsetSize_ = bytes_[trailer + 6];
     referenceSize_ = bytes_[trailer + 7];
     objectCount_ = bigEndian(trailer + 8, 8);
-    top_ = bigEndian(trailer + 16, 8);
-    table_ = bigEndian(trailer + 24, 8);
+    topObject_ = bigEndian(trailer + 16, 8);
+    offsetTable_ = bigEndian(trailer + 24, 8);
     if (offsetSize_ < 1 || offsetSize_ > 8 || referenceSize_ < 1 || referenceSize_ > 8)
       return false;
-    return table_ >= headerSize && table_ <= trailer && top_ < objectCount_ &&
-           objectCount_ <= (trailer - table_) / offsetSize_;
+    return offsetTable_ >= headerSize && offsetTable_ <= trailer && topObject_ < objectCount_ &&
+           objectCount_ <= (trailer - offsetTable_) / offsetSize_;
   }
 
   // Nothing when the object does not stand whole before the offset table.
   [[nodiscard]] std::optional<Object> objectAt(std::uint64_t number) const {
-    const std::uint64_t offset = bigEndian(table_ + number * offsetSize_, offsetSize_);
-    if (offset < headerSize || offset >= table_)
+    const std::uint64_t offset = bigEndian(offsetTable_ + number * offsetSize_, offsetSize_);
+    if (offset < headerSize || offset >= offsetTable_)
       return std::nullopt;
     Object object{static_cast<std::uint8_t>(bytes_[offset] >> 4), bytes_[offset] & 0x0FU,
                   static_cast<std::size_t>(offset) + 1};
@@ -91,10 +91,10 @@ private:
   }
 
   bool readCount(Object& object) const {
-    if (object.contents >= table_ || bytes_[object.contents] >> 4 != integer)
+    if (object.contents >= offsetTable_ || bytes_[object.contents] >> 4 != integer)
       return false;
     const std::size_t size = std::size_t{1} << (bytes_[object.contents] & 0x0FU);
-    if (size > 8 || object.contents + 1 + size > table_)
+    if (size > 8 || object.contents + 1 + size > offsetTable_)
       return false;
     object.count = bigEndian(object.contents + 1, size);
     object.contents += 1 + size;
@@ -102,7 +102,7 @@ private:
   }
 
   [[nodiscard]] bool fits(const Object& object) const {
-    const std::uint64_t room = table_ - object.contents;
+    const std::uint64_t room = offsetTable_ - object.contents;
     switch (object.marker) {
     case simple:
       return object.count == 8 || object.count == 9;
@@ -127,7 +127,7 @@ private:
     }
   }
 
-  // The library ends the program over a text with a zero in it.
+  // libplist 2.2 ends the program over a text with a NUL in it.
   [[nodiscard]] bool isAscii(const Object& object) const {
     const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(object.contents);
     return std::all_of(start, start + static_cast<std::ptrdiff_t>(object.count),
@@ -147,18 +147,19 @@ private:
     return !pending;
   }
 
-  // The numbers of an object's parts; nothing when one of them is no object or no key.
-  [[nodiscard]] std::optional<std::vector<std::uint64_t>> partsOf(const Object& object) const {
+  // The object numbers of a container's children, in a dictionary first the keys, then the values.
+  // Nothing when one of them is no object, or a key no text.
+  [[nodiscard]] std::optional<std::vector<std::uint64_t>> childrenOf(const Object& object) const {
     const bool isDictionary = object.marker == dictionary;
     if (!isDictionary && object.marker != array)
       return std::vector<std::uint64_t>();
-    std::vector<std::uint64_t> parts(object.count * (isDictionary ? 2 : 1));
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-      parts[i] = bigEndian(object.contents + i * referenceSize_, referenceSize_);
-      if (parts[i] >= objectCount_ || (isDictionary && i < object.count && !isText(parts[i])))
+    std::vector<std::uint64_t> children(object.count * (isDictionary ? 2 : 1));
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      children[i] = bigEndian(object.contents + i * referenceSize_, referenceSize_);
+      if (children[i] >= objectCount_ || (isDictionary && i < object.count && !isText(children[i])))
         return std::nullopt;
     }
-    return parts;
+    return children;
   }
 
   [[nodiscard]] bool isText(std::uint64_t number) const {
@@ -168,16 +169,16 @@ private:
 
   bool enter(std::uint64_t number) {
     const auto object = objectAt(number);
-    auto parts = object ? partsOf(*object) : std::nullopt;
-    if (!parts)
+    auto children = object ? childrenOf(*object) : std::nullopt;
+    if (!children)
       return false;
-    depths_[number] = onTheWay;
-    path_.push_back({number, *std::move(parts)});
+    depths_[number] = beingVisited;
+    path_.push_back({number, *std::move(children)});
     return true;
   }
 
   std::string walk() {
-    if (!enter(top_))
+    if (!enter(topObject_))
       return "refers to what is not there";
     while (!path_.empty()) {
       Visit& visit = path_.back();
@@ -187,7 +188,7 @@ private:
         continue;
       }
       const std::uint64_t child = visit.children[visit.next++];
-      if (depths_[child] == onTheWay)
+      if (depths_[child] == beingVisited)
         return "refers to itself";
       if (depths_[child] == 0 && !enter(child))
         return "refers to what is not there";
@@ -195,8 +196,8 @@ private:
     return {};
   }
 
-  // What an object costs is known once its parts are: it is looked at once, however often it is
-  // referred to.
+  // Depth and size of a container follow from those of its children, so that each object is checked
+  // once, however often it is referred to.
   bool leave() {
     const Visit visit = std::move(path_.back());
     path_.pop_back();
@@ -205,7 +206,7 @@ private:
     for (std::uint64_t child : visit.children) {
       depth = std::max(depth, depths_[child]);
       size += sizes_[child];
-      if (size > mostRepeated + objectCount_)
+      if (size > mostRepeatedValues + objectCount_)
         return false;
     }
     depths_[visit.number] = depth + 1;
@@ -217,10 +218,10 @@ private:
   std::size_t offsetSize_ = 0;
   std::size_t referenceSize_ = 0;
   std::uint64_t objectCount_ = 0;
-  std::uint64_t top_ = 0;
-  std::uint64_t table_ = 0;
-  std::vector<std::uint32_t> depths_; ///< 0 not seen yet
-  std::vector<std::uint64_t> sizes_;
+  std::uint64_t topObject_ = 0;
+  std::uint64_t offsetTable_ = 0;
+  std::vector<std::uint32_t> depths_; ///< by object number; 0: not visited yet
+  std::vector<std::uint64_t> sizes_;  ///< how many values an object unfolds to
   std::vector<Visit> path_;
 };
 

@@ -23,17 +23,18 @@ std::string problemOf(const Bytes& bytes, PropertyListForm form) {
                                           : problemOfXmlPropertyList(textOf(bytes));
 }
 
-// The library reads and writes numbers as the locale has them; the format does not.
-class NumbersOfTheFormat {
+// While it lives, this thread has the decimal point of the C locale, as the format wants it:
+// libplist 2.2 reads and writes numbers by the locale.
+class CNumericLocale {
 public:
-  NumbersOfTheFormat()
+  CNumericLocale()
       : numbers_(::newlocale(LC_NUMERIC_MASK, "C", nullptr)), previous_(::uselocale(numbers_)) {}
-  ~NumbersOfTheFormat() {
+  ~CNumericLocale() {
     ::uselocale(previous_);
     ::freelocale(numbers_);
   }
-  NumbersOfTheFormat(const NumbersOfTheFormat&) = delete;
-  NumbersOfTheFormat& operator=(const NumbersOfTheFormat&) = delete;
+  CNumericLocale(const CNumericLocale&) = delete;
+  CNumericLocale& operator=(const CNumericLocale&) = delete;
 
 private:
   locale_t numbers_;
@@ -41,7 +42,7 @@ private:
 };
 
 PlistNode parsed(const Bytes& bytes, PropertyListForm form) {
-  const NumbersOfTheFormat numbers;
+  const CNumericLocale guard;
   plist_t node = nullptr;
   const auto* start = reinterpret_cast<const char*>(bytes.data());
   const auto size = static_cast<std::uint32_t>(bytes.size());
@@ -72,8 +73,8 @@ std::optional<Bytes> encodePropertyList(const PropertyList& value, PropertyListF
   const PlistNode root = nodeOfValue(value);
   if (!root)
     return std::nullopt;
-  const NumbersOfTheFormat numbers;
-  char* output = nullptr; // the library reads it before it writes
+  const CNumericLocale guard;
+  char* output = nullptr; // libplist 2.2 reads it before it writes
   std::uint32_t length = 0;
   if (form == PropertyListForm::binary)
     plist_to_bin(root.get(), &output, &length);

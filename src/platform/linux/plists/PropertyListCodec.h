@@ -10,7 +10,7 @@ namespace tavrel {
 /// The two forms of a property-list file.
 enum class PropertyListForm { xml, binary };
 
-/// What a file's bytes turned out to be: a value, or the reason why they are none.
+/// The value that a file's bytes encode, or the reason why there is none.
 struct DecodedPropertyList {
   std::optional<PropertyList> value;
   PropertyListForm form = PropertyListForm::xml;
@@ -20,8 +20,9 @@ struct DecodedPropertyList {
 /// Containers may stand inside one another this deep; what nests deeper is malformed.
 inline constexpr std::size_t deepestPropertyList = 25'000;
 
-/// Reads either form. Bytes are checked before the library sees them, which is more lenient than
-/// the format: numbers that are none, keys without values, broken UTF-8, loops of references.
+/// Reads either form. The bytes are checked first, for libplist 2.2 lets errors pass: it takes
+/// <integer>abc for 0 and a key without a value for an empty dictionary, and cuts broken UTF-8.
+/// Loops of references are refused, too.
 [[nodiscard]] DecodedPropertyList decodePropertyList(const Bytes& bytes);
 
 /// Writes a form. Text is made well-formed first: broken UTF-8 and characters that XML cannot hold

@@ -53,10 +53,10 @@ std::optional<PropertyList> leafOf(plist_t node) {
   }
 }
 
-// A container whose parts are being read.
-class Reader {
+// A libplist container whose children are being read, and the value that they make up.
+class ContainerReader {
 public:
-  explicit Reader(plist_t node) : node_(node), isArray_(PLIST_IS_ARRAY(node)) {
+  explicit ContainerReader(plist_t node) : node_(node), isArray_(PLIST_IS_ARRAY(node)) {
     void* iterator = nullptr;
     if (isArray_)
       plist_array_new_iter(node, &iterator);
@@ -65,17 +65,17 @@ public:
     iterator_.reset(iterator);
   }
 
-  // The next part, null at the end.
+  // The next child; null after the last.
   plist_t next() {
-    plist_t part = nullptr;
+    plist_t child = nullptr;
     char* key = nullptr;
     if (isArray_)
-      plist_array_next_item(node_, iterator_.get(), &part);
+      plist_array_next_item(node_, iterator_.get(), &child);
     else
-      plist_dict_next_item(node_, iterator_.get(), &key, &part);
+      plist_dict_next_item(node_, iterator_.get(), &key, &child);
     const std::unique_ptr<char, CFree> owned(key);
     key_ = key ? key : "";
-    return part;
+    return child;
   }
 
   void add(PropertyList value) {
@@ -102,7 +102,7 @@ bool isContainer(plist_t node) {
   return PLIST_IS_ARRAY(node) || PLIST_IS_DICT(node);
 }
 
-// The library takes dates of 32-bit seconds, 1932 to 2069: others become the nearest of these.
+// libplist 2.2 keeps dates as 32-bit seconds, 1932 to 2069; others become the nearest of these.
 plist_t newDateNode(double seconds) {
   constexpr double farthest = std::numeric_limits<std::int32_t>::max();
   const double kept = std::isnan(seconds) ? 0 : std::clamp(seconds, -farthest, farthest);
@@ -134,13 +134,14 @@ plist_t newNode(const PropertyList& value) {
   return nullptr;
 }
 
-struct Written {
+// A container whose node is made and whose children are not yet.
+struct PendingContainer {
   const PropertyList* value;
   plist_t node;
   std::size_t depth;
 };
 
-void writeParts(const Written& parent, std::vector<Written>& pending) {
+void addChildNodes(const PendingContainer& parent, std::vector<PendingContainer>& pending) {
   if (const auto* elements = parent.value->array())
     for (const PropertyList& element : *elements) {
       plist_t node = newNode(element);
@@ -160,14 +161,14 @@ void writeParts(const Written& parent, std::vector<Written>& pending) {
 std::optional<PropertyList> valueOfNode(plist_t root) {
   if (!isContainer(root))
     return leafOf(root);
-  std::vector<Reader> open;
+  std::vector<ContainerReader> open;
   open.emplace_back(root);
   while (true) {
-    plist_t part = open.back().next();
-    if (part && isContainer(part)) {
-      open.emplace_back(part);
-    } else if (part) {
-      auto leaf = leafOf(part);
+    plist_t child = open.back().next();
+    if (child && isContainer(child)) {
+      open.emplace_back(child);
+    } else if (child) {
+      auto leaf = leafOf(child);
       if (!leaf)
         return std::nullopt;
       open.back().add(*std::move(leaf));
@@ -183,13 +184,13 @@ std::optional<PropertyList> valueOfNode(plist_t root) {
 
 PlistNode nodeOfValue(const PropertyList& value) {
   PlistNode root(newNode(value));
-  std::vector<Written> pending{{&value, root.get(), 1}};
+  std::vector<PendingContainer> pending{{&value, root.get(), 1}};
   while (!pending.empty()) {
-    const Written next = pending.back();
+    const PendingContainer next = pending.back();
     pending.pop_back();
     if (next.depth > deepestPropertyList)
       return nullptr;
-    writeParts(next, pending);
+    addChildNodes(next, pending);
   }
   return root;
 }

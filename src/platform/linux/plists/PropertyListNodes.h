@@ -13,13 +13,15 @@ struct PlistNodeFree {
   void operator()(plist_t node) const { plist_free(node); }
 };
 
-/// A tree of the library's, owned.
+/// A value tree of libplist, owned.
 using PlistNode = std::unique_ptr<void, PlistNodeFree>;
 
-/// The value of a tree; nothing when it holds a kind that property lists of ours do not.
+/// The value of a tree; nothing when it holds a kind of node that PropertyList does not have (a
+/// UID).
 [[nodiscard]] std::optional<PropertyList> valueOfNode(plist_t root);
 
-/// The tree of a value, text made well-formed; null when it nests too deep for the library.
+/// The tree of a value, text made well-formed; null when it nests deeper than
+/// `deepestPropertyList`.
 [[nodiscard]] PlistNode nodeOfValue(const PropertyList& value);
 
 } // namespace tavrel

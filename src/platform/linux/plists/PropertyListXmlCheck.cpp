@@ -40,7 +40,7 @@ std::string_view withoutSign(std::string_view text) {
   return text;
 }
 
-// What 64 bits with a sign can hold: the library would wrap what is larger.
+// A signed 64-bit integer; libplist 2.2 would wrap a larger one.
 bool isInteger(std::string_view text) {
   const bool negative = trimmedText(text).starts_with('-');
   std::string_view digits = withoutSign(trimmedText(text));
@@ -107,10 +107,11 @@ bool isContent(std::string_view element, std::string_view text) {
   return element == "string" || element == "key" || trimmedText(text).empty();
 }
 
-// The elements that are open, and whether the text so far can still become a property list.
+// Reads token by token; each call gives the problem of a text that cannot become a property list
+// any more, or nothing.
 class XmlChecker {
 public:
-  std::string take(const XmlToken& token) {
+  std::string check(const XmlToken& token) {
     switch (token.kind) {
     case XmlTokenKind::open:
       return open(token.text);
@@ -209,7 +210,7 @@ std::string problemOfXmlPropertyList(std::string_view text) {
   XmlChecker checker;
   while (!text.empty())
     for (const XmlToken& token : nextXmlTokens(text))
-      if (std::string problem = checker.take(token); !problem.empty())
+      if (std::string problem = checker.check(token); !problem.empty())
         return problem;
   return checker.atEnd();
 }

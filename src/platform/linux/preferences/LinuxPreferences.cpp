@@ -24,21 +24,21 @@ bool isFileName(const std::string& domain) {
          domain.find('/') == std::string::npos && domain.find('\0') == std::string::npos;
 }
 
-bool isUsable(const PreferenceFile& file) {
+bool isUsable(const PropertyListFile& file) {
   return file.problem.empty();
 }
 
-PreferenceFile readFirst(PreferenceReader& reader, const std::string& path) {
-  PreferenceFile file = reader.read(path);
+PropertyListFile readFirst(PropertyListReader& reader, const std::string& path) {
+  PropertyListFile file = reader.read(path);
   if (!isUsable(file))
     say(path, file.problem + "; it counts as empty and is left alone");
   return file;
 }
 
 // A file that somebody is still writing must not empty the menu.
-PreferenceFile readAgain(PreferenceReader& reader, const std::string& path,
-                         const PropertyList::Dictionary& before) {
-  PreferenceFile file = reader.read(path);
+PropertyListFile readAgain(PropertyListReader& reader, const std::string& path,
+                           const PropertyList::Dictionary& before) {
+  PropertyListFile file = reader.read(path);
   if (isUsable(file))
     return file;
   say(path, file.problem + "; what was read before stays in effect");
@@ -54,10 +54,10 @@ void apply(PropertyList::Dictionary& values, const std::string& key,
     values.erase(key);
 }
 
-bool makeWay(const PreferenceFile& file, const std::string& path) {
-  if (file.state == PreferenceFileState::unreadable)
+bool makeWay(const PropertyListFile& file, const std::string& path) {
+  if (file.state == PropertyListFileState::unreadable)
     return false;
-  if (file.state != PreferenceFileState::malformed)
+  if (file.state != PropertyListFileState::malformed)
     return true;
   const auto aside = moveAside(path);
   say(path, aside ? "kept as " + *aside : "cannot be moved aside; nothing is written");
@@ -97,7 +97,7 @@ std::string LinuxPreferences::pathOf(const std::string& domain) const {
 
 bool LinuxPreferences::hasChangedElsewhere(const std::string& name) {
   Domain& domain = opened(name);
-  const PreferenceFile file = readAgain(domain.reader, pathOf(name), domain.values);
+  const PropertyListFile file = readAgain(domain.reader, pathOf(name), domain.values);
   PropertyList::Dictionary expected = file.values;
   for (const auto& [key, value] : domain.pending)
     apply(expected, key, value);
@@ -145,7 +145,7 @@ bool LinuxPreferences::synchronize(const std::string& name) {
   if (!isFileName(name))
     return domain.pending.empty();
   const std::string path = pathOf(name);
-  PreferenceFile file = readAgain(domain.reader, path, domain.values);
+  PropertyListFile file = readAgain(domain.reader, path, domain.values);
   for (const auto& [key, value] : domain.pending)
     apply(file.values, key, value);
   domain.values = file.values;

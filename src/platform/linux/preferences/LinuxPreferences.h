@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Preferences.h"
-#include "platform/linux/plists/PreferenceFile.h"
+#include "platform/linux/plists/PropertyListFile.h"
 
 #include <functional>
 #include <map>
@@ -46,7 +46,7 @@ private:
   struct Domain {
     PropertyList::Dictionary values;
     Changes pending;
-    PreferenceReader reader{};
+    PropertyListReader reader{};
   };
   Domain& opened(const std::string& domain);
 

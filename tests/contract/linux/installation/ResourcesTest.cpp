@@ -1,5 +1,5 @@
 #include "platform/linux/installation/LinuxBundle.h"
-#include "platform/linux/plists/PreferenceFile.h"
+#include "platform/linux/plists/PropertyListFile.h"
 #include "support/EnvironmentVariable.h"
 
 #include <gmock/gmock.h>
@@ -15,8 +15,8 @@ using ::testing::UnorderedElementsAre;
 const std::string resources = TAVREL_RESOURCES;
 
 PropertyList::Dictionary textsOf(const std::string& language) {
-  const PreferenceFile file =
-      readPreferenceFile(resources + "/localizations/" + language + ".lproj/Localizable.strings");
+  const PropertyListFile file =
+      readPropertyListFile(resources + "/localizations/" + language + ".lproj/Localizable.strings");
   EXPECT_EQ(file.problem, "") << language;
   EXPECT_FALSE(file.values.empty()) << language;
   return file.values;

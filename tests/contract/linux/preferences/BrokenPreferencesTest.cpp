@@ -32,8 +32,8 @@ protected:
     original = folder.read("d.plist");
   }
 
-  [[nodiscard]] PreferenceFileState state() const {
-    return readPreferenceFile(folder.path("d.plist")).state;
+  [[nodiscard]] PropertyListFileState state() const {
+    return readPropertyListFile(folder.path("d.plist")).state;
   }
 
   TemporaryFolder folder;
@@ -41,9 +41,9 @@ protected:
 };
 
 TEST_P(BrokenPreferences, IsReadWithoutHarmAndEitherUnderstoodOrExplained) {
-  const PreferenceFile file = readPreferenceFile(folder.path("d.plist"));
-  EXPECT_EQ(file.state == PreferenceFileState::readable, file.problem.empty());
-  EXPECT_NE(file.state, PreferenceFileState::missing);
+  const PropertyListFile file = readPropertyListFile(folder.path("d.plist"));
+  EXPECT_EQ(file.state == PropertyListFileState::readable, file.problem.empty());
+  EXPECT_NE(file.state, PropertyListFileState::missing);
   LinuxPreferences preferences(folder.path());
   EXPECT_EQ(preferences.value("d", "no such key"), std::nullopt);
   EXPECT_TRUE(preferences.synchronize("d"));
@@ -51,12 +51,12 @@ TEST_P(BrokenPreferences, IsReadWithoutHarmAndEitherUnderstoodOrExplained) {
 }
 
 TEST_P(BrokenPreferences, IsNeverOverwritten) {
-  const bool malformed = state() == PreferenceFileState::malformed;
+  const bool malformed = state() == PropertyListFileState::malformed;
   LinuxPreferences preferences(folder.path());
   preferences.setValue("d", "mine", 1);
   ASSERT_TRUE(preferences.synchronize("d"));
   EXPECT_EQ(folder.read("d.plist.malformed-1"), malformed ? original : "");
-  EXPECT_EQ(state(), PreferenceFileState::readable);
+  EXPECT_EQ(state(), PropertyListFileState::readable);
   EXPECT_EQ(LinuxPreferences(folder.path()).value("d", "mine"), PropertyList(1));
 }
 
@@ -65,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(Fixtures, BrokenPreferences, ::testing::ValuesIn(broken
 TEST(BrokenPreferencesFolder, HoldsFilesThatAreMalformed) {
   int malformed = 0;
   for (const fs::path& path : brokenFiles())
-    malformed += readPreferenceFile(path).state == PreferenceFileState::malformed ? 1 : 0;
+    malformed += readPropertyListFile(path).state == PropertyListFileState::malformed ? 1 : 0;
   EXPECT_GE(malformed, 75);
 }
 

@@ -6,33 +6,34 @@
 
 namespace tavrel {
 
-/// How a preference file was found.
-enum class PreferenceFileState {
+/// What was found at a path.
+enum class PropertyListFileState {
   missing,
   readable,
   malformed,  ///< there, but no dictionary of a property list
   unreadable, ///< there, but it may not be read or is no file
 };
 
-struct PreferenceFile {
-  PreferenceFileState state = PreferenceFileState::missing;
+/// A file whose property list is a dictionary: preferences, the texts of a language.
+struct PropertyListFile {
+  PropertyListFileState state = PropertyListFileState::missing;
   PropertyList::Dictionary values;
   PropertyListForm form = PropertyListForm::xml;
   std::string problem; ///< one clause; empty for a missing and a readable file
 };
 
 /// Reads a file of at most 256 MiB, links followed.
-[[nodiscard]] PreferenceFile readPreferenceFile(const std::string& path);
+[[nodiscard]] PropertyListFile readPropertyListFile(const std::string& path);
 
-/// Reads one file over and over, as above: bytes that are the same as the last time are not decoded
-/// again, and their values are the very same objects.
-class PreferenceReader {
+/// Reads one file again and again, as above. Bytes that have not changed since the last time are
+/// not decoded again, and their values are the same objects.
+class PropertyListReader {
 public:
-  [[nodiscard]] const PreferenceFile& read(const std::string& path);
+  [[nodiscard]] const PropertyListFile& read(const std::string& path);
 
 private:
   Bytes bytes_;
-  PreferenceFile file_;
+  PropertyListFile file_;
 };
 
 /// Moves a malformed file to the first free PATH.malformed-N; its new path, or nothing when it

@@ -1,4 +1,4 @@
-#include "platform/linux/plists/PreferenceFile.h"
+#include "platform/linux/plists/PropertyListFile.h"
 
 #include "platform/linux/system/FileDescriptor.h"
 #include "platform/linux/system/FileReplacement.h"
@@ -14,20 +14,20 @@ namespace tavrel {
 
 namespace {
 
-constexpr off_t largestPreferenceFile = off_t{256} * 1024 * 1024;
+constexpr off_t largestPropertyListFile = off_t{256} * 1024 * 1024;
 
-std::string systemProblem() {
+std::string errnoText() {
   return std::strerror(errno);
 }
 
-PreferenceFile unreadable(std::string problem) {
-  PreferenceFile file;
-  file.state = PreferenceFileState::unreadable;
+PropertyListFile unreadable(std::string problem) {
+  PropertyListFile file;
+  file.state = PropertyListFileState::unreadable;
   file.problem = std::move(problem);
   return file;
 }
 
-std::optional<Bytes> contents(int descriptor, std::size_t expected) {
+std::optional<Bytes> readAll(int descriptor, std::size_t expected) {
   Bytes bytes(expected + 1);
   std::size_t filled = 0;
   while (true) {
@@ -36,7 +36,7 @@ std::optional<Bytes> contents(int descriptor, std::size_t expected) {
     const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
     if (got < 0 && errno != EINTR)
       return std::nullopt;
-    if (got == 0 || filled > static_cast<std::size_t>(largestPreferenceFile))
+    if (got == 0 || filled > static_cast<std::size_t>(largestPropertyListFile))
       break;
     filled += got > 0 ? static_cast<std::size_t>(got) : 0;
   }
@@ -44,30 +44,30 @@ std::optional<Bytes> contents(int descriptor, std::size_t expected) {
   return bytes;
 }
 
-// What the file holds, or why there is nothing of it.
-std::variant<Bytes, PreferenceFile> bytesOf(const std::string& path) {
+// The bytes of the file; a file without values when it is missing or cannot be read.
+std::variant<Bytes, PropertyListFile> readBytes(const std::string& path) {
   const FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!descriptor.isOpen())
-    return errno == ENOENT ? PreferenceFile() : unreadable(systemProblem());
+    return errno == ENOENT ? PropertyListFile() : unreadable(errnoText());
   struct stat status {};
   if (::fstat(descriptor.get(), &status) != 0)
-    return unreadable(systemProblem());
+    return unreadable(errnoText());
   if (!S_ISREG(status.st_mode))
     return unreadable("is no file");
-  if (status.st_size > largestPreferenceFile)
+  if (status.st_size > largestPropertyListFile)
     return unreadable("is larger than 256 MiB");
-  auto bytes = contents(descriptor.get(), static_cast<std::size_t>(status.st_size));
+  auto bytes = readAll(descriptor.get(), static_cast<std::size_t>(status.st_size));
   if (!bytes)
-    return unreadable(systemProblem());
+    return unreadable(errnoText());
   return *std::move(bytes);
 }
 
-PreferenceFile decoded(const Bytes& bytes) {
+PropertyListFile decode(const Bytes& bytes) {
   DecodedPropertyList list = decodePropertyList(bytes);
-  PreferenceFile file;
+  PropertyListFile file;
   file.form = list.form;
   const bool dictionary = list.value && list.value->dictionary();
-  file.state = dictionary ? PreferenceFileState::readable : PreferenceFileState::malformed;
+  file.state = dictionary ? PropertyListFileState::readable : PropertyListFileState::malformed;
   if (dictionary)
     file.values = *list.value->dictionary();
   else
@@ -77,18 +77,18 @@ PreferenceFile decoded(const Bytes& bytes) {
 
 } // namespace
 
-PreferenceFile readPreferenceFile(const std::string& path) {
-  return PreferenceReader().read(path);
+PropertyListFile readPropertyListFile(const std::string& path) {
+  return PropertyListReader().read(path);
 }
 
-const PreferenceFile& PreferenceReader::read(const std::string& path) {
-  auto found = bytesOf(path);
+const PropertyListFile& PropertyListReader::read(const std::string& path) {
+  auto found = readBytes(path);
   auto* bytes = std::get_if<Bytes>(&found);
-  const bool isDecoded =
-      file_.state == PreferenceFileState::readable || file_.state == PreferenceFileState::malformed;
+  const bool isDecoded = file_.state == PropertyListFileState::readable ||
+                         file_.state == PropertyListFileState::malformed;
   if (bytes && isDecoded && *bytes == bytes_)
     return file_;
-  file_ = bytes ? decoded(*bytes) : std::get<PreferenceFile>(std::move(found));
+  file_ = bytes ? decode(*bytes) : std::get<PropertyListFile>(std::move(found));
   bytes_ = bytes ? std::move(*bytes) : Bytes();
   return file_;
 }
