@@ -1,9 +1,9 @@
 // Removes installed pieces with an administrator's rights: started once, by the rights service of
-// the desktop, it says "ready" and then takes the name of a piece a line until its input ends. It
-// knows no other places than those pieces, whatever it is asked.
+// the desktop, it says "ready" and then takes the name of a component a line until its input ends.
+// It knows no other places than those pieces, whatever it is asked.
 
 #include "base/PathString.h"
-#include "platform/linux/installation/InstalledPieces.h"
+#include "platform/linux/installation/InstalledComponents.h"
 #include "platform/linux/transfers/SafeRemoval.h"
 
 #include <climits>
@@ -41,23 +41,24 @@ std::string home() {
   return person ? resolved(person->pw_dir) : std::string();
 }
 
-void remove(const std::string& name, const tavrel::PieceFolders& folders) {
-  const auto piece = tavrel::pieceNamed(name);
-  if (!piece) {
-    std::cout << "unknown piece\n";
+void remove(const std::string& name, const tavrel::InstallationFolders& folders) {
+  const auto component = tavrel::componentNamed(name);
+  if (!component) {
+    std::cout << "unknown component\n";
     return;
   }
-  const tavrel::PiecePlace place = tavrel::placeOf(*piece, folders);
-  const std::string problem =
-      place.folder.empty() ? "has no folder" : tavrel::removeBelow(place.folder, place.relative);
+  const tavrel::ComponentLocation location = tavrel::locationOf(*component, folders);
+  const std::string problem = location.folder.empty()
+                                  ? "has no folder"
+                                  : tavrel::removeBelow(location.folder, location.relativePath);
   if (!problem.empty())
-    std::cout << place.folder << '/' << place.relative << ": " << problem << '\n';
+    std::cout << location.folder << '/' << location.relativePath << ": " << problem << '\n';
 }
 
 } // namespace
 
 int main() {
-  const tavrel::PieceFolders folders{prefix(), home()};
+  const tavrel::InstallationFolders folders{prefix(), home()};
   std::cout << "ready" << std::endl;
   for (std::string line; std::getline(std::cin, line);) {
     remove(line, folders);

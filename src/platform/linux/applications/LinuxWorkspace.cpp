@@ -4,7 +4,7 @@
 #include "base/Url.h"
 #include "platform/linux/applications/FileManagerRoles.h"
 #include "platform/linux/files/MountHealth.h"
-#include "platform/linux/installation/OwnPieces.h"
+#include "platform/linux/installation/ThisInstallation.h"
 #include "platform/linux/places/NetworkPlaces.h"
 #include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/system/BoundedFile.h"
@@ -219,11 +219,11 @@ bool LinuxWorkspace::performFileOperation(FileOperation operation, const std::st
 
 // Never through a link: it goes, what it leads to stays.
 bool LinuxWorkspace::removeFile(const std::string& path) {
-  if (const auto place = placeOfPiece(path)) {
-    const std::string problem = removeBelow(place->folder, place->relative);
+  if (const auto place = componentLocation(path)) {
+    const std::string problem = removeBelow(place->folder, place->relativePath);
     if (!problem.empty())
       qCWarning(workspaceLog).noquote()
-          << shown(place->relative) << QString::fromStdString(problem);
+          << shown(place->relativePath) << QString::fromStdString(problem);
     return problem.empty();
   }
   std::error_code error;

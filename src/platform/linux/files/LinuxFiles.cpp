@@ -6,7 +6,7 @@
 #include "platform/linux/files/ItemKind.h"
 #include "platform/linux/files/LinkEntry.h"
 #include "platform/linux/files/MountHealth.h"
-#include "platform/linux/installation/OwnPieces.h"
+#include "platform/linux/installation/ThisInstallation.h"
 #include "platform/linux/system/UserFolders.h"
 
 #include <dirent.h>
@@ -98,8 +98,8 @@ std::optional<ItemKind> itemKindNow(const std::string& path, LinkMode link) {
 } // namespace
 
 bool LinuxFiles::exists(const std::string& path) {
-  if (const auto place = placeOfPiece(path))
-    return fileStatus(appendingPathComponent(place->folder, place->relative), LinkMode::follow)
+  if (const auto place = componentLocation(path))
+    return fileStatus(appendingPathComponent(place->folder, place->relativePath), LinkMode::follow)
         .has_value();
   return fileStatus(path, LinkMode::follow).has_value();
 }

@@ -1,6 +1,6 @@
 #include "platform/linux/installation/LinuxAuthorization.h"
 
-#include "platform/linux/installation/OwnPieces.h"
+#include "platform/linux/installation/ThisInstallation.h"
 #include "platform/linux/system/UserFolders.h"
 
 #include <QEventLoop>
@@ -14,9 +14,9 @@ namespace {
 Q_LOGGING_CATEGORY(authorizationLog, "tavrel.authorization")
 
 constexpr const char* uninstallRight = "qorvane.tavrel.uninstall";
-constexpr int longestAnswerMsecs = 60000; ///< the removal of one piece
+constexpr int removalTimeoutMsecs = 60000; ///< for one component
 
-QByteArray beforeEnd(QByteArray& bytes, std::size_t size) {
+QByteArray takeFirst(QByteArray& bytes, std::size_t size) {
   const QByteArray taken = bytes.left(static_cast<qsizetype>(size));
   bytes.remove(0, taken.size());
   return taken;
@@ -40,7 +40,7 @@ private:
   QProcess helper_;
 };
 
-// The desktop's own dialog asks meanwhile: what the person takes for it is not bounded.
+// Without a timeout: meanwhile the desktop's dialog asks the user for a password.
 bool HelperSession::copyRights(const std::string& right, std::uint32_t flags) {
   if (right != uninstallRight || (flags & authorizationFlag::interactionAllowed) == 0)
     return false;
@@ -56,7 +56,7 @@ bool HelperSession::copyRights(const std::string& right, std::uint32_t flags) {
   helper_.start(program, arguments);
   while (helper_.state() != QProcess::NotRunning && !helper_.canReadLine())
     if (waiting.exec() != 0) {
-      helper_.kill(); // this program ends: nobody waits for an answer any more
+      helper_.kill(); // exec() gives 1 and more when this program is told to end
       return false;
     }
   return isReady();
@@ -73,21 +73,21 @@ std::optional<ToolOutput>
 HelperSession::executeWithPrivileges(const std::string& tool,
                                      const std::vector<std::string>& arguments) {
   const bool removes = tool == "/bin/rm" && arguments.size() == 2 && arguments[0] == "-rf";
-  const auto piece = removes ? installedPiece(arguments[1], homeFolder()) : std::nullopt;
-  if (!piece || helper_.state() != QProcess::Running)
+  const auto component = removes ? installedComponent(arguments[1], homeFolder()) : std::nullopt;
+  if (!component || helper_.state() != QProcess::Running)
     return std::nullopt;
-  helper_.write(QByteArray(pieceName(*piece)).append('\n'));
+  helper_.write(QByteArray(componentName(*component)).append('\n'));
   return
-      [rest = answer()](std::size_t size) mutable { return beforeEnd(rest, size).toStdString(); };
+      [rest = answer()](std::size_t size) mutable { return takeFirst(rest, size).toStdString(); };
 }
 
 QByteArray HelperSession::answer() {
-  QByteArray said;
-  while (!said.endsWith('\0') && helper_.waitForReadyRead(longestAnswerMsecs))
-    said.append(helper_.readAll());
-  if (said.endsWith('\0'))
-    said.chop(1);
-  return said;
+  QByteArray output;
+  while (!output.endsWith('\0') && helper_.waitForReadyRead(removalTimeoutMsecs))
+    output.append(helper_.readAll());
+  if (output.endsWith('\0'))
+    output.chop(1);
+  return output;
 }
 
 void HelperSession::free(std::uint32_t) {
@@ -103,7 +103,7 @@ std::unique_ptr<AuthorizationRef> LinuxAuthorization::create() {
 }
 
 std::vector<std::string> uninstallHelperCommand() {
-  return {"pkexec", ownPieceFolders().prefix + "/libexec/tavrel/tavrel-uninstall-helper"};
+  return {"pkexec", installationFolders().prefix + "/libexec/tavrel/tavrel-uninstall-helper"};
 }
 
 } // namespace tavrel

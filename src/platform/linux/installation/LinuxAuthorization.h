@@ -7,9 +7,9 @@
 
 namespace tavrel {
 
-/// Rights through the desktop's rights service (polkit): its program starts our helper, once, when
-/// the person has given an administrator's word for the action qorvane.tavrel.uninstall. All that
-/// can be done with them is to remove the installed pieces, by "/bin/rm" "-rf" and their paths.
+/// Rights through polkit: pkexec asks for an administrator's password for the action
+/// qorvane.tavrel.uninstall and starts our helper, once. The only tool that the helper stands in
+/// for is "/bin/rm" "-rf" with the path of an installed component.
 class LinuxAuthorization final : public Authorization {
 public:
   /// The command that starts the helper with the rights.

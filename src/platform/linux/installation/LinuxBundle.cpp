@@ -30,16 +30,16 @@ std::vector<std::string> availableLocalizations(const fs::path& folder) {
   return names;
 }
 
-std::string variable(const char* name) {
+std::string environment(const char* name) {
   const char* value = std::getenv(name);
   return value ? value : "";
 }
 
 std::vector<std::string> wantedLanguages() {
-  std::string wanted = variable("LANGUAGE");
+  std::string wanted = environment("LANGUAGE");
   for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
     if (wanted.empty())
-      wanted = variable(name);
+      wanted = environment(name);
   std::vector<std::string> languages;
   std::istringstream list(wanted);
   for (std::string language; std::getline(list, language, ':');)
@@ -48,7 +48,7 @@ std::vector<std::string> wantedLanguages() {
 }
 
 // The names a localization of a locale may have, best first.
-std::vector<std::string> candidates(std::string locale) {
+std::vector<std::string> localizationNames(std::string locale) {
   locale = locale.substr(0, locale.find_first_of(".@"));
   std::replace(locale.begin(), locale.end(), '_', '-');
   if (locale == "C" || locale == "POSIX")
@@ -74,9 +74,10 @@ std::vector<std::string> matchingLocalizations(const std::vector<std::string>& w
                                                const std::vector<std::string>& available) {
   std::vector<std::string> found;
   for (const std::string& locale : wanted)
-    for (const std::string& name : candidates(locale)) {
-      const bool there = std::find(available.begin(), available.end(), name) != available.end();
-      if (there && std::find(found.begin(), found.end(), name) == found.end())
+    for (const std::string& name : localizationNames(locale)) {
+      const bool isAvailable =
+          std::find(available.begin(), available.end(), name) != available.end();
+      if (isAvailable && std::find(found.begin(), found.end(), name) == found.end())
         found.push_back(name);
     }
   return found;
@@ -119,8 +120,8 @@ std::optional<std::string> LinuxBundle::resourcePath(const std::string& name,
   if ((name + type).find('/') != std::string::npos)
     return std::nullopt;
   std::error_code ignored;
-  for (const char* room : {"", "images", "sounds", "scripts"}) {
-    const fs::path path = fs::path(folder_) / room / (name + "." + type);
+  for (const char* subfolder : {"", "images", "sounds", "scripts"}) {
+    const fs::path path = fs::path(folder_) / subfolder / (name + "." + type);
     if (fs::is_regular_file(path, ignored))
       return path.string();
   }

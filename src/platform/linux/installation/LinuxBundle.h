@@ -9,7 +9,7 @@ namespace tavrel {
 /// Localizable.strings (an XML property list), sounds, scripts.
 class LinuxBundle final : public Bundle {
 public:
-  /// The person's languages are read from the environment, once.
+  /// The user's languages are read from the environment, once.
   explicit LinuxBundle(std::string folder);
 
   std::string localizedString(const std::string& key) override;
@@ -26,9 +26,9 @@ private:
   PropertyList::Dictionary strings_;
 };
 
-/// The localizations a person wants, best first, out of those there are: by $LANGUAGE (a list),
-/// else $LC_ALL, $LC_MESSAGES or $LANG. A region falls back to its language ("de_AT" to "de");
-/// Chinese goes by its script ("zh_CN" to "zh-Hans", "zh_TW" to "zh-Hant").
+/// The localizations that the user wants, best first, out of those available: by $LANGUAGE (a
+/// list), else $LC_ALL, $LC_MESSAGES or $LANG. A region falls back to its language ("de_AT" to
+/// "de"); Chinese goes by its script ("zh_CN" to "zh-Hans", "zh_TW" to "zh-Hant").
 [[nodiscard]] std::vector<std::string>
 matchingLocalizations(const std::vector<std::string>& wanted,
                       const std::vector<std::string>& available);

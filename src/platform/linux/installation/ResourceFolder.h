@@ -4,9 +4,8 @@
 
 namespace tavrel {
 
-/// Where the program's images, sounds and texts are: $TAVREL_RESOURCES when set, else
-/// share/tavrel beside the program's bin folder when it is installed, else the folder of the
-/// build tree.
+/// Where the program's images, sounds and texts are: $TAVREL_RESOURCES when set; else, when it is
+/// installed, share/tavrel beside the bin folder; else the resources of the build tree.
 [[nodiscard]] std::string resourceFolder();
 
 } // namespace tavrel

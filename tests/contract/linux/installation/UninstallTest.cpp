@@ -1,4 +1,4 @@
-#include "platform/linux/installation/InstalledPieces.h"
+#include "platform/linux/installation/InstalledComponents.h"
 #include "platform/linux/installation/LinuxAuthorization.h"
 #include "platform/linux/session/LinuxSystemEvents.h"
 #include "platform/linux/transfers/SafeRemoval.h"
@@ -86,22 +86,22 @@ TEST_F(Removal, FoldersOfAnyDepthEndInOrder) {
   EXPECT_FALSE(isThere("base/deep"));
 }
 
-TEST(Pieces, AreKnownByTheirPathsAlone) {
-  EXPECT_EQ(installedPiece("/Library/Contextual Menu Items/Tavrel.plugin", "/home/me"),
-            InstalledPiece::systemPlugin);
-  EXPECT_EQ(installedPiece("/home/me/Library/PreferencePanes/TavrelPref.prefPane", "/home/me"),
-            InstalledPiece::personPane);
+TEST(InstalledComponents, AreKnownByTheirPathsAlone) {
+  EXPECT_EQ(installedComponent("/Library/Contextual Menu Items/Tavrel.plugin", "/home/me"),
+            InstalledComponent::systemPlugin);
+  EXPECT_EQ(installedComponent("/home/me/Library/PreferencePanes/TavrelPref.prefPane", "/home/me"),
+            InstalledComponent::userPane);
   for (const char* path : {"", "/", "/etc/passwd", "/Library",
                            "/home/you/Library/PreferencePanes/"
                            "TavrelPref.prefPane"})
-    EXPECT_EQ(installedPiece(path, "/home/me"), std::nullopt) << path;
+    EXPECT_EQ(installedComponent(path, "/home/me"), std::nullopt) << path;
 }
 
-TEST(Pieces, AreNamedBackAndForth) {
-  for (const auto piece : {InstalledPiece::systemPlugin, InstalledPiece::personPlugin,
-                           InstalledPiece::systemPane, InstalledPiece::personPane})
-    EXPECT_EQ(pieceNamed(pieceName(piece)), piece);
-  EXPECT_EQ(pieceNamed("everything"), std::nullopt);
+TEST(InstalledComponents, AreNamedBackAndForth) {
+  for (const auto component : {InstalledComponent::systemPlugin, InstalledComponent::userPlugin,
+                               InstalledComponent::systemPane, InstalledComponent::userPane})
+    EXPECT_EQ(componentNamed(componentName(component)), component);
+  EXPECT_EQ(componentNamed("everything"), std::nullopt);
 }
 
 constexpr std::uint32_t asking = authorizationFlag::interactionAllowed |
@@ -113,10 +113,11 @@ protected:
   Rights() {
     fs::create_directories(folder.path("usr/libexec/tavrel"));
     fs::copy_file(TAVREL_UNINSTALL_HELPER, helper);
-    for (const char* piece : {"usr/lib/tavrel/Tavrel.plugin", "usr/lib/tavrel/TavrelPref.prefPane",
-                              "home/.local/lib/tavrel/Tavrel.plugin",
-                              "home/.local/lib/tavrel/TavrelPref.prefPane", "usr/lib/other"})
-      fs::create_directories(folder.path(piece) + "/inside");
+    for (const char* component :
+         {"usr/lib/tavrel/Tavrel.plugin", "usr/lib/tavrel/TavrelPref.prefPane",
+          "home/.local/lib/tavrel/Tavrel.plugin", "home/.local/lib/tavrel/TavrelPref.prefPane",
+          "usr/lib/other"})
+      fs::create_directories(folder.path(component) + "/inside");
     authority("exec \"$@\"");
   }
 
