@@ -30,7 +30,7 @@ const QString applicationDescription = QStringLiteral(R"(    <method name="Activ
 
 ApplicationService::ApplicationService(BusObject& object) : object_(object) {
   const auto activate = [this](const QVariantList&) -> BusAnswer {
-    ask();
+    requestPopup();
     return QVariantList();
   };
   object_.offer({applicationInterfaceName,
@@ -45,15 +45,15 @@ ApplicationService::~ApplicationService() {
   object_.withdraw(applicationInterfaceName);
 }
 
-void ApplicationService::ask() {
+void ApplicationService::requestPopup() {
   if (state_ != State::idle)
     return;
-  state_ = State::asked;
-  QTimer::singleShot(0, this, [this] { serve(); });
+  state_ = State::requested;
+  QTimer::singleShot(0, this, [this] { showPopup(); });
 }
 
-void ApplicationService::serve() {
-  state_ = State::atWork;
+void ApplicationService::showPopup() {
+  state_ = State::serving;
   if (provider_ && !QApplication::activePopupWidget())
     provider_->invokeTavrelPopup(nullptr, {}, nullptr);
   state_ = State::idle;

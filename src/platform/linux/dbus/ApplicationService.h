@@ -7,9 +7,10 @@ namespace tavrel {
 class BusObject;
 class ServicesProvider;
 
-/// Our own service, as the desktop asks for it (org.freedesktop.Application): every way to start us
-/// once more asks for the pop-up. The caller is answered first; the provider is called from the
-/// event loop, once however often it was asked for meanwhile, and never while a menu is open.
+/// org.freedesktop.Application for this program: the desktop calls it when the user starts us a
+/// second time, and each of its methods opens the pop-up menu. The caller is answered first; the
+/// provider is called from the event loop, once for all requests that came meanwhile, and never
+/// while a menu is open.
 class ApplicationService final : public QObject {
 public:
   /// The object must outlive this.
@@ -19,9 +20,9 @@ public:
   void setProvider(ServicesProvider* provider) { provider_ = provider; }
 
 private:
-  enum class State { idle, asked, atWork };
-  void ask();
-  void serve();
+  enum class State { idle, requested, serving };
+  void requestPopup();
+  void showPopup();
 
   BusObject& object_;
   ServicesProvider* provider_ = nullptr;

@@ -10,7 +10,7 @@
 
 namespace tavrel {
 
-/// Why a request on the bus got nothing.
+/// The error that a request on the bus is answered with.
 struct BusError {
   QDBusError::ErrorType type = QDBusError::Failed;
   QString message;
@@ -19,20 +19,20 @@ struct BusError {
 /// The values of an answer, or an error.
 using BusAnswer = std::variant<QVariantList, BusError>;
 
-/// A method: called with arguments of just that signature.
+/// A method, called only with arguments of its signature.
 struct BusMethod {
   QString name;
   QString signature;
   std::function<BusAnswer(const QVariantList& arguments)> call;
 };
 
-/// A property that can be read: its answer is one value, a QDBusVariant for a property of type v.
+/// A read-only property: its answer is one value, a QDBusVariant for a property of type v.
 struct BusProperty {
   QString name;
   std::function<BusAnswer()> read;
 };
 
-/// What others can ask under one name.
+/// A D-Bus interface of an object of ours.
 struct BusInterface {
   QString name;
   QString description; ///< methods and properties in the XML of introspection

@@ -13,8 +13,8 @@ namespace {
 
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
-// A request may leave out the name of the interface.
-bool isAsked(const BusInterface& interface, const QString& name) {
+// A request may leave out the name of the interface; then any interface will do.
+bool isMeant(const BusInterface& interface, const QString& name) {
   return name.isEmpty() || interface.name == name;
 }
 
@@ -23,8 +23,7 @@ template <class Members> auto memberNamed(const Members& members, const QString&
                       [&](const auto& each) { return each.name == name; });
 }
 
-// Qt answers these by itself.
-bool isQtsOwn(const QDBusMessage& message) {
+bool isAnsweredByQt(const QDBusMessage& message) {
   return message.interface() == QLatin1String("org.freedesktop.DBus.Introspectable") ||
          message.interface() == QLatin1String("org.freedesktop.DBus.Peer");
 }
@@ -69,20 +68,20 @@ QString BusObject::introspect(const QString&) const {
 }
 
 bool BusObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-  if (message.type() != QDBusMessage::MethodCallMessage || isQtsOwn(message))
+  if (message.type() != QDBusMessage::MethodCallMessage || isAnsweredByQt(message))
     return false;
   const bool isProperty = message.interface() == propertiesInterface;
-  const BusAnswer answer = isProperty ? property(message) : called(message);
+  const BusAnswer answer = isProperty ? answerProperties(message) : callMethod(message);
   if (message.isReplyRequired())
     connection.send(replyTo(message, answer));
   return true;
 }
 
 // The method is copied: its interface may be withdrawn while it runs.
-BusAnswer BusObject::called(const QDBusMessage& message) const {
+BusAnswer BusObject::callMethod(const QDBusMessage& message) const {
   for (const BusInterface& each : interfaces_) {
     const auto method = memberNamed(each.methods, message.member());
-    if (!isAsked(each, message.interface()) || method == each.methods.end())
+    if (!isMeant(each, message.interface()) || method == each.methods.end())
       continue;
     if (method->signature != message.signature())
       return BusError{QDBusError::InvalidArgs,
@@ -95,16 +94,16 @@ BusAnswer BusObject::called(const QDBusMessage& message) const {
                                                  message.member() + QStringLiteral(" here")};
 }
 
-BusAnswer BusObject::property(const QDBusMessage& message) const {
+BusAnswer BusObject::answerProperties(const QDBusMessage& message) const {
   const QVariantList arguments = message.arguments();
   if (message.member() == QLatin1String("GetAll") && message.signature() == QLatin1String("s"))
     return allProperties(arguments.front().toString());
   const bool isGet =
       message.member() == QLatin1String("Get") && message.signature() == QLatin1String("ss");
   for (const BusInterface& each : interfaces_) {
-    const bool isHere = arguments.size() > 1 && isAsked(each, arguments.front().toString());
-    const auto found =
-        isHere ? memberNamed(each.properties, arguments[1].toString()) : each.properties.end();
+    const bool hasInterface = arguments.size() > 1 && isMeant(each, arguments.front().toString());
+    const auto found = hasInterface ? memberNamed(each.properties, arguments[1].toString())
+                                    : each.properties.end();
     if (found != each.properties.end())
       return isGet ? inVariant(found->read())
                    : BusError{QDBusError::PropertyReadOnly,
@@ -113,15 +112,15 @@ BusAnswer BusObject::property(const QDBusMessage& message) const {
   return BusError{QDBusError::UnknownProperty, QStringLiteral("There is no such property here")};
 }
 
-// One that cannot be read now is left out.
+// A property that cannot be read now is left out.
 BusAnswer BusObject::allProperties(const QString& interface) const {
-  if (std::ranges::none_of(interfaces_, [&](const auto& each) { return isAsked(each, interface); }))
+  if (std::ranges::none_of(interfaces_, [&](const auto& each) { return isMeant(each, interface); }))
     return BusError{QDBusError::UnknownInterface,
                     QStringLiteral("There is no such interface here")};
   QVariantMap all;
   for (const BusInterface& each : interfaces_)
     for (const BusProperty& property :
-         isAsked(each, interface) ? each.properties : std::vector<BusProperty>()) {
+         isMeant(each, interface) ? each.properties : std::vector<BusProperty>()) {
       const BusAnswer answer = property.read();
       if (const auto* values = std::get_if<QVariantList>(&answer))
         all.insert(property.name, values->front());

@@ -7,14 +7,15 @@
 
 namespace tavrel {
 
-/// Our object on the session bus, at `busPath`: the interfaces that are offered at the moment.
-/// Requests are answered one after another from the event loop; what nobody offers is an error.
+/// Our object on the session bus, at `busPath`, with the interfaces that are offered at the moment.
+/// Requests are answered one after another from the event loop; one that no interface has is
+/// answered with an error.
 class BusObject final : public QDBusVirtualObject {
 public:
   BusObject();
   ~BusObject() override;
 
-  /// In place of one of the same name.
+  /// Replaces an interface of the same name.
   void offer(BusInterface interface);
   void withdraw(const QString& name);
 
@@ -22,8 +23,8 @@ public:
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
-  [[nodiscard]] BusAnswer called(const QDBusMessage& message) const;
-  [[nodiscard]] BusAnswer property(const QDBusMessage& message) const;
+  [[nodiscard]] BusAnswer callMethod(const QDBusMessage& message) const;
+  [[nodiscard]] BusAnswer answerProperties(const QDBusMessage& message) const;
   [[nodiscard]] BusAnswer allProperties(const QString& interface) const;
 
   std::vector<BusInterface> interfaces_;

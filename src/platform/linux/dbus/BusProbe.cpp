@@ -29,11 +29,12 @@ std::string valueIn(const std::string& address, std::string_view key) {
   return address.substr(begin, address.find_first_of(",;", begin) - begin);
 }
 
-// "unix:path=/run/...,guid=..." or "unix:abstract=/tmp/...,guid=...": others are not for one desk.
+// "unix:path=/run/...,guid=..." or "unix:abstract=/tmp/...,guid=...". Another transport, as tcp, is
+// not probed and counts as silent.
 std::optional<SocketName> socketIn(const std::string& address) {
   std::string name = valueIn(address, "unix:path=");
-  if (const std::string hidden = valueIn(address, "unix:abstract="); !hidden.empty())
-    name = std::string(1, '\0').append(hidden);
+  if (const std::string abstractName = valueIn(address, "unix:abstract="); !abstractName.empty())
+    name = std::string(1, '\0').append(abstractName);
   SocketName found;
   if (name.empty() || name.size() >= sizeof found.name.sun_path)
     return std::nullopt;
@@ -43,15 +44,16 @@ std::optional<SocketName> socketIn(const std::string& address) {
   return found;
 }
 
-std::string greeting() {
+// The start of the D-Bus handshake: a NUL, then who we are, as hexadecimal digits of the user id.
+std::string authenticationRequest() {
   constexpr std::string_view digits = "0123456789abcdef";
-  std::string words(1, '\0');
-  words += "AUTH EXTERNAL ";
+  std::string message(1, '\0');
+  message += "AUTH EXTERNAL ";
   for (const char digit : std::to_string(::getuid())) {
-    words += digits[static_cast<unsigned char>(digit) >> 4];
-    words += digits[static_cast<unsigned char>(digit) & 15];
+    message += digits[static_cast<unsigned char>(digit) >> 4];
+    message += digits[static_cast<unsigned char>(digit) & 15];
   }
-  return words.append("\r\n");
+  return message.append("\r\n");
 }
 } // namespace
 
@@ -61,8 +63,8 @@ bool busAnswers(const QString& address, const QDeadlineTimer& deadline) {
   if (!name ||
       ::connect(bus.get(), reinterpret_cast<const sockaddr*>(&name->name), name->length) != 0)
     return false;
-  const std::string words = greeting();
-  if (::send(bus.get(), words.data(), words.size(), MSG_NOSIGNAL) < 0)
+  const std::string message = authenticationRequest();
+  if (::send(bus.get(), message.data(), message.size(), MSG_NOSIGNAL) < 0)
     return false;
   pollfd answer{bus.get(), POLLIN, 0};
   const auto left = static_cast<int>(std::max<qint64>(0, deadline.remainingTime()));

@@ -5,8 +5,9 @@
 
 namespace tavrel {
 
-/// Whether a bus at a D-Bus address answers to who we are, by the deadline. The toolkit, once it
-/// connects, waits for as long as it takes, and all its other connections with it.
+/// Whether the bus at a D-Bus address accepts our authentication by the deadline. To be asked
+/// before Qt connects: Qt 6.4 waits without a timeout for a bus that does not answer, and its other
+/// bus connections wait with it.
 [[nodiscard]] bool busAnswers(const QString& address, const QDeadlineTimer& deadline);
 
 } // namespace tavrel

@@ -15,29 +15,29 @@ constexpr int deepestValue = 32;
 
 // A message holds 64 containers inside one another, and a dictionary takes three: the array, its
 // entry, and the variant that holds the next one. A deeper message costs the sender its connection.
-constexpr int deepestSent = 20;
+constexpr int deepestSentValue = 20;
 
-bool isDeeper(const PropertyList& value, int levels) {
+bool isDeeperThan(const PropertyList& value, int levels) {
   if (levels < 0)
     return true;
   if (const PropertyList::Array* elements = value.array())
     return std::any_of(elements->begin(), elements->end(),
-                       [&](const PropertyList& each) { return isDeeper(each, levels - 1); });
+                       [&](const PropertyList& each) { return isDeeperThan(each, levels - 1); });
   if (const PropertyList::Dictionary* entries = value.dictionary())
     return std::any_of(entries->begin(), entries->end(),
-                       [&](const auto& each) { return isDeeper(each.second, levels - 1); });
+                       [&](const auto& each) { return isDeeperThan(each.second, levels - 1); });
   return false;
 }
 
-std::optional<PropertyList> converted(const QVariant& value, int depth);
+std::optional<PropertyList> fromVariant(const QVariant& value, int depth);
 
 std::optional<PropertyList> arrayFrom(const QVariantList& list, int depth) {
   PropertyList::Array elements;
   for (const QVariant& element : list) {
-    auto part = converted(element, depth + 1);
-    if (!part)
+    auto value = fromVariant(element, depth + 1);
+    if (!value)
       return std::nullopt;
-    elements.push_back(*std::move(part));
+    elements.push_back(*std::move(value));
   }
   return elements;
 }
@@ -45,10 +45,10 @@ std::optional<PropertyList> arrayFrom(const QVariantList& list, int depth) {
 std::optional<PropertyList> dictionaryFrom(const QVariantMap& map, int depth) {
   PropertyList::Dictionary entries;
   for (auto entry = map.begin(); entry != map.end(); ++entry) {
-    auto part = converted(entry.value(), depth + 1);
-    if (!part)
+    auto value = fromVariant(entry.value(), depth + 1);
+    if (!value)
       return std::nullopt;
-    entries.insert_or_assign(entry.key().toStdString(), *std::move(part));
+    entries.insert_or_assign(entry.key().toStdString(), *std::move(value));
   }
   return entries;
 }
@@ -75,8 +75,8 @@ QVariantMap entriesOf(const QDBusArgument& argument) {
   return entries;
 }
 
-// What Qt leaves packed: arrays of anything, and dictionaries, here those with string keys.
-std::optional<PropertyList> unpacked(const QDBusArgument& argument, int depth) {
+// What Qt does not convert by itself: arrays, and dictionaries with string keys.
+std::optional<PropertyList> fromArgument(const QDBusArgument& argument, int depth) {
   if (argument.currentType() == QDBusArgument::ArrayType)
     return arrayFrom(elementsOf(argument), depth);
   if (argument.currentType() == QDBusArgument::MapType &&
@@ -91,13 +91,13 @@ std::optional<PropertyList> integerFrom(quint64 value) {
   return static_cast<std::int64_t>(value);
 }
 
-std::optional<PropertyList> converted(const QVariant& value, int depth) {
+std::optional<PropertyList> fromVariant(const QVariant& value, int depth) {
   if (depth > deepestValue)
     return std::nullopt;
   if (value.metaType() == QMetaType::fromType<QDBusVariant>())
-    return converted(value.value<QDBusVariant>().variant(), depth);
+    return fromVariant(value.value<QDBusVariant>().variant(), depth);
   if (value.metaType() == QMetaType::fromType<QDBusArgument>())
-    return unpacked(value.value<QDBusArgument>(), depth);
+    return fromArgument(value.value<QDBusArgument>(), depth);
   switch (value.typeId()) {
   case QMetaType::Bool:
     return value.toBool();
@@ -128,7 +128,7 @@ std::optional<PropertyList> converted(const QVariant& value, int depth) {
   }
 }
 
-QVariant sent(const PropertyList& value) {
+QVariant toVariant(const PropertyList& value) {
   switch (value.kind()) {
   case PropertyList::Kind::boolean:
     return *value.boolean();
@@ -146,13 +146,13 @@ QVariant sent(const PropertyList& value) {
   case PropertyList::Kind::array: {
     QVariantList list;
     for (const PropertyList& element : *value.array())
-      list.append(sent(element));
+      list.append(toVariant(element));
     return list;
   }
   case PropertyList::Kind::dictionary: {
     QVariantMap map;
     for (const auto& [key, entry] : *value.dictionary())
-      map.insert(QString::fromStdString(key), sent(entry));
+      map.insert(QString::fromStdString(key), toVariant(entry));
     return map;
   }
   }
@@ -162,13 +162,13 @@ QVariant sent(const PropertyList& value) {
 } // namespace
 
 std::optional<PropertyList> propertyListFromDBus(const QVariant& value) {
-  return converted(value, 0);
+  return fromVariant(value, 0);
 }
 
 std::optional<QVariant> dbusFromPropertyList(const PropertyList& value) {
-  if (isDeeper(value, deepestSent))
+  if (isDeeperThan(value, deepestSentValue))
     return std::nullopt;
-  return sent(value);
+  return toVariant(value);
 }
 
 } // namespace tavrel

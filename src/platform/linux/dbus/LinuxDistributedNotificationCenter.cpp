@@ -17,8 +17,8 @@ constexpr const char* centerInterface = "qorvane.tavrel.DistributedNotifications
 constexpr const char* signalName = "Posted";
 constexpr const char* signature = "ssa{sv}";
 
-// Qt holds back what reaches the shared connection before the event loop starts, and lets later
-// messages overtake it. A connection of our own keeps the order.
+// Qt 6.4 holds back signals that reach the shared connection before the event loop starts, and lets
+// later ones overtake them. A connection of our own keeps the order.
 QDBusConnection ownConnection() {
   return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
                                        LinuxDistributedNotificationCenter::connectionName);

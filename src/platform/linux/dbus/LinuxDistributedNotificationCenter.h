@@ -16,14 +16,15 @@ class DBusSignalReceiver;
 /// information: "ssa{sv}") of the interface qorvane.tavrel.DistributedNotifications at the path
 /// /qorvane/tavrel/DistributedNotifications, from whatever sender. An empty object is none.
 /// Messages of another signature are ignored with a line on standard error. What arrives while a
-/// handler runs an event loop of its own waits until that handler is back, and what arrives while a
-/// menu is open until it has closed: handlers may change the menu.
+/// handler runs an event loop of its own waits until that handler returns; what arrives while a
+/// menu is open waits until it has closed, for handlers may change the menu.
 class LinuxDistributedNotificationCenter final : public NotificationCenter {
 public:
   /// The name, inside this process, of the connection that the signals use.
   static constexpr const char* connectionName = "tavrel.notifications";
 
-  /// `isHeldBack` is asked before each delivery; whoever says yes calls `resume` later.
+  /// `isHeldBack` is asked before each delivery: while it answers true, notifications wait until
+  /// `resume` is called.
   explicit LinuxDistributedNotificationCenter(std::function<bool()> isHeldBack = [] {
     return false;
   });
@@ -36,10 +37,10 @@ public:
   void removeObserver(ObserverId observer) override { center_.removeObserver(observer); }
   void post(const Notification& notification) override;
 
-  /// Delivers inside this process alone, in its turn.
+  /// Delivers to the observers of this process alone, after the notifications that wait.
   void deliver(Notification notification);
 
-  /// What was held back is delivered, from the event loop.
+  /// Delivers what was held back, from the event loop.
   void resume();
 
 private:

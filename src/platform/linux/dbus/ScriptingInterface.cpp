@@ -10,7 +10,7 @@ namespace tavrel {
 
 namespace {
 
-// The bus carries no array of more than 64 MiB; who tries is thrown off it.
+// D-Bus allows arrays of 64 MiB at most; who sends a longer one is disconnected.
 constexpr std::size_t longestBusValue = std::size_t{48} << 20;
 
 const QString scriptingDescription = QStringLiteral(R"(    <method name="CopyToClipboard"/>
@@ -29,7 +29,7 @@ const QString scriptingDescription = QStringLiteral(R"(    <method name="CopyToC
     <annotation name="org.freedesktop.DBus.Property.EmitsChangedSignal" value="false"/>
 )");
 
-// The bus takes no text with a null character.
+// D-Bus allows no NUL in a text.
 QString busText(const std::string& text) {
   return QString::fromStdString(text).replace(QChar::Null, QChar::ReplacementCharacter);
 }
@@ -43,8 +43,8 @@ QStringList busTexts(const PropertyList::Array& array) {
 }
 
 std::size_t busSize(const PropertyList& value) {
-  constexpr std::size_t around = 16;
-  std::size_t size = around;
+  constexpr std::size_t overhead = 16;
+  std::size_t size = overhead;
   if (const std::string* text = value.string())
     size += text->size();
   if (const Bytes* data = value.data())

@@ -6,9 +6,9 @@ namespace tavrel {
 
 class ScriptableApplication;
 
-/// `qorvane.tavrel.Scripting`: the application's commands and properties on the bus. What would be
-/// too long for a message is an error. The application must outlive the interface; `uninstall` is
-/// asked for the removal, and the caller is answered before that is over.
+/// `qorvane.tavrel.Scripting`: the application's commands and properties on the bus. A value that
+/// is too long for a message is answered with an error. The application must outlive the interface;
+/// `uninstall` starts the removal and returns, so that the caller is answered before it is over.
 [[nodiscard]] BusInterface scriptingInterface(ScriptableApplication& application,
                                               std::function<void()> uninstall);
 

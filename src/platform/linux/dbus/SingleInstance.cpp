@@ -10,7 +10,7 @@ namespace tavrel {
 
 namespace {
 Q_LOGGING_CATEGORY(instanceLog, "tavrel.instance")
-constexpr int longestAnswer = 5000; ///< milliseconds
+constexpr int answerTimeoutMsecs = 5000;
 } // namespace
 
 SingleInstance::SingleInstance() {
@@ -32,7 +32,8 @@ bool SingleInstance::askFirstToPopUp() const {
       busName, busPath, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
   call.setAutoStartService(false);
   call << QVariantMap();
-  const QDBusMessage answer = QDBusConnection::sessionBus().call(call, QDBus::Block, longestAnswer);
+  const QDBusMessage answer =
+      QDBusConnection::sessionBus().call(call, QDBus::Block, answerTimeoutMsecs);
   return answer.type() == QDBusMessage::ReplyMessage;
 }
 

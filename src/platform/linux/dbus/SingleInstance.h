@@ -2,7 +2,7 @@
 
 namespace tavrel {
 
-/// Holds the program's name on the session bus, which one process of a session can hold.
+/// Registers the program's name on the session bus, which one process of a session can have.
 class SingleInstance final {
 public:
   SingleInstance();
