@@ -8,7 +8,7 @@
 
 namespace tavrel {
 
-/// Something else an application offers: "New Window" and the like.
+/// An additional action of an application, as "New Window".
 struct DesktopAction {
   std::string id;
   std::string name; ///< in the locale asked for
@@ -18,7 +18,7 @@ struct DesktopAction {
 
 /// A file in the freedesktop.org Desktop Entry format, version 1.5. Every text is empty, every
 /// list empty and every boolean false when its key is missing. Texts are unescaped, but for the
-/// quoting and field codes of a command line. Bytes that are not UTF-8 are kept as they are.
+/// quoting and field codes of a command line. Bytes that are not UTF-8 are kept.
 struct DesktopEntry {
   using Group = std::map<std::string, std::string, std::less<>>;
   /// By group name, then key (localized ones with their bracket: "Name[de]"); values as written.
@@ -40,7 +40,7 @@ struct DesktopEntry {
   [[nodiscard]] std::vector<std::string> mimeTypes() const { return list("MimeType"); }
   [[nodiscard]] std::vector<std::string> categories() const { return list("Categories"); }
   [[nodiscard]] bool noDisplay() const { return boolean("NoDisplay"); }
-  /// The entry counts as deleted.
+  /// The user deleted the entry: it hides one of the same name in a lesser folder.
   [[nodiscard]] bool hidden() const { return boolean("Hidden"); }
   [[nodiscard]] std::vector<std::string> onlyShowIn() const { return list("OnlyShowIn"); }
   [[nodiscard]] std::vector<std::string> notShowIn() const { return list("NotShowIn"); }
@@ -61,8 +61,7 @@ struct DesktopEntry {
 /// (many times the largest in use).
 [[nodiscard]] std::optional<DesktopEntry> loadDesktopEntry(const std::string& path);
 
-/// The locale of messages as the environment tells it: LC_ALL, LC_MESSAGES, LANG, in this order;
-/// empty for none.
+/// The locale of messages: the first of LC_ALL, LC_MESSAGES and LANG that is set; empty for none.
 [[nodiscard]] std::string messagesLocale();
 
 } // namespace tavrel

@@ -22,7 +22,7 @@ constexpr int mostLevels = 3;
 constexpr int mostNames = 20'000;
 constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
 
-template <class Number> bool takeNumber(std::string_view& text, char end, Number& number) {
+template <class Number> bool parseNumber(std::string_view& text, char end, Number& number) {
   const auto [next, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || next == text.data() + text.size() || *next != end)
     return false;
@@ -48,10 +48,10 @@ std::vector<SearchedName> searchedNames(const std::string& folder, int most) {
   return names;
 }
 
-/// Goes through folders level by level, so that the nearest places come first.
-class Search {
+/// Searches folders breadth first, so that the nearest places come first.
+class BreadthFirstSearch {
 public:
-  explicit Search(const BookmarkedIdentity& wanted) : wanted_(wanted) {}
+  explicit BreadthFirstSearch(const BookmarkedIdentity& wanted) : wanted_(wanted) {}
 
   void add(const std::string& folder) {
     if (const auto identity = fileIdentity(folder))
@@ -59,40 +59,41 @@ public:
   }
 
   std::optional<std::string> run() {
-    while (!pending_.empty() && names_ < mostNames) {
-      const Place place = std::move(pending_.front());
+    while (!pending_.empty() && searchedNames_ < mostNames) {
+      const PendingFolder place = std::move(pending_.front());
       pending_.pop_front();
-      if (auto found = lookThrough(place))
+      if (auto found = searchFolder(place))
         return found;
     }
     return std::nullopt;
   }
 
 private:
-  struct Place {
+  struct PendingFolder {
     std::string folder;
     std::uint64_t device;
     int level;
   };
 
-  void add(Place place, const BookmarkedIdentity& identity) {
+  void add(PendingFolder place, const BookmarkedIdentity& identity) {
     if (seen_.insert({identity.device, identity.inode}).second)
       pending_.push_back(std::move(place));
   }
 
-  /// A moved file stays on its file system: others, which may be slow or far away, are left alone.
-  void descend(const Place& place, const std::string& path) {
+  /// A file that was renamed is still on its file system. Others may be slow or remote: they are
+  /// not searched.
+  void descend(const PendingFolder& place, const std::string& path) {
     const auto identity = place.level + 1 < mostLevels ? fileIdentity(path) : std::nullopt;
     if (identity && identity->device == place.device)
       add({path, place.device, place.level + 1}, *identity);
   }
 
-  std::optional<std::string> lookThrough(const Place& place) {
-    const int most = mostNames - names_;
+  std::optional<std::string> searchFolder(const PendingFolder& place) {
+    const int most = mostNames - searchedNames_;
     const auto names =
         askPatiently(place.folder, FinalLink::follow, std::vector<SearchedName>(),
                      [folder = place.folder, most] { return searchedNames(folder, most); });
-    names_ += std::max(static_cast<int>(names.size()), 1);
+    searchedNames_ += std::max(static_cast<int>(names.size()), 1);
     for (const SearchedName& name : names) {
       std::string path = appendingPathComponent(place.folder, name.name);
       if (isWanted(name, path))
@@ -103,7 +104,7 @@ private:
     return std::nullopt;
   }
 
-  /// The number in the listing decides nearly always, without a look at the file.
+  /// The inode number in the listing nearly always rules a name out, without a stat of the file.
   bool isWanted(const SearchedName& name, const std::string& path) const {
     if (name.inode != wanted_.inode)
       return false;
@@ -112,9 +113,9 @@ private:
   }
 
   BookmarkedIdentity wanted_;
-  std::deque<Place> pending_;
+  std::deque<PendingFolder> pending_;
   std::set<std::pair<std::uint64_t, std::uint64_t>> seen_;
-  int names_ = 0;
+  int searchedNames_ = 0;
 };
 
 std::optional<BookmarkedIdentity> identityNow(const std::string& path) {
@@ -163,8 +164,8 @@ std::optional<FileBookmark> bookmarkFromData(const Bytes& data) {
   text.remove_prefix(heading.size());
   FileBookmark bookmark;
   BookmarkedIdentity& identity = bookmark.identity;
-  if (!takeNumber(text, ' ', identity.device) || !takeNumber(text, ' ', identity.inode) ||
-      !takeNumber(text, '\n', identity.birth) || !text.starts_with('/'))
+  if (!parseNumber(text, ' ', identity.device) || !parseNumber(text, ' ', identity.inode) ||
+      !parseNumber(text, '\n', identity.birth) || !text.starts_with('/'))
     return std::nullopt;
   bookmark.path = text;
   return bookmark;
@@ -178,7 +179,7 @@ std::optional<std::string> findBookmarked(const FileBookmark& bookmark,
   if (bookmark.identity.inode == 0)
     return there ? std::optional(bookmark.path) : std::nullopt;
   const std::string folder = nearestFolder(deletingLastPathComponent(bookmark.path));
-  Search search(bookmark.identity);
+  BreadthFirstSearch search(bookmark.identity);
   search.add(folder);
   search.add(deletingLastPathComponent(folder));
   for (const std::string& other : folders)

@@ -9,18 +9,19 @@
 
 namespace tavrel {
 
-/// What tells a file from all others.
+/// What distinguishes a file from all others, after a restart of the machine, too.
 struct BookmarkedIdentity {
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
   std::int64_t birth = 0; ///< nanoseconds since 1970; 0 where the file system keeps none
 };
 
-/// Whether both are one file. Numbers of devices change from start to start, so that they count
-/// only where there is no birth time.
+/// Whether both are one file. Device numbers may change when the machine restarts, so that they are
+/// compared only where there is no birth time.
 [[nodiscard]] bool sameFile(const BookmarkedIdentity& a, const BookmarkedIdentity& b);
 
-/// Of a path itself, a symbolic link at its end not followed; nothing when nothing is there.
+/// The identity of what is at a path; a symbolic link at its end is not followed. Nothing when
+/// nothing is there.
 [[nodiscard]] std::optional<BookmarkedIdentity> fileIdentity(const std::string& path);
 
 struct FileBookmark {

@@ -8,8 +8,8 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::seconds kept{1};
-constexpr std::size_t mostFolders = 64;
+constexpr std::chrono::seconds cacheTime{1};
+constexpr std::size_t mostCachedFolders = 64;
 constexpr std::size_t largestHiddenList = std::size_t{1} << 20; // bytes
 
 std::set<std::string, std::less<>> readNames(std::string_view folder) {
@@ -31,18 +31,18 @@ bool HiddenNames::hides(std::string_view path) {
   if (slash == std::string_view::npos || path.size() == 1)
     return false;
   const std::string_view name = path.substr(slash + 1);
-  return name.starts_with('.') || name.ends_with('~') || listed(path.substr(0, slash), name);
+  return name.starts_with('.') || name.ends_with('~') || isListed(path.substr(0, slash), name);
 }
 
-bool HiddenNames::listed(std::string_view folder, std::string_view name) {
+bool HiddenNames::isListed(std::string_view folder, std::string_view name) {
   const Time now = std::chrono::steady_clock::now();
-  auto known = folders_.find(folder);
-  if (known == folders_.end() || now - known->second.read > kept) {
-    if (folders_.size() >= mostFolders)
+  auto cached = folders_.find(folder);
+  if (cached == folders_.end() || now - cached->second.readAt > cacheTime) {
+    if (folders_.size() >= mostCachedFolders)
       folders_.clear();
-    known = folders_.insert_or_assign(std::string(folder), Folder{now, readNames(folder)}).first;
+    cached = folders_.insert_or_assign(std::string(folder), Folder{now, readNames(folder)}).first;
   }
-  return known->second.names.contains(name);
+  return cached->second.names.contains(name);
 }
 
 } // namespace tavrel

@@ -8,20 +8,20 @@
 
 namespace tavrel {
 
-/// What people do not want to see: names that begin with a full stop, backups ("name~") and the
-/// names that a folder lists in its file ".hidden", one a line. What a folder says is kept for a
-/// second, since a whole listing asks about each of its names.
+/// Names that file managers hide: those that begin with a full stop, backups ("name~") and those
+/// that the folder lists in its file ".hidden", one a line. That file is cached for a second, since
+/// browsing asks about every name of a folder.
 class HiddenNames {
 public:
-  /// Goes by the last component of the path as it is written.
+  /// Whether the last component of the path is hidden; links in the path are not resolved.
   [[nodiscard]] bool hides(std::string_view path);
 
 private:
-  [[nodiscard]] bool listed(std::string_view folder, std::string_view name);
+  [[nodiscard]] bool isListed(std::string_view folder, std::string_view name);
 
   using Time = std::chrono::steady_clock::time_point;
   struct Folder {
-    Time read;
+    Time readAt;
     std::set<std::string, std::less<>> names;
   };
   std::map<std::string, Folder, std::less<>> folders_;

@@ -13,11 +13,11 @@
 namespace tavrel {
 
 namespace {
-/// Folders that applications write as one document or plug-in.
-constexpr std::array<std::string_view, 16> packageEndings{
+/// Extensions of folders that applications write as one document or plug-in.
+constexpr std::array<std::string_view, 16> packageExtensions{
     "bundle", "framework", "key",           "kext", "mpkg",  "numbers", "pages", "pkg",
     "plugin", "prefpane",  "photoslibrary", "rtfd", "scptd", "service", "wdgt",  "xcodeproj"};
-constexpr unsigned int anyoneRuns = S_IXUSR | S_IXGRP | S_IXOTH;
+constexpr unsigned int executableByAnyone = S_IXUSR | S_IXGRP | S_IXOTH;
 constexpr std::size_t elfTypeEnd = 18; // the ELF header's e_type are its bytes 16 and 17
 
 std::string_view lastName(std::string_view path) {
@@ -26,8 +26,8 @@ std::string_view lastName(std::string_view path) {
   return path.substr(path.rfind('/') + 1);
 }
 
-/// The ending in small letters, without its full stop; empty for none.
-std::string ending(std::string_view path) {
+/// The extension in small letters, without its full stop; empty for none.
+std::string lowerCaseExtension(std::string_view path) {
   const std::string_view name = lastName(path);
   const std::size_t stop = name.rfind('.');
   if (stop == std::string_view::npos || stop == 0)
@@ -38,9 +38,9 @@ std::string ending(std::string_view path) {
   return result;
 }
 
-std::optional<FileStatus> statusNow(const std::string& path, LinkMode link) {
+std::optional<FileStatus> statusNow(const std::string& path, FinalLink link) {
   struct statx status {};
-  const int flags = link == LinkMode::keep ? AT_SYMLINK_NOFOLLOW : 0;
+  const int flags = link == FinalLink::keep ? AT_SYMLINK_NOFOLLOW : 0;
   constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
   if (::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)
     return std::nullopt;
@@ -52,11 +52,12 @@ bool holdsAppRun(const std::string& directory) {
 }
 
 ItemKind kindOfDirectory(const std::string& path) {
-  const std::string end = ending(path);
-  if (end == "app" || end == "appdir" || holdsAppRun(path))
+  const std::string extension = lowerCaseExtension(path);
+  if (extension == "app" || extension == "appdir" || holdsAppRun(path))
     return ItemKind::applicationBundle;
-  const bool registered = std::ranges::find(packageEndings, end) != packageEndings.end();
-  return registered ? ItemKind::package : ItemKind::folder;
+  const bool isPackageFolder =
+      std::ranges::find(packageExtensions, extension) != packageExtensions.end();
+  return isPackageFolder ? ItemKind::package : ItemKind::folder;
 }
 
 ItemKind kindOfEntry(const std::string& path) {
@@ -77,30 +78,30 @@ ItemKind kindOfExecutable(const std::string& path) {
     return ItemKind::script;
   const bool elf = start.size() == elfTypeEnd && start.starts_with("\x7F"
                                                                    "ELF");
-  const int type = elf ? start[16] + start[17] : 0; // one of the two is 0, in either byte order
-  const bool runs = type == 2 || type == 3;         // fixed or position-independent
-  return runs ? ItemKind::program : ItemKind::plainFile;
+  const int type = elf ? start[16] + start[17] : 0; // one byte is 0, whatever the byte order
+  const bool isExecutable = type == 2 || type == 3; // ET_EXEC, or ET_DYN: position-independent
+  return isExecutable ? ItemKind::program : ItemKind::plainFile;
 }
 
 ItemKind kindOfFile(const std::string& path, const FileStatus& status) {
-  const std::string end = ending(path);
-  if (end == "desktop")
+  const std::string extension = lowerCaseExtension(path);
+  if (extension == "desktop")
     return kindOfEntry(path);
-  if (end == "applescript")
+  if (extension == "applescript")
     return ItemKind::script;
-  if (end == "appimage")
+  if (extension == "appimage")
     return ItemKind::program;
-  const bool mayRun = (status.mode & anyoneRuns) && status.size > 2 && !isSharedLibrary(path);
-  return mayRun ? kindOfExecutable(path) : ItemKind::plainFile;
+  const bool mayBeProgram =
+      (status.mode & executableByAnyone) && status.size > 2 && !isSharedLibrary(path);
+  return mayBeProgram ? kindOfExecutable(path) : ItemKind::plainFile;
 }
 
 } // namespace
 
-std::optional<FileStatus> fileStatus(const std::string& path, LinkMode link) {
+std::optional<FileStatus> fileStatus(const std::string& path, FinalLink link) {
   if (path.empty() || path.find('\0') != std::string::npos)
     return std::nullopt;
-  const FinalLink end = link == LinkMode::keep ? FinalLink::keep : FinalLink::follow;
-  return askPatiently(path, end, std::optional<FileStatus>(),
+  return askPatiently(path, link, std::optional<FileStatus>(),
                       [path, link] { return statusNow(path, link); });
 }
 

@@ -26,8 +26,8 @@ std::string percentDecoded(std::string_view text) {
   return result;
 }
 
-/// The part of a file URL from the path's slash on; empty for a URL of another machine.
-std::string_view pathPart(std::string_view url) {
+/// The path of a file URL, still encoded; empty for a URL of another machine.
+std::string_view encodedPath(std::string_view url) {
   url.remove_prefix(fileScheme.size());
   if (!url.starts_with("//"))
     return url;
@@ -49,7 +49,7 @@ std::optional<std::string> linkTarget(const DesktopEntry& entry) {
     return url; // not a URL, but in common use
   if (!url.starts_with(fileScheme))
     return std::nullopt;
-  const std::string path = percentDecoded(pathPart(url));
+  const std::string path = percentDecoded(encodedPath(url));
   const bool usable = path.starts_with('/') && path.find('\0') == std::string::npos;
   return usable ? std::optional(path) : std::nullopt;
 }

@@ -47,7 +47,7 @@ std::optional<std::string> entryName(const std::string& path) {
 
 bool isApplicationFolder(const std::string& path) {
   const auto status =
-      pathExtension(path) == "app" ? fileStatus(path, LinkMode::follow) : std::nullopt;
+      pathExtension(path) == "app" ? fileStatus(path, FinalLink::follow) : std::nullopt;
   return status && S_ISDIR(status->mode);
 }
 
@@ -71,7 +71,7 @@ std::optional<std::string> aliasTarget(const std::string& path) {
 }
 
 FileKind kindNow(const std::string& path) {
-  const auto status = fileStatus(path, LinkMode::follow);
+  const auto status = fileStatus(path, FinalLink::follow);
   if (!status)
     return FileKind::none;
   if (!S_ISDIR(status->mode))
@@ -90,7 +90,7 @@ std::vector<std::string> namesNow(const std::string& path) {
   return names;
 }
 
-std::optional<ItemKind> itemKindNow(const std::string& path, LinkMode link) {
+std::optional<ItemKind> itemKindNow(const std::string& path, FinalLink link) {
   const auto status = fileStatus(path, link);
   return status ? std::optional(itemKind(path, *status)) : std::nullopt;
 }
@@ -99,9 +99,9 @@ std::optional<ItemKind> itemKindNow(const std::string& path, LinkMode link) {
 
 bool LinuxFiles::exists(const std::string& path) {
   if (const auto place = componentLocation(path))
-    return fileStatus(appendingPathComponent(place->folder, place->relativePath), LinkMode::follow)
+    return fileStatus(appendingPathComponent(place->folder, place->relativePath), FinalLink::follow)
         .has_value();
-  return fileStatus(path, LinkMode::follow).has_value();
+  return fileStatus(path, FinalLink::follow).has_value();
 }
 
 FileKind LinuxFiles::kind(const std::string& path) {
@@ -115,7 +115,7 @@ std::vector<std::string> LinuxFiles::list(const std::string& path) {
                       [path] { return namesNow(path); });
 }
 
-/// A name says whether it is invisible, so that it makes no difference what a link leads to.
+/// Only names decide what is invisible here, so that it does not matter where a link leads.
 std::vector<ListedFile> LinuxFiles::browse(const std::string& path, FinalLink) {
   return folderListings_.browse(path);
 }
@@ -147,9 +147,8 @@ std::optional<std::string> LinuxFiles::resolveAlias(const std::string& path) {
 }
 
 std::optional<ItemInformation> LinuxFiles::information(const std::string& path, FinalLink link) {
-  const LinkMode mode = link == FinalLink::keep ? LinkMode::keep : LinkMode::follow;
   const auto kind = askPatiently(path, link, std::optional<ItemKind>(),
-                                 [path, mode] { return itemKindNow(path, mode); });
+                                 [path, link] { return itemKindNow(path, link); });
   if (!kind)
     return std::nullopt;
   const std::uint32_t invisible = hiddenNames_.hides(path) ? itemFlag::invisible : 0;
@@ -162,20 +161,20 @@ std::optional<Bytes> LinuxFiles::bookmark(const std::string& path) {
   return identity ? std::optional(bookmarkData({*identity, path})) : std::nullopt;
 }
 
-/// Neither way of resolving asks or mounts anything here, so that they are the same.
+/// Resolving never asks the user and never mounts here, so that both ways are the same.
 std::optional<std::string> LinuxFiles::resolveBookmark(const Bytes& bookmark, BookmarkResolution) {
-  const auto known = bookmarkFromData(bookmark);
-  const auto path = known ? findBookmarked(*known, userFolders()) : std::nullopt;
+  const auto decoded = bookmarkFromData(bookmark);
+  const auto path = decoded ? findBookmarked(*decoded, userFolders()) : std::nullopt;
   if (!path)
     return std::nullopt;
   const bool plain = kind(*path) == FileKind::plain;
   return fileUrlOfPath(*path, plain ? PathIs::file : PathIs::directory);
 }
 
-/// There are no records of the classic kind here; a bookmark serves as one.
+/// This desktop has no alias records: a bookmark serves as one.
 std::optional<std::string> LinuxFiles::resolveAliasRecord(const Bytes& record, AliasResolution) {
-  const auto known = bookmarkFromData(record);
-  return known ? findBookmarked(*known, userFolders()) : std::nullopt;
+  const auto decoded = bookmarkFromData(record);
+  return decoded ? findBookmarked(*decoded, userFolders()) : std::nullopt;
 }
 
 std::string LinuxFiles::homeDirectory() {

@@ -119,7 +119,7 @@ IconChoice choiceForProgram(const std::string& path, const FileStatus& status) {
 } // namespace
 
 IconChoice chooseIcon(const std::string& path, const SpecialFolders& folders) {
-  const auto status = fileStatus(path, LinkMode::follow);
+  const auto status = fileStatus(path, FinalLink::follow);
   if (!status)
     return {};
   if (S_ISREG(status->mode) && hasEntryEnding(path))

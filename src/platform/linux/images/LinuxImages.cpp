@@ -105,7 +105,7 @@ std::optional<Image> LinuxImages::fromData(const Bytes& data) {
 }
 
 std::optional<Image> LinuxImages::iconForFile(const std::string& path) {
-  if (!path.starts_with('/') || !fileStatus(path, LinkMode::follow))
+  if (!path.starts_with('/') || !fileStatus(path, FinalLink::follow))
     return std::nullopt;
   return fileIcon(path);
 }

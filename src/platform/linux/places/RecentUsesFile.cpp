@@ -28,7 +28,7 @@ std::int64_t nowInNanoseconds() {
 } // namespace
 
 std::vector<RecentUse> readRecentUses(const std::string& path) {
-  if (!fileStatus(path, LinkMode::follow))
+  if (!fileStatus(path, FinalLink::follow))
     return {};
   const auto text = readFile(path, largestBookmarks);
   RecentUses found =

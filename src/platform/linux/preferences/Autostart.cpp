@@ -1,7 +1,7 @@
 #include "platform/linux/preferences/Autostart.h"
 
 #include "base/PathString.h"
-#include "platform/linux/files/EntryText.h"
+#include "platform/linux/files/DesktopEntryEdit.h"
 #include "platform/linux/preferences/AutostartEntry.h"
 #include "platform/linux/system/BoundedFile.h"
 #include "platform/linux/system/FileReplacement.h"
@@ -82,8 +82,8 @@ std::string generatedText(const std::string& path) {
   const bool program =
       fs::is_regular_file(path, ignored) && (mode & fs::perms::owner_exec) != fs::perms::none;
   std::string text = "[Desktop Entry]\nType=Application\nName=";
-  text.append(entryValue(deletingPathExtension(lastPathComponent(path)))).append("\nExec=");
-  return text.append(program ? "" : "xdg-open ").append(execArgument(path)).append("\n");
+  text.append(escapedEntryValue(deletingPathExtension(lastPathComponent(path)))).append("\nExec=");
+  return text.append(program ? "" : "xdg-open ").append(quotedExecArgument(path)).append("\n");
 }
 
 std::string textFor(const std::string& path) {
@@ -93,7 +93,7 @@ std::string textFor(const std::string& path) {
 
 std::string marked(std::string text, const LoginItem& item, long order) {
   text = withEntryKey(std::move(text), "Hidden", std::nullopt);
-  text = withEntryKey(std::move(text), autostartKey::path, entryValue(item.path));
+  text = withEntryKey(std::move(text), autostartKey::path, escapedEntryValue(item.path));
   text =
       withEntryKey(std::move(text), autostartKey::hide, std::string(item.hide ? "true" : "false"));
   return withEntryKey(std::move(text), autostartKey::order, std::to_string(order));

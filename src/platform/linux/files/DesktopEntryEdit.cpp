@@ -1,4 +1,4 @@
-#include "platform/linux/files/EntryText.h"
+#include "platform/linux/files/DesktopEntryEdit.h"
 
 namespace tavrel {
 
@@ -54,8 +54,8 @@ std::string withGroup(std::string text) {
 std::string withEntryKey(std::string text, std::string_view key,
                          const std::optional<std::string>& value) {
   text = withGroup(std::move(text));
-  std::size_t last = groupStart(text); // behind the last line that says something
-  for (EntryLine line = lineAt(text, last); line.start < text.size();
+  std::size_t insertAt = groupStart(text); // behind the last line of the group that is not blank
+  for (EntryLine line = lineAt(text, insertAt); line.start < text.size();
        line = lineAt(text, line.end)) {
     const std::string_view content = contentOf(text, line);
     if (content.starts_with('['))
@@ -64,16 +64,16 @@ std::string withEntryKey(std::string text, std::string_view key,
       text.erase(line.start, line.end - line.start);
       line.end = line.start;
     } else if (!content.empty()) {
-      last = line.end;
+      insertAt = line.end;
     }
   }
   if (!value)
     return text;
-  const std::string before = last > 0 && text[last - 1] != '\n' ? "\n" : "";
-  return text.insert(last, before + std::string(key) + "=" + *value + "\n");
+  const std::string before = insertAt > 0 && text[insertAt - 1] != '\n' ? "\n" : "";
+  return text.insert(insertAt, before + std::string(key) + "=" + *value + "\n");
 }
 
-std::string entryValue(std::string_view text) {
+std::string escapedEntryValue(std::string_view text) {
   std::string value;
   for (const char each : text) {
     if (each == '\n')
@@ -88,14 +88,14 @@ std::string entryValue(std::string_view text) {
   return value;
 }
 
-std::string execArgument(std::string_view path) {
+std::string quotedExecArgument(std::string_view path) {
   std::string quoted = "\"";
   for (const char each : path) {
     if (each == '"' || each == '`' || each == '$' || each == '\\')
       quoted.push_back('\\');
     quoted.append(each == '%' ? 2 : 1, each);
   }
-  return entryValue(quoted.append("\""));
+  return escapedEntryValue(quoted.append("\""));
 }
 
 } // namespace tavrel
