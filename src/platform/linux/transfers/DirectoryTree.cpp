@@ -44,7 +44,7 @@ private:
   }
 
   std::error_code descend(const std::string& name) {
-    visitor_.meetFolder(current_.get(), name);
+    visitor_.beforeOpeningFolder(current_.get(), name);
     FileDescriptor opened(::openat(current_.get(), name.c_str(), openFolderFlags));
     OpenFolder folder{name, {}, identityOf(current_.get()), {}};
     if (!opened.isOpen() || ::fstat(opened.get(), &folder.status) != 0)
@@ -65,7 +65,8 @@ private:
       return lastError();
     const OpenFolder folder = std::move(open_.back());
     open_.pop_back();
-    if (identityOf(parent.get()) != folder.parent) // moved meanwhile: names would mean others
+    if (identityOf(parent.get()) !=
+        folder.parent) // the folder was moved: its name is one in another folder now
       return std::make_error_code(std::errc::resource_unavailable_try_again);
     if (const auto error =
             visitor_.leaveFolder({parent.get(), folder.name, folder.status, current_.get()}))
@@ -81,7 +82,7 @@ private:
 
 class TreeRemover final : public TreeVisitor {
 public:
-  void meetFolder(int parent, const std::string& name) override {
+  void beforeOpeningFolder(int parent, const std::string& name) override {
     ::fchmodat(parent, name.c_str(), S_IRWXU, 0);
   }
   std::error_code visitFile(int parent, const std::string& name, const struct stat&) override {

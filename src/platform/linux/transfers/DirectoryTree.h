@@ -8,7 +8,7 @@
 
 namespace tavrel {
 
-/// What tells one file from all others of a running system.
+/// What distinguishes a file from all others while the machine runs.
 struct FileIdentity {
   dev_t device = 0;
   ino_t inode = 0;
@@ -20,32 +20,32 @@ struct FileIdentity {
   return {status.st_dev, status.st_ino};
 }
 
-/// The identity of an open file; {0, 0} when it cannot be asked.
+/// The identity of an open file; {0, 0} when fstat fails.
 [[nodiscard]] FileIdentity identityOf(int descriptor);
 
 /// The names in a folder, in no order, without "." and "..".
 [[nodiscard]] std::error_code readNames(int folder, std::vector<std::string>& names);
 
-/// A folder met on a walk, and its place: `opened` is the folder itself, readable.
+/// A folder during a walk.
 struct FolderEntry {
-  int parent;
+  int parent; ///< an open folder
   const std::string& name;
   const struct stat& status;
-  int opened;
+  int opened; ///< the folder itself, readable
 };
 
-/// Told of everything in a tree; the first error ends the walk.
+/// Called for everything in a tree; the first error ends the walk.
 class TreeVisitor {
 public:
   virtual ~TreeVisitor() = default;
-  /// Before a folder is opened.
-  virtual void meetFolder(int /*parent*/, const std::string& /*name*/) {}
-  /// Before what is in a folder.
+  /// Before a folder is opened, which its permissions may forbid.
+  virtual void beforeOpeningFolder(int /*parent*/, const std::string& /*name*/) {}
+  /// Before the content of a folder is visited.
   virtual std::error_code enterFolder(const FolderEntry& /*folder*/) { return {}; }
-  /// Anything but a folder; symbolic links are not followed.
+  /// For anything but a folder; symbolic links are not followed.
   virtual std::error_code visitFile(int parent, const std::string& name,
                                     const struct stat& status) = 0;
-  /// After what is in a folder.
+  /// After the content of a folder was visited.
   virtual std::error_code leaveFolder(const FolderEntry& folder) = 0;
 };
 

@@ -10,8 +10,8 @@ namespace tavrel {
 
 namespace {
 
-/// A second name comes into being only where there is none.
-std::error_code renameFile(FolderPlace from, FolderPlace to) {
+/// A hard link under the new name, which fails where that is taken, then the old name is removed.
+std::error_code renameFile(NameInFolder from, NameInFolder to) {
   if (::linkat(from.folder, from.name.c_str(), to.folder, to.name.c_str(), 0) != 0)
     return lastError();
   if (::unlinkat(from.folder, from.name.c_str(), 0) == 0)
@@ -21,8 +21,8 @@ std::error_code renameFile(FolderPlace from, FolderPlace to) {
   return error;
 }
 
-/// A folder replaces nothing but an empty folder, so an empty one reserves the name.
-std::error_code renameFolder(FolderPlace from, FolderPlace to) {
+/// An empty folder reserves the name; rename replaces an empty folder and nothing else.
+std::error_code renameFolder(NameInFolder from, NameInFolder to) {
   if (::mkdirat(to.folder, to.name.c_str(), S_IRWXU) != 0)
     return lastError();
   if (::renameat(from.folder, from.name.c_str(), to.folder, to.name.c_str()) == 0)
@@ -34,7 +34,7 @@ std::error_code renameFolder(FolderPlace from, FolderPlace to) {
 
 } // namespace
 
-std::error_code renameExclusively(FolderPlace from, FolderPlace to) {
+std::error_code renameExclusively(NameInFolder from, NameInFolder to) {
   if (::renameat2(from.folder, from.name.c_str(), to.folder, to.name.c_str(), RENAME_NOREPLACE) ==
       0)
     return {};
@@ -44,7 +44,7 @@ std::error_code renameExclusively(FolderPlace from, FolderPlace to) {
   return unsupported ? renameWithoutKernelHelp(from, to) : error;
 }
 
-std::error_code renameWithoutKernelHelp(FolderPlace from, FolderPlace to) {
+std::error_code renameWithoutKernelHelp(NameInFolder from, NameInFolder to) {
   struct stat status {};
   if (::fstatat(from.folder, from.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
     return lastError();

@@ -6,17 +6,17 @@
 namespace tavrel {
 
 /// A name in an open folder.
-struct FolderPlace {
+struct NameInFolder {
   int folder;
   const std::string& name;
 };
 
-/// Gives a file or folder another place on its file system in one step, which fails with
-/// `file_exists` when anything stands there already, however late it came; with
-/// `cross_device_link` when the places are on different file systems.
-[[nodiscard]] std::error_code renameExclusively(FolderPlace from, FolderPlace to);
+/// Renames a file or folder in one step, never over anything: fails with `file_exists` when the new
+/// name is taken, however late that happened, and with `cross_device_link` when it is on another
+/// file system.
+[[nodiscard]] std::error_code renameExclusively(NameInFolder from, NameInFolder to);
 
-/// The same by other means, for file systems whose renaming always overwrites.
-[[nodiscard]] std::error_code renameWithoutKernelHelp(FolderPlace from, FolderPlace to);
+/// The same without renameat2(RENAME_NOREPLACE), for file systems that do not support it.
+[[nodiscard]] std::error_code renameWithoutKernelHelp(NameInFolder from, NameInFolder to);
 
 } // namespace tavrel

@@ -34,7 +34,7 @@ std::error_code writeAll(int to, const char* data, std::size_t size, off_t at) {
   return {};
 }
 
-/// Up to `size` bytes; fewer at the end of the file alone. -1 for trouble.
+/// Up to `size` bytes; fewer at the end of the file alone. -1 for an error.
 ssize_t readBlock(int from, char* data, std::size_t size, off_t at) {
   std::size_t filled = 0;
   while (filled < size) {
@@ -51,7 +51,7 @@ ssize_t readBlock(int from, char* data, std::size_t size, off_t at) {
   return static_cast<ssize_t>(filled);
 }
 
-/// The next stretch of data at or after a place; all there is on file systems without holes.
+/// A range of data without holes; on file systems that know no holes the whole file.
 struct Extent {
   off_t begin = 0;
   off_t end = 0;
@@ -88,7 +88,7 @@ std::error_code compareBlock(int from, int to, std::vector<char>& block, std::si
 
 using BlockStep = std::error_code (*)(int, int, std::vector<char>&, std::size_t, off_t);
 
-/// Takes one step for every block of data, leaving out the holes.
+/// Calls the step for every block of data; holes are skipped.
 std::error_code forEachBlock(int from, int to, off_t size, BlockStep step) {
   std::vector<char> block(2 * blockSize);
   for (Extent extent = nextExtent(from, 0, size); extent.begin < size;
@@ -110,7 +110,8 @@ std::error_code copyContents(int from, int to, off_t size) {
   return forEachBlock(from, to, size, copyBlock);
 }
 
-/// A file that grew, or that never told its size, has more to read than was copied.
+/// Besides the blocks, whether there is more to read than was copied: the file may have grown, or
+/// report a size of 0, as files in /proc do.
 std::error_code verifyContents(int from, int to, const struct stat& before) {
   struct stat after {};
   char beyond = 0;
@@ -123,8 +124,8 @@ std::error_code verifyContents(int from, int to, const struct stat& before) {
   return forEachBlock(from, to, before.st_size, compareBlock);
 }
 
-std::error_code copyFile(FolderPlace from, FolderPlace to) {
-  // A pipe that took the file's place since must not hold up the opening.
+std::error_code copyFile(NameInFolder from, NameInFolder to) {
+  // O_NONBLOCK, for the file may have been replaced by a pipe, whose opening would block.
   const FileDescriptor source(
       ::openat(from.folder, from.name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
   struct stat status {};
@@ -146,7 +147,7 @@ std::error_code copyFile(FolderPlace from, FolderPlace to) {
   return outcome(copy.close());
 }
 
-std::error_code copyLink(FolderPlace from, const struct stat& status, FolderPlace to) {
+std::error_code copyLink(NameInFolder from, const struct stat& status, NameInFolder to) {
   std::string target(static_cast<std::size_t>(std::max<off_t>(status.st_size, PATH_MAX)) + 1, '\0');
   const ssize_t length = ::readlinkat(from.folder, from.name.c_str(), target.data(), target.size());
   if (length < 0)
@@ -158,7 +159,7 @@ std::error_code copyLink(FolderPlace from, const struct stat& status, FolderPlac
   return {};
 }
 
-std::error_code makeNode(const struct stat& status, FolderPlace to) {
+std::error_code makeNode(const struct stat& status, NameInFolder to) {
   if (::mknodat(to.folder, to.name.c_str(), (status.st_mode & S_IFMT) | S_IRUSR | S_IWUSR,
                 status.st_rdev) != 0)
     return lastError();
@@ -168,7 +169,7 @@ std::error_code makeNode(const struct stat& status, FolderPlace to) {
 
 } // namespace
 
-std::error_code copyNode(FolderPlace from, const struct stat& status, FolderPlace to) {
+std::error_code copyNode(NameInFolder from, const struct stat& status, NameInFolder to) {
   if (S_ISREG(status.st_mode))
     return copyFile(from, to);
   return S_ISLNK(status.st_mode) ? copyLink(from, status, to) : makeNode(status, to);

@@ -25,7 +25,7 @@ Failure failure(const std::string& name, const std::string& reason) {
   return inQuotes(name) + ": " + reason;
 }
 
-Failure failureFrom(const std::string& name, std::error_code error) {
+Failure failureOf(const std::string& name, std::error_code error) {
   return error ? failure(name, error.message()) : std::nullopt;
 }
 
@@ -47,7 +47,8 @@ Failure checkNames(const std::vector<std::string>& names) {
   return std::nullopt;
 }
 
-/// Readable where that is allowed; a folder that may only be entered and written to will do.
+/// Open for reading where that is permitted, else as a path alone: a folder that may be entered and
+/// written to but not listed will do.
 FileDescriptor openFolder(const std::string& path) {
   if (!path.starts_with('/'))
     return FileDescriptor();
@@ -57,7 +58,7 @@ FileDescriptor openFolder(const std::string& path) {
   return folder;
 }
 
-/// A folder and all those it is in, as far as they may be asked.
+/// A folder and all those it is in, as far as that is permitted.
 std::set<FileIdentity> withAncestors(int folder) {
   std::set<FileIdentity> result;
   FileDescriptor current(::dup(folder));
@@ -66,17 +67,18 @@ std::set<FileIdentity> withAncestors(int folder) {
   return result;
 }
 
-/// Moves a folder of our own making, which its copied permissions may forbid even to us.
-std::error_code renameOwn(FolderPlace from, FolderPlace to) {
+/// Renames a copy that we made. A folder whose copied permissions forbid writing cannot be moved,
+/// so that it is made writable for the moment.
+std::error_code renameCopy(NameInFolder from, NameInFolder to) {
   const FileDescriptor folder(
       ::openat(from.folder, from.name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   struct stat status {};
-  const bool closed =
+  const bool isReadOnly =
       folder.isOpen() && ::fstat(folder.get(), &status) == 0 && (status.st_mode & S_IWUSR) == 0;
-  if (closed)
+  if (isReadOnly)
     (void)::fchmod(folder.get(), (status.st_mode & 07777) | S_IWUSR);
   const std::error_code error = renameExclusively(from, to);
-  if (closed)
+  if (isReadOnly)
     (void)::fchmod(folder.get(), status.st_mode & 07777);
   return error;
 }
@@ -93,9 +95,10 @@ public:
     if (const Failure refused = checkPlaces(names))
       return refused;
     Failure failed = operation_ == FileOperation::move ? renameAll(names) : std::nullopt;
-    const std::vector<std::string>& others = operation_ == FileOperation::move ? distant_ : names;
-    if (!failed && !others.empty())
-      failed = copyAll(others);
+    const std::vector<std::string>& toCopy =
+        operation_ == FileOperation::move ? onOtherFileSystem_ : names;
+    if (!failed && !toCopy.empty())
+      failed = copyAll(toCopy);
     return failed ? *failed + undo() : failed;
   }
 
@@ -105,13 +108,13 @@ private:
     for (const std::string& name : names) {
       struct stat status {};
       if (::fstatat(source_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return failureFrom(name, lastError());
+        return failureOf(name, lastError());
       if (S_ISDIR(status.st_mode) && inside.contains(identityOf(status)))
         return failure(name, "a folder cannot go into itself");
       if (::fstatat(destination_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
         return failure(name, "there is one of that name already");
       if (errno != ENOENT)
-        return failureFrom(name, lastError());
+        return failureOf(name, lastError());
     }
     return std::nullopt;
   }
@@ -121,9 +124,9 @@ private:
       const std::error_code error =
           renameExclusively({source_.get(), name}, {destination_.get(), name});
       if (error == std::errc::cross_device_link)
-        distant_.push_back(name);
+        onOtherFileSystem_.push_back(name);
       else if (error)
-        return failureFrom(name, error);
+        return failureOf(name, error);
       else
         renamed_.push_back(name);
     }
@@ -135,17 +138,17 @@ private:
       for (const std::string& name : names)
         if (const auto error = confirmRemovable(source_.get(), name))
           return failure(name, "cannot be removed from its folder: " + error.message());
-    copies_.emplace(destination_.get());
+    copiesFolder_.emplace(destination_.get());
     const StagingFolder links(destination_.get());
-    if (!copies_->isOpen() || !links.isOpen())
-      return failureFrom(destinationPath_, lastError());
-    TreeCopy copy(copies_->folder(), links.folder());
+    if (!copiesFolder_->isOpen() || !links.isOpen())
+      return failureOf(destinationPath_, lastError());
+    TreeCopy copy(copiesFolder_->folder(), links.folder());
     for (const std::string& name : names)
       if (const auto error = copy.copy(source_.get(), name))
-        return failureFrom(name, error);
-    // One call for however many files; it also tells of a disk that filled up behind our back.
-    if (::syncfs(copies_->folder()) != 0)
-      return failureFrom(destinationPath_, lastError());
+        return failureOf(name, error);
+    // One call for all files. It also reports an error of a delayed write, as of a full disk.
+    if (::syncfs(copiesFolder_->folder()) != 0)
+      return failureOf(destinationPath_, lastError());
     if (const Failure failed = placeAll(names))
       return failed;
     return operation_ == FileOperation::move ? removeOriginals(names, copy) : std::nullopt;
@@ -154,63 +157,67 @@ private:
   Failure placeAll(const std::vector<std::string>& names) {
     for (const std::string& name : names) {
       struct stat status {};
-      if (::fstatat(copies_->folder(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return failureFrom(name, lastError());
-      if (const auto error = renameOwn({copies_->folder(), name}, {destination_.get(), name}))
-        return failureFrom(name, error);
+      if (::fstatat(copiesFolder_->folder(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return failureOf(name, lastError());
+      if (const auto error =
+              renameCopy({copiesFolder_->folder(), name}, {destination_.get(), name}))
+        return failureOf(name, error);
       placed_.push_back({name, identityOf(status)});
     }
     (void)::fsync(destination_.get());
     return std::nullopt;
   }
 
-  /// Out of sight first, so that nobody adds to them any more; what was added till then counts.
+  /// Moves the originals to a hidden folder first, so that nobody changes them any more; when one
+  /// was changed until then, the transfer fails.
   Failure removeOriginals(const std::vector<std::string>& names, const TreeCopy& copy) {
-    originals_.emplace(source_.get());
-    if (!originals_->isOpen())
-      return failureFrom(sourcePath_, lastError());
+    originalsFolder_.emplace(source_.get());
+    if (!originalsFolder_->isOpen())
+      return failureOf(sourcePath_, lastError());
     for (const std::string& name : names) {
-      if (const auto error = renameExclusively({source_.get(), name}, {originals_->folder(), name}))
-        return failureFrom(name, error);
-      setAside_.push_back(name);
+      if (const auto error =
+              renameExclusively({source_.get(), name}, {originalsFolder_->folder(), name}))
+        return failureOf(name, error);
+      hiddenOriginals_.push_back(name);
     }
     for (const std::string& name : names)
-      if (const auto error = copy.confirmUnchanged(originals_->folder(), name))
+      if (const auto error = copy.confirmUnchanged(originalsFolder_->folder(), name))
         return failure(name, "changed while it was copied: " + error.message());
-    return removeSetAside();
+    return removeHiddenOriginals();
   }
 
-  /// From here on the copies are the files. What cannot be removed goes back, with a word.
-  Failure removeSetAside() {
+  /// From here on the copies are kept. Originals that cannot be removed are put back, and reported.
+  Failure removeHiddenOriginals() {
     placed_.clear();
-    for (const std::string& name : setAside_)
-      if (const auto error = removeTree(originals_->folder(), name))
+    for (const std::string& name : hiddenOriginals_)
+      if (const auto error = removeTree(originalsFolder_->folder(), name))
         return failure(name, "moved, but not all could be removed from its old place: " +
                                  error.message());
-    setAside_.clear();
+    hiddenOriginals_.clear();
     return std::nullopt;
   }
 
-  /// Puts everything back; tells what could not be.
+  /// Puts everything back; the answer names what could not be.
   std::string undo() {
-    std::string trouble;
-    for (auto name = setAside_.rbegin(); name != setAside_.rend(); ++name)
-      putBack(*name, trouble);
+    std::string problems;
+    for (auto name = hiddenOriginals_.rbegin(); name != hiddenOriginals_.rend(); ++name)
+      putBack(*name, problems);
     for (auto copy = placed_.rbegin(); copy != placed_.rend(); ++copy)
       withdraw(*copy);
     for (auto name = renamed_.rbegin(); name != renamed_.rend(); ++name)
       if (renameExclusively({destination_.get(), *name}, {source_.get(), *name}))
-        trouble += "; " + inQuotes(*name) + " stays in " + inQuotes(destinationPath_);
-    return trouble;
+        problems += "; " + inQuotes(*name) + " stays in " + inQuotes(destinationPath_);
+    return problems;
   }
 
-  void putBack(const std::string& name, std::string& trouble) {
+  void putBack(const std::string& name, std::string& problems) {
     const std::error_code error =
-        renameExclusively({originals_->folder(), name}, {source_.get(), name});
+        renameExclusively({originalsFolder_->folder(), name}, {source_.get(), name});
     if (!error || error == std::errc::no_such_file_or_directory)
       return;
-    trouble += "; " + inQuotes(name) + " is in " + inQuotes(sourcePath_ + "/" + originals_->name());
-    originals_->keep();
+    problems +=
+        "; " + inQuotes(name) + " is in " + inQuotes(sourcePath_ + "/" + originalsFolder_->name());
+    originalsFolder_->keep();
   }
 
   struct Placed {
@@ -223,7 +230,7 @@ private:
     struct stat status {};
     if (::fstatat(destination_.get(), copy.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
         identityOf(status) == copy.identity)
-      (void)renameOwn({destination_.get(), copy.name}, {copies_->folder(), copy.name});
+      (void)renameCopy({destination_.get(), copy.name}, {copiesFolder_->folder(), copy.name});
   }
 
   FileOperation operation_;
@@ -231,12 +238,12 @@ private:
   std::string destinationPath_;
   FileDescriptor source_;
   FileDescriptor destination_;
-  std::vector<std::string> distant_; ///< on another file system than the destination
-  std::optional<StagingFolder> copies_;
-  std::optional<StagingFolder> originals_;
+  std::vector<std::string> onOtherFileSystem_; ///< than the destination: to be copied
+  std::optional<StagingFolder> copiesFolder_;
+  std::optional<StagingFolder> originalsFolder_;
   std::vector<std::string> renamed_;
   std::vector<Placed> placed_;
-  std::vector<std::string> setAside_;
+  std::vector<std::string> hiddenOriginals_;
 };
 
 } // namespace

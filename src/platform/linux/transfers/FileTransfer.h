@@ -8,11 +8,11 @@
 
 namespace tavrel {
 
-/// Moves or copies what stands under `names` in the source folder into the destination folder, all
-/// or nothing; symbolic links, pipes, sockets and devices as what they are. Nothing is overwritten,
-/// even what appears meanwhile. A copy is prepared in a hidden folder in the destination, and a
-/// move between file systems removes its originals only when every copy is in place, on the disk
-/// and still like its original. Nothing when it was done, else one line that says why it was not.
+/// Moves or copies the `names` in the source folder into the destination folder, all or nothing;
+/// symbolic links, pipes, sockets and devices as what they are. Nothing is overwritten, not even
+/// what appears meanwhile. A copy is prepared in a hidden folder in the destination, and a move
+/// between file systems removes its originals only when every copy is in place, on the disk and
+/// still like its original. Nothing when it was done, else one line that says why it was not.
 ///
 /// Refused as a whole: no names at all, a name twice, a name with a slash, "." and "..", a name
 /// that is missing at the source or there at the destination, a folder into itself or below itself.

@@ -16,7 +16,7 @@ namespace tavrel {
 namespace {
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-constexpr int deepestRemoval = 500; // each level holds a descriptor and a frame of the stack
+constexpr int deepestRemoval = 500; // each level takes a file descriptor and a stack frame
 
 std::string problemOf(int number) {
   return number == 0 || number == ENOENT ? std::string() : std::string(std::strerror(number));

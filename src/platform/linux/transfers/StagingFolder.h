@@ -4,11 +4,11 @@
 
 namespace tavrel {
 
-/// A hidden folder inside another one, where an operation prepares what it will put in place, or
-/// keeps what it has taken away. What is in it is removed with it unless `keep` was called.
+/// A hidden folder inside another one, for copies that are not complete yet and for originals that
+/// are to be removed. It is removed with everything in it, unless `keep` was called.
 class StagingFolder {
 public:
-  /// Makes the folder; `isOpen` tells whether that went well.
+  /// Makes the folder; when that fails, `isOpen` is false.
   explicit StagingFolder(int parent);
   StagingFolder(const StagingFolder&) = delete;
   StagingFolder& operator=(const StagingFolder&) = delete;
@@ -18,7 +18,7 @@ public:
   [[nodiscard]] int folder() const { return folder_.get(); }
   [[nodiscard]] const std::string& name() const { return name_; }
 
-  /// Leaves the folder behind with what is in it, because that could be put nowhere else.
+  /// Does not remove the folder: it holds something that could not be put back.
   void keep() { name_.clear(); }
 
 private:

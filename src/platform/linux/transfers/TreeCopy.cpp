@@ -17,7 +17,7 @@ std::error_code changedWhileCopied() {
   return std::make_error_code(std::errc::resource_unavailable_try_again);
 }
 
-/// A name for the first copy of a file with several names.
+/// The temporary name for the first copy of a file that has several hard links.
 std::string linkName(FileIdentity original) {
   return std::to_string(original.device) + "-" + std::to_string(original.inode);
 }
@@ -58,7 +58,7 @@ public:
     return {};
   }
 
-  /// Metadata comes last: a folder may be closed to its own writer, and its times move as it fills.
+  /// Metadata comes last: it may forbid writing, and the times change while the folder fills.
   std::error_code leaveFolder(const FolderEntry& entry) override {
     FileDescriptor parent(
         ::openat(folder_.get(), "..", O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
@@ -80,7 +80,7 @@ class TreeCopy::Confirmer final : public TreeVisitor {
 public:
   explicit Confirmer(const TreeCopy& copy) : copy_(copy) {}
 
-  /// Some file systems touch a folder's times as it moves: what counts is what is in it.
+  /// The times of a folder are not compared: some file systems change them when it is moved.
   std::error_code enterFolder(const FolderEntry& entry) override {
     return find(entry.status) == nullptr ? changedWhileCopied() : std::error_code();
   }
@@ -136,19 +136,19 @@ private:
                                      : std::make_error_code(std::errc::permission_denied);
   }
 
-  /// Our own folders can be opened for writing first; in a sticky one only the owner removes.
+  /// The owner can make a folder writable first; in a sticky one only owners may remove.
   static bool mayRemove(int parent, const struct stat& status) {
     struct stat folder {};
-    const uid_t person = ::geteuid();
-    if (person == 0)
+    const uid_t user = ::geteuid();
+    if (user == 0)
       return true;
     if (::fstat(parent, &folder) != 0)
       return false;
-    if (folder.st_uid == person)
+    if (folder.st_uid == user)
       return true;
     const bool sticky = (folder.st_mode & S_ISVTX) != 0;
     return ::faccessat(parent, ".", W_OK | X_OK, AT_EACCESS) == 0 &&
-           (!sticky || status.st_uid == person);
+           (!sticky || status.st_uid == user);
   }
 
   dev_t device_ = 0;

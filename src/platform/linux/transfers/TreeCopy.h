@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// What a file looked like when it was copied.
+/// Size and time of a file when it was copied.
 struct FileStamp {
   off_t size = 0;
   time_t modifiedSeconds = 0;
@@ -14,18 +14,19 @@ struct FileStamp {
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
-/// Copies of whole trees that keep to one another: hard links between them stay hard links, and
-/// what was copied is remembered, so that nothing that came later is taken for copied.
+/// Copies several trees: hard links between them stay hard links, and it is remembered what was
+/// copied, so that a file that was added or changed later is not removed as copied.
 class TreeCopy {
 public:
-  /// Copies go into `destination`; `links`, on the same file system, holds helper names meanwhile.
+  /// Copies go into `destination`; `links`, on the same file system, holds temporary hard links
+  /// meanwhile.
   TreeCopy(int destination, int links) : destination_(destination), links_(links) {}
 
   /// Copies what stands under a name in a folder to the same name in the destination.
   [[nodiscard]] std::error_code copy(int folder, const std::string& name);
 
-  /// No error when what stands under a name (wherever it was moved) is still what was copied,
-  /// without anything added or changed.
+  /// No error when what is under a name, perhaps moved since, is still what was copied, without
+  /// anything added or changed.
   [[nodiscard]] std::error_code confirmUnchanged(int folder, const std::string& name) const;
 
 private:

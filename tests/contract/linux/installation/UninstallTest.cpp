@@ -1,7 +1,5 @@
-#include "platform/linux/installation/InstalledComponents.h"
 #include "platform/linux/installation/LinuxAuthorization.h"
 #include "platform/linux/session/LinuxSystemEvents.h"
-#include "platform/linux/transfers/SafeRemoval.h"
 #include "support/Desktop.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
@@ -18,91 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-
-class Removal : public ::testing::Test {
-protected:
-  Removal() {
-    fs::create_directories(folder.path("base/lib/tavrel/Tavrel.plugin/Contents/deep"));
-    folder.write("base/lib/tavrel/Tavrel.plugin/Contents/deep/file", "x");
-    fs::create_directories(folder.path("elsewhere/inside"));
-    folder.write("elsewhere/inside/kept", "x");
-  }
-  std::string removed(const std::string& relative) {
-    return removeBelow(folder.path("base"), relative);
-  }
-  bool isThere(const std::string& name) { return fs::exists(folder.path(name)); }
-
-  TemporaryFolder folder;
-};
-
-TEST_F(Removal, AFolderGoesWithEverythingInIt) {
-  EXPECT_EQ(removed("lib/tavrel/Tavrel.plugin"), "");
-  EXPECT_FALSE(isThere("base/lib/tavrel/Tavrel.plugin"));
-  EXPECT_TRUE(isThere("base/lib/tavrel"));
-}
-
-TEST_F(Removal, WhatIsNotThereIsNoFailure) {
-  EXPECT_EQ(removed("lib/tavrel/none"), "");
-  EXPECT_EQ(removed("none/none"), "");
-}
-
-TEST_F(Removal, ALinkAtTheEndGoesAlone) {
-  fs::remove_all(folder.path("base/lib/tavrel/Tavrel.plugin"));
-  fs::create_directory_symlink(folder.path("elsewhere"),
-                               folder.path("base/lib/tavrel/Tavrel.plugin"));
-  EXPECT_EQ(removed("lib/tavrel/Tavrel.plugin"), "");
-  EXPECT_FALSE(fs::is_symlink(folder.path("base/lib/tavrel/Tavrel.plugin")));
-  EXPECT_TRUE(isThere("elsewhere/inside/kept"));
-}
-
-TEST_F(Removal, ALinkInsideGoesAlone) {
-  fs::create_directory_symlink(folder.path("elsewhere"),
-                               folder.path("base/lib/tavrel/Tavrel.plugin/Contents/out"));
-  EXPECT_EQ(removed("lib/tavrel/Tavrel.plugin"), "");
-  EXPECT_TRUE(isThere("elsewhere/inside/kept"));
-}
-
-TEST_F(Removal, ALinkOnTheWayIsRefused) {
-  fs::create_directory_symlink(folder.path("elsewhere"), folder.path("base/out"));
-  EXPECT_EQ(removed("out/inside"), "leads through a link");
-  EXPECT_TRUE(isThere("elsewhere/inside/kept"));
-}
-
-TEST_F(Removal, PathsThatAreNoPlacesAreRefused) {
-  for (const char* path : {"", ".", "..", "../elsewhere", "lib/../../elsewhere", "/", "lib//tavrel",
-                           "lib/tavrel/", "./lib"})
-    EXPECT_EQ(removed(path), "is no place of ours") << path;
-  EXPECT_EQ(removed(std::string("lib\0x", 5)), "is no place of ours");
-  EXPECT_TRUE(isThere("base/lib/tavrel/Tavrel.plugin/Contents/deep/file"));
-  EXPECT_TRUE(isThere("elsewhere/inside/kept"));
-}
-
-TEST_F(Removal, FoldersOfAnyDepthEndInOrder) {
-  std::string deep = "base/deep";
-  for (int level = 0; level < 300; ++level)
-    deep.append("/d");
-  fs::create_directories(folder.path(deep));
-  EXPECT_EQ(removed("deep"), "");
-  EXPECT_FALSE(isThere("base/deep"));
-}
-
-TEST(InstalledComponents, AreKnownByTheirPathsAlone) {
-  EXPECT_EQ(installedComponent("/Library/Contextual Menu Items/Tavrel.plugin", "/home/me"),
-            InstalledComponent::systemPlugin);
-  EXPECT_EQ(installedComponent("/home/me/Library/PreferencePanes/TavrelPref.prefPane", "/home/me"),
-            InstalledComponent::userPane);
-  for (const char* path : {"", "/", "/etc/passwd", "/Library",
-                           "/home/you/Library/PreferencePanes/"
-                           "TavrelPref.prefPane"})
-    EXPECT_EQ(installedComponent(path, "/home/me"), std::nullopt) << path;
-}
-
-TEST(InstalledComponents, AreNamedBackAndForth) {
-  for (const auto component : {InstalledComponent::systemPlugin, InstalledComponent::userPlugin,
-                               InstalledComponent::systemPane, InstalledComponent::userPane})
-    EXPECT_EQ(componentNamed(componentName(component)), component);
-  EXPECT_EQ(componentNamed("everything"), std::nullopt);
-}
 
 constexpr std::uint32_t asking = authorizationFlag::interactionAllowed |
                                  authorizationFlag::extendRights | authorizationFlag::preAuthorize;

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Rename = std::error_code (*)(FolderPlace, FolderPlace);
+using Rename = std::error_code (*)(NameInFolder, NameInFolder);
 
 /// Both ways must behave alike.
 class ExclusiveRename : public ::testing::TestWithParam<Rename> {
