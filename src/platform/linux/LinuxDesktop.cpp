@@ -86,7 +86,7 @@ struct LinuxDesktop::Adapters {
   LinuxDistributedNotificationCenter distributedNotifications{
       [this] { return presenter.isOpen(); }};
   LinuxPasteboards pasteboards;
-  KeptRecentUses recentUses;
+  CachedRecentUses recentUses;
   LinuxPreferences preferences{
       preferenceFolder(),
       {{"com.apple.recentitems", {[this] { return recentItems(registry, recentUses); }}},

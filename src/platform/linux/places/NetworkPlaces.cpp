@@ -3,7 +3,7 @@
 #include "base/PathString.h"
 #include "base/Url.h"
 #include "platform/linux/files/FolderListings.h"
-#include "platform/linux/places/MountedPlace.h"
+#include "platform/linux/places/GvfsMountUrl.h"
 #include "platform/linux/places/RecentUsesFile.h"
 #include "platform/linux/system/BoundedFile.h"
 #include "platform/linux/system/UserFolders.h"
@@ -26,7 +26,7 @@ bool isNetworkUrl(const std::string& url) {
   return isUrl(url) && std::ranges::find(networkSchemes, urlScheme(url)) != networkSchemes.end();
 }
 
-/// Without a label a place goes by its last folder and its machine, as file managers have it.
+/// The name of a place without a label: its last folder and its host, as file managers show it.
 std::string placeName(const std::string& url) {
   const std::size_t start = url.find("://");
   std::string_view rest = std::string_view(url).substr(start == std::string::npos ? 0 : start + 3);
@@ -39,10 +39,11 @@ std::string placeName(const std::string& url) {
 }
 
 void addPlace(std::vector<NetworkPlace>& places, const std::string& name, const std::string& url) {
-  const std::string bare = url.ends_with('/') ? url.substr(0, url.size() - 1) : url;
-  const bool known = std::ranges::any_of(
-      places, [&](const NetworkPlace& each) { return each.url == bare || each.url == bare + '/'; });
-  if (!known && isNetworkUrl(url))
+  const std::string withoutSlash = url.ends_with('/') ? url.substr(0, url.size() - 1) : url;
+  const bool isListed = std::ranges::any_of(places, [&](const NetworkPlace& each) {
+    return each.url == withoutSlash || each.url == withoutSlash + '/';
+  });
+  if (!isListed && isNetworkUrl(url))
     places.push_back({name.empty() ? placeName(url) : name, url});
 }
 
@@ -52,18 +53,18 @@ void addServers(std::vector<NetworkPlace>& places) {
       addPlace(places, use.title, use.url);
 }
 
-/// Asked with patience: what is mounted may have lost its server.
+/// With a timeout, for the server of a mount may not answer any more.
 void addMounts(std::vector<NetworkPlace>& places) {
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
   if (runtime == nullptr || *runtime != '/')
     return;
   static FolderListings listings{std::chrono::seconds(1)};
   for (const ListedFile& mount : listings.browse(std::string(runtime) + "/gvfs"))
-    if (const auto url = urlOfMount(mount.name))
+    if (const auto url = urlOfGvfsMount(mount.name))
       addPlace(places, {}, *url);
 }
 
-/// A line holds a URL and, after a blank, perhaps a label.
+/// Each line holds a URL and perhaps, after a blank, a label.
 void addBookmarks(std::vector<NetworkPlace>& places) {
   std::istringstream lines(
       readFile(preferenceFolder() + "/gtk-3.0/bookmarks", largestBookmarkList).value_or(""));

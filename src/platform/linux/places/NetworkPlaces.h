@@ -6,9 +6,9 @@
 
 namespace tavrel {
 
-/// A place on another machine that the desktop remembers.
+/// A folder on another machine that the desktop knows.
 struct NetworkPlace {
-  std::string name; ///< as people see it
+  std::string name; ///< as shown to the user
   std::string url;
 };
 
@@ -16,7 +16,7 @@ struct NetworkPlace {
 /// the bookmarks of file managers; each URL once.
 [[nodiscard]] std::vector<NetworkPlace> networkPlaces();
 
-/// The URL of the first place whose volume, "/Volumes/NAME/", is that path; nothing when there is
+/// The URL of the first place with the name NAME in a path "/Volumes/NAME/"; nothing when there is
 /// none.
 [[nodiscard]] std::optional<std::string> networkPlaceOfVolume(const std::string& path);
 

@@ -13,10 +13,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(recentLog, "tavrel.recent")
 constexpr std::size_t largestBookmarks = std::size_t{16} << 20;
-constexpr std::int64_t nanoseconds = 1'000'000'000;
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
 
 std::int64_t inNanoseconds(const timespec& time) {
-  return time.tv_sec * nanoseconds + time.tv_nsec;
+  return time.tv_sec * nanosecondsPerSecond + time.tv_nsec;
 }
 
 std::int64_t nowInNanoseconds() {
@@ -38,8 +38,8 @@ std::vector<RecentUse> readRecentUses(const std::string& path) {
   return std::move(found.uses);
 }
 
-const std::vector<RecentUse>& KeptRecentUses::read(const std::string& path) {
-  const auto version = settledVersion(path); // before reading: a later change is then seen
+const std::vector<RecentUse>& CachedRecentUses::read(const std::string& path) {
+  const auto version = stableVersion(path); // before reading, so that a change meanwhile shows
   if (version && version == version_ && path == path_)
     return uses_;
   uses_ = readRecentUses(path);
@@ -48,13 +48,14 @@ const std::vector<RecentUse>& KeptRecentUses::read(const std::string& path) {
   return uses_;
 }
 
-/// File systems tell times in steps: a file just changed may change again and look the same.
-std::optional<KeptRecentUses::Version> KeptRecentUses::settledVersion(const std::string& path) {
+/// Nothing for a file that changed within the last 0.1 s: the time stamps of file systems are
+/// coarse, so that another change could leave them as they are.
+std::optional<CachedRecentUses::Version> CachedRecentUses::stableVersion(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0)
     return std::nullopt;
   const std::int64_t changed = inNanoseconds(status.st_ctim);
-  if (nowInNanoseconds() - changed < nanoseconds / 10)
+  if (nowInNanoseconds() - changed < nanosecondsPerSecond / 10)
     return std::nullopt;
   return Version{static_cast<std::int64_t>(status.st_dev), static_cast<std::int64_t>(status.st_ino),
                  status.st_size, inNanoseconds(status.st_mtim), changed};

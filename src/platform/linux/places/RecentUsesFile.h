@@ -7,24 +7,24 @@
 
 namespace tavrel {
 
-/// What a file of bookmarks lists, newest first. Nothing from a file above 16 MiB. Trouble is one
-/// line on standard error; that there is no file is none.
+/// The bookmarks in a file, newest first; none from a file of more than 16 MiB. An error is one
+/// line on standard error, but a missing file is no error.
 [[nodiscard]] std::vector<RecentUse> readRecentUses(const std::string& path);
 
-/// The same, but a file that has not changed is not read again: a desktop in long use keeps
-/// thousands of bookmarks, and a menu that opens asks for them several times.
-class KeptRecentUses {
+/// The same with a cache: a desktop in long use has thousands of bookmarks, and a menu that opens
+/// asks for them several times. A file that has not changed is not read again.
+class CachedRecentUses {
 public:
-  /// Stays as it is until the next call.
+  /// The reference is valid until the next call.
   [[nodiscard]] const std::vector<RecentUse>& read(const std::string& path);
 
 private:
-  /// Device, number, size, and the nanoseconds of its last two kinds of change.
+  /// Device, inode, size, mtime and ctime in nanoseconds.
   using Version = std::array<std::int64_t, 5>;
-  [[nodiscard]] static std::optional<Version> settledVersion(const std::string& path);
+  [[nodiscard]] static std::optional<Version> stableVersion(const std::string& path);
 
   std::string path_;
-  std::optional<Version> version_; ///< of what is kept; nothing when it must be read again
+  std::optional<Version> version_; ///< of the cached bookmarks; nothing: read again
   std::vector<RecentUse> uses_;
 };
 

@@ -120,7 +120,7 @@ PropertyList customList(PropertyList::Array items) {
 
 } // namespace
 
-PropertyList::Dictionary recentItems(ApplicationRegistry& registry, KeptRecentUses& recentUses) {
+PropertyList::Dictionary recentItems(ApplicationRegistry& registry, CachedRecentUses& recentUses) {
   const std::vector<RecentUse>& uses = recentUses.read(recentlyUsedFile());
   return {{"RecentApplications", customList(recentApplications(uses, registry))},
           {"RecentDocuments", customList(recentDocuments(uses))},

@@ -5,7 +5,7 @@
 namespace tavrel {
 
 class ApplicationRegistry;
-class KeptRecentUses;
+class CachedRecentUses;
 
 /// What was used lately, newest first, as the domain "com.apple.recentitems" has it:
 /// "RecentApplications", "RecentDocuments" and "RecentServers", each with a list "CustomListItems"
@@ -13,6 +13,6 @@ class KeptRecentUses;
 /// and applications come from "recently-used.xbel", those marked as private left out; a document
 /// that is gone stays, with a bookmark that leads nowhere. Servers are the network places.
 [[nodiscard]] PropertyList::Dictionary recentItems(ApplicationRegistry& registry,
-                                                   KeptRecentUses& recentUses);
+                                                   CachedRecentUses& recentUses);
 
 } // namespace tavrel

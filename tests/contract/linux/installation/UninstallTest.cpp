@@ -15,7 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 constexpr std::uint32_t asking = authorizationFlag::interactionAllowed |
                                  authorizationFlag::extendRights | authorizationFlag::preAuthorize;

@@ -3,7 +3,6 @@
 #include "contract/linux/applications/FakeApplications.h"
 #include "platform/linux/files/FileBookmark.h"
 #include "platform/linux/files/LinuxFiles.h"
-#include "platform/linux/places/MountedPlace.h"
 #include "platform/linux/places/NetworkPlaces.h"
 #include "platform/linux/places/RecentUsesFile.h"
 #include "platform/linux/preferences/LinuxPreferences.h"
@@ -72,7 +71,7 @@ protected:
   EnvironmentVariable runtime{"XDG_RUNTIME_DIR", at("run")};
   FakeApplications applications;
   ApplicationRegistry registry{applications.folders()};
-  KeptRecentUses uses;
+  CachedRecentUses uses;
 };
 
 TEST_F(RecentItemsOfTheDesktop, DocumentsComeNewestFirstWithBookmarksThatFindThem) {
@@ -299,16 +298,6 @@ TEST_F(RecentItemsOfTheDesktop, ADomainWithAViewIsRenewedBySynchronisingAndCanno
   EXPECT_FALSE(preferences.synchronize("view"));
   EXPECT_EQ(preferences.value("view", "n"), PropertyList(std::int64_t{3}));
   EXPECT_FALSE(std::filesystem::exists(at("config/view.plist")));
-}
-
-TEST(MountedPlace, AMountIsNamedByItsUrl) {
-  EXPECT_EQ(urlOfMount("sftp:host=example.org,user=me,port=2222"), "sftp://me@example.org:2222/");
-  EXPECT_EQ(urlOfMount("smb-share:server=nas,share=a%20b"), "smb://nas/a%20b");
-  EXPECT_EQ(urlOfMount("dav:host=cloud,ssl=true"), "davs://cloud/");
-  EXPECT_EQ(urlOfMount("mtp:host=phone"), std::nullopt);
-  EXPECT_EQ(urlOfMount("sftp:"), std::nullopt);
-  EXPECT_EQ(urlOfMount("sftp"), std::nullopt);
-  EXPECT_EQ(urlOfMount(""), std::nullopt);
 }
 
 } // namespace
