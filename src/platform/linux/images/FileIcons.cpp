@@ -25,26 +25,24 @@ Image FileIcons::find(const std::string& path) {
 
 void FileIcons::request(const std::string& path, std::function<void(Image)> found,
                         std::function<void()> dropped) {
-  lookups_.ask(
+  lookups_.request(
       path, folders(),
-      [this, found = std::move(found)](const FileIconFacts& evidence) {
-        found(imageFor(evidence));
-      },
+      [this, found = std::move(found)](const FileIconFacts& facts) { found(imageFor(facts)); },
       std::move(dropped));
 }
 
 IconLookups::Folders FileIcons::folders() {
   if (!folders_)
-    folders_ = std::make_shared<const SpecialFolders>(specialFolders());
+    folders_ = std::make_shared<const SpecialFolderIcons>(specialFolderIcons());
   return folders_;
 }
 
-Image FileIcons::imageFor(const FileIconFacts& evidence) {
-  if (evidence.picture)
-    if (auto picture = imageFromData(QByteArray::fromStdString(*evidence.picture)))
+Image FileIcons::imageFor(const FileIconFacts& facts) {
+  if (facts.picture)
+    if (auto picture = imageFromData(QByteArray::fromStdString(*facts.picture)))
       return *picture;
-  const QIcon icon = firstInTheme(evidence.choice.themeNames);
-  return icon.isNull() ? generic(evidence.choice.generic) : imageFromIcon(icon, menuIconSize);
+  const QIcon icon = firstInTheme(facts.choice.themeNames);
+  return icon.isNull() ? generic(facts.choice.generic) : imageFromIcon(icon, menuIconSize);
 }
 
 Image FileIcons::generic(GenericIcon icon) {

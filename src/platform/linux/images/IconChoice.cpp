@@ -14,40 +14,42 @@ namespace tavrel {
 
 namespace {
 constexpr std::size_t sniffedBytes = 4096;
+constexpr std::size_t largestPicture = std::size_t{16} << 20; // bytes
 
 QString pathText(const std::string& path) {
   return QFile::decodeName(path.c_str());
 }
 
-/// The value of an Icon key: an image file, or a name in the theme (an ending is not part of it).
+/// The value of an Icon key: the path of an image file, or a name in the theme, perhaps with an
+/// extension that does not belong to it.
 void addIconKey(IconChoice& choice, const std::string& icon) {
   if (icon.starts_with('/')) {
     choice.picture = icon;
     return;
   }
   QString name = QString::fromStdString(icon);
-  for (const char* ending : {".png", ".svg", ".xpm"})
-    if (name.endsWith(QLatin1String(ending)))
+  for (const char* extension : {".png", ".svg", ".xpm"})
+    if (name.endsWith(QLatin1String(extension)))
       name.chop(4);
   if (!name.isEmpty())
     choice.themeNames.prepend(name);
 }
 
-IconChoice choiceForEntry(const std::string& path, const SpecialFolders& folders) {
+IconChoice choiceForEntry(const std::string& path, const SpecialFolderIcons& folders) {
   const auto entry = loadDesktopEntry(path);
-  const bool program = entry && entry->type() == "Application";
+  const bool isApplication = entry && entry->type() == "Application";
   const auto target = entry ? linkTarget(*entry) : std::nullopt;
   IconChoice choice;
   if (target && !hasEntryEnding(*target))
     choice = chooseIcon(*target, folders);
-  else if (program)
+  else if (isApplication)
     choice = {{}, {QStringLiteral("application-x-executable")}, GenericIcon::application};
   if (entry)
     addIconKey(choice, entry->icon(messagesLocale()));
   return choice;
 }
 
-/// The picture that the entry at the top of an AppDir names; the bundle's own is beside it.
+/// The picture that the desktop entry at the top of an AppDir names, when it is in the AppDir.
 std::string pictureNamedInside(const QDir& bundle) {
   const QStringList entries = bundle.entryList({QStringLiteral("*.desktop")}, QDir::Files);
   const auto entry =
@@ -55,13 +57,14 @@ std::string pictureNamedInside(const QDir& bundle) {
           ? std::nullopt
           : loadDesktopEntry(QFile::encodeName(bundle.filePath(entries.front())).toStdString());
   const QString name = entry ? QString::fromStdString(entry->icon()) : QString();
-  for (const char* ending : {".svg", ".png", ".xpm"})
-    if (!name.isEmpty() && bundle.exists(name + QLatin1String(ending)))
-      return QFile::encodeName(bundle.filePath(name + QLatin1String(ending))).toStdString();
+  for (const char* extension : {".svg", ".png", ".xpm"})
+    if (!name.isEmpty() && bundle.exists(name + QLatin1String(extension)))
+      return QFile::encodeName(bundle.filePath(name + QLatin1String(extension))).toStdString();
   return {};
 }
 
-/// Where bundles keep their icon: AppDirs as .DirIcon or as their entry says, others by name.
+/// The icon inside a bundle: .DirIcon or the one named by the desktop entry in an AppDir, one that
+/// has the name of the bundle in others.
 std::string pictureInside(const std::string& path) {
   const QDir bundle(pathText(path));
   const QString name = QFileInfo(bundle.path()).completeBaseName();
@@ -80,7 +83,7 @@ IconChoice choiceForBundle(const std::string& path, ItemKind kind) {
       pictureInside(path), {QStringLiteral("application-x-executable")}, GenericIcon::application};
 }
 
-IconChoice choiceForFolder(const std::string& path, const SpecialFolders& folders) {
+IconChoice choiceForFolder(const std::string& path, const SpecialFolderIcons& folders) {
   IconChoice choice{
       {}, {QStringLiteral("folder"), QStringLiteral("inode-directory")}, GenericIcon::folder};
   if (const auto special = folders.find(path); special != folders.end())
@@ -118,7 +121,7 @@ IconChoice choiceForProgram(const std::string& path, const FileStatus& status) {
 
 } // namespace
 
-IconChoice chooseIcon(const std::string& path, const SpecialFolders& folders) {
+IconChoice chooseIcon(const std::string& path, const SpecialFolderIcons& folders) {
   const auto status = fileStatus(path, FinalLink::follow);
   if (!status)
     return {};
@@ -136,6 +139,13 @@ IconChoice chooseIcon(const std::string& path, const SpecialFolders& folders) {
   default:
     return choiceForFile(path, *status);
   }
+}
+
+FileIconFacts readFileIconFacts(const std::string& path, const SpecialFolderIcons& folders) {
+  FileIconFacts facts{chooseIcon(path, folders), std::nullopt};
+  if (!facts.choice.picture.empty())
+    facts.picture = readFile(facts.choice.picture, largestPicture);
+  return facts;
 }
 
 } // namespace tavrel

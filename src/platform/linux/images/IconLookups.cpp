@@ -14,58 +14,58 @@ namespace tavrel {
 
 namespace {
 constexpr std::size_t mostThreads = 4;
-constexpr std::size_t mostQuestions = 256;
-constexpr qint64 period = 250; // milliseconds
-constexpr qint64 longestWaitOfPeriod = 25;
-constexpr std::chrono::seconds idlePatience{5};
-constexpr std::chrono::milliseconds patienceAtEnd{200};
+constexpr std::size_t mostRequests = 256;
+constexpr qint64 waitPeriodMsecs = 250;
+constexpr qint64 mostWaitInPeriodMsecs = 25;
+constexpr std::chrono::seconds idleTimeout{5};
+constexpr std::chrono::milliseconds shutdownTimeout{200};
 } // namespace
 
 struct IconLookups::Shared {
-  struct Question {
+  struct Request {
     std::string path;
     Folders folders;
-    Answer answer;
+    Callback callback;
     std::function<void()> dropped;
   };
   struct Found {
-    Answer answer;
-    FileIconFacts evidence;
+    Callback callback;
+    FileIconFacts facts;
   };
 
   Find find; ///< called by the threads
   std::mutex mutex;
   std::condition_variable changed;
-  std::deque<Question> questions; ///< latest last
+  std::deque<Request> requests; ///< latest last
   std::vector<Found> found;
   std::size_t threads = 0;
-  std::size_t idle = 0;          ///< of these
-  std::function<void()> deliver; ///< in the main thread; empty when nobody is there any more
-  bool deliveryComes = false;
+  std::size_t idleThreads = 0;   ///< of these
+  std::function<void()> deliver; ///< in the main thread; empty once the owner is destroyed
+  bool isDeliveryQueued = false;
 
-  /// Threads without a question wait a while for one.
-  std::optional<Question> next() {
+  /// The request to serve next; nothing when none came within the idle timeout.
+  std::optional<Request> waitForRequest() {
     std::unique_lock lock(mutex);
-    ++idle;
-    changed.wait_for(lock, idlePatience, [this] { return !questions.empty() || !deliver; });
-    --idle;
-    if (questions.empty()) {
+    ++idleThreads;
+    changed.wait_for(lock, idleTimeout, [this] { return !requests.empty() || !deliver; });
+    --idleThreads;
+    if (requests.empty()) {
       --threads;
       changed.notify_all();
       return std::nullopt;
     }
-    Question question = std::move(questions.back());
-    questions.pop_back();
-    return question;
+    Request request = std::move(requests.back());
+    requests.pop_back();
+    return request;
   }
 
-  static void work(const std::shared_ptr<Shared>& shared) {
-    while (auto question = shared->next()) {
-      FileIconFacts evidence = shared->find(question->path, *question->folders);
+  static void serveRequests(const std::shared_ptr<Shared>& shared) {
+    while (auto request = shared->waitForRequest()) {
+      FileIconFacts facts = shared->find(request->path, *request->folders);
       const std::lock_guard lock(shared->mutex);
-      shared->found.push_back({std::move(question->answer), std::move(evidence)});
+      shared->found.push_back({std::move(request->callback), std::move(facts)});
       shared->changed.notify_all();
-      if (shared->deliver && !std::exchange(shared->deliveryComes, true))
+      if (shared->deliver && !std::exchange(shared->isDeliveryQueued, true))
         QMetaObject::invokeMethod(qApp, shared->deliver, Qt::QueuedConnection);
     }
   }
@@ -79,33 +79,34 @@ IconLookups::IconLookups(Find find) : shared_(std::make_shared<Shared>()) {
   };
 }
 
-/// Threads that a dead file system holds are left behind.
+/// Threads that a dead file system blocks go on by themselves, without an owner.
 IconLookups::~IconLookups() {
   std::unique_lock lock(shared_->mutex);
   shared_->deliver = nullptr;
-  shared_->questions.clear();
+  shared_->requests.clear();
   shared_->changed.notify_all();
-  shared_->changed.wait_for(lock, patienceAtEnd, [this] { return shared_->threads == 0; });
+  shared_->changed.wait_for(lock, shutdownTimeout, [this] { return shared_->threads == 0; });
 }
 
-void IconLookups::ask(const std::string& path, Folders folders, Answer answer,
-                      std::function<void()> dropped) {
-  std::function<void()> tell;
+void IconLookups::request(const std::string& path, Folders folders, Callback callback,
+                          std::function<void()> dropped) {
+  std::function<void()> droppedCallback;
   {
     const std::lock_guard lock(shared_->mutex);
-    shared_->questions.push_back({path, std::move(folders), std::move(answer), std::move(dropped)});
-    if (shared_->questions.size() > mostQuestions) {
-      tell = std::move(shared_->questions.front().dropped);
-      shared_->questions.pop_front();
+    shared_->requests.push_back(
+        {path, std::move(folders), std::move(callback), std::move(dropped)});
+    if (shared_->requests.size() > mostRequests) {
+      droppedCallback = std::move(shared_->requests.front().dropped);
+      shared_->requests.pop_front();
     }
-    if (shared_->threads < mostThreads && shared_->idle < shared_->questions.size()) {
+    if (shared_->threads < mostThreads && shared_->idleThreads < shared_->requests.size()) {
       ++shared_->threads;
-      std::thread([shared = shared_] { Shared::work(shared); }).detach();
+      std::thread([shared = shared_] { Shared::serveRequests(shared); }).detach();
     }
     shared_->changed.notify_all();
   }
-  if (tell)
-    tell();
+  if (droppedCallback)
+    droppedCallback();
 }
 
 void IconLookups::deliver() {
@@ -113,24 +114,24 @@ void IconLookups::deliver() {
   {
     const std::lock_guard lock(shared_->mutex);
     found.swap(shared_->found);
-    shared_->deliveryComes = false;
+    shared_->isDeliveryQueued = false;
   }
   for (Shared::Found& each : found)
-    each.answer(std::move(each.evidence));
+    each.callback(std::move(each.facts));
 }
 
 void IconLookups::waitBriefly(const std::function<bool()>& done) {
-  if (!period_.isValid() || period_.elapsed() > period) {
+  if (!period_.isValid() || period_.elapsed() > waitPeriodMsecs) {
     period_.start();
     waited_ = 0;
   }
   QElapsedTimer waiting;
   waiting.start();
-  while (!done() && waited_ + waiting.elapsed() < longestWaitOfPeriod) {
+  while (!done() && waited_ + waiting.elapsed() < mostWaitInPeriodMsecs) {
     {
       std::unique_lock lock(shared_->mutex);
       shared_->changed.wait_for(
-          lock, std::chrono::milliseconds(longestWaitOfPeriod - waited_ - waiting.elapsed()),
+          lock, std::chrono::milliseconds(mostWaitInPeriodMsecs - waited_ - waiting.elapsed()),
           [this] { return !shared_->found.empty(); });
     }
     deliver();

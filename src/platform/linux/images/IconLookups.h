@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/images/FileIconFacts.h"
+#include "platform/linux/images/IconChoice.h"
 
 #include <QElapsedTimer>
 
@@ -9,26 +9,29 @@
 
 namespace tavrel {
 
-/// Asks file systems for what icons need, in threads of its own: a menu can be used meanwhile. The
-/// latest question goes first, for it is about what is seen now. A file system that never answers
-/// keeps a thread; those of others go on as long as there are threads left.
+/// Reads what icons need from file systems, in threads of its own, so that a menu can be used
+/// meanwhile. The latest request goes first, for it is about an entry that is visible now. A file
+/// system that never answers blocks a thread; the others go on as long as there are threads left.
 class IconLookups {
 public:
-  using Answer = std::function<void(FileIconFacts)>; ///< called in the main thread
-  using Folders = std::shared_ptr<const SpecialFolders>;
+  using Callback = std::function<void(FileIconFacts)>; ///< called in the main thread
+  using Folders = std::shared_ptr<const SpecialFolderIcons>;
 
-  using Find = std::function<FileIconFacts(const std::string& path, const SpecialFolders& folders)>;
+  using Find =
+      std::function<FileIconFacts(const std::string& path, const SpecialFolderIcons& folders)>;
 
   explicit IconLookups(Find find = readFileIconFacts);
   ~IconLookups();
   IconLookups(const IconLookups&) = delete;
   IconLookups& operator=(const IconLookups&) = delete;
 
-  /// `dropped` is called instead when too many newer questions came before it was this one's turn.
-  void ask(const std::string& path, Folders folders, Answer answer, std::function<void()> dropped);
+  /// `dropped` is called instead of the callback when this request still waits and more than 256
+  /// newer ones came.
+  void request(const std::string& path, Folders folders, Callback found,
+               std::function<void()> dropped);
 
-  /// Most answers come at once: gives them a moment, so that icons need not appear one by one. It
-  /// takes a tenth of the time at most, however often it is called. Ends when `done` holds.
+  /// Waits until `done` holds, but not for long: most icons are found at once, and need not appear
+  /// one by one. However often it is called, it waits 25 ms of 250 ms at most.
   void waitBriefly(const std::function<bool()>& done);
 
 private:

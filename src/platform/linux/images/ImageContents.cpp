@@ -1,6 +1,5 @@
 #include "platform/linux/images/ImageContents.h"
 
-#include "platform/linux/images/DrawingReferences.h"
 #include "platform/linux/images/LinuxImage.h"
 #include "platform/linux/system/BoundedFile.h"
 
@@ -8,6 +7,7 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QXmlStreamReader>
 
 namespace tavrel {
 
@@ -70,9 +70,30 @@ Image imageOf(std::shared_ptr<const LinuxImageContent> content, Size size) {
   return {{{std::move(content), size}}, size};
 }
 
+bool isExternalReference(const QXmlStreamAttribute& attribute) {
+  const auto target = attribute.value().trimmed();
+  const bool inside = target.startsWith(u'#') || target.startsWith(QLatin1String("data:"));
+  return attribute.name() == QLatin1String("href") && !inside;
+}
+
+/// Whether an SVG drawing refers to image files. Qt 6.4 would open them, whatever they are, and
+/// wait without end for a pipe.
+bool refersToFiles(const QByteArray& drawing) {
+  QXmlStreamReader reader(drawing);
+  while (!reader.atEnd()) {
+    if (reader.readNext() != QXmlStreamReader::StartElement ||
+        reader.name() != QLatin1String("image"))
+      continue;
+    for (const QXmlStreamAttribute& attribute : reader.attributes())
+      if (isExternalReference(attribute))
+        return true;
+  }
+  return false;
+}
+
 std::optional<Image> drawingFrom(const QByteArray& data) {
   auto drawing = std::make_unique<QSvgRenderer>();
-  if (showsOtherFiles(data) || !drawing->load(data) || drawing->defaultSize().isEmpty())
+  if (refersToFiles(data) || !drawing->load(data) || drawing->defaultSize().isEmpty())
     return std::nullopt;
   const Size size = sizeOf(drawing->defaultSize());
   return imageOf(std::make_shared<DrawingContent>(std::move(drawing)), size);

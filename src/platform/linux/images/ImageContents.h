@@ -12,8 +12,8 @@ namespace tavrel {
 
 /// A picture from the content of an image file, at its natural size (a pixel is a point). A
 /// drawing stays one and is drawn sharp at every scale. Nothing for data that is no picture, for
-/// one that would unpack to more than 4096 by 4096 pixels, and for a drawing that shows other
-/// files.
+/// one that would unpack to more than 4096 by 4096 pixels, and for a drawing that refers to
+/// image files.
 [[nodiscard]] std::optional<Image> imageFromData(const QByteArray& data);
 
 /// The same from a regular file of at most 16 MiB.

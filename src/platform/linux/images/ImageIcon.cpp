@@ -117,7 +117,7 @@ private:
                tickColour(mode));
     if (mode == QIcon::Disabled)
       painter.setOpacity(disabledOpacity);
-    if (image_ && isAtHand(*image_)) // its place stays empty until then
+    if (image_ && isReady(*image_)) // left blank until it is
       drawImage(painter, {left + imageLeft(columns_), room.center().y() - cell / 2.0, cell, cell},
                 *image_, scale);
   }

@@ -34,10 +34,10 @@ void paintLayer(QPainter& painter, const ImageLayer& layer, double height, qreal
 
 } // namespace
 
-bool isAtHand(const Image& image) {
+bool isReady(const Image& image) {
   return std::all_of(image.layers.begin(), image.layers.end(), [](const ImageLayer& layer) {
     const auto* content = dynamic_cast<const LinuxImageContent*>(layer.content.get());
-    return !content || content->isAtHand();
+    return !content || content->isReady();
   });
 }
 

@@ -16,15 +16,15 @@ public:
   /// have it). `dpr` is the number of device pixels a point has there.
   virtual void paint(QPainter& painter, QSizeF pointSize, qreal dpr) const = 0;
 
-  /// Whether drawing waits for nothing. If it would, what it needs is fetched meanwhile, and open
-  /// menus are drawn anew once it is there.
-  [[nodiscard]] virtual bool isAtHand() const { return true; }
+  /// Whether it can be drawn without waiting. When not, what it needs is fetched in another thread,
+  /// and open menus are drawn again once that is there.
+  [[nodiscard]] virtual bool isReady() const { return true; }
 };
 
-/// Whether every picture of the composition is at hand.
-[[nodiscard]] bool isAtHand(const Image& image);
+/// Whether every layer of the image is ready.
+[[nodiscard]] bool isReady(const Image& image);
 
-/// The composition drawn for a screen with that many device pixels a point, on a transparent
+/// The image drawn for a screen with that many device pixels a point, on a transparent
 /// ground; its device pixel ratio is set. Null for an image without a size. Pictures of another
 /// desktop are left out. Call on the main thread.
 [[nodiscard]] QPixmap renderImage(const Image& image, qreal devicePixelRatio);

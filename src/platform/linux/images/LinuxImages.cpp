@@ -13,7 +13,7 @@
 namespace tavrel {
 
 namespace {
-/// The image in the middle of a place, as large as its proportions allow.
+/// The image in the middle of a rectangle, as large as its proportions allow.
 void paintFitted(QPainter& painter, QSizeF place, const Image& image, qreal dpr) {
   const QSizeF natural(image.size.width, image.size.height);
   const QSizeF size = natural.scaled(place, Qt::KeepAspectRatio);
@@ -27,7 +27,7 @@ void redrawOpenMenus() {
       window->update();
 }
 
-/// Finds its icon when it is first drawn: most entries of a long menu never are.
+/// Finds its icon when it is first drawn, for most entries of a long menu never are.
 class FileIconContent final : public LinuxImageContent {
 public:
   FileIconContent(std::string path, std::shared_ptr<FileIcons> icons)
@@ -40,37 +40,37 @@ public:
       paintFitted(painter, pointSize, *icon_->image, dpr);
   }
 
-  [[nodiscard]] bool isAtHand() const override {
+  [[nodiscard]] bool isReady() const override {
     if (!icon_->image && !icon_->isRequested)
       request();
     if (!icon_->image)
       icons_->waitBriefly([this] { return icon_->image.has_value(); });
-    icon_->isMissed = !icon_->image;
-    return !icon_->isMissed;
+    icon_->isMissing = !icon_->image;
+    return !icon_->isMissing;
   }
 
 private:
   struct Icon {
     std::optional<Image> image;
     bool isRequested = false;
-    bool isMissed = false; ///< something was drawn without it
+    bool isMissing = false; ///< the last drawing had to leave it out
   };
 
   void request() const {
     icon_->isRequested = true;
-    const std::weak_ptr<Icon> asking = icon_;
+    const std::weak_ptr<Icon> weakIcon = icon_;
     icons_->request(
         path_,
-        [asking](Image found) {
-          const auto icon = asking.lock();
+        [weakIcon](Image found) {
+          const auto icon = weakIcon.lock();
           if (!icon)
             return;
           icon->image = std::move(found);
-          if (icon->isMissed)
+          if (icon->isMissing)
             redrawOpenMenus();
         },
-        [asking] {
-          if (const auto icon = asking.lock())
+        [weakIcon] {
+          if (const auto icon = weakIcon.lock())
             icon->isRequested = false;
         });
   }

@@ -9,7 +9,7 @@ namespace {
 using MountKeys = std::map<std::string, std::string, std::less<>>;
 
 /// "key=value,key=value". The values are percent-encoded already, as a URL needs them.
-MountKeys keysOf(std::string_view text) {
+MountKeys parseKeys(std::string_view text) {
   MountKeys keys;
   while (!text.empty()) {
     const std::string_view item = text.substr(0, text.find(','));
@@ -26,12 +26,13 @@ std::string valueOf(const MountKeys& keys, std::string_view key) {
   return found == keys.end() ? std::string() : found->second;
 }
 
-/// What a kind of mount is in a URL: the scheme, and the keys that hold host and folder.
+/// How the URL of a kind of mount is made: its scheme, and the keys whose values are host and
+/// folder.
 struct MountKind {
   std::string_view kind;
   std::string_view scheme;
-  std::string_view host;
-  std::string_view folder;
+  std::string_view hostKey;
+  std::string_view folderKey;
 };
 constexpr MountKind mountKinds[] = {
     {"sftp", "sftp", "host", ""},
@@ -53,10 +54,10 @@ std::string urlOf(const MountKind& kind, const MountKeys& keys) {
   url.append("://");
   if (!user.empty())
     url.append(user).append("@");
-  url.append(valueOf(keys, kind.host));
+  url.append(valueOf(keys, kind.hostKey));
   if (!port.empty())
     url.append(":").append(port);
-  url.append("/").append(kind.folder.empty() ? std::string() : valueOf(keys, kind.folder));
+  url.append("/").append(kind.folderKey.empty() ? std::string() : valueOf(keys, kind.folderKey));
   return url;
 }
 
@@ -68,7 +69,7 @@ std::optional<std::string> urlOfGvfsMount(std::string_view name) {
     return std::nullopt;
   const MountKeys keys = parseKeys(name.substr(colon + 1));
   for (const MountKind& kind : mountKinds)
-    if (kind.kind == name.substr(0, colon) && !valueOf(keys, kind.host).empty())
+    if (kind.kind == name.substr(0, colon) && !valueOf(keys, kind.hostKey).empty())
       return urlOf(kind, keys);
   return std::nullopt;
 }

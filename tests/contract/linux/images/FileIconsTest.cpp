@@ -30,7 +30,7 @@ TEST_F(FileIconsTest, FilesThatAreGoneBeforeTheyAreDrawnDoNoHarm) {
 
 TEST_F(FileIconsTest, AnIconIsAtHandSoonAfterAMenuAskedForIt) {
   const auto icon = images().iconForFile(world.addFile());
-  EXPECT_TRUE(eventually([&] { return isAtHand(*icon); }));
+  EXPECT_TRUE(eventually([&] { return isReady(*icon); }));
   EXPECT_EQ(renderImage(*icon, 1).size(), QSize(16, 16));
 }
 
@@ -102,7 +102,7 @@ TEST_F(FileIconsTest, AFolderMayNameItsIcon) {
 }
 
 TEST_F(FileIconsTest, ThePersonsFoldersHaveIconsOfTheirOwn) {
-  const SpecialFolders folders = specialFolders();
+  const SpecialFolderIcons folders = specialFolderIcons();
   const std::string home = std::getenv("HOME");
   EXPECT_EQ(folders.at(home), "user-home");
   EXPECT_EQ(folders.at("/"), "drive-harddisk");

@@ -22,9 +22,9 @@ public:
     asked_.push_back(path);
     if (path.starts_with("/dead"))
       alive_.wait(lock, [this] { return isAlive_; });
-    FileIconFacts evidence;
-    evidence.picture = path;
-    return evidence;
+    FileIconFacts facts;
+    facts.picture = path;
+    return facts;
   }
   void revive() {
     const std::lock_guard lock(mutex_);
@@ -48,18 +48,19 @@ protected:
   ~IconLookupsTest() override { files->revive(); }
 
   void ask(const std::string& path) {
-    lookups.ask(
-        path, std::make_shared<const SpecialFolders>(),
-        [this](const FileIconFacts& evidence) {
-          answers.push_back(*evidence.picture);
+    lookups.request(
+        path, std::make_shared<const SpecialFolderIcons>(),
+        [this](const FileIconFacts& facts) {
+          answers.push_back(*facts.picture);
           inMainThread &= QThread::currentThread() == qApp->thread();
         },
         [this] { ++dropped; });
   }
 
   std::shared_ptr<FileSystem> files = std::make_shared<FileSystem>();
-  IconLookups lookups{
-      [kept = files](const std::string& path, const SpecialFolders&) { return kept->find(path); }};
+  IconLookups lookups{[kept = files](const std::string& path, const SpecialFolderIcons&) {
+    return kept->find(path);
+  }};
   std::vector<std::string> answers;
   bool inMainThread = true;
   int dropped = 0;
@@ -121,11 +122,11 @@ TEST_F(IconLookupsTest, TheOldestOfTooManyQuestionsAreDropped) {
 
 TEST_F(IconLookupsTest, NobodyIsToldOnceTheLookupsAreGone) {
   {
-    IconLookups gone([kept = files](const std::string& path, const SpecialFolders&) {
+    IconLookups gone([kept = files](const std::string& path, const SpecialFolderIcons&) {
       return kept->find(path);
     });
-    gone.ask(
-        "/dead", std::make_shared<const SpecialFolders>(),
+    gone.request(
+        "/dead", std::make_shared<const SpecialFolderIcons>(),
         [this](const FileIconFacts&) { answers.emplace_back(); }, [] {});
     EXPECT_TRUE(eventually([&] { return files->asked() == 1; }));
   }

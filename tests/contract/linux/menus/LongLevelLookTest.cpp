@@ -158,7 +158,7 @@ public:
     EXPECT_TRUE(isThere) << "nobody should wait for it";
     painter.fillRect(QRectF(QPointF(), pointSize), Qt::magenta);
   }
-  [[nodiscard]] bool isAtHand() const override { return isThere; }
+  [[nodiscard]] bool isReady() const override { return isThere; }
 };
 
 bool showsMagenta(const QImage& image) {

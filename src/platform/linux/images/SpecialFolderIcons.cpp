@@ -1,4 +1,4 @@
-#include "platform/linux/system/SpecialFolders.h"
+#include "platform/linux/images/SpecialFolderIcons.h"
 
 #include <QDir>
 #include <QFile>
@@ -6,9 +6,9 @@
 
 namespace tavrel {
 
-SpecialFolders specialFolders() {
+SpecialFolderIcons specialFolderIcons() {
   using Place = QStandardPaths::StandardLocation;
-  SpecialFolders folders;
+  SpecialFolderIcons folders;
   const std::pair<Place, const char*> places[] = {
       {Place::DocumentsLocation, "folder-documents"},
       {Place::DownloadLocation, "folder-download"},
@@ -18,7 +18,8 @@ SpecialFolders specialFolders() {
       {Place::TemplatesLocation, "folder-templates"},
       {Place::MoviesLocation, "folder-videos"},
       {Place::DesktopLocation, "user-desktop"},
-      {Place::HomeLocation, "user-home"}}; // last: a folder set to the home folder is that
+      {Place::HomeLocation,
+       "user-home"}}; // last: a folder that is set to the home folder has that icon
   for (const auto& [place, icon] : places) {
     const QString path = QDir::cleanPath(QStandardPaths::writableLocation(place));
     folders[QFile::encodeName(path).toStdString()] = QLatin1String(icon);
