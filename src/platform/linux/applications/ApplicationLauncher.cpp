@@ -3,7 +3,7 @@
 #include "base/LocalUrl.h"
 #include "platform/linux/applications/DBusActivation.h"
 #include "platform/linux/applications/ExecLine.h"
-#include "platform/linux/applications/StartupNotice.h"
+#include "platform/linux/applications/StartupNotification.h"
 #include "platform/linux/processes/ProcessStart.h"
 #include "platform/linux/processes/ProgramSearch.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 using Refusal = std::optional<std::string>;
 
-Refusal start(CommandLine line, const std::string& folder, const std::string& startupId) {
+Refusal startProgram(CommandLine line, const std::string& folder, const std::string& startupId) {
   const auto program = line.empty() ? std::nullopt : findProgram(line.front());
   if (!program)
     return "no program " + (line.empty() ? std::string() : line.front());
@@ -24,7 +24,7 @@ Refusal start(CommandLine line, const std::string& folder, const std::string& st
   return error ? Refusal(*program + ": " + error.message()) : std::nullopt;
 }
 
-/// The entry's command line, within a terminal where it wants one.
+/// Starts the entry's command line, in a terminal window when it asks for one.
 Refusal startCommand(const DesktopEntry& entry, const ExecContext& context,
                      const std::string& startupId) {
   const std::optional<CommandLine> arguments = splitExec(entry.exec());
@@ -35,7 +35,7 @@ Refusal startCommand(const DesktopEntry& entry, const ExecContext& context,
     return "no terminal to run it in";
   for (CommandLine& line : expandExec(*arguments, context)) {
     line.insert(line.begin(), terminal.begin(), terminal.end());
-    if (Refusal refused = start(std::move(line), entry.path(), startupId))
+    if (Refusal refused = startProgram(std::move(line), entry.path(), startupId))
       return refused;
   }
   return std::nullopt;
@@ -49,14 +49,14 @@ std::optional<std::string> ApplicationLauncher::launch(const DesktopEntry& entry
                                                        const std::vector<std::string>& urls) {
   if (!isInstalled(entry))
     return "not installed: there is no program " + entry.tryExec();
-  StartupNotice notice(windows_, entry, entryPath);
-  if (entry.dbusActivatable() && activateOverDBus(id, urls, notice.id()) == DBusAnswer::asked)
+  StartupNotification notification(windows_, entry, entryPath);
+  if (entry.dbusActivatable() && activateOverDBus(id, urls, notification.id()) == DBusAnswer::asked)
     return std::nullopt;
   const std::string locale = messagesLocale();
-  Refusal refused =
-      startCommand(entry, {urls, entry.name(locale), entry.icon(locale), entryPath}, notice.id());
+  Refusal refused = startCommand(entry, {urls, entry.name(locale), entry.icon(locale), entryPath},
+                                 notification.id());
   if (refused)
-    notice.withdraw();
+    notification.withdraw();
   return refused;
 }
 
@@ -65,7 +65,7 @@ ApplicationLauncher::launchProgram(const std::string& path, const std::vector<st
   CommandLine line{path};
   for (const std::string& url : urls)
     line.push_back(localPathOfUrl(url).value_or(url));
-  return start(std::move(line), {}, {});
+  return startProgram(std::move(line), {}, {});
 }
 
 bool isInstalled(const DesktopEntry& entry) {

@@ -10,13 +10,13 @@ namespace tavrel {
 
 class DesktopWindows;
 
-/// Starts applications as their desktop entries say. Each operation answers nothing once the
-/// application was started or asked, else why not, in words for one line.
+/// Starts applications by their desktop entries. Each operation answers nothing when the
+/// application was started (or asked over D-Bus), else the reason why not in one clause.
 class ApplicationLauncher {
 public:
   explicit ApplicationLauncher(DesktopWindows& windows) : windows_(windows) {}
 
-  /// The application of an entry with documents as URLs; the id tells its name on the bus.
+  /// The application of an entry with documents as URLs. The id of the entry is its name on D-Bus.
   [[nodiscard]] std::optional<std::string> launch(const DesktopEntry& entry, const std::string& id,
                                                   const std::string& entryPath,
                                                   const std::vector<std::string>& urls);
@@ -29,7 +29,7 @@ private:
   DesktopWindows& windows_;
 };
 
-/// Whether an entry's application is there: what its TryExec names, when it has one.
+/// Whether the program that the entry's TryExec names is there; true without that key.
 [[nodiscard]] bool isInstalled(const DesktopEntry& entry);
 
 } // namespace tavrel

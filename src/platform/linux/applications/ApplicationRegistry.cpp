@@ -13,8 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Far beyond the nesting anybody uses.
-constexpr int deepestFolder = 8;
+constexpr int deepestFolder = 8; // menus of desktops nest two deep at most
 constexpr std::size_t largestList = std::size_t{1} << 20;
 
 std::vector<std::string> entriesUnder(const std::string& folder) {
@@ -42,7 +41,7 @@ bool contains(const std::vector<std::string>& list, std::string_view what) {
   return std::ranges::find(list, what) != list.end();
 }
 
-const std::vector<std::string>& choices(const MimeAppsList::Choices& all, std::string_view type) {
+const std::vector<std::string>& idsFor(const MimeAppsList::Choices& all, std::string_view type) {
   static const std::vector<std::string> none;
   const auto found = all.find(type);
   return found == all.end() ? none : found->second;
@@ -53,10 +52,10 @@ const std::vector<std::string>& choices(const MimeAppsList::Choices& all, std::s
 void ApplicationRegistry::refresh() {
   applications_.clear();
   byId_.clear();
-  Cache seen;
-  for (std::size_t index = 0; index < folders_.data.size(); ++index)
-    readFolder(index, seen);
-  cache_ = std::move(seen);
+  Cache current;
+  for (std::size_t index = 0; index < xdg_.data.size(); ++index)
+    readFolder(index, current);
+  cache_ = std::move(current);
   for (const InstalledApplication& application : applications_)
     byId_[application.id] = &application;
   readLists();
@@ -77,10 +76,10 @@ ApplicationRegistry::CachedEntry ApplicationRegistry::readEntry(const std::strin
   return {stamp, std::make_shared<const DesktopEntry>(std::move(*entry))};
 }
 
-void ApplicationRegistry::readFolder(std::size_t dataFolder, Cache& seen) {
-  const std::string folder = folders_.data[dataFolder] + "/applications";
+void ApplicationRegistry::readFolder(std::size_t dataFolder, Cache& current) {
+  const std::string folder = xdg_.data[dataFolder] + "/applications";
   for (const std::string& path : entriesUnder(folder)) {
-    const CachedEntry& cached = seen[path] = readEntry(path);
+    const CachedEntry& cached = current[path] = readEntry(path);
     const std::string id = idOf(folder, path);
     if (cached.entry && byId_.try_emplace(id, nullptr).second && !cached.entry->hidden())
       applications_.push_back({id, path, cached.entry, dataFolder});
@@ -89,7 +88,7 @@ void ApplicationRegistry::readFolder(std::size_t dataFolder, Cache& seen) {
 
 void ApplicationRegistry::readLists() {
   lists_.clear();
-  for (MimeAppsFile& file : mimeAppsFiles(folders_))
+  for (MimeAppsFile& file : mimeAppsFiles(xdg_))
     if (const auto text = readFile(file.path, largestList))
       lists_.emplace_back(std::move(file), parseMimeAppsList(*text));
 }
@@ -108,17 +107,17 @@ ApplicationRegistry::handlersOf(std::string_view mimeType) const {
       handlers.push_back(application);
   };
   for (const auto& [file, list] : lists_)
-    for (const std::string& id : choices(list.defaults, mimeType))
+    for (const std::string& id : idsFor(list.defaults, mimeType))
       add(find(id));
-  // What one list removes, lesser lists and folders cannot bring back.
+  // An association that one list removes is not taken from less important lists and folders.
   const auto addFromList = [&](const MimeAppsList& list) {
-    for (const std::string& id : choices(list.added, mimeType))
+    for (const std::string& id : idsFor(list.added, mimeType))
       if (!removed.contains(id))
         add(find(id));
-    const std::vector<std::string>& gone = choices(list.removed, mimeType);
+    const std::vector<std::string>& gone = idsFor(list.removed, mimeType);
     removed.insert(gone.begin(), gone.end());
   };
-  for (std::size_t folder = 0; folder < folders_.data.size(); ++folder) {
+  for (std::size_t folder = 0; folder < xdg_.data.size(); ++folder) {
     for (const auto& [file, list] : lists_)
       if (file.dataFolder == folder && !file.desktopSpecific)
         addFromList(list);

@@ -18,17 +18,17 @@ struct InstalledApplication {
   std::size_t dataFolder = 0; ///< which of the data folders it is in
 };
 
-/// The installed applications and what they open. Entries are read again when they change on the
-/// disk; asking whether they did costs a look at each file's time.
+/// The installed applications and what they open. An entry is read again only when its file has
+/// changed, for which one stat of each file is enough.
 class ApplicationRegistry {
 public:
-  explicit ApplicationRegistry(XdgFolders folders) : folders_(std::move(folders)) {}
+  explicit ApplicationRegistry(XdgFolders xdg) : xdg_(std::move(xdg)) {}
 
-  /// Looks for changes. Pointers given out before become invalid.
+  /// Reads what has changed. Pointers and references given out before become invalid.
   void refresh();
 
-  /// Ordered by the importance of their folder, then by id. An entry that counts as deleted is not
-  /// there, and hides those of its id in lesser folders.
+  /// Sorted by the importance of their folder, then by id. An entry that is marked as deleted is
+  /// left out, and hides those of the same id in less important folders.
   [[nodiscard]] const std::vector<InstalledApplication>& applications() const {
     return applications_;
   }
@@ -36,8 +36,8 @@ public:
   /// Null when there is none of that id.
   [[nodiscard]] const InstalledApplication* find(std::string_view id) const;
 
-  /// Those that open a MIME type, most wanted first: the person's and the system's defaults, what
-  /// was added by hand, then every entry that names the type.
+  /// The applications that open a MIME type, preferred ones first: the defaults of user and system,
+  /// associations that the user added, then every entry that names the type.
   [[nodiscard]] std::vector<const InstalledApplication*>
   handlersOf(std::string_view mimeType) const;
 
@@ -55,10 +55,10 @@ private:
   using Cache = std::map<std::string, CachedEntry>; ///< by path
 
   [[nodiscard]] CachedEntry readEntry(const std::string& path) const;
-  void readFolder(std::size_t dataFolder, Cache& seen);
+  void readFolder(std::size_t dataFolder, Cache& current);
   void readLists();
 
-  XdgFolders folders_;
+  XdgFolders xdg_;
   Cache cache_;
   std::vector<InstalledApplication> applications_;
   std::map<std::string, const InstalledApplication*, std::less<>> byId_; ///< null: deleted

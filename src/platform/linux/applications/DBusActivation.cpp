@@ -11,8 +11,8 @@ namespace tavrel {
 
 namespace {
 
-/// Long enough for a program to start, short enough for a person to wait.
-constexpr int patience = 3000; // milliseconds
+/// Long enough for a program to start, short enough for the user to wait.
+constexpr int activationTimeoutMsecs = 3000;
 
 QString busNameOf(const std::string& entryId) {
   QString name = QString::fromStdString(entryId);
@@ -65,10 +65,10 @@ DBusAnswer activateOverDBus(const std::string& entryId, const std::vector<std::s
   if (!urls.empty())
     call << listOf(urls);
   call << platformData(startupId);
-  const QDBusMessage answer = bus.call(call, QDBus::Block, patience);
-  const bool slow = answer.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NoReply");
-  return answer.type() == QDBusMessage::ReplyMessage || slow ? DBusAnswer::asked
-                                                             : DBusAnswer::unavailable;
+  const QDBusMessage answer = bus.call(call, QDBus::Block, activationTimeoutMsecs);
+  const bool isTimeout = answer.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NoReply");
+  return answer.type() == QDBusMessage::ReplyMessage || isTimeout ? DBusAnswer::asked
+                                                                  : DBusAnswer::unavailable;
 }
 
 } // namespace tavrel

@@ -8,11 +8,11 @@ namespace tavrel {
 
 namespace {
 
-class ExecReader {
+class ExecParser {
 public:
-  explicit ExecReader(std::string_view text) : text_(text) {}
+  explicit ExecParser(std::string_view text) : text_(text) {}
 
-  std::optional<CommandLine> read() {
+  std::optional<CommandLine> parse() {
     while (at_ < text_.size())
       if (text_[at_] == '"') {
         if (!readQuoted())
@@ -34,7 +34,7 @@ private:
   }
 
   bool readQuoted() {
-    begun_ = true;
+    hasArgument_ = true;
     for (++at_; at_ < text_.size(); ++at_) {
       if (text_[at_] == '"') {
         ++at_;
@@ -54,24 +54,25 @@ private:
 
   void append(char c) {
     argument_ += c;
-    begun_ = true;
+    hasArgument_ = true;
   }
 
   void finishArgument() {
-    if (begun_)
+    if (hasArgument_)
       arguments_.push_back(std::move(argument_));
     argument_.clear();
-    begun_ = false;
+    hasArgument_ = false;
   }
 
   std::string_view text_;
   std::size_t at_ = 0;
   std::string argument_;
-  bool begun_ = false;
+  bool hasArgument_ = false;
   CommandLine arguments_;
 };
 
-/// A local file as its path; a URL elsewhere stays one: most programs that take files take those.
+/// A local file as its path. Another URL is passed as it is: most programs that take files take
+/// URLs, too.
 std::string fileArgument(const std::string& url) {
   return localPathOfUrl(url).value_or(url);
 }
@@ -90,7 +91,7 @@ bool takesDocument(std::string_view argument) {
   return false;
 }
 
-/// What one code within an argument stands for.
+/// The value of a field code within a longer argument.
 std::string valueOf(char code, const ExecContext& context) {
   const std::string document = context.urls.empty() ? std::string() : context.urls.front();
   switch (code) {
@@ -122,12 +123,12 @@ std::string expandWithin(std::string_view argument, const ExecContext& context) 
   return result;
 }
 
-bool isCode(std::string_view argument) {
+bool isFieldCode(std::string_view argument) {
   return argument.size() == 2 && argument[0] == '%';
 }
 
-/// An argument that is nothing but a code may stand for any number of them.
-void expandCode(char code, const ExecContext& context, CommandLine& line) {
+/// An argument that is only a field code becomes any number of arguments.
+void expandFieldCode(char code, const ExecContext& context, CommandLine& line) {
   if (code == 'F')
     std::ranges::transform(context.urls, std::back_inserter(line), fileArgument);
   else if (code == 'U')
@@ -141,8 +142,8 @@ void expandCode(char code, const ExecContext& context, CommandLine& line) {
 CommandLine expandOnce(const CommandLine& arguments, const ExecContext& context) {
   CommandLine line;
   for (const std::string& argument : arguments)
-    if (isCode(argument))
-      expandCode(argument[1], context, line);
+    if (isFieldCode(argument))
+      expandFieldCode(argument[1], context, line);
     else
       line.push_back(expandWithin(argument, context));
   return line;
@@ -151,7 +152,7 @@ CommandLine expandOnce(const CommandLine& arguments, const ExecContext& context)
 } // namespace
 
 std::optional<CommandLine> splitExec(std::string_view exec) {
-  return ExecReader(exec).read();
+  return ExecParser(exec).parse();
 }
 
 std::vector<CommandLine> expandExec(const CommandLine& arguments, const ExecContext& context) {

@@ -6,27 +6,28 @@
 
 namespace tavrel {
 
-/// The file managers that scripts and settings know by name. Entries of our own stand for them,
-/// with the name under the key X-Tavrel-Role.
+/// The file managers that scripts and settings know by name. Each has a desktop entry of ours, in
+/// resources/roles, with the name under the key X-Tavrel-Role; the installed file managers play
+/// them.
 enum class FileManagerRole { finder, pathFinder };
 
-/// As the entries of the roles are named: "Finder", "Path Finder".
+/// "Finder", "Path Finder": the names of their entries.
 [[nodiscard]] std::string nameOf(FileManagerRole role);
 
-/// The role that an entry of our own stands for; nothing for every other entry.
+/// The role of an entry of ours; nothing for any other entry.
 [[nodiscard]] std::optional<FileManagerRole> roleOfEntry(const DesktopEntry& entry);
 
-/// Those who play the roles, the Finder first: the default application for folders, whatever it is,
-/// then all that call themselves file managers.
+/// The installed applications that play the roles, in their order: the default application for
+/// folders, whatever it is, then all entries of the category FileManager.
 [[nodiscard]] std::vector<const InstalledApplication*>
 fileManagers(const ApplicationRegistry& registry);
 
-/// Who plays a role: the first is the Finder, the next in line Path Finder. Null when there is
+/// The application for a role: the first is the Finder, the second Path Finder. Null when there is
 /// none.
 [[nodiscard]] const InstalledApplication*
 playerOf(FileManagerRole role, const std::vector<const InstalledApplication*>& managers);
 
-/// The role an application is seen in: every file manager but the second is the Finder.
+/// The role of an application: every file manager but the second is the Finder.
 [[nodiscard]] std::optional<FileManagerRole>
 rolePlayedBy(const InstalledApplication& application,
              const std::vector<const InstalledApplication*>& managers);

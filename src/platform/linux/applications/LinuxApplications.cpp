@@ -19,11 +19,11 @@ ProcessSerialNumber serialOf(const WindowFacts& facts) {
   return {1, facts.client};
 }
 
-/// What there is to say without an entry.
+/// Name and path of a program without a desktop entry.
 void describeProgram(RunningApplication& application, const WindowFacts& facts,
                      const std::string& executable) {
-  const bool telling = !executable.empty() && !isInterpreter(executable);
-  const std::string name = telling || facts.windowClass.empty()
+  const bool isOwnProgram = !executable.empty() && !isInterpreter(executable);
+  const std::string name = isOwnProgram || facts.windowClass.empty()
                                ? executable.substr(executable.rfind('/') + 1)
                                : facts.windowClass;
   if (!name.empty())

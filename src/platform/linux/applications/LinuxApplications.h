@@ -9,10 +9,10 @@ class ApplicationRegistry;
 struct InstalledApplication;
 
 /// The processes that have windows, each with the desktop entry of its application. File managers
-/// are seen in their roles: under the name and entry of the Finder, the second as Path Finder. A
-/// desktop window counts as the file manager's when that draws it, docks count as nothing.
+/// have the name and entry of their role: Finder, the second one Path Finder. A desktop window
+/// counts only when it belongs to a file manager; docks do not count.
 ///
-/// A serial number is {0, process identifier}; for a window whose process is not to be known (on
+/// A serial number is {0, process identifier}; for a window whose process is unknown (it is on
 /// another machine) it is {1, the X11 client}, with 0 as the process identifier.
 class LinuxApplications final : public Applications {
 public:

@@ -29,15 +29,17 @@ constexpr std::int32_t applicationNotFound = -10814;
 constexpr std::int32_t launchFailed = -10827;
 
 /// Quoted, with line feeds and the like escaped: one line whatever the name.
-QString shown(const std::string& text) {
+QString quoted(const std::string& text) {
   QString result;
   QDebug(&result).nospace() << QString::fromStdString(text);
   return result;
 }
 
-bool say(const char* what, const std::string& subject, const std::optional<std::string>& refusal) {
+/// Logs the refusal of an operation; true when there is none.
+bool logRefusal(const char* what, const std::string& subject,
+                const std::optional<std::string>& refusal) {
   if (refusal)
-    qCWarning(workspaceLog).noquote() << what << shown(subject) + QLatin1Char(':')
+    qCWarning(workspaceLog).noquote() << what << quoted(subject) + QLatin1Char(':')
                                       << QString::fromStdString(*refusal).simplified();
   return !refusal;
 }
@@ -65,7 +67,7 @@ std::string urlOf(const std::string& path) {
   return fileUrlOfPath(path, isFolder(path) ? PathIs::directory : PathIs::file);
 }
 
-/// The type of a file, then the types it is a kind of.
+/// The MIME type of a file, then its parent types.
 std::vector<std::string> mimeTypesOf(const std::string& path) {
   const QMimeType type = QMimeDatabase().mimeTypeForFile(
       QString::fromLocal8Bit(path.data(), static_cast<qsizetype>(path.size())));
@@ -78,36 +80,36 @@ std::vector<std::string> mimeTypesOf(const std::string& path) {
   return result;
 }
 
-/// What opening a file depends on.
-struct OpenedFacts {
+/// What opening a path depends on.
+struct OpenTarget {
   bool isThere = false;
-  std::error_code error; ///< why it could not be seen whether something is there
+  std::error_code error; ///< when it is unknown whether something is there
   bool isEntry = false;
-  std::optional<std::string> program; ///< to be run instead
+  std::optional<std::string> program; ///< to be run instead of opened
   std::vector<std::string> mimeTypes;
   std::string url;
 };
 
-OpenedFacts factsNow(const std::string& path) {
-  OpenedFacts facts;
-  facts.isThere = fs::exists(path, facts.error);
-  facts.isEntry = facts.isThere && isEntry(path);
-  if (!facts.isThere || facts.isEntry)
-    return facts;
-  facts.program = programOfAppDir(path);
-  if (!facts.program && isCompiledProgram(path))
-    facts.program = path;
-  if (!facts.program)
-    facts.mimeTypes = mimeTypesOf(path);
-  facts.url = urlOf(path);
-  return facts;
+OpenTarget inspectNow(const std::string& path) {
+  OpenTarget target;
+  target.isThere = fs::exists(path, target.error);
+  target.isEntry = target.isThere && isEntry(path);
+  if (!target.isThere || target.isEntry)
+    return target;
+  target.program = programOfAppDir(path);
+  if (!target.program && isCompiledProgram(path))
+    target.program = path;
+  if (!target.program)
+    target.mimeTypes = mimeTypesOf(path);
+  target.url = urlOf(path);
+  return target;
 }
 
-/// In one question, for a share may go at any moment.
-OpenedFacts factsOf(const std::string& path) {
-  OpenedFacts silent;
-  silent.error = std::make_error_code(std::errc::timed_out);
-  return askPatiently(path, FinalLink::follow, silent, [path] { return factsNow(path); });
+/// All at once, within one timeout: a network mount may stop answering at any moment.
+OpenTarget inspect(const std::string& path) {
+  OpenTarget unanswered;
+  unanswered.error = std::make_error_code(std::errc::timed_out);
+  return askPatiently(path, FinalLink::follow, unanswered, [path] { return inspectNow(path); });
 }
 
 std::optional<DesktopEntry> entryAt(const std::string& path) {
@@ -118,33 +120,35 @@ std::optional<DesktopEntry> entryAt(const std::string& path) {
 } // namespace
 
 bool LinuxWorkspace::openFile(const std::string& path) {
-  return say("cannot open", path, open(path));
+  return logRefusal("cannot open", path, open(path));
 }
 
 LinuxWorkspace::Refusal LinuxWorkspace::open(const std::string& path) {
-  const OpenedFacts facts = path.starts_with('/') ? factsOf(path) : OpenedFacts();
-  if (const auto place = facts.isThere ? std::nullopt : networkPlaceOfVolume(path))
+  const OpenTarget target = path.starts_with('/') ? inspect(path) : OpenTarget();
+  if (const auto place = target.isThere ? std::nullopt : networkPlaceOfVolume(path))
     return openPlace(*place);
-  if (!facts.isThere)
-    return facts.error ? facts.error.message() : "nothing is there";
-  if (facts.isEntry)
+  if (!target.isThere)
+    return target.error ? target.error.message() : "nothing is there";
+  if (target.isEntry)
     return openEntry(path, {});
-  if (facts.program)
-    return launcher_.launchProgram(*facts.program, {});
-  return openWithHandler(facts.mimeTypes, facts.url);
+  if (target.program)
+    return launcher_.launchProgram(*target.program, {});
+  return openWithHandler(target.mimeTypes, target.url);
 }
 
-/// Most file managers open places on other machines, but few say so.
+/// Most file managers open network URLs, but few have an entry that says so: the handlers of
+/// folders are tried, too.
 LinuxWorkspace::Refusal LinuxWorkspace::openPlace(const std::string& url) {
   return openWithHandler({"x-scheme-handler/" + urlScheme(url), "inode/directory"}, url);
 }
 
 bool LinuxWorkspace::openUrl(const std::string& url) {
   if (!isUrl(url) || urlScheme(url).empty())
-    return say("cannot open", url, "not a URL");
+    return logRefusal("cannot open", url, "not a URL");
   if (const auto path = localPathOfUrl(url))
     return openFile(*path);
-  return say("cannot open", url, openWithHandler({"x-scheme-handler/" + urlScheme(url)}, url));
+  return logRefusal("cannot open", url,
+                    openWithHandler({"x-scheme-handler/" + urlScheme(url)}, url));
 }
 
 LinuxWorkspace::Refusal LinuxWorkspace::openWithHandler(const std::vector<std::string>& mimeTypes,
@@ -202,28 +206,29 @@ std::int32_t LinuxWorkspace::openUrlsWithApplication(const LaunchRequest& reques
   const bool isApplication =
       isEntry(path) ? entry && entry->type() == "Application" : findProgram(program).has_value();
   if (!isApplication) {
-    say("cannot open documents with", request.applicationUrl, "no such application");
+    (void)logRefusal("cannot open documents with", request.applicationUrl, "no such application");
     return applicationNotFound;
   }
   const Refusal refused = entry ? launch(*entry, path, request.itemUrls)
                                 : launcher_.launchProgram(program, request.itemUrls);
-  return say("cannot open documents with", path, refused) ? 0 : launchFailed;
+  return logRefusal("cannot open documents with", path, refused) ? 0 : launchFailed;
 }
 
 bool LinuxWorkspace::performFileOperation(FileOperation operation, const std::string& source,
                                           const std::string& destination,
                                           const std::vector<std::string>& names) {
-  return say(operation == FileOperation::move ? "cannot move files to" : "cannot copy files to",
-             destination, transferFiles(operation, source, destination, names));
+  return logRefusal(operation == FileOperation::move ? "cannot move files to"
+                                                     : "cannot copy files to",
+                    destination, transferFiles(operation, source, destination, names));
 }
 
-// Never through a link: it goes, what it leads to stays.
+// A symbolic link is removed itself, not what it leads to.
 bool LinuxWorkspace::removeFile(const std::string& path) {
-  if (const auto place = componentLocation(path)) {
-    const std::string problem = removeBelow(place->folder, place->relativePath);
+  if (const auto component = componentLocation(path)) {
+    const std::string problem = removeBelow(component->folder, component->relativePath);
     if (!problem.empty())
       qCWarning(workspaceLog).noquote()
-          << shown(place->relativePath) << QString::fromStdString(problem);
+          << quoted(component->relativePath) << QString::fromStdString(problem);
     return problem.empty();
   }
   std::error_code error;

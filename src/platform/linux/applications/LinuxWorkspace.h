@@ -9,9 +9,9 @@ namespace tavrel {
 
 class ApplicationRegistry;
 
-/// Opens through desktop entries and the person's choices in mimeapps.list. Applications are
+/// Opens by desktop entries and the user's choices in mimeapps.list. Applications are
 /// desktop entries, AppDirs (folders with a program AppRun) and programs. "/Volumes/NAME/" opens
-/// the network place of that name that the desktop remembers. Each refusal is a line under the
+/// the network place of that name (see NetworkPlaces.h). Each refusal is a line under the
 /// logging category tavrel.workspace.
 class LinuxWorkspace final : public Workspace {
 public:
@@ -30,7 +30,7 @@ public:
   [[nodiscard]] std::int32_t systemVersion() override;
 
 private:
-  /// Why an opening failed, in words for one line; nothing when it did not.
+  /// Why opening failed, as a clause for one line; nothing when it did not.
   using Refusal = std::optional<std::string>;
 
   Refusal open(const std::string& path);

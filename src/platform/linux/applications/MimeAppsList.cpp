@@ -54,12 +54,12 @@ MimeAppsList parseMimeAppsList(std::string_view text) {
   return list;
 }
 
-std::vector<MimeAppsFile> mimeAppsFiles(const XdgFolders& folders) {
+std::vector<MimeAppsFile> mimeAppsFiles(const XdgFolders& xdg) {
   std::vector<MimeAppsFile> files;
-  for (const std::string& folder : folders.config)
-    addFolder(folder, 0, folders.desktops, files);
-  for (std::size_t index = 0; index < folders.data.size(); ++index)
-    addFolder(folders.data[index] + "/applications", index, folders.desktops, files);
+  for (const std::string& folder : xdg.config)
+    addFolder(folder, 0, xdg.desktops, files);
+  for (std::size_t index = 0; index < xdg.data.size(); ++index)
+    addFolder(xdg.data[index] + "/applications", index, xdg.desktops, files);
   return files;
 }
 

@@ -18,14 +18,14 @@ struct MimeAppsList {
   Choices removed;
 };
 
-/// Lines that mean nothing are skipped.
+/// Malformed lines and other groups are skipped.
 [[nodiscard]] MimeAppsList parseMimeAppsList(std::string_view text);
 
-/// The lists of one folder: those for the person's desktops come first, and tell of defaults alone.
+/// Where a list is. Of a list for one desktop (kde-mimeapps.list) only the defaults count.
 struct MimeAppsFile {
   std::string path;
   bool desktopSpecific = false;
-  /// Counts the folders of applications that are less important than this list.
+  /// The index of the data folder whose applications come right after this list.
   std::size_t dataFolder = 0;
 };
 

@@ -40,7 +40,7 @@ constexpr std::array<std::string_view, 18> terminalPrograms{
     "wezterm-gui",    "foot",    "cool-retro-term"};
 constexpr std::array<std::string_view, 4> bareTerminalPrograms{"xterm", "urxvt", "rxvt", "urxvtd"};
 
-// A person may have given the window another class.
+// The user may have given the window another class, as by "xterm -class".
 bool runsAnyOf(std::span<const std::string_view> programs, const WindowFacts& window) {
   const std::string program = std::filesystem::path(executableOf(window.pid)).filename();
   return std::ranges::find(programs, program) != programs.end();
@@ -57,10 +57,11 @@ bool isTerminal(const WindowFacts& window, ApplicationRegistry& registry) {
       runsAnyOf(terminalPrograms, window))
     return true;
   registry.refresh();
-  const InstalledApplication* known = applicationOf(window, executableOf(window.pid), registry);
-  if (known == nullptr)
+  const InstalledApplication* application =
+      applicationOf(window, executableOf(window.pid), registry);
+  if (application == nullptr)
     return false;
-  const std::vector<std::string> categories = known->entry->categories();
+  const std::vector<std::string> categories = application->entry->categories();
   return std::ranges::find(categories, "TerminalEmulator") != categories.end();
 }
 

@@ -6,11 +6,12 @@ namespace tavrel {
 
 class ApplicationRegistry;
 
-/// Whether a window is a terminal emulator's: its desktop entry is of the category, or it bears the
-/// class of a well-known one that has none, or is of its program.
+/// Whether a window is a terminal emulator's: by the category of its desktop entry, or, for those
+/// without such an entry, by a well-known class or program.
 [[nodiscard]] bool isTerminal(const WindowFacts& window, ApplicationRegistry& registry);
 
-/// Whether it is one of the old terminals that take Ctrl+Shift+C for Ctrl+C.
+/// Whether it is a terminal without a copy shortcut (xterm, rxvt and the like), which passes
+/// Ctrl+Shift+C on as Ctrl+C, an interrupt.
 [[nodiscard]] bool isBareTerminal(const WindowFacts& window);
 
 } // namespace tavrel

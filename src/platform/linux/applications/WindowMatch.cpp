@@ -30,13 +30,15 @@ std::string programOf(const InstalledApplication& application) {
   return line ? baseName(line->front()) : std::string();
 }
 
-using Test = std::function<bool(const InstalledApplication&)>;
+using Matches = std::function<bool(const InstalledApplication&)>;
 
-/// An entry that shows in menus is preferred to a helper of the same application.
-const InstalledApplication* first(const ApplicationRegistry& registry, const Test& fits) {
+/// The first entry that matches; one that is shown in menus is preferred to a hidden helper of the
+/// same application.
+const InstalledApplication* firstMatch(const ApplicationRegistry& registry,
+                                       const Matches& matches) {
   const InstalledApplication* helper = nullptr;
   for (const InstalledApplication& each : registry.applications())
-    if (fits(each)) {
+    if (matches(each)) {
       if (!each.entry->noDisplay())
         return &each;
       if (helper == nullptr)
@@ -49,7 +51,7 @@ const InstalledApplication* named(const std::string& id, const ApplicationRegist
   if (id.empty())
     return nullptr;
   if (id.starts_with('/'))
-    return first(registry, [&](const InstalledApplication& each) { return each.path == id; });
+    return firstMatch(registry, [&](const InstalledApplication& each) { return each.path == id; });
   const InstalledApplication* exact = registry.find(id);
   return exact != nullptr ? exact : registry.find(id + ".desktop");
 }
@@ -71,8 +73,8 @@ bool isInterpreter(const std::string& executable) {
 
 const InstalledApplication* applicationOf(const WindowFacts& window, const std::string& executable,
                                           const ApplicationRegistry& registry) {
-  if (const InstalledApplication* told = named(window.applicationId, registry))
-    return told;
+  if (const InstalledApplication* identified = named(window.applicationId, registry))
+    return identified;
   std::vector<std::string> names;
   for (const std::string& name : {window.windowClass, window.instance})
     if (!name.empty())
@@ -81,7 +83,7 @@ const InstalledApplication* applicationOf(const WindowFacts& window, const std::
   if (!executable.empty() && !isInterpreter(executable))
     programs.push_back(lowered(baseName(executable)));
 
-  const std::array<Test, 4> tests = {
+  const std::array<Matches, 4> tests = {
       [&](const auto& each) { return isOneOf(each.entry->startupWmClass(), names); },
       [&](const auto& each) { return isOneOf(stemOf(each), names); },
       [&](const auto& each) { return isOneOf(programOf(each), programs); },
@@ -90,8 +92,8 @@ const InstalledApplication* applicationOf(const WindowFacts& window, const std::
         return stem.find('.') != std::string::npos &&
                isOneOf(stem.substr(stem.rfind('.') + 1), names);
       }};
-  for (const Test& test : tests)
-    if (const InstalledApplication* found = first(registry, test))
+  for (const Matches& test : tests)
+    if (const InstalledApplication* found = firstMatch(registry, test))
       return found;
   return nullptr;
 }

@@ -5,15 +5,15 @@
 
 namespace tavrel {
 
-/// The application a window belongs to, by what the window and its process tell; `executable` is
-/// the process's program, or empty. The clearest evidence counts first: the id that the window
-/// names, StartupWMClass, the window's class as an entry's id, as the program of an entry, and as
-/// the end of an id like "org.example.Class". Null when no installed application fits.
+/// The application a window belongs to. `executable` is the program of the window's process, or
+/// empty. The surest match counts first: the id that the window names, StartupWMClass, the window's
+/// class as an entry's id, as the program of an entry, and as the end of an id like
+/// "org.example.Class". Null when no installed application fits.
 [[nodiscard]] const InstalledApplication* applicationOf(const WindowFacts& window,
                                                         const std::string& executable,
                                                         const ApplicationRegistry& registry);
 
-/// Whether a program runs other programs, so that it says nothing about the application.
+/// Whether a program runs scripts, so that it does not identify an application: python, java, ...
 [[nodiscard]] bool isInterpreter(const std::string& executable);
 
 } // namespace tavrel

@@ -1,4 +1,4 @@
-#include "platform/linux/applications/StartupNotice.h"
+#include "platform/linux/applications/StartupNotification.h"
 
 #include "platform/linux/x11/windows/DesktopWindows.h"
 
@@ -27,14 +27,14 @@ std::string quotedValue(const std::string& text) {
 
 } // namespace
 
-StartupNotice::StartupNotice(DesktopWindows& windows, const DesktopEntry& entry,
-                             const std::string& entryPath)
-    : windows_(windows), announced_(entry.startupNotify()) {
+StartupNotification::StartupNotification(DesktopWindows& windows, const DesktopEntry& entry,
+                                         const std::string& entryPath)
+    : windows_(windows), isAnnounced_(entry.startupNotify()) {
   const std::uint32_t time = windows.serverTime();
   if (time == 0)
     return;
   id_ = newId(time);
-  if (!announced_)
+  if (!isAnnounced_)
     return;
   std::string message =
       "new: ID=" + quotedValue(id_) + " NAME=" + quotedValue(entry.name(messagesLocale())) +
@@ -46,8 +46,8 @@ StartupNotice::StartupNotice(DesktopWindows& windows, const DesktopEntry& entry,
   windows_.broadcastStartup(message);
 }
 
-void StartupNotice::withdraw() {
-  if (announced_ && !id_.empty())
+void StartupNotification::withdraw() {
+  if (isAnnounced_ && !id_.empty())
     windows_.broadcastStartup("remove: ID=" + quotedValue(id_));
 }
 
