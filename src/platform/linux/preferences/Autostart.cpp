@@ -33,20 +33,20 @@ LoginItem itemOf(const PropertyList& value) {
   return {path ? *path : std::string(), hide && hide->boolean().value_or(false)};
 }
 
-std::string ownFile(const XdgFolders& folders, const std::string& name) {
-  return appendingPathComponent(folders.config.front(), "autostart/" + name);
+std::string userFile(const XdgFolders& xdg, const std::string& name) {
+  return appendingPathComponent(xdg.config.front(), "autostart/" + name);
 }
 
-bool isDone(const std::string& file, const std::string& problem) {
+/// Logs a problem; true when there is none.
+bool logProblem(const std::string& file, const std::string& problem) {
   if (!problem.empty())
     qCWarning(autostartLog, "%s: %s", file.c_str(), problem.c_str());
   return problem.empty();
 }
 
-// A link would be written through, perhaps into the system's folder: the person's own file takes
-// its place.
-bool writeOwn(const XdgFolders& folders, const std::string& name, const std::string& text) {
-  const std::string file = ownFile(folders, name);
+// Replaces a symbolic link by a file: writing through the link could change a file of the system.
+bool writeUserFile(const XdgFolders& xdg, const std::string& name, const std::string& text) {
+  const std::string file = userFile(xdg, name);
   std::error_code ignored;
   const fs::path link = fs::read_symlink(file, ignored);
   if (!link.empty())
@@ -54,26 +54,26 @@ bool writeOwn(const XdgFolders& folders, const std::string& name, const std::str
   const std::string problem = replaceFile(file, Bytes(text.begin(), text.end()));
   if (!problem.empty() && !link.empty())
     fs::create_symlink(link, file, ignored);
-  return isDone(file, problem);
+  return logProblem(file, problem);
 }
 
 std::string textOf(const AutostartEntry& entry) {
   return readFile(entry.file, largestEntry).value_or(std::string());
 }
 
-bool stands(const XdgFolders& folders, const std::string& name) {
+bool existsInSystemFolder(const XdgFolders& xdg, const std::string& name) {
   std::error_code ignored;
-  return std::any_of(folders.config.begin() + 1, folders.config.end(), [&](const auto& config) {
+  return std::any_of(xdg.config.begin() + 1, xdg.config.end(), [&](const auto& config) {
     return fs::exists(appendingPathComponent(config, "autostart/" + name), ignored);
   });
 }
 
-bool takeOut(const XdgFolders& folders, const AutostartEntry& entry) {
-  if (!entry.isOurs() || entry.owner != EntryOwner::person || stands(folders, entry.name))
-    return writeOwn(folders, entry.name, withEntryKey(textOf(entry), "Hidden", "true"));
+bool removeItem(const XdgFolders& xdg, const AutostartEntry& entry) {
+  if (!entry.isOurs() || entry.owner != EntryOwner::user || existsInSystemFolder(xdg, entry.name))
+    return writeUserFile(xdg, entry.name, withEntryKey(textOf(entry), "Hidden", "true"));
   std::error_code error;
   fs::remove(entry.file, error);
-  return isDone(entry.file, error ? error.message() : std::string());
+  return logProblem(entry.file, error ? error.message() : std::string());
 }
 
 std::string generatedText(const std::string& path) {
@@ -91,7 +91,7 @@ std::string textFor(const std::string& path) {
   return text && parseDesktopEntry(*text) ? *text : generatedText(path);
 }
 
-std::string marked(std::string text, const LoginItem& item, long order) {
+std::string withItemKeys(std::string text, const LoginItem& item, long order) {
   text = withEntryKey(std::move(text), "Hidden", std::nullopt);
   text = withEntryKey(std::move(text), autostartKey::path, escapedEntryValue(item.path));
   text =
@@ -99,7 +99,7 @@ std::string marked(std::string text, const LoginItem& item, long order) {
   return withEntryKey(std::move(text), autostartKey::order, std::to_string(order));
 }
 
-// One of this name may start something else.
+// Another entry may have the name of the file, but start something else.
 std::string freeName(const std::vector<AutostartEntry>& entries, const std::string& path) {
   const std::string base = deletingPathExtension(lastPathComponent(path));
   const auto isTaken = [&](const std::string& name) {
@@ -111,51 +111,52 @@ std::string freeName(const std::vector<AutostartEntry>& entries, const std::stri
   return name;
 }
 
-bool putIn(const XdgFolders& folders, const LoginItem& item) {
-  const auto entries = autostartEntries(folders);
+bool addItem(const XdgFolders& xdg, const LoginItem& item) {
+  const auto entries = autostartEntries(xdg);
   const long order = entries.empty() ? 1 : std::max(entries.back().order(), 0L) + 1;
   for (const AutostartEntry& entry : entries)
-    if (entry.entry.hidden() && entry.itemPath(folders) == item.path)
-      return writeOwn(folders, entry.name, marked(textOf(entry), item, order));
-  return writeOwn(folders, freeName(entries, item.path), marked(textFor(item.path), item, order));
+    if (entry.entry.hidden() && entry.itemPath(xdg) == item.path)
+      return writeUserFile(xdg, entry.name, withItemKeys(textOf(entry), item, order));
+  return writeUserFile(xdg, freeName(entries, item.path),
+                       withItemKeys(textFor(item.path), item, order));
 }
 
-bool changeHide(const XdgFolders& folders, const AutostartEntry& entry, bool hide) {
+bool changeHide(const XdgFolders& xdg, const AutostartEntry& entry, bool hide) {
   if (entry.entry.boolean(autostartKey::hide) == hide)
     return true;
-  return writeOwn(
+  return writeUserFile(
       folders, entry.name,
       withEntryKey(textOf(entry), autostartKey::hide, std::string(hide ? "true" : "false")));
 }
 
 } // namespace
 
-PropertyList::Array loginItems(const XdgFolders& folders) {
+PropertyList::Array loginItems(const XdgFolders& xdg) {
   PropertyList::Array items;
-  for (const AutostartEntry& entry : autostartEntries(folders))
-    if (entry.isOpened(folders))
+  for (const AutostartEntry& entry : autostartEntries(xdg))
+    if (entry.isStarted(xdg))
       items.emplace_back(PropertyList::Dictionary{
-          {"Path", entry.itemPath(folders)}, {"Hide", entry.entry.boolean(autostartKey::hide)}});
+          {"Path", entry.itemPath(xdg)}, {"Hide", entry.entry.boolean(autostartKey::hide)}});
   return items;
 }
 
-bool setLoginItems(const XdgFolders& folders, const PropertyList::Array& items) {
+bool setLoginItems(const XdgFolders& xdg, const PropertyList::Array& items) {
   std::multiset<LoginItem> wanted;
   for (const PropertyList& item : items)
     wanted.insert(itemOf(item));
-  bool done = !folders.config.empty();
-  for (const AutostartEntry& entry : autostartEntries(folders)) {
-    if (!entry.isOpened(folders))
+  bool done = !xdg.config.empty();
+  for (const AutostartEntry& entry : autostartEntries(xdg)) {
+    if (!entry.isStarted(xdg))
       continue;
-    const auto kept = wanted.find({entry.itemPath(folders), false});
-    done &= kept == wanted.end() ? takeOut(folders, entry) : changeHide(folders, entry, kept->hide);
+    const auto kept = wanted.find({entry.itemPath(xdg), false});
+    done &= kept == wanted.end() ? removeItem(xdg, entry) : changeHide(xdg, entry, kept->hide);
     if (kept != wanted.end())
       wanted.erase(kept);
   }
   for (const PropertyList& item : items)
     if (const auto missing = wanted.find(itemOf(item));
         missing != wanted.end() && !missing->path.empty()) {
-      done &= putIn(folders, *missing);
+      done &= addItem(xdg, *missing);
       wanted.erase(missing);
     }
   return done;

@@ -28,7 +28,7 @@ void addEntries(const std::string& folder, EntryOwner owner,
   }
 }
 
-bool names(const std::vector<std::string>& list, const std::vector<std::string>& desktops) {
+bool isListed(const std::vector<std::string>& list, const std::vector<std::string>& desktops) {
   return std::ranges::any_of(list, [&](std::string each) {
     std::ranges::transform(each, each.begin(), [](unsigned char c) {
       return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20U) : static_cast<char>(c);
@@ -46,28 +46,28 @@ long AutostartEntry::order() const {
   return number;
 }
 
-bool AutostartEntry::isOpened(const XdgFolders& folders) const {
+bool AutostartEntry::isStarted(const XdgFolders& xdg) const {
   const auto only = entry.onlyShowIn();
-  return !entry.hidden() && (only.empty() || names(only, folders.desktops)) &&
-         !names(entry.notShowIn(), folders.desktops);
+  return !entry.hidden() && (only.empty() || isListed(only, xdg.desktops)) &&
+         !isListed(entry.notShowIn(), xdg.desktops);
 }
 
-std::string AutostartEntry::itemPath(const XdgFolders& folders) const {
+std::string AutostartEntry::itemPath(const XdgFolders& xdg) const {
   if (isOurs())
     return entry.text(autostartKey::path);
   std::error_code ignored;
-  for (const std::string& data : folders.data)
+  for (const std::string& data : xdg.data)
     if (std::string path = appendingPathComponent(data, "applications/" + name);
         fs::is_regular_file(path, ignored))
       return path;
   return file;
 }
 
-std::vector<AutostartEntry> autostartEntries(const XdgFolders& folders) {
+std::vector<AutostartEntry> autostartEntries(const XdgFolders& xdg) {
   std::map<std::string, AutostartEntry> found;
-  for (std::size_t i = 0; i < folders.config.size(); ++i)
-    addEntries(appendingPathComponent(folders.config[i], folderName),
-               i == 0 ? EntryOwner::person : EntryOwner::system, found);
+  for (std::size_t i = 0; i < xdg.config.size(); ++i)
+    addEntries(appendingPathComponent(xdg.config[i], folderName),
+               i == 0 ? EntryOwner::user : EntryOwner::system, found);
   std::vector<AutostartEntry> entries;
   for (auto& [name, entry] : found)
     entries.push_back(std::move(entry));

@@ -15,26 +15,26 @@ inline constexpr const char* hide = "X-Tavrel-Hide";
 inline constexpr const char* order = "X-Tavrel-Order";
 } // namespace autostartKey
 
-enum class EntryOwner { person, system };
+enum class EntryOwner { user, system };
 
-/// One name in the autostart folders, as it counts.
+/// A file name in the autostart folders, with the entry that counts for it.
 struct AutostartEntry {
   std::string name; ///< of the file
   std::string file; ///< the file that counts
-  EntryOwner owner = EntryOwner::person;
+  EntryOwner owner = EntryOwner::user;
   DesktopEntry entry;
 
   /// Whether we wrote it.
   [[nodiscard]] bool isOurs() const { return !entry.text(autostartKey::path).empty(); }
-  /// Its place among the others; 0 for one that nobody gave a place.
+  /// Its position among the entries that we wrote; 0 for others.
   [[nodiscard]] long order() const;
-  /// Whether it is opened on this desktop.
-  [[nodiscard]] bool isOpened(const XdgFolders& folders) const;
-  /// What the list of log-in items calls it.
-  [[nodiscard]] std::string itemPath(const XdgFolders& folders) const;
+  /// Whether it is started on this desktop.
+  [[nodiscard]] bool isStarted(const XdgFolders& xdg) const;
+  /// The path in its log-in item: the application, program or document that it starts.
+  [[nodiscard]] std::string itemPath(const XdgFolders& xdg) const;
 };
 
-/// Every name once, in the order of the list; those marked as deleted, too.
-[[nodiscard]] std::vector<AutostartEntry> autostartEntries(const XdgFolders& folders);
+/// Every name once, in the order of the log-in items; entries that are marked as deleted, too.
+[[nodiscard]] std::vector<AutostartEntry> autostartEntries(const XdgFolders& xdg);
 
 } // namespace tavrel

@@ -14,11 +14,11 @@ namespace {
 
 Q_LOGGING_CATEGORY(preferencesLog, "tavrel.preferences")
 
-void say(const std::string& path, const std::string& what) {
-  qCWarning(preferencesLog, "%s: %s", path.c_str(), what.c_str());
+void warn(const std::string& path, const std::string& problem) {
+  qCWarning(preferencesLog, "%s: %s", path.c_str(), problem.c_str());
 }
 
-// A domain's name becomes a file's name: it must be able to.
+// Whether a domain's name can be a file name.
 bool isFileName(const std::string& domain) {
   return !domain.empty() && domain != "." && domain != ".." &&
          domain.find('/') == std::string::npos && domain.find('\0') == std::string::npos;
@@ -31,17 +31,17 @@ bool isUsable(const PropertyListFile& file) {
 PropertyListFile readFirst(PropertyListReader& reader, const std::string& path) {
   PropertyListFile file = reader.read(path);
   if (!isUsable(file))
-    say(path, file.problem + "; it counts as empty and is left alone");
+    warn(path, file.problem + "; it counts as empty and is left alone");
   return file;
 }
 
-// A file that somebody is still writing must not empty the menu.
+// A malformed file may be one that an editor is still writing: the values read before stay.
 PropertyListFile readAgain(PropertyListReader& reader, const std::string& path,
                            const PropertyList::Dictionary& before) {
   PropertyListFile file = reader.read(path);
   if (isUsable(file))
     return file;
-  say(path, file.problem + "; what was read before stays in effect");
+  warn(path, file.problem + "; what was read before stays in effect");
   file.values = before;
   return file;
 }
@@ -54,13 +54,13 @@ void apply(PropertyList::Dictionary& values, const std::string& key,
     values.erase(key);
 }
 
-bool makeWay(const PropertyListFile& file, const std::string& path) {
+bool moveMalformedAside(const PropertyListFile& file, const std::string& path) {
   if (file.state == PropertyListFileState::unreadable)
     return false;
   if (file.state != PropertyListFileState::malformed)
     return true;
   const auto aside = moveAside(path);
-  say(path, aside ? "kept as " + *aside : "cannot be moved aside; nothing is written");
+  warn(path, aside ? "kept as " + *aside : "cannot be moved aside; nothing is written");
   return aside.has_value();
 }
 
@@ -68,7 +68,7 @@ bool write(const std::string& path, const PropertyList::Dictionary& values, Prop
   const auto bytes = encodePropertyList(values, form);
   const std::string problem = bytes ? replaceFile(path, *bytes) : "nests too deep to be written";
   if (!problem.empty())
-    say(path, problem + "; nothing is written");
+    warn(path, problem + "; nothing is written");
   return problem.empty();
 }
 
@@ -80,14 +80,14 @@ LinuxPreferences::~LinuxPreferences() {
       synchronize(name);
 }
 
-LinuxPreferences::Domain& LinuxPreferences::opened(const std::string& name) {
+LinuxPreferences::Domain& LinuxPreferences::loadedDomain(const std::string& name) {
   const auto [place, added] = domains_.try_emplace(name);
   if (added && renewView(name, place->second))
     return place->second;
   if (added && isFileName(name))
     place->second.values = readFirst(place->second.reader, pathOf(name)).values;
   else if (added)
-    say(name, "cannot name a preference file");
+    warn(name, "cannot name a preference file");
   return place->second;
 }
 
@@ -96,7 +96,7 @@ std::string LinuxPreferences::pathOf(const std::string& domain) const {
 }
 
 bool LinuxPreferences::hasChangedElsewhere(const std::string& name) {
-  Domain& domain = opened(name);
+  Domain& domain = loadedDomain(name);
   const PropertyListFile file = readAgain(domain.reader, pathOf(name), domain.values);
   PropertyList::Dictionary expected = file.values;
   for (const auto& [key, value] : domain.pending)
@@ -104,24 +104,24 @@ bool LinuxPreferences::hasChangedElsewhere(const std::string& name) {
   return expected != domain.values;
 }
 
-bool LinuxPreferences::renewView(const std::string& name, Domain& renewed) {
+bool LinuxPreferences::renewView(const std::string& name, Domain& domain) {
   const auto view = views_.find(name);
   if (view == views_.end())
     return false;
-  renewed.values = view->second.read();
+  domain.values = view->second.read();
   return true;
 }
 
 std::optional<PropertyList> LinuxPreferences::value(const std::string& domain,
                                                     const std::string& key) {
-  const auto& values = opened(domain).values;
+  const auto& values = loadedDomain(domain).values;
   const auto found = values.find(key);
   return found == values.end() ? std::nullopt : std::optional(found->second);
 }
 
 void LinuxPreferences::setValue(const std::string& domain, const std::string& key,
                                 std::optional<PropertyList> value) {
-  Domain& changed = opened(domain);
+  Domain& changed = loadedDomain(domain);
   apply(changed.values, key, value);
   changed.pending.insert_or_assign(key, std::move(value));
 }
@@ -139,7 +139,7 @@ bool LinuxPreferences::synchronizeView(const View& view, Domain& domain) {
 }
 
 bool LinuxPreferences::synchronize(const std::string& name) {
-  Domain& domain = opened(name);
+  Domain& domain = loadedDomain(name);
   if (const auto view = views_.find(name); view != views_.end())
     return synchronizeView(view->second, domain);
   if (!isFileName(name))
@@ -151,7 +151,7 @@ bool LinuxPreferences::synchronize(const std::string& name) {
   domain.values = file.values;
   if (domain.pending.empty())
     return true;
-  if (!makeWay(file, path) || !write(path, file.values, file.form))
+  if (!moveMalformedAside(file, path) || !write(path, file.values, file.form))
     return false;
   domain.pending.clear();
   return true;
@@ -159,15 +159,16 @@ bool LinuxPreferences::synchronize(const std::string& name) {
 
 std::optional<PropertyList::Dictionary>
 LinuxPreferences::persistentDomain(const std::string& domain) {
-  Domain& asked = opened(domain);
+  Domain& asked = loadedDomain(domain);
   if (asked.pending.empty())
-    renewView(domain, asked); // whoever writes it back whole must know what others added meanwhile
+    renewView(domain,
+              asked); // the caller may write it back whole, with what others added meanwhile
   const auto& values = asked.values;
   return values.empty() ? std::nullopt : std::optional(values);
 }
 
 void LinuxPreferences::removePersistentDomain(const std::string& domain) {
-  const PropertyList::Dictionary values = opened(domain).values;
+  const PropertyList::Dictionary values = loadedDomain(domain).values;
   for (const auto& [key, value] : values)
     setValue(domain, key, std::nullopt);
 }

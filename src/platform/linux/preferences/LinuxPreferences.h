@@ -8,15 +8,15 @@
 
 namespace tavrel {
 
-/// Domains as property-list files: NAME.plist in one folder. A file that is no property list reads
-/// as what was read before it became so, at first as empty, and is never overwritten: a write first
-/// moves it aside. Each trouble is one line on standard error.
+/// Domains as property-list files: NAME.plist in one folder. A malformed file keeps the values that
+/// were read before (none, at the start), and is never overwritten: a write first moves it aside.
+/// Each problem is one line on standard error.
 class LinuxPreferences final : public Preferences {
 public:
-  /// A domain that is kept elsewhere.
+  /// A domain that is not a file of ours but is computed from what the desktop has.
   struct View {
     std::function<PropertyList::Dictionary()> read;               ///< what it holds at the moment
-    std::function<bool(const PropertyList::Dictionary&)> write{}; ///< none: it cannot be written
+    std::function<bool(const PropertyList::Dictionary&)> write{}; ///< none: read-only
   };
 
   /// The folder need not exist yet.
@@ -35,8 +35,8 @@ public:
   void setPersistentDomain(const std::string& domain,
                            const PropertyList::Dictionary& values) override;
 
-  /// Whether the file of a domain can be read and says something else than what was read or written
-  /// last. One that cannot be read is told on standard error.
+  /// Whether another program changed the file of a domain since we read or wrote it. False for a
+  /// file that cannot be read, which is reported on standard error.
   [[nodiscard]] bool hasChangedElsewhere(const std::string& domain);
 
   [[nodiscard]] std::string pathOf(const std::string& domain) const;
@@ -48,9 +48,10 @@ private:
     Changes pending;
     PropertyListReader reader{};
   };
-  Domain& opened(const std::string& domain);
+  Domain& loadedDomain(const std::string& name);
 
-  bool renewView(const std::string& domain, Domain& renewed);
+  /// Reads a view again; false when the domain is a file.
+  bool renewView(const std::string& name, Domain& domain);
   bool synchronizeView(const View& view, Domain& domain);
 
   std::string folder_;

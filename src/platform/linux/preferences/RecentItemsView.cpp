@@ -32,17 +32,17 @@ PropertyList recentFile(const std::string& name, const std::string& path) {
 
 PropertyList::Array recentDocuments(const std::vector<RecentUse>& uses) {
   PropertyList::Array items;
-  std::set<std::string> known;
+  std::set<std::string> listed;
   for (const RecentUse& use : uses) {
     const auto path = use.isPrivate ? std::nullopt : localPathOfUrl(use.url);
-    if (path && items.size() < mostRecent && known.insert(*path).second)
+    if (path && items.size() < mostRecent && listed.insert(*path).second)
       items.push_back(recentFile(lastPathComponent(*path), *path));
   }
   return items;
 }
 
-/// Newest first. An application counts once for each way it calls itself: which one is meant takes
-/// long to find out.
+/// The uses by applications, newest first, each name and command line once. Which installed
+/// application is meant takes long to find out, so that is left for the few that are listed.
 std::vector<RecentApplicationUse> applicationUses(const std::vector<RecentUse>& uses) {
   std::vector<RecentApplicationUse> all;
   for (const RecentUse& use : uses)
@@ -57,7 +57,7 @@ std::vector<RecentApplicationUse> applicationUses(const std::vector<RecentUse>& 
   return first;
 }
 
-/// The program's own name in a command line such as "'/usr/bin/gedit' %u".
+/// The name of the program in a command line such as "'/usr/bin/gedit' %u".
 std::string programOf(std::string_view exec) {
   constexpr std::string_view around = "'\" ";
   exec.remove_prefix(std::min(exec.find_first_not_of(around), exec.size()));
@@ -71,9 +71,9 @@ bool takesFiles(const std::string& exec) {
   return false;
 }
 
-/// How surely an entry is that of an application: several may start one program, as its settings
-/// do. 0: it is not.
-int likeness(const InstalledApplication& application, const RecentApplicationUse& use) {
+/// How well an entry matches an application; 0: not at all. Several entries may start the same
+/// program, as one for its settings.
+int matchScore(const InstalledApplication& application, const RecentApplicationUse& use) {
   const std::string program = programOf(use.exec);
   const std::string id = deletingPathExtension(application.id);
   const std::string exec = application.entry->exec();
@@ -87,19 +87,19 @@ int likeness(const InstalledApplication& application, const RecentApplicationUse
 const InstalledApplication* applicationOfUse(const RecentApplicationUse& use,
                                              const std::vector<InstalledApplication>& installed) {
   const auto found = std::ranges::max_element(
-      installed, {}, [&](const InstalledApplication& each) { return likeness(each, use); });
-  return found != installed.end() && likeness(*found, use) > 0 ? &*found : nullptr;
+      installed, {}, [&](const InstalledApplication& each) { return matchScore(each, use); });
+  return found != installed.end() && matchScore(*found, use) > 0 ? &*found : nullptr;
 }
 
 PropertyList::Array recentApplications(const std::vector<RecentUse>& uses,
                                        ApplicationRegistry& registry) {
   PropertyList::Array items;
-  std::set<std::string> known;
+  std::set<std::string> listed;
   registry.refresh();
   for (const RecentApplicationUse& use : applicationUses(uses)) {
     const InstalledApplication* found =
         items.size() < mostRecent ? applicationOfUse(use, registry.applications()) : nullptr;
-    if (found && known.insert(found->path).second)
+    if (found && listed.insert(found->path).second)
       items.push_back(recentFile(found->entry->name(messagesLocale()), found->path));
   }
   return items;
