@@ -125,7 +125,7 @@ bool changeHide(const XdgFolders& xdg, const AutostartEntry& entry, bool hide) {
   if (entry.entry.boolean(autostartKey::hide) == hide)
     return true;
   return writeUserFile(
-      folders, entry.name,
+      xdg, entry.name,
       withEntryKey(textOf(entry), autostartKey::hide, std::string(hide ? "true" : "false")));
 }
 

@@ -14,16 +14,16 @@ constexpr KeyboardEvent letterC{'c', 8, KeyDirection::down};
 constexpr std::uint16_t dvorakC = 34;
 
 constexpr int mostPresses = 10;
-constexpr int looksPerPress = 10;
-constexpr double betweenLooks = 0.001;
-constexpr double longestSelection = 0.3;
+constexpr int pollsPerPress = 10;
+constexpr double pollIntervalSeconds = 0.001;
+constexpr double timeoutSeconds = 0.3;
 
 struct SavedPasteboard {
   std::vector<std::string> types;
   std::map<std::string, Bytes> data;
 };
 
-SavedPasteboard saved(Pasteboard& pasteboard) {
+SavedPasteboard save(Pasteboard& pasteboard) {
   SavedPasteboard contents{pasteboard.types(), {}};
   for (const std::string& type : contents.types)
     if (auto data = pasteboard.data(type))
@@ -36,7 +36,7 @@ void clear(Pasteboard& pasteboard) {
   (void)pasteboard.setString("", pasteboardType::string);
 }
 
-void put(const SavedPasteboard& contents, Pasteboard& pasteboard) {
+void restore(const SavedPasteboard& contents, Pasteboard& pasteboard) {
   pasteboard.declareTypes(contents.types);
   for (const std::string& type : contents.types)
     if (const auto data = contents.data.find(type); data != contents.data.end())
@@ -58,23 +58,23 @@ bool pressCopy(ScriptDesktop& desktop) {
   return pressInFront(desktop, {key, {keyCode::command}});
 }
 
-bool wasCleared(const SavedPasteboard& contents) {
+bool isCleared(const SavedPasteboard& contents) {
   return contents.types == std::vector<std::string>{pasteboardType::string} &&
          contents.data.contains(pasteboardType::string) &&
          contents.data.at(pasteboardType::string).empty();
 }
 
-bool hasCopied(ScriptDesktop& desktop) {
+bool makeItCopy(ScriptDesktop& desktop) {
   Pasteboard& general = desktop.pasteboards.general();
   const std::int64_t before = general.changeCount();
-  const double end = desktop.clock.now() + longestSelection;
+  const double end = desktop.clock.now() + timeoutSeconds;
   for (int press = 0; press < mostPresses && desktop.clock.now() < end; ++press) {
     if (!pressCopy(desktop))
       return false;
-    for (int look = 0; look < looksPerPress; ++look) {
+    for (int poll = 0; poll < pollsPerPress; ++poll) {
       if (general.changeCount() != before)
         return true;
-      desktop.clock.sleep(betweenLooks);
+      desktop.clock.sleep(pollIntervalSeconds);
     }
   }
   return general.changeCount() != before;
@@ -98,14 +98,14 @@ std::vector<std::string> selectionOfFileManager(ScriptDesktop& desktop, const st
   if (!isInFront(desktop, role))
     return {};
   Pasteboard& general = desktop.pasteboards.general();
-  const SavedPasteboard before = saved(general);
-  clear(general); // else what is copied late in answer to an earlier keystroke would be undone
-  const bool isCopied = hasCopied(desktop);
+  const SavedPasteboard before = save(general);
+  clear(general); // else a late copy, the answer to an earlier keystroke, would be undone
+  const bool isCopied = makeItCopy(desktop);
   const std::vector<std::string> paths = filesCopiedTo(general);
-  if (wasCleared(before) && !isCopied)
-    clear(general); // whoever cleared it for a capture leaves it with its owner still
+  if (isCleared(before) && !isCopied)
+    clear(general); // restored, it would become an empty text of ours; cleared, it keeps its owner
   else
-    put(before, general);
+    restore(before, general);
   return paths;
 }
 

@@ -18,11 +18,11 @@ using namespace script;
 
 namespace {
 
-constexpr double secondsBetweenLooks = 0.1;
+constexpr double stopPollSeconds = 0.1;
 
-using Ask = HostAnswer (*)(ScriptDesktop&, const HostEvent&);
+using EventHandler = HostAnswer (*)(ScriptDesktop&, const HostEvent&);
 
-Ask askOf(const std::string& application) {
+EventHandler handlerFor(const std::string& application) {
   const QString name = QString::fromStdString(application).toLower();
   if (name == "finder" || name == "path finder")
     return askFileManager;
@@ -37,22 +37,22 @@ Ask askOf(const std::string& application) {
 
 } // namespace
 
-// What is to end asks for nothing more, and what it waited for counts as refused.
+// A script that is to stop gets nothing more: whatever it waited for is an error.
 HostAnswer LinuxScriptHost::perform(const HostEvent& event) {
   const HostError stopped{errors::userCanceled, "User canceled."};
   if (shouldStop())
     return stopped;
-  HostAnswer answer =
-      event.application.empty() ? addition(event) : askOf(event.application)(desktop_, event);
+  HostAnswer answer = event.application.empty() ? runAddition(event)
+                                                : handlerFor(event.application)(desktop_, event);
   return shouldStop() ? HostAnswer(stopped) : answer;
 }
 
-HostAnswer LinuxScriptHost::addition(const HostEvent& event) {
+HostAnswer LinuxScriptHost::runAddition(const HostEvent& event) {
   if (event.command == "do shell script")
     return runShellScript(event, [this] { return shouldStop(); });
   if (event.command == "delay")
     return delay(event);
-  const DialogWatch watch([this] { return shouldStop(); });
+  const DialogCanceller canceller([this] { return shouldStop(); });
   for (const ScriptCommands* each : {&additionCommands(), &fileCommands(), &dialogCommands()}) {
     const auto command = each->find(event.command);
     if (command != each->end())
@@ -62,9 +62,9 @@ HostAnswer LinuxScriptHost::addition(const HostEvent& event) {
 }
 
 HostAnswer LinuxScriptHost::delay(const HostEvent& event) {
-  double left = event.direct ? scriptNumber(*event.direct).value_or(0) : 1;
-  for (; left > 0 && !shouldStop(); left -= secondsBetweenLooks)
-    desktop_.clock.sleep(std::min(left, secondsBetweenLooks));
+  double remaining = event.direct ? scriptNumber(*event.direct).value_or(0) : 1;
+  for (; remaining > 0 && !shouldStop(); remaining -= stopPollSeconds)
+    desktop_.clock.sleep(std::min(remaining, stopPollSeconds));
   return HostValue{};
 }
 
@@ -75,7 +75,7 @@ double LinuxScriptHost::now() {
 }
 
 bool LinuxScriptHost::shouldStop() {
-  return runs_.shouldStop() || TerminationSignals::wereReceived();
+  return longRunningScripts_.shouldStop() || TerminationSignals::wereReceived();
 }
 
 } // namespace tavrel

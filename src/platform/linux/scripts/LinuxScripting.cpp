@@ -15,25 +15,25 @@ LinuxScripting::~LinuxScripting() {
 void LinuxScripting::setApplication(ScriptableApplication* application) {
   application_ = application;
   if (application_ != nullptr)
-    object_.offer(scriptingInterface(*application_, [this] { askForRemoval(); }));
+    object_.offer(scriptingInterface(*application_, [this] { scheduleRemoval(); }));
   else
     object_.withdraw(QString::fromLatin1(scriptingInterfaceName));
 }
 
-// The removal asks the person, and whoever called is not to wait for that. It is asked for once,
-// however often it was called for until it is over.
-void LinuxScripting::askForRemoval() {
-  if (removal_ == Removal::asked)
+// The removal asks the user, and the caller is not to wait for that. Calls that come before it is
+// over have no effect.
+void LinuxScripting::scheduleRemoval() {
+  if (removal_ == Removal::scheduled)
     return;
-  removal_ = Removal::asked;
+  removal_ = Removal::scheduled;
   QTimer::singleShot(0, this, [this] { remove(); });
 }
 
 void LinuxScripting::remove() {
-  const QPointer<LinuxScripting> still(this);
+  const QPointer<LinuxScripting> alive(this);
   if (application_ != nullptr)
     application_->handleUninstallScriptCommand();
-  if (still)
+  if (alive)
     removal_ = Removal::none;
 }
 

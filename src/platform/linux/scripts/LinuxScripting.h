@@ -8,8 +8,8 @@ namespace tavrel {
 
 class BusObject;
 
-/// The application, for whoever asks it on this desktop: other programs over D-Bus, and scripts.
-/// Without an application there is no such interface on the bus.
+/// Offers the scriptable application to other programs, over D-Bus, and to scripts. Without an
+/// application the D-Bus interface is withdrawn.
 class LinuxScripting final : public QObject, public Scripting {
 public:
   /// The object must outlive this.
@@ -17,12 +17,12 @@ public:
   ~LinuxScripting() override;
 
   void setApplication(ScriptableApplication* application) override;
-  /// Null while nobody answers.
+  /// Null when none is set.
   [[nodiscard]] ScriptableApplication* application() const { return application_; }
 
 private:
-  enum class Removal { none, asked };
-  void askForRemoval();
+  enum class Removal { none, scheduled };
+  void scheduleRemoval();
   void remove();
 
   BusObject& object_;

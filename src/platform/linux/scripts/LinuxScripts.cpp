@@ -9,11 +9,11 @@ namespace {
 constexpr OSAError cannotRead = -54;
 constexpr OSAError cannotWrite = -61;
 
-/// Whether a file still holds the script that was loaded from it, with whatever state.
+/// Whether a file still holds the script that was loaded from it; the state may differ.
 bool isSameScript(const ScriptFile& file, const PropertyList& container) {
   const std::string* old = file.container.stringFor("source");
-  const std::string* own = container.stringFor("source");
-  return old && own && *old == *own;
+  const std::string* loaded = container.stringFor("source");
+  return old && loaded && *old == *loaded;
 }
 
 } // namespace
@@ -66,7 +66,8 @@ ExecutedScript LinuxScripts::execute(ComponentInstance component, OSAID id) {
 }
 
 OSAError LinuxScripts::run(const Script& script) {
-  const LongRunningScripts::Run running(runs_, lastPathComponent(script.path));
+  const LongRunningScripts::RunningScript running(longRunningScripts_,
+                                                  lastPathComponent(script.path));
   if (script.id == 0)
     return runProgram_(script.path);
   return engine_.run(script.id).error ? osaError::scriptError : osaError::none;
@@ -106,7 +107,7 @@ std::unique_ptr<NSAppleScript> LinuxScripts::initWithContentsOfFile(const std::s
     return nullptr;
   const auto loaded = engine_.loadContainer(file.container);
   const auto* id = std::get_if<script::ScriptId>(&loaded);
-  return id ? std::make_unique<ResourceScript>(engine_, *id, runs_) : nullptr;
+  return id ? std::make_unique<ResourceScript>(engine_, *id, longRunningScripts_) : nullptr;
 }
 
 std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, ScriptOrigin origin) {
@@ -116,7 +117,7 @@ std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, Scri
   if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
     return SourceRun{script::errorDictionary(*error, source)};
   const auto id = std::get<script::ScriptId>(loaded);
-  const LongRunningScripts::Run running(runs_, "Tavrel");
+  const LongRunningScripts::RunningScript running(longRunningScripts_, "Tavrel");
   const script::RunResult run = engine_.run(id);
   engine_.dispose(id);
   if (!run.error)

@@ -18,9 +18,10 @@ public:
   /// Runs an executable script; the error that it ends with.
   using RunProgram = std::function<OSAError(const std::string& path)>;
 
-  /// The host and the runs must outlive this.
-  LinuxScripts(script::Host& host, LongRunningScripts& runs, RunProgram runProgram)
-      : engine_(host), runs_(runs), runProgram_(std::move(runProgram)) {}
+  /// The host and the long-running scripts must outlive this.
+  LinuxScripts(script::Host& host, LongRunningScripts& longRunningScripts, RunProgram runProgram)
+      : engine_(host), longRunningScripts_(longRunningScripts), runProgram_(std::move(runProgram)) {
+  }
 
   [[nodiscard]] ComponentInstance openDefaultComponent(std::uint32_t type,
                                                        std::uint32_t subtype) override;
@@ -45,7 +46,7 @@ private:
   [[nodiscard]] OSAError run(const Script& script);
 
   script::Engine engine_;
-  LongRunningScripts& runs_;
+  LongRunningScripts& longRunningScripts_;
   RunProgram runProgram_;
   ComponentInstance lastComponent_ = 0;
   OSAID lastId_ = 0;

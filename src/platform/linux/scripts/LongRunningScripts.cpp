@@ -7,29 +7,29 @@
 
 namespace tavrel {
 
-/// A thread that shows the notice once the patience is over.
-class LongRunningScripts::Watch {
+/// A thread that shows the notification after a delay, for the main thread is busy with the script.
+class LongRunningScripts::NotificationThread {
 public:
-  Watch(double patience, const std::string& name, std::atomic<bool>& stop)
-      : notice_(QString::fromStdString(name), stop) {
-    notice_.moveToThread(&thread_);
+  NotificationThread(double delaySeconds, const std::string& name, std::atomic<bool>& shouldStop)
+      : notification_(QString::fromStdString(name), shouldStop) {
+    notification_.moveToThread(&thread_);
     timer_.moveToThread(&thread_);
     timer_.setSingleShot(true);
-    timer_.setInterval(static_cast<int>(patience * 1000));
+    timer_.setInterval(static_cast<int>(delaySeconds * 1000));
     QObject::connect(&thread_, &QThread::started, &timer_, [this] { timer_.start(); });
-    QObject::connect(&timer_, &QTimer::timeout, &notice_, [this] { notice_.show(); });
+    QObject::connect(&timer_, &QTimer::timeout, &notification_, [this] { notification_.show(); });
     QObject::connect(
-        &thread_, &QThread::finished, &notice_,
+        &thread_, &QThread::finished, &notification_,
         [this] {
           timer_.stop();
-          notice_.close();
+          notification_.close();
         },
         Qt::DirectConnection);
     thread_.start();
   }
-  Watch(const Watch&) = delete;
-  Watch& operator=(const Watch&) = delete;
-  ~Watch() {
+  NotificationThread(const NotificationThread&) = delete;
+  NotificationThread& operator=(const NotificationThread&) = delete;
+  ~NotificationThread() {
     thread_.quit();
     thread_.wait();
   }
@@ -37,24 +37,27 @@ public:
 private:
   QThread thread_;
   QTimer timer_;
-  StopScriptNotification notice_;
+  StopScriptNotification notification_;
 };
 
-LongRunningScripts::LongRunningScripts(double patienceSeconds) : patience_(patienceSeconds) {}
+LongRunningScripts::LongRunningScripts(double secondsUntilNotification)
+    : secondsUntilNotification_(secondsUntilNotification) {}
 
 LongRunningScripts::~LongRunningScripts() = default;
 
-LongRunningScripts::Run::Run(LongRunningScripts& runs, const std::string& name)
-    : runs_(runs), isOutermost_(!runs.watch_) {
+LongRunningScripts::RunningScript::RunningScript(LongRunningScripts& scripts,
+                                                 const std::string& name)
+    : scripts_(scripts), isOutermost_(!scripts.notificationThread_) {
   if (!isOutermost_)
     return;
-  runs.stop_ = false;
-  runs.watch_ = std::make_unique<Watch>(runs.patience_, name, runs.stop_);
+  scripts.shouldStop_ = false;
+  scripts.notificationThread_ = std::make_unique<NotificationThread>(
+      scripts.secondsUntilNotification_, name, scripts.shouldStop_);
 }
 
-LongRunningScripts::Run::~Run() {
+LongRunningScripts::RunningScript::~RunningScript() {
   if (isOutermost_)
-    runs_.watch_.reset();
+    scripts_.notificationThread_.reset();
 }
 
 } // namespace tavrel

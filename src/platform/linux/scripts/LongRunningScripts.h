@@ -6,36 +6,37 @@
 
 namespace tavrel {
 
-/// Watches over scripts while the application waits for them. One that runs for long is named in a
-/// desktop notification that offers to stop it; without a notification service nobody is told.
+/// The application waits for scripts. For one that runs for long, a desktop notification offers to
+/// stop it; without a notification service there is no such offer.
 class LongRunningScripts {
 public:
-  explicit LongRunningScripts(double patienceSeconds = 10);
+  explicit LongRunningScripts(double secondsUntilNotification = 10);
   LongRunningScripts(const LongRunningScripts&) = delete;
   LongRunningScripts& operator=(const LongRunningScripts&) = delete;
   ~LongRunningScripts();
 
-  /// A script runs for as long as this lives; those that it starts belong to it.
-  class Run {
+  /// To be held while a script runs. Scripts that this one runs belong to it: they have no
+  /// notification of their own.
+  class RunningScript {
   public:
-    Run(LongRunningScripts& runs, const std::string& name);
-    ~Run();
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
+    RunningScript(LongRunningScripts& scripts, const std::string& name);
+    ~RunningScript();
+    RunningScript(const RunningScript&) = delete;
+    RunningScript& operator=(const RunningScript&) = delete;
 
   private:
-    LongRunningScripts& runs_;
+    LongRunningScripts& scripts_;
     bool isOutermost_;
   };
 
-  /// Whether the person wants the script that runs now to end.
-  [[nodiscard]] bool shouldStop() const { return stop_; }
+  /// Whether the user chose to stop the script that runs now.
+  [[nodiscard]] bool shouldStop() const { return shouldStop_; }
 
 private:
-  class Watch;
-  double patience_;
-  std::atomic<bool> stop_ = false;
-  std::unique_ptr<Watch> watch_;
+  class NotificationThread;
+  double secondsUntilNotification_;
+  std::atomic<bool> shouldStop_ = false;
+  std::unique_ptr<NotificationThread> notificationThread_; ///< while a script runs
 };
 
 } // namespace tavrel

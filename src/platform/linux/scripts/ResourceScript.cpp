@@ -29,7 +29,7 @@ AppleEventDescriptor descriptorOf(const script::HostValue& value) {
 }
 
 std::optional<AppleEventDescriptor> ResourceScript::execute() {
-  const LongRunningScripts::Run running(runs_, "Tavrel");
+  const LongRunningScripts::RunningScript running(longRunningScripts_, "Tavrel");
   const script::RunResult run = engine_.run(id_);
   if (run.error)
     return std::nullopt;

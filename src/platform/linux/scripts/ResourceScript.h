@@ -12,9 +12,10 @@ namespace tavrel {
 /// A script of the application's own, loaded into an engine for as long as this lives.
 class ResourceScript final : public NSAppleScript {
 public:
-  /// The engine and the runs must outlive this.
-  ResourceScript(script::Engine& engine, script::ScriptId id, LongRunningScripts& runs)
-      : engine_(engine), id_(id), runs_(runs) {}
+  /// The engine and the long-running scripts must outlive this.
+  ResourceScript(script::Engine& engine, script::ScriptId id,
+                 LongRunningScripts& longRunningScripts)
+      : engine_(engine), id_(id), longRunningScripts_(longRunningScripts) {}
   ~ResourceScript() override { engine_.dispose(id_); }
   ResourceScript(const ResourceScript&) = delete;
   ResourceScript& operator=(const ResourceScript&) = delete;
@@ -24,7 +25,7 @@ public:
 private:
   script::Engine& engine_;
   script::ScriptId id_;
-  LongRunningScripts& runs_;
+  LongRunningScripts& longRunningScripts_;
 };
 
 } // namespace tavrel

@@ -25,7 +25,7 @@ HostAnswer clipboard(ScriptDesktop& desktop, const HostEvent&) {
       desktop.pasteboards.general().string(pasteboardType::string).value_or(std::string())};
 }
 
-// An empty clipboard gives the empty text, too, and takes nothing to offer.
+// An empty text clears the clipboard, for reading an empty clipboard gives an empty text, too.
 HostAnswer setClipboard(ScriptDesktop& desktop, const HostEvent& event) {
   Pasteboard& general = desktop.pasteboards.general();
   const std::string text = directText(event);
@@ -53,7 +53,7 @@ HostAnswer openLocation(ScriptDesktop& desktop, const HostEvent& event) {
   return HostError{errors::general, "Nothing can open “" + directText(event) + "”."};
 }
 
-// espeak-ng's own names come first; spd-say speaks where a speech service runs.
+// espeak-ng may be installed as espeak; spd-say needs speech-dispatcher.
 HostAnswer say(ScriptDesktop&, const HostEvent& event) {
   for (const char* name : {"espeak-ng", "espeak", "spd-say"})
     if (const auto program = findProgram(name)) {

@@ -4,7 +4,8 @@
 
 namespace tavrel {
 
-/// What scripts ask of the desktop and no application: files, the clipboard, sound, time, places.
+/// The commands of scripting additions, which are for no application: clipboard, sound, time,
+/// folders.
 [[nodiscard]] const ScriptCommands& additionCommands();
 
 /// `read`, `write`, `info for`, `list folder`, `get eof`, `set eof`, `open for access` and

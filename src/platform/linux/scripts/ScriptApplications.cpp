@@ -27,28 +27,28 @@ bool isSameName(const std::string& a, const std::string& b) {
   return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
 }
 
-// By the name a person reads, or by that of its file, as the core names the application in front.
+// By the displayed name, or by the name of the file, as the core names the application in front.
 bool isKnownAs(const RunningApplication& application, const std::string& name) {
   return (application.name && isSameName(*application.name, name)) ||
          (application.path &&
           isSameName(deletingPathExtension(lastPathComponent(*application.path)), name));
 }
 
-std::optional<RunningApplication> running(ScriptDesktop& desktop, const std::string& name) {
+std::optional<RunningApplication> findRunning(ScriptDesktop& desktop, const std::string& name) {
   const std::vector<RunningApplication> launched = desktop.applications.launched();
   const auto found = std::find_if(launched.begin(), launched.end(),
                                   [&](const auto& each) { return isKnownAs(each, name); });
   return found != launched.end() ? std::optional(*found) : std::nullopt;
 }
 
-// The name as the person sees it, as the entry has it untranslated, or the entry's own file name.
+// By the translated name, the untranslated one, or the name of the entry's file.
 bool isNamed(const InstalledApplication& application, const std::string& name) {
   const std::string id = application.id.substr(0, application.id.rfind(".desktop"));
   return isSameName(application.entry->name(messagesLocale()), name) ||
          isSameName(application.entry->name(), name) || isSameName(id, name);
 }
 
-std::optional<std::string> installed(ScriptDesktop& desktop, const std::string& name) {
+std::optional<std::string> findInstalled(ScriptDesktop& desktop, const std::string& name) {
   for (const char* role : {"Finder", "Path Finder"})
     if (isSameName(name, role))
       return desktop.rolesFolder + "/" + role + ".desktop";
@@ -59,15 +59,15 @@ std::optional<std::string> installed(ScriptDesktop& desktop, const std::string& 
   return std::nullopt;
 }
 
-HostError notThere(const std::string& name) {
+HostError noSuchApplication(const std::string& name) {
   return {errors::noSuchObject, "Can’t get application \"" + name + "\"."};
 }
 
-HostAnswer launched(ScriptDesktop& desktop, const std::string& name,
-                    const std::vector<std::string>& paths) {
-  const auto entry = installed(desktop, name);
+HostAnswer launchWith(ScriptDesktop& desktop, const std::string& name,
+                      const std::vector<std::string>& paths) {
+  const auto entry = findInstalled(desktop, name);
   if (!entry)
-    return notThere(name);
+    return noSuchApplication(name);
   LaunchRequest request{fileOf(*entry), {}};
   for (const std::string& path : paths)
     request.itemUrls.push_back(fileOf(path));
@@ -77,25 +77,26 @@ HostAnswer launched(ScriptDesktop& desktop, const std::string& name,
 }
 
 HostAnswer activate(ScriptDesktop& desktop, const HostEvent& event) {
-  const auto application = running(desktop, event.application);
+  const auto application = findRunning(desktop, event.application);
   if (!application)
-    return launched(desktop, event.application, {});
+    return launchWith(desktop, event.application, {});
   (void)desktop.applications.bringToFront(application->serialNumber);
   return HostValue{};
 }
 
 HostAnswer launch(ScriptDesktop& desktop, const HostEvent& event) {
-  return running(desktop, event.application) ? HostAnswer(HostValue{})
-                                             : launched(desktop, event.application, {});
+  return findRunning(desktop, event.application) ? HostAnswer(HostValue{})
+                                                 : launchWith(desktop, event.application, {});
 }
 
-// Asked politely, window by window, so that unsaved work can be saved. One that does not run has
-// nothing to quit, but one that nobody knows is a mistake.
+// Closes its windows one by one, so that the user is asked about unsaved work. To quit an
+// application that does not run is no error, but one that is not installed is.
 HostAnswer quit(ScriptDesktop& desktop, const HostEvent& event) {
-  const auto application = running(desktop, event.application);
+  const auto application = findRunning(desktop, event.application);
   if (!application)
-    return installed(desktop, event.application) ? HostAnswer(HostValue{})
-                                                 : HostAnswer(notThere(event.application));
+    return findInstalled(desktop, event.application)
+               ? HostAnswer(HostValue{})
+               : HostAnswer(noSuchApplication(event.application));
   for (WindowId window : desktop.windows.windows()) {
     const auto facts = desktop.windows.facts(window);
     if (facts && facts->pid == application->processIdentifier)
@@ -109,15 +110,15 @@ HostAnswer open(ScriptDesktop& desktop, const HostEvent& event) {
       event.direct ? scriptPaths(*event.direct) : std::vector<std::string>();
   if (paths.empty())
     return HostError{errors::missingParameter, "There is no file to open."};
-  return launched(desktop, event.application, paths);
+  return launchWith(desktop, event.application, paths);
 }
 
 HostAnswer property(ScriptDesktop& desktop, const HostEvent& event, const std::string& name) {
-  const auto application = running(desktop, event.application);
+  const auto application = findRunning(desktop, event.application);
   if (name == "running")
     return HostValue{application.has_value()};
-  if (!application && !installed(desktop, event.application))
-    return notThere(event.application);
+  if (!application && !findInstalled(desktop, event.application))
+    return noSuchApplication(event.application);
   if (name == "name")
     return HostValue{application && application->name ? *application->name : event.application};
   if (name != "frontmost")
@@ -138,8 +139,8 @@ HostAnswer get(ScriptDesktop& desktop, const HostEvent& event) {
 }
 
 HostAnswer exists(ScriptDesktop& desktop, const HostEvent& event) {
-  return HostValue{installed(desktop, event.application).has_value() ||
-                   running(desktop, event.application).has_value()};
+  return HostValue{findInstalled(desktop, event.application).has_value() ||
+                   findRunning(desktop, event.application).has_value()};
 }
 
 const ScriptCommands& commands() {
@@ -163,7 +164,7 @@ HostList processNames(ScriptDesktop& desktop) {
   return list;
 }
 
-// As records, so that scripts can look for the one whose property is so and so.
+// As records, so that scripts can filter them by a property ("whose frontmost is true").
 HostList processes(ScriptDesktop& desktop) {
   const auto front = desktop.applications.active();
   HostList list;
@@ -194,7 +195,7 @@ HostAnswer askProcesses(ScriptDesktop& desktop, const HostEvent& event) {
   if (event.command == "count")
     return HostValue{static_cast<std::int64_t>(processNames(desktop).size())};
   if (event.command == "exists" && !which.keys.empty())
-    return HostValue{running(desktop, scriptText(which.keys[0]).value_or("")).has_value()};
+    return HostValue{findRunning(desktop, scriptText(which.keys[0]).value_or("")).has_value()};
   if (event.command == "get")
     return getOfProcesses(desktop, *object);
   return HostError{errors::noSuchObject, "Can’t get that process."};
@@ -206,8 +207,8 @@ HostAnswer askApplication(ScriptDesktop& desktop, const HostEvent& event) {
   const auto command = commands().find(event.command);
   if (command != commands().end())
     return command->second(desktop, event);
-  if (!installed(desktop, event.application) && !running(desktop, event.application))
-    return notThere(event.application);
+  if (!findInstalled(desktop, event.application) && !findRunning(desktop, event.application))
+    return noSuchApplication(event.application);
   return HostError{errors::notUnderstood, "application \"" + event.application +
                                               "\" doesn’t understand the “" + event.command +
                                               "” message."};
@@ -228,8 +229,8 @@ HostAnswer askPreferences(ScriptDesktop& desktop, const HostEvent& event) {
     return askApplication(desktop, event);
   if (event.command == "reveal" && !isOwnPane(event))
     return HostError{errors::noSuchObject, "There is no such pane here."};
-  if (installed(desktop, program))
-    return launched(desktop, program, {});
+  if (findInstalled(desktop, program))
+    return launchWith(desktop, program, {});
   if (event.command == "reveal")
     desktop.log.write("no preference program is installed; the preferences are in the file "
                       "qorvane.tavrel.pref.plist in the person's folder of settings");

@@ -4,9 +4,9 @@
 
 namespace tavrel {
 
-/// What an application is asked: `activate`, `launch`, `quit`, `open`, and whether it is running,
-/// in front, there. An application that is neither installed nor running is an error (-1728), and
-/// so is what it cannot be asked (-1708).
+/// What every application understands: `activate`, `launch`, `quit`, `open`, and whether it is
+/// running, in front, installed. An application that is neither installed nor running is an error
+/// (-1728), any other command is -1708.
 [[nodiscard]] script::HostAnswer askApplication(ScriptDesktop& desktop,
                                                 const script::HostEvent& event);
 
@@ -15,12 +15,12 @@ namespace tavrel {
 [[nodiscard]] script::HostAnswer askFileManager(ScriptDesktop& desktop,
                                                 const script::HostEvent& event);
 
-/// The person's terminal: `do script` opens a window that runs the text and then a shell.
+/// The user's terminal: `do script` opens a window that runs the text and then a shell.
 [[nodiscard]] script::HostAnswer askTerminal(ScriptDesktop& desktop,
                                              const script::HostEvent& event);
 
 /// "System Preferences": revealing the pane "Tavrel" starts the preference program, where one is
-/// installed, else tells where the preferences are kept.
+/// installed; else the log says where the preferences are.
 [[nodiscard]] script::HostAnswer askPreferences(ScriptDesktop& desktop,
                                                 const script::HostEvent& event);
 
@@ -28,8 +28,8 @@ namespace tavrel {
 [[nodiscard]] script::HostAnswer askSystemEvents(ScriptDesktop& desktop,
                                                  const script::HostEvent& event);
 
-/// This program: `copy to clipboard`, `convert`, `uninstall`, and what it tells of itself and of
-/// the selection.
+/// This program: `copy to clipboard`, `convert`, `uninstall`, and its properties, as the version
+/// and the selection (`context object`).
 [[nodiscard]] script::HostAnswer askTavrel(ScriptDesktop& desktop, const script::HostEvent& event);
 
 } // namespace tavrel

@@ -10,8 +10,8 @@ namespace tavrel {
 [[nodiscard]] std::optional<std::string> scriptText(const script::HostValue& value);
 /// A number or a text that holds one.
 [[nodiscard]] std::optional<double> scriptNumber(const script::HostValue& value);
-/// The path of a file, or of a text that is an absolute path; a list gives those of its elements.
-/// One with a null character is none: the system would cut it short.
+/// The path of a file, or a text that is an absolute path; of a list the paths of its elements. A
+/// path with a null character is left out, for the system would cut it short.
 [[nodiscard]] std::vector<std::string> scriptPaths(const script::HostValue& value);
 /// The texts of a list, or of a single value.
 [[nodiscard]] std::vector<std::string> scriptTexts(const script::HostValue& value);

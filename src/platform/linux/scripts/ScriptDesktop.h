@@ -18,7 +18,7 @@ class ApplicationRegistry;
 class DesktopWindows;
 class ScriptableApplication;
 
-/// What scripts reach of the desktop. All must outlive whoever holds this.
+/// The ports and adapters that commands of scripts use. All must outlive the holder of this.
 struct ScriptDesktop {
   Accessibility& accessibility;
   Applications& applications;
@@ -31,9 +31,10 @@ struct ScriptDesktop {
   ApplicationRegistry& registry;
   DesktopWindows& windows;
   std::string rolesFolder;
-  /// This program; null while it does not answer.
+  /// This program as a scriptable application; null when none is set.
   std::function<ScriptableApplication*()> application;
-  /// The files that a script holds open, by path, with the byte that it goes on at.
+  /// The files that a script holds open, by path, with the byte at which reading or writing goes
+  /// on.
   std::map<std::string, std::size_t> openFiles{};
 };
 

@@ -27,7 +27,7 @@ HostError canceled() {
 }
 
 constexpr int usualWidth = 380; // pixels
-constexpr int msecsBetweenStopLooks = 100;
+constexpr int stopPollMsecs = 100;
 
 QString shownText(const std::string& text) {
   return QString::fromStdString(text);
@@ -38,7 +38,7 @@ QString titleOf(const HostEvent& event) {
   return title.empty() ? QString("Tavrel") : shownText(title);
 }
 
-// A button is told by its title or its number from 1.
+// The index of a button that is given by its title or by its number, counted from 1; -1 for none.
 int buttonAt(const HostEvent& event, const char* label, const std::vector<std::string>& titles) {
   const HostValue* value = parameterOf(event, label);
   if (!value)
@@ -51,19 +51,19 @@ int buttonAt(const HostEvent& event, const char* label, const std::vector<std::s
   return found != titles.end() ? static_cast<int>(found - titles.begin()) : -1;
 }
 
-/// A question with up to three buttons and perhaps a line to write in.
-class Question {
+/// A dialog with a text, up to three buttons and perhaps an input field.
+class QuestionDialog {
 public:
-  Question(const HostEvent& event, std::vector<std::string> titles)
+  QuestionDialog(const HostEvent& event, std::vector<std::string> titles)
       : titles_(std::move(titles)), layout_(&dialog_) {
     dialog_.setWindowTitle(titleOf(event));
     dialog_.setWindowFlag(Qt::WindowStaysOnTopHint);
     dialog_.setMinimumWidth(usualWidth);
-    say(directText(event));
+    addText(directText(event));
     const std::string message = textParameter(event, "message");
     if (!message.empty())
-      say(message);
-    addAnswerLine(event);
+      addText(message);
+    addInputField(event);
     addButtons(event);
     giveUpAfter(event);
   }
@@ -73,8 +73,8 @@ public:
     if (chosen_ < 0 && !gaveUp_)
       return canceled();
     HostRecord record{{"button returned", {chosen_ < 0 ? std::string() : titles_[index()]}}};
-    if (line_)
-      record["text returned"] = {line_->text().toStdString()};
+    if (inputField_)
+      record["text returned"] = {inputField_->text().toStdString()};
     if (timer_.isActive() || gaveUp_)
       record["gave up"] = {gaveUp_};
     const bool cancels = chosen_ >= 0 && chosen_ == cancel_;
@@ -84,27 +84,27 @@ public:
 private:
   [[nodiscard]] std::size_t index() const { return static_cast<std::size_t>(chosen_); }
 
-  void say(const std::string& text) {
+  void addText(const std::string& text) {
     auto* label = new QLabel(shownText(text), &dialog_);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     layout_.addWidget(label);
   }
 
-  void addAnswerLine(const HostEvent& event) {
+  void addInputField(const HostEvent& event) {
     const HostValue* answer = parameterOf(event, "default answer");
     if (!answer)
       return;
-    line_ = new QLineEdit(shownText(scriptText(*answer).value_or("")), &dialog_);
+    inputField_ = new QLineEdit(shownText(scriptText(*answer).value_or("")), &dialog_);
     if (flagParameter(event, "hidden answer", false))
-      line_->setEchoMode(QLineEdit::Password);
-    layout_.addWidget(line_);
+      inputField_->setEchoMode(QLineEdit::Password);
+    layout_.addWidget(inputField_);
   }
 
   void addButtons(const HostEvent& event) {
     auto* box = new QDialogButtonBox(&dialog_);
-    const int told = buttonAt(event, "default button", titles_);
-    const int preferred = told >= 0 ? told : static_cast<int>(titles_.size()) - 1;
+    const int given = buttonAt(event, "default button", titles_);
+    const int preferred = given >= 0 ? given : static_cast<int>(titles_.size()) - 1;
     cancel_ = buttonAt(event, "cancel button", titles_);
     for (std::size_t i = 0; i < titles_.size(); ++i) {
       const bool isCancel = cancel_ < 0 && titles_[i] == "Cancel";
@@ -137,29 +137,29 @@ private:
   QDialog dialog_;
   QVBoxLayout layout_;
   QTimer timer_;
-  QLineEdit* line_ = nullptr;
+  QLineEdit* inputField_ = nullptr;
   int chosen_ = -1;
   int cancel_ = -1;
   bool gaveUp_ = false;
 };
 
-HostAnswer ask(const HostEvent& event, std::vector<std::string> otherwise) {
+HostAnswer askQuestion(const HostEvent& event, std::vector<std::string> defaultTitles) {
   const HostValue* buttons = parameterOf(event, "buttons");
-  std::vector<std::string> titles = buttons ? scriptTexts(*buttons) : std::move(otherwise);
+  std::vector<std::string> titles = buttons ? scriptTexts(*buttons) : std::move(defaultTitles);
   if (titles.empty() || titles.size() > 3)
     return HostError{errors::badIndex, "A dialog has one, two or three buttons."};
-  return Question(event, std::move(titles)).ask();
+  return QuestionDialog(event, std::move(titles)).ask();
 }
 
 HostAnswer displayDialog(ScriptDesktop&, const HostEvent& event) {
-  return ask(event, {"Cancel", "OK"});
+  return askQuestion(event, {"Cancel", "OK"});
 }
 
 HostAnswer displayAlert(ScriptDesktop&, const HostEvent& event) {
-  return ask(event, {"OK"});
+  return askQuestion(event, {"OK"});
 }
 
-// What was chosen; false when the person cancels, as scripts expect.
+// The list of what was chosen; false when the user cancels, as scripts expect.
 HostAnswer chooseFromList(ScriptDesktop&, const HostEvent& event) {
   QDialog dialog;
   QVBoxLayout layout(&dialog);
@@ -232,13 +232,13 @@ HostAnswer chooseFileName(ScriptDesktop&, const HostEvent& event) {
 
 } // namespace
 
-DialogWatch::DialogWatch(std::function<bool()> shouldStop) {
+DialogCanceller::DialogCanceller(std::function<bool()> shouldStop) {
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [stops = std::move(shouldStop)] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (dialog != nullptr && stops())
       dialog->reject();
   });
-  timer_.start(msecsBetweenStopLooks);
+  timer_.start(stopPollMsecs);
 }
 
 const ScriptCommands& dialogCommands() {

@@ -6,17 +6,17 @@
 
 namespace tavrel {
 
-/// While it lives, an open dialog is cancelled once the script that asks is to stop.
-class DialogWatch {
+/// While it lives, an open dialog is cancelled as soon as its script is to stop.
+class DialogCanceller {
 public:
-  explicit DialogWatch(std::function<bool()> shouldStop);
+  explicit DialogCanceller(std::function<bool()> shouldStop);
 
 private:
   QTimer timer_;
 };
 
 /// `display dialog`, `display alert`, `choose from list`, `choose file`, `choose folder` and
-/// `choose file name`. They wait for the person; the button that cancels is error -128.
+/// `choose file name`. They wait for the user; cancelling is error -128.
 [[nodiscard]] const ScriptCommands& dialogCommands();
 
 /// `display notification`, by the desktop's notification service.

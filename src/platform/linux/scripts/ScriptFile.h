@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// What a script's file turned out to hold.
+/// The content of a script file.
 struct ScriptFile {
   enum class Kind {
     missing,

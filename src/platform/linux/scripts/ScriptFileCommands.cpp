@@ -41,14 +41,14 @@ std::size_t startOf(const HostEvent& event, const char* label, std::size_t size)
   return static_cast<std::size_t>(std::clamp(start, 0.0, static_cast<double>(size)));
 }
 
-// A path that cannot be is not there.
+// A malformed path counts as a missing file.
 bool isReachable(const std::string& path) {
   std::error_code ignored;
   return fs::exists(path, ignored);
 }
 
-// Where an open file is gone on with; null for one that is named by its path alone.
-std::size_t* markOf(ScriptDesktop& desktop, const std::string& path) {
+// Where reading or writing goes on in a file that `open for access` opened; null for other files.
+std::size_t* positionOf(ScriptDesktop& desktop, const std::string& path) {
   const auto found = desktop.openFiles.find(path);
   return found != desktop.openFiles.end() ? &found->second : nullptr;
 }
@@ -70,17 +70,18 @@ double countFrom(const HostEvent& event, std::size_t start) {
   return std::min(countOf(event), scriptNumber(*last).value_or(0) - static_cast<double>(start));
 }
 
-// What stands before a mark in the file, with or without it; `used` counts the mark in.
-std::string beforeMark(const HostEvent& event, const std::string& text, std::size_t& used) {
+// The text up to the delimiter of `until`, which belongs to it, or of `before`, which does not;
+// `used` counts the bytes with the delimiter.
+std::string untilDelimiter(const HostEvent& event, const std::string& text, std::size_t& used) {
   const std::string until = textParameter(event, "until");
-  const std::string mark = until + textParameter(event, "before");
-  const std::size_t end = mark.empty() ? std::string::npos : text.find(mark);
-  used = end == std::string::npos ? text.size() : end + mark.size();
+  const std::string delimiter = until + textParameter(event, "before");
+  const std::size_t end = delimiter.empty() ? std::string::npos : text.find(delimiter);
+  used = end == std::string::npos ? text.size() : end + delimiter.size();
   return text.substr(0, until.empty() ? end : used);
 }
 
-// With delimiters a file is a list of the texts between them; the last may be left out.
-HostValue apart(const HostEvent& event, const std::string& text) {
+// With `using delimiters` the list of texts between these; a delimiter at the end is no separator.
+HostValue splitAtDelimiters(const HostEvent& event, const std::string& text) {
   std::vector<std::string> delimiters;
   for (const char* label : {"using delimiter", "using delimiters"})
     if (const HostValue* given = parameterOf(event, label))
@@ -88,20 +89,20 @@ HostValue apart(const HostEvent& event, const std::string& text) {
   std::erase(delimiters, std::string());
   if (delimiters.empty())
     return {text};
-  HostList parts;
+  HostList texts;
   std::size_t start = 0;
   for (std::size_t at = 0; at < text.size();) {
     const auto found = std::find_if(delimiters.begin(), delimiters.end(), [&](const auto& each) {
       return std::string_view(text).substr(at).starts_with(each);
     });
     if (found != delimiters.end())
-      parts.push_back({text.substr(start, at - start)});
+      texts.push_back({text.substr(start, at - start)});
     at += found != delimiters.end() ? found->size() : 1;
     start = found != delimiters.end() ? at : start;
   }
   if (start < text.size())
-    parts.push_back({text.substr(start)});
-  return {std::move(parts)};
+    texts.push_back({text.substr(start)});
+  return {std::move(texts)};
 }
 
 bool readsAsText(const HostEvent& event) {
@@ -117,24 +118,24 @@ HostAnswer read(ScriptDesktop& desktop, const HostEvent& event) {
     return missingFile(path);
   if (!readsAsText(event))
     return HostError{errors::cannotCoerce, "A file can only be read as text."};
-  std::size_t* mark = markOf(desktop, path);
-  const std::size_t start = parameterOf(event, "from") || !mark
+  std::size_t* position = positionOf(desktop, path);
+  const std::size_t start = parameterOf(event, "from") || !position
                                 ? startOf(event, "from", contents->size())
-                                : std::min(*mark, contents->size());
-  if (start == contents->size() && (!contents->empty() || mark))
+                                : std::min(*position, contents->size());
+  if (start == contents->size() && (!contents->empty() || position))
     return HostError{errors::endOfFile, "End of file."};
   std::size_t used = 0;
   const std::string text =
-      beforeMark(event, bounded(contents->substr(start), countFrom(event, start)), used);
+      untilDelimiter(event, bounded(contents->substr(start), countFrom(event, start)), used);
   if (!isUtf8(text))
     return HostError{errors::cannotCoerce, "What was read of " + path + " is no UTF-8 text."};
-  if (mark)
-    *mark = start + used;
-  return apart(event, text);
+  if (position)
+    *position = start + used;
+  return splitAtDelimiters(event, text);
 }
 
-// At a byte, at the place that an open file is gone on with, or from the start; the rest of the
-// file stays, as the language has it.
+// Writes at the given byte, else at the position of an open file, else at the start. Bytes behind
+// the written text stay, as the language wants it.
 HostAnswer write(ScriptDesktop& desktop, const HostEvent& event) {
   const HostValue* to = parameterOf(event, "to");
   const std::vector<std::string> paths = to ? scriptPaths(*to) : std::vector<std::string>();
@@ -143,19 +144,19 @@ HostAnswer write(ScriptDesktop& desktop, const HostEvent& event) {
   const std::string& path = paths.front();
   std::error_code error;
   const auto size = isReachable(path) ? fs::file_size(path, error) : 0;
-  std::size_t* mark = markOf(desktop, path);
+  std::size_t* position = positionOf(desktop, path);
   const HostValue* at = parameterOf(event, "starting at");
   const std::size_t start = at && scriptText(*at) == "eof" ? size
-                            : at || !mark                  ? startOf(event, "starting at", size)
-                                                           : std::min<std::size_t>(*mark, size);
+                            : at || !position              ? startOf(event, "starting at", size)
+                                                           : std::min<std::size_t>(*position, size);
   if (!isReachable(path))
     std::ofstream(path).flush();
   const std::string text = bounded(directText(event), countOf(event));
   std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
   file.seekp(static_cast<std::streamoff>(start));
   file << text << std::flush;
-  if (mark)
-    *mark = start + text.size();
+  if (position)
+    *position = start + text.size();
   return file ? HostAnswer(HostValue{}) : notPermitted(path);
 }
 
@@ -172,12 +173,13 @@ HostAnswer setEof(ScriptDesktop& desktop, const HostEvent& event) {
     return HostError{errors::badIndex, "A file can’t have that length."};
   std::error_code error;
   fs::resize_file(pathOf(event), static_cast<std::uintmax_t>(size), error);
-  if (std::size_t* mark = markOf(desktop, pathOf(event)))
-    *mark = std::min(*mark, static_cast<std::size_t>(size));
+  if (std::size_t* position = positionOf(desktop, pathOf(event)))
+    *position = std::min(*position, static_cast<std::size_t>(size));
   return error ? notPermitted(pathOf(event)) : HostAnswer(HostValue{});
 }
 
-// A file is named by its path from then on; only the place to go on at is kept.
+// No file descriptor is kept open: scripts go on to name the file by its path, and only the
+// position is remembered.
 HostAnswer openForAccess(ScriptDesktop& desktop, const HostEvent& event) {
   const std::string path = pathOf(event);
   if (flagParameter(event, "write permission", false) && !isReachable(path))

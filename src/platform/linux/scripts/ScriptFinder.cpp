@@ -24,7 +24,7 @@ std::string fileUrlOf(const std::string& path) {
   return fileUrlOfPath(path, PathIs::file);
 }
 
-constexpr int msecsToAnswer = 5000;
+constexpr int answerTimeoutMsecs = 5000;
 
 HostAnswer missingItem() {
   return HostError{errors::fileNotFound, "There is no such file."};
@@ -39,7 +39,7 @@ bool isThere(const std::string& path) {
   return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
 }
 
-// Any file manager that shows items answers this name.
+// File managers that can show items own this name on the bus.
 bool showItems(const std::vector<std::string>& paths) {
   QStringList urls;
   for (const std::string& path : paths)
@@ -48,7 +48,8 @@ bool showItems(const std::vector<std::string>& paths) {
                                                      "/org/freedesktop/FileManager1",
                                                      "org.freedesktop.FileManager1", "ShowItems");
   call << urls << QString();
-  const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, msecsToAnswer);
+  const QDBusMessage reply =
+      QDBusConnection::sessionBus().call(call, QDBus::Block, answerTimeoutMsecs);
   return reply.type() == QDBusMessage::ReplyMessage;
 }
 
@@ -66,19 +67,19 @@ HostAnswer openWith(ScriptDesktop& desktop, const std::string& application,
   return HostError{errors::notRunning, "Application \"" + application + "\" can’t be started."};
 }
 
-bool isSecondManager(const HostEvent& event) {
+bool isPathFinder(const HostEvent& event) {
   return event.application.size() > std::string("Finder").size();
 }
 
-// The second file manager is asked by its own entry: the bus name belongs to the first.
+// The bus name belongs to the first file manager; Path Finder, the second, is started by its entry.
 HostAnswer reveal(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
   if (paths.empty() || !std::ranges::all_of(paths, isThere))
     return missingItem();
-  if (!isSecondManager(event) && showItems(paths))
+  if (!isPathFinder(event) && showItems(paths))
     return HostValue{};
   const std::string folder = deletingLastPathComponent(paths.front());
-  if (isSecondManager(event))
+  if (isPathFinder(event))
     return openWith(desktop, "Path Finder", {folder});
   return desktop.workspace.openFile(folder) ? HostAnswer(HostValue{}) : missingItem();
 }
@@ -87,7 +88,7 @@ HostAnswer openItem(ScriptDesktop& desktop, const HostEvent& event) {
   const std::vector<std::string> paths = filesOf(event);
   if (paths.empty() || !std::ranges::all_of(paths, isThere))
     return missingItem();
-  if (isSecondManager(event))
+  if (isPathFinder(event))
     return openWith(desktop, "Path Finder", paths);
   for (const std::string& path : paths)
     if (!desktop.workspace.openFile(path))
@@ -149,7 +150,7 @@ HostAnswer performInFinder(ScriptDesktop& desktop, const HostEvent& event) {
   return found != commands.end() ? found->second(desktop, event) : askApplication(desktop, event);
 }
 
-HostAnswer selected(ScriptDesktop& desktop, const std::string& role, const ObjectPath& object) {
+HostAnswer getSelection(ScriptDesktop& desktop, const std::string& role, const ObjectPath& object) {
   HostList files;
   for (const std::string& path : selectionOfFileManager(desktop, role))
     files.push_back({HostFile{path}});
@@ -161,9 +162,9 @@ HostAnswer selected(ScriptDesktop& desktop, const std::string& role, const Objec
                  : HostError{errors::noSuchObject, "Can’t get that of the selection."};
 }
 
-// What is asked of the selection is asked of the files that are selected now.
+// A command for the selection is carried out with the files that are selected now.
 HostAnswer askSelection(ScriptDesktop& desktop, const HostEvent& event, const ObjectPath& object) {
-  const HostAnswer answer = selected(desktop, event.application, object);
+  const HostAnswer answer = getSelection(desktop, event.application, object);
   const auto* files = std::get_if<HostValue>(&answer);
   if (!files || event.command == "get")
     return answer;

@@ -42,7 +42,7 @@ std::optional<Modifiers> modifiersOf(const HostEvent& event) {
   return modifiers;
 }
 
-// A line feed is typed as people type it.
+// A line feed is typed by Return.
 std::optional<std::vector<KeyboardEvent>> keysTyping(const std::string& text) {
   std::vector<KeyboardEvent> keys;
   for (const char16_t unit : utf16FromUtf8(text)) {
@@ -54,18 +54,18 @@ std::optional<std::vector<KeyboardEvent>> keysTyping(const std::string& text) {
   return keys;
 }
 
-std::optional<KeyboardEvent> keyAtPlace(const HostValue& place) {
-  const auto* code = std::get_if<std::int64_t>(&place.value);
+std::optional<KeyboardEvent> keyOfCode(const HostValue& value) {
+  const auto* code = std::get_if<std::int64_t>(&value.value);
   if (code == nullptr || *code < 0 || *code > mostKeyCode)
     return std::nullopt;
   return KeyboardEvent{0, static_cast<std::uint16_t>(*code), KeyDirection::down};
 }
 
-std::optional<std::vector<KeyboardEvent>> keysAtPlaces(const HostValue& places) {
-  const auto* list = std::get_if<HostList>(&places.value);
+std::optional<std::vector<KeyboardEvent>> keysOfCodes(const HostValue& values) {
+  const auto* list = std::get_if<HostList>(&values.value);
   std::vector<KeyboardEvent> keys;
-  for (const HostValue& each : list ? *list : HostList{places}) {
-    const auto key = keyAtPlace(each);
+  for (const HostValue& each : list ? *list : HostList{values}) {
+    const auto key = keyOfCode(each);
     if (!key)
       return std::nullopt;
     keys.push_back(*key);
@@ -73,8 +73,8 @@ std::optional<std::vector<KeyboardEvent>> keysAtPlaces(const HostValue& places) 
   return keys;
 }
 
-HostAnswer press(ScriptDesktop& desktop, const std::vector<KeyboardEvent>& keys,
-                 const HostEvent& event) {
+HostAnswer pressAll(ScriptDesktop& desktop, const std::vector<KeyboardEvent>& keys,
+                    const HostEvent& event) {
   const auto modifiers = modifiersOf(event);
   if (!modifiers)
     return HostError{errors::cannotCoerce, "What is held is no modifier key."};
@@ -114,15 +114,15 @@ HostAnswer typeKeystroke(ScriptDesktop& desktop, const HostEvent& event) {
   if (!text)
     return HostError{errors::missingArgument, "There is no text to type."};
   const auto keys = keysTyping(*text);
-  return keys ? press(desktop, *keys, event)
+  return keys ? pressAll(desktop, *keys, event)
               : HostError{errors::cannotCoerce, "No key types “" + *text + "”."};
 }
 
 HostAnswer typeKeyCode(ScriptDesktop& desktop, const HostEvent& event) {
   if (!event.direct)
     return HostError{errors::missingArgument, "There is no key code."};
-  const auto keys = keysAtPlaces(*event.direct);
-  return keys ? press(desktop, *keys, event)
+  const auto keys = keysOfCodes(*event.direct);
+  return keys ? pressAll(desktop, *keys, event)
               : HostError{errors::badIndex, "A key code is a number from 0 to 127."};
 }
 

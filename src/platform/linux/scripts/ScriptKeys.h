@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// A key that is pressed, and the modifiers that are held meanwhile, by their virtual key codes.
+/// A key that is pressed, and the modifiers that are held meanwhile, as virtual key codes.
 struct ScriptKey {
   KeyboardEvent key;
   std::vector<std::uint16_t> modifiers;
@@ -13,8 +13,8 @@ struct ScriptKey {
 /// Presses and releases a key in the application in front. False when it could not be sent.
 [[nodiscard]] bool pressInFront(ScriptDesktop& desktop, const ScriptKey& key);
 
-/// `keystroke` and `key code`: what types a text, key by key, or keys by their places, with the
-/// modifiers of `using` held. A character that no key of the person's layouts types is left out.
+/// `keystroke` types a text key by key, `key code` presses keys by their virtual key codes; with
+/// the modifiers of `using` held. A character that no key of the user's layouts types is left out.
 [[nodiscard]] script::HostAnswer typeKeystroke(ScriptDesktop& desktop,
                                                const script::HostEvent& event);
 [[nodiscard]] script::HostAnswer typeKeyCode(ScriptDesktop& desktop,

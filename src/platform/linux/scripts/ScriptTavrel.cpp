@@ -10,15 +10,15 @@ using namespace script;
 
 namespace {
 
-using AskSelf = HostAnswer (*)(ScriptableApplication& application, const HostEvent& event);
-using SelfCommands = std::map<std::string, AskSelf, std::less<>>;
+using OwnCommand = HostAnswer (*)(ScriptableApplication& application, const HostEvent& event);
+using OwnCommands = std::map<std::string, OwnCommand, std::less<>>;
 
 HostAnswer copySelection(ScriptableApplication& application, const HostEvent&) {
   application.handleCopyToClipboardScriptCommand();
   return HostValue{};
 }
 
-// A constant or a text; the language does not tell capitals from small letters.
+// Constants come in lower case, for the language ignores case; texts may be in capitals.
 std::optional<std::uint32_t> lineEndingsCode(const HostEvent& event) {
   const std::string endings = textParameter(event, "target line endings");
   if (endings == "cr" || endings == "CR")
@@ -121,26 +121,26 @@ HostAnswer countOwn(ScriptableApplication& application, const HostEvent& event) 
               : notOwn("the count of that");
 }
 
-HostAnswer existsAlready(ScriptableApplication& application, const HostEvent& event) {
+HostAnswer existsOwn(ScriptableApplication& application, const HostEvent& event) {
   if (!event.direct)
     return HostValue{true};
   return HostValue{std::holds_alternative<HostValue>(getOwn(application, event))};
 }
 
-HostAnswer runsAlready(ScriptableApplication&, const HostEvent&) {
+HostAnswer doNothing(ScriptableApplication&, const HostEvent&) {
   return HostValue{};
 }
 
-const SelfCommands& ownCommands() {
-  static const SelfCommands all{{"copy to clipboard", copySelection},
-                                {"convert", convertText},
-                                {"uninstall", uninstallSelf},
-                                {"get", getOwn},
-                                {"count", countOwn},
-                                {"exists", existsAlready},
-                                {"activate", runsAlready},
-                                {"launch", runsAlready},
-                                {"run", runsAlready}};
+const OwnCommands& ownCommands() {
+  static const OwnCommands all{{"copy to clipboard", copySelection},
+                               {"convert", convertText},
+                               {"uninstall", uninstallSelf},
+                               {"get", getOwn},
+                               {"count", countOwn},
+                               {"exists", existsOwn},
+                               {"activate", doNothing},
+                               {"launch", doNothing},
+                               {"run", doNothing}};
   return all;
 }
 

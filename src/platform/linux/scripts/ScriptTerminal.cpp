@@ -34,8 +34,7 @@ HostAnswer count(ScriptDesktop& desktop, const HostEvent&) {
   return HostValue{static_cast<std::int64_t>(terminals(desktop).size())};
 }
 
-// Brings the terminal to the front where one runs; the window that is to run a command is opened
-// by that command, so nothing starts here.
+// Brings a running terminal to the front, but starts none: `do script` opens a window of its own.
 HostAnswer activateTerminal(ScriptDesktop& desktop, const HostEvent&) {
   const std::vector<RunningApplication> all = terminals(desktop);
   if (!all.empty())
@@ -43,8 +42,8 @@ HostAnswer activateTerminal(ScriptDesktop& desktop, const HostEvent&) {
   return HostValue{};
 }
 
-// No terminal takes a command for a window it already has, so each command gets a new one: it runs
-// there, and the person's shell goes on where it ended.
+// No terminal can run a command in a window that is open already. Each command gets a new window,
+// in which the user's shell follows it.
 HostAnswer doScript(ScriptDesktop&, const HostEvent& event) {
   std::vector<std::string> command = terminalCommand();
   const auto program = command.empty() ? std::nullopt : findProgram(command.front());

@@ -8,7 +8,7 @@
 namespace tavrel {
 namespace {
 
-// Where the selection of the menu now shown is kept.
+// The pasteboard with the selection that was captured for the menu.
 constexpr const char* menuPasteboard = "TVRMenuPboardType";
 
 // In the order in which the application itself looks for them.
@@ -37,7 +37,7 @@ OSAError runSelectedScript(const std::string& path, const SelectedScriptDesktop&
                                 front && front->name ? *front->name : std::string()};
   const std::string name = lastPathComponent(path);
   const ProgramOutcome outcome = runSelectionProgram(
-      script, {[&] { return desktop.runs.shouldStop(); },
+      script, {[&] { return desktop.longRunningScripts.shouldStop(); },
                [&](const std::string& line) { desktop.log.write(name + ": " + line); }});
   if (outcome.ending == ProgramOutcome::Ending::notStarted)
     desktop.log.write(name + ": cannot be started: " + std::strerror(outcome.number));

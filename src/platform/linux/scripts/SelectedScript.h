@@ -8,17 +8,17 @@
 
 namespace tavrel {
 
-/// What an executable script is handed and watched by.
+/// What running an executable script needs of the desktop.
 struct SelectedScriptDesktop {
   Applications& applications;
   Pasteboards& pasteboards;
   SystemLog& log;
-  const LongRunningScripts& runs;
+  const LongRunningScripts& longRunningScripts;
 };
 
 /// Runs an executable script on what was captured for the menu: the files as arguments, else the
-/// text as standard input. Its standard error is logged with its name, and why it cannot start.
-/// `scriptError` when it does not, or ends with another status than 0.
+/// text as standard input. Its standard error, and the reason when it cannot start, are logged with
+/// its name. `scriptError` when it cannot start or its exit status is not 0.
 [[nodiscard]] OSAError runSelectedScript(const std::string& path,
                                          const SelectedScriptDesktop& desktop);
 

@@ -14,11 +14,11 @@ namespace {
 constexpr const char* serverName = "org.freedesktop.Notifications";
 constexpr const char* serverPath = "/org/freedesktop/Notifications";
 constexpr const char* stopAction = "stop";
-constexpr int untilClosed = 0; // milliseconds: it stays
+constexpr int expireTimeout = 0; // never
 
 // A service that hangs must not hold up the end of the script.
-constexpr int longestWaitMsecs = 1000;
-constexpr unsigned msecsBetweenLooks = 5;
+constexpr int answerTimeoutMsecs = 1000;
+constexpr unsigned pollIntervalMsecs = 5;
 
 // Not the connection of the main thread, so that neither waits for the other's calls.
 QDBusConnection bus() {
@@ -37,25 +37,25 @@ void StopScriptNotification::show() {
   QDBusMessage message = call("Notify");
   message << "Tavrel" << 0U << "qorvane.tavrel.Tavrel" << name_
           << tr("The script has been running for a while; Tavrel waits for it.")
-          << QStringList{stopAction, tr("Stop")} << QVariantMap() << untilClosed;
+          << QStringList{stopAction, tr("Stop")} << QVariantMap() << expireTimeout;
   request_ = bus().asyncCall(message);
 }
 
 void StopScriptNotification::close() {
   if (!request_)
     return;
-  const QDeadlineTimer deadline(longestWaitMsecs);
+  const QDeadlineTimer deadline(answerTimeoutMsecs);
   while (!request_->isFinished() && !deadline.hasExpired())
-    QThread::msleep(msecsBetweenLooks);
-  const unsigned id = answeredId();
+    QThread::msleep(pollIntervalMsecs);
+  const unsigned id = notificationId();
   if (id == 0)
     return;
   QDBusMessage message = call("CloseNotification");
   message << id;
-  (void)bus().call(message, QDBus::Block, longestWaitMsecs);
+  (void)bus().call(message, QDBus::Block, answerTimeoutMsecs);
 }
 
-unsigned StopScriptNotification::answeredId() const {
+unsigned StopScriptNotification::notificationId() const {
   if (!request_ || !request_->isFinished())
     return 0;
   const QDBusPendingReply<unsigned> reply = *request_;
@@ -63,8 +63,8 @@ unsigned StopScriptNotification::answeredId() const {
 }
 
 void StopScriptNotification::onAction(unsigned id, const QString& action) {
-  if (id != 0 && id == answeredId() && action == stopAction)
-    stop_ = true;
+  if (id != 0 && id == notificationId() && action == stopAction)
+    shouldStop_ = true;
 }
 
 } // namespace tavrel

@@ -9,27 +9,27 @@
 
 namespace tavrel {
 
-/// The notification that offers to stop a script. It lives in a thread of its own, for the main one
-/// waits for the script.
+/// The desktop notification that offers to stop a script. It lives in a thread of its own, for the
+/// main thread waits for the script.
 class StopScriptNotification final : public QObject {
   Q_OBJECT
 public:
-  StopScriptNotification(QString scriptName, std::atomic<bool>& stop)
-      : name_(std::move(scriptName)), stop_(stop) {}
+  StopScriptNotification(QString scriptName, std::atomic<bool>& shouldStop)
+      : name_(std::move(scriptName)), shouldStop_(shouldStop) {}
 
-  /// Asks the notification service to show it; its answer is not waited for.
+  /// Asks the notification service to show it, without waiting for the answer.
   void show();
-  /// Takes it off the screen; waits for the service, but not for long.
+  /// Takes it off the screen; waits up to a second for the service.
   void close();
 
 private Q_SLOTS:
   void onAction(unsigned id, const QString& action);
 
 private:
-  [[nodiscard]] unsigned answeredId() const;
+  [[nodiscard]] unsigned notificationId() const; ///< 0 before the service answered
 
   QString name_;
-  std::atomic<bool>& stop_;
+  std::atomic<bool>& shouldStop_;
   std::optional<QDBusPendingCall> request_;
 };
 

@@ -12,7 +12,7 @@ namespace {
 TEST(LongRunningScripts, AShortRunIsNotMentioned) {
   FakeNotifications service;
   LongRunningScripts runs(1000);
-  { const LongRunningScripts::Run run(runs, "Short"); }
+  { const LongRunningScripts::RunningScript run(runs, "Short"); }
   EXPECT_EQ(service.shown, 0);
   EXPECT_EQ(service.closed, 0);
 }
@@ -21,7 +21,7 @@ TEST(LongRunningScripts, ALongRunIsNamedUntilItEnds) {
   FakeNotifications service;
   LongRunningScripts runs(0.01);
   {
-    const LongRunningScripts::Run run(runs, "Tidy up");
+    const LongRunningScripts::RunningScript run(runs, "Tidy up");
     EXPECT_TRUE(waitFor([&] { return service.shown == 1; }));
     EXPECT_EQ(service.title, "Tidy up");
     EXPECT_FALSE(runs.shouldStop());
@@ -33,7 +33,7 @@ TEST(LongRunningScripts, ThePersonCanStopARun) {
   FakeNotifications service;
   service.choosesStop = true;
   LongRunningScripts runs(0.01);
-  const LongRunningScripts::Run run(runs, "Endless");
+  const LongRunningScripts::RunningScript run(runs, "Endless");
   EXPECT_TRUE(waitFor([&] { return runs.shouldStop(); }));
 }
 
@@ -42,20 +42,20 @@ TEST(LongRunningScripts, AStopIsForOneRunOnly) {
   service.choosesStop = true;
   LongRunningScripts runs(0.01);
   {
-    const LongRunningScripts::Run run(runs, "Endless");
+    const LongRunningScripts::RunningScript run(runs, "Endless");
     EXPECT_TRUE(waitFor([&] { return runs.shouldStop(); }));
   }
   service.choosesStop = false;
-  const LongRunningScripts::Run next(runs, "Next");
+  const LongRunningScripts::RunningScript next(runs, "Next");
   EXPECT_FALSE(runs.shouldStop());
 }
 
 TEST(LongRunningScripts, AScriptInsideAScriptIsPartOfIt) {
   FakeNotifications service;
   LongRunningScripts runs(0.01);
-  const LongRunningScripts::Run outer(runs, "Outer");
+  const LongRunningScripts::RunningScript outer(runs, "Outer");
   EXPECT_TRUE(waitFor([&] { return service.shown == 1; }));
-  { const LongRunningScripts::Run inner(runs, "Inner"); }
+  { const LongRunningScripts::RunningScript inner(runs, "Inner"); }
   EXPECT_EQ(service.closed, 0);
 }
 
@@ -65,7 +65,7 @@ TEST(LongRunningScripts, AServiceThatHangsDoesNotHoldUpTheEnd) {
   LongRunningScripts runs(0.01);
   const auto start = std::chrono::steady_clock::now();
   {
-    const LongRunningScripts::Run run(runs, "Patient");
+    const LongRunningScripts::RunningScript run(runs, "Patient");
     EXPECT_TRUE(waitFor([&] { return service.shown == 1; }));
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
@@ -73,7 +73,7 @@ TEST(LongRunningScripts, AServiceThatHangsDoesNotHoldUpTheEnd) {
 
 TEST(LongRunningScripts, WithoutAServiceNothingIsShown) {
   LongRunningScripts runs(0.01);
-  const LongRunningScripts::Run run(runs, "Lonely");
+  const LongRunningScripts::RunningScript run(runs, "Lonely");
   EXPECT_FALSE(runs.shouldStop());
 }
 

@@ -100,7 +100,7 @@ protected:
 };
 
 TEST_F(StoppedShell, StoppingEndsTheCommandAndAllItStarted) {
-  const LongRunningScripts::Run run(runs, "Endless");
+  const LongRunningScripts::RunningScript run(runs, "Endless");
   EXPECT_EQ(shell("(sleep 1000 & echo $! >below; wait); echo never"), "error -128: User canceled.");
   EXPECT_TRUE(waitFor([&] { return !isAlive("below"); }));
 }

@@ -100,7 +100,7 @@ protected:
 };
 
 TEST_F(StoppedProgram, IsNamedToThePersonWhoEndsIt) {
-  const LongRunningScripts::Run running(runs, "loop.sh");
+  const LongRunningScripts::RunningScript running(runs, "loop.sh");
   EXPECT_EQ(run("while :; do sleep 0.1; done", "loop.sh"), osaError::scriptError);
   EXPECT_EQ(notifications.title, "loop.sh");
 }

@@ -14,7 +14,7 @@ class StoppedScript : public ScriptHostFixture {
 protected:
   StoppedScript() : ScriptHostFixture(0.3) { notifications.choosesStop = true; }
   std::string stopped(const std::string& source) {
-    const LongRunningScripts::Run run(runs, "Patient");
+    const LongRunningScripts::RunningScript run(runs, "Patient");
     return result(source);
   }
   const std::string canceled = "error -128: User canceled.";
