@@ -17,7 +17,7 @@ constexpr const char* stopAction = "stop";
 constexpr int expireTimeout = 0; // never
 
 // A service that hangs must not hold up the end of the script.
-constexpr int answerTimeoutMsecs = 1000;
+constexpr int serviceTimeoutMsecs = 1000;
 constexpr unsigned pollIntervalMsecs = 5;
 
 // Not the connection of the main thread, so that neither waits for the other's calls.
@@ -44,7 +44,7 @@ void StopScriptNotification::show() {
 void StopScriptNotification::close() {
   if (!request_)
     return;
-  const QDeadlineTimer deadline(answerTimeoutMsecs);
+  const QDeadlineTimer deadline(serviceTimeoutMsecs);
   while (!request_->isFinished() && !deadline.hasExpired())
     QThread::msleep(pollIntervalMsecs);
   const unsigned id = notificationId();
@@ -52,7 +52,7 @@ void StopScriptNotification::close() {
     return;
   QDBusMessage message = call("CloseNotification");
   message << id;
-  (void)bus().call(message, QDBus::Block, answerTimeoutMsecs);
+  (void)bus().call(message, QDBus::Block, serviceTimeoutMsecs);
 }
 
 unsigned StopScriptNotification::notificationId() const {
