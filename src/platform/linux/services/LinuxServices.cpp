@@ -99,7 +99,7 @@ ServiceResult runService(const SelectionProgram& service, std::chrono::milliseco
   return resultOf(outcome, std::move(output));
 }
 
-/// False, the answer of whoever failed.
+/// Logs why a service gave nothing; always false.
 bool logFailure(const std::string& name, const std::string& problem) {
   qCWarning(servicesLog, "the service \"%s\" gave nothing: %s", name.c_str(), problem.c_str());
   return false;

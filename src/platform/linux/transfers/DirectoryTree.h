@@ -49,11 +49,11 @@ public:
   virtual std::error_code leaveFolder(const FolderEntry& folder) = 0;
 };
 
-/// Walks what stands under a name in a folder. Neither the depth of the tree nor the length of its
+/// Walks what is under a name in a folder. Neither the depth of the tree nor the length of its
 /// paths is limited: every step is relative to an open folder, and only two are open at a time.
 [[nodiscard]] std::error_code walkTree(int parent, const std::string& name, TreeVisitor& visitor);
 
-/// Removes what stands under a name in a folder, read-only folders included.
+/// Removes what is under a name in a folder, read-only folders included.
 [[nodiscard]] std::error_code removeTree(int parent, const std::string& name);
 
 } // namespace tavrel

@@ -22,7 +22,7 @@ public:
   /// meanwhile.
   TreeCopy(int destination, int links) : destination_(destination), links_(links) {}
 
-  /// Copies what stands under a name in a folder to the same name in the destination.
+  /// Copies what is under a name in a folder to the same name in the destination.
   [[nodiscard]] std::error_code copy(int folder, const std::string& name);
 
   /// No error when what is under a name, perhaps moved since, is still what was copied, without

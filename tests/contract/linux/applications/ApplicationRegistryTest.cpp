@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// A person's folders above the system's.
+/// The user's folders above those of the system.
 class ApplicationRegistryTest : public ::testing::Test {
 protected:
   ApplicationRegistryTest() {
@@ -49,7 +49,7 @@ TEST_F(ApplicationRegistryTest, AnEntryOpensTheTypesItNames) {
   EXPECT_THAT(handlers("text/z"), IsEmpty());
 }
 
-TEST_F(ApplicationRegistryTest, ThePersonsEntriesComeBeforeTheSystems) {
+TEST_F(ApplicationRegistryTest, TheUsersEntriesComeBeforeTheSystems) {
   addEntry(system, "a.desktop", "MimeType=text/x\n");
   addEntry(home, "b.desktop", "MimeType=text/x\n");
   EXPECT_THAT(handlers("text/x"), ElementsAre("b.desktop", "a.desktop"));

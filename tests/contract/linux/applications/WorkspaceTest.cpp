@@ -78,14 +78,14 @@ protected:
   Workspace& workspace = world.workspace();
 };
 
-TEST_F(LinuxWorkspaceTest, AFileOnAShareThatDoesNotAnswerIsRefusedAfterABoundedWait) {
-  const std::string share = folder("share");
-  const DeadFileSystem dead(share);
+TEST_F(LinuxWorkspaceTest, AFileOnAMountThatDoesNotAnswerIsRefusedAfterABoundedWait) {
+  const std::string mount = folder("share");
+  const DeadFileSystem dead(mount);
   if (!dead.isMounted())
     GTEST_SKIP() << "no rights to mount a file system here";
   const auto start = std::chrono::steady_clock::now();
   ::testing::internal::CaptureStderr();
-  EXPECT_FALSE(world.workspace().openFile(share + "/letter.txt"));
+  EXPECT_FALSE(world.workspace().openFile(mount + "/letter.txt"));
   EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("timed out"));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
 }
@@ -97,7 +97,7 @@ TEST_F(LinuxWorkspaceTest, AFolderGoesToTheFileManager) {
   EXPECT_THAT(fakes.awaitStart("manager").arguments, ElementsAre(path));
 }
 
-TEST_F(LinuxWorkspaceTest, ThePersonsChoiceOpensTheFile) {
+TEST_F(LinuxWorkspaceTest, TheUsersChoiceOpensTheFile) {
   fakes.add("a", "MimeType=text/plain;\n");
   fakes.add("b", "MimeType=text/plain;\n");
   write(fakes.config() / "mimeapps.list", "[Default Applications]\ntext/plain=b.desktop\n");

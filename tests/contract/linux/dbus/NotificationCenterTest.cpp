@@ -127,7 +127,7 @@ TEST_F(Distributed, PostComesBackBeforeAnybodyHears) {
   EXPECT_TRUE(hears(1));
 }
 
-// A handler that asks the person something runs an event loop of its own meanwhile.
+// A handler that asks the user something runs an event loop of its own meanwhile.
 TEST_F(Distributed, TheNextOneWaitsUntilAHandlerIsBack) {
   std::vector<std::string> diary;
   (void)world.adapter.addObserver({}, [&](const Notification& each) {

@@ -71,7 +71,7 @@ TEST_F(LinuxFilesTest, ApplicationFoldersShowWithoutTheirEnding) {
   EXPECT_EQ(files().displayName(at("file.app")), "file.app");
 }
 
-TEST_F(LinuxFilesTest, EntriesShowTheirNameInThePersonsLanguage) {
+TEST_F(LinuxFilesTest, EntriesShowTheirNameInTheUsersLanguage) {
   writeEntry("x.desktop", "Type=Application\nName=Editor\nName[de]=Textbearbeitung\n");
   writeEntry("nameless.desktop", "Type=Application\n");
   EXPECT_EQ(files().displayName(at("x.desktop")), "Editor");
@@ -118,7 +118,7 @@ TEST_F(LinuxFilesTest, DotNamesBackupsAndNamesTheFolderHidesAreInvisible) {
     EXPECT_FALSE(flags(name, FinalLink::keep) & itemFlag::invisible) << name;
 }
 
-TEST_F(LinuxFilesTest, ABookmarkFollowsAFileIntoAFolderOfThePerson) {
+TEST_F(LinuxFilesTest, ABookmarkFollowsAFileIntoAFolderOfTheUser) {
   world.addFile(at("far/away/file"));
   const std::string documents = world.home() + "/Documents/deep";
   world.addFolder(documents);

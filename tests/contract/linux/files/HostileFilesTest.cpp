@@ -41,7 +41,7 @@ private:
   int watch_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
 };
 
-/// Runs as another person, so that permissions count even where the tests run as root.
+/// Runs as another user, so that permissions count even where the tests run as root.
 template <class Question> bool asNobody(Question question) {
   const pid_t child = fork();
   if (child == 0) {
@@ -133,7 +133,7 @@ TEST_F(HostileFiles, AnEntryOfAHundredMegabytesIsAPlainFile) {
   EXPECT_FALSE(files().resolveAlias(at("big.desktop")));
 }
 
-/// A folder that everybody may enter, unlike those made for one person's tests.
+/// A folder that everybody may enter, unlike those made for the tests of one user.
 class SharedFolder {
 public:
   SharedFolder() { fs::permissions(path, fs::perms(0755)); }

@@ -101,7 +101,7 @@ TEST_F(FileIconsTest, AFolderMayNameItsIcon) {
   EXPECT_THAT(chosen(folder).themeNames, ElementsAre("folder-red", "folder", "inode-directory"));
 }
 
-TEST_F(FileIconsTest, ThePersonsFoldersHaveIconsOfTheirOwn) {
+TEST_F(FileIconsTest, TheUsersFoldersHaveIconsOfTheirOwn) {
   const SpecialFolderIcons folders = specialFolderIcons();
   const std::string home = std::getenv("HOME");
   EXPECT_EQ(folders.at(home), "user-home");

@@ -61,7 +61,7 @@ private:
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, BundleContract, LinuxWorld);
 
-TEST(LinuxBundle, APersonsLanguagesComeInTheirOrder) {
+TEST(LinuxBundle, TheUsersLanguagesComeInTheirOrder) {
   const std::vector<std::string> there{"de", "en", "ja", "zh-Hans"};
   EXPECT_THAT(matchingLocalizations({"ja", "fr", "de_AT.UTF-8@euro", "en_GB", "de"}, there),
               ElementsAre("ja", "de", "en"));

@@ -45,7 +45,7 @@ Outcome inAChild(const std::function<int()>& run) {
   return outcome;
 }
 
-/// The folder of a person who cannot write, or cannot read, what stands in it.
+/// The folder of a user who may not write, or not read, the files in it.
 class UnwritablePreferences : public ::testing::Test {
 protected:
   /// 0 when a long value was refused, and is still pending.

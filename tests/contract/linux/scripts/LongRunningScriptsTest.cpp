@@ -29,7 +29,7 @@ TEST(LongRunningScripts, ALongRunIsNamedUntilItEnds) {
   EXPECT_EQ(service.closed, 1);
 }
 
-TEST(LongRunningScripts, ThePersonCanStopARun) {
+TEST(LongRunningScripts, TheUserCanStopAScript) {
   FakeNotifications service;
   service.choosesStop = true;
   LongRunningScripts runs(0.01);
@@ -65,7 +65,7 @@ TEST(LongRunningScripts, AServiceThatHangsDoesNotHoldUpTheEnd) {
   LongRunningScripts runs(0.01);
   const auto start = std::chrono::steady_clock::now();
   {
-    const LongRunningScripts::RunningScript run(runs, "Patient");
+    const LongRunningScripts::RunningScript run(runs, "Long");
     EXPECT_TRUE(waitFor([&] { return service.shown == 1; }));
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));

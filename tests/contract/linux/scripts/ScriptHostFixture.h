@@ -33,8 +33,9 @@ struct KeptLog final : SystemLog {
 /// Scripts that ask the desktop they run on.
 class ScriptHostFixture : public ::testing::Test {
 protected:
-  /// Runs that last longer than the patience are told to the person.
-  explicit ScriptHostFixture(double patienceSeconds = 1000) : runs(patienceSeconds) {}
+  /// Scripts that run longer than this have a notification.
+  explicit ScriptHostFixture(double secondsUntilNotification = 1000)
+      : runs(secondsUntilNotification) {}
 
   /// What the expression gives, or "error N: message".
   std::string result(const std::string& source) {

@@ -253,7 +253,7 @@ TEST_F(ScriptHostTest, ATerminalIsNeverGivenPartOfACommand) {
               HasSubstr("error -"));
 }
 
-TEST_F(ScriptHostTest, BeepsAndLogLinesAreForThePerson) {
+TEST_F(ScriptHostTest, BeepsAndLogLinesAreForTheUser) {
   (void)result("beep\nlog \"seen\"");
   EXPECT_EQ(sounds.beeps, 1);
   EXPECT_THAT(log.lines, ElementsAre("seen"));

@@ -68,7 +68,7 @@ protected:
                            : QByteArray();
     return static_cast<int>(text.count("file://"));
   }
-  /// What the person has on the clipboard is the same afterwards.
+  /// What the user has on the clipboard is the same afterwards.
   template <typename Ask> auto keepingTheClipboard(Ask ask) {
     SelectionOwner owner(personsClipboard);
     EXPECT_EQ(pasteboards.general().string(pasteboardType::string), "the person's");

@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-/// A program of the person's, run on what was captured for the menu.
+/// A program of the user, run on what was captured for the menu.
 class SelectedScript : public ScriptHostFixture {
 protected:
   using ScriptHostFixture::ScriptHostFixture;
@@ -99,7 +99,7 @@ protected:
   FakeNotifications notifications;
 };
 
-TEST_F(StoppedProgram, IsNamedToThePersonWhoEndsIt) {
+TEST_F(StoppedProgram, IsNamedToTheUserWhoEndsIt) {
   const LongRunningScripts::RunningScript running(runs, "loop.sh");
   EXPECT_EQ(run("while :; do sleep 0.1; done", "loop.sh"), osaError::scriptError);
   EXPECT_EQ(notifications.title, "loop.sh");

@@ -110,7 +110,7 @@ TEST_F(LinuxServicesTest, AScriptWithoutAnInterpreterLineIsNotHandedToAShell) {
   EXPECT_EQ(resultOf("bare", "abc"), "(failed)");
 }
 
-TEST(ServiceFolders, ThePersonsServicesComeFirstAndOursLast) {
+TEST(ServiceFolders, TheUsersServicesComeFirstAndOursLast) {
   TemporaryFolder folder;
   const EnvironmentVariable home("XDG_DATA_HOME", folder.path("own"));
   const EnvironmentVariable system("XDG_DATA_DIRS", folder.path("one") + ":" + folder.path("two"));

@@ -22,7 +22,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Linux, TextEncodingsContract, LinuxWorld);
 
 class LinuxTextEncodingsTest : public TextEncodingsContract<LinuxWorld> {
 protected:
-  /// By the name that people read.
+  /// By the displayed name.
   std::string writtenIn(const std::string& name, std::string_view text) {
     for (const StringEncoding each : listed())
       if (encodings().nameOf(each) == name)
