@@ -6,11 +6,6 @@ namespace tavrel {
 
 namespace {
 
-struct KeyPosition {
-  std::string_view xkbName;
-  std::uint16_t keyCode;
-};
-
 // Row by row: home, bottom, top, digits, around them, modifiers, functions, block, keypad, others.
 constexpr std::array<KeyPosition, 126> positions{{
     {"AC01", 0},   {"AC02", 1},   {"AC03", 2},   {"AC04", 3},   {"AC05", 5},   {"AC06", 4},
@@ -37,6 +32,10 @@ constexpr std::array<KeyPosition, 126> positions{{
 }};
 
 } // namespace
+
+std::span<const KeyPosition> keyPositions() {
+  return positions;
+}
 
 std::optional<std::uint16_t> virtualKeyCode(std::string_view xkbName) {
   for (const KeyPosition& position : positions)
