@@ -18,79 +18,80 @@ constexpr std::uint32_t menuItemRole = 35;
 constexpr std::uint32_t textRole = 61;
 constexpr std::uint32_t entryRole = 79;
 
+// Beside each number stands the name that AT-SPI 2 has for it.
 constexpr std::array<RoleName, 67> roleNames{{
     // controls
-    {7, "AXCheckBox"},
-    {11, "AXPopUpButton"},
-    {13, "AXImage"}, // an icon of the desktop
-    {40, "AXTextField"},
-    {42, "AXProgressIndicator"},
-    {43, "AXButton"},
-    {44, "AXRadioButton"},
-    {15, "AXValueIndicator"}, // a dial
-    {48, "AXValueIndicator"}, // a scroll bar
-    {51, "AXValueIndicator"}, // a slider
-    {52, "AXTextField"},      // a number with arrows beside it
-    {62, "AXButton"},         // one that stays down
-    {76, "AXTextField"},
-    {77, "AXTextField"},
-    {103, "AXLevelIndicator"},
+    {7, "AXCheckBox"},           // check box
+    {11, "AXPopUpButton"},       // combo box
+    {13, "AXImage"},             // desktop icon
+    {40, "AXTextField"},         // password text
+    {42, "AXProgressIndicator"}, // progress bar
+    {43, "AXButton"},            // push button
+    {44, "AXRadioButton"},       // radio button
+    {15, "AXValueIndicator"},    // dial
+    {48, "AXValueIndicator"},    // scroll bar: the bus does not tell its thumb from its track
+    {51, "AXValueIndicator"},    // slider: the same
+    {52, "AXTextField"},         // spin button: a number with arrows beside it
+    {62, "AXButton"},            // toggle button: stays down when pressed
+    {76, "AXTextField"},         // autocomplete
+    {77, "AXTextField"},         // editbar
+    {103, "AXLevelIndicator"},   // level bar
     // menus and bars
-    {8, "AXMenuItem"},
-    {menuItemRole, "AXMenuItem"},
-    {41, "AXMenu"},
-    {45, "AXMenuItem"},
-    {59, "AXMenuItem"},
-    {menuBarRole, "AXMenuBar"},
-    {37, "AXRadioButton"}, // the tab of a page
-    {38, "AXTabGroup"},
-    {63, "AXToolbar"},
-    {54, "AXGroup"},
+    {8, "AXMenuItem"},            // check menu item
+    {menuItemRole, "AXMenuItem"}, // menu item
+    {41, "AXMenu"},               // popup menu
+    {45, "AXMenuItem"},           // radio menu item
+    {59, "AXMenuItem"},           // tearoff menu item
+    {menuBarRole, "AXMenuBar"},   // menu bar
+    {37, "AXRadioButton"},        // page tab
+    {38, "AXTabGroup"},           // page tab list
+    {63, "AXToolbar"},            // tool bar
+    {54, "AXGroup"},              // status bar
     // texts and pictures
-    {29, "AXStaticText"},
-    {73, "AXStaticText"},
-    {81, "AXStaticText"},
-    {83, "AXHeading"},
-    {116, "AXStaticText"},
-    {26, "AXImage"},
-    {27, "AXImage"},
-    {88, "AXLink"},
-    {60, "AXTextArea"}, // a terminal
-    {94, "AXTextArea"},
-    {95, "AXWebArea"},
-    {64, "AXHelpTag"},
+    {29, "AXStaticText"},  // label
+    {73, "AXStaticText"},  // paragraph
+    {81, "AXStaticText"},  // caption
+    {83, "AXHeading"},     // heading
+    {116, "AXStaticText"}, // static
+    {26, "AXImage"},       // icon
+    {27, "AXImage"},       // image
+    {88, "AXLink"},        // link
+    {60, "AXTextArea"},    // terminal
+    {94, "AXTextArea"},    // document text
+    {95, "AXWebArea"},     // document web
+    {64, "AXHelpTag"},     // tool tip
     // lists and tables
-    {31, "AXList"},
-    {98, "AXList"},
-    {32, "AXStaticText"},
-    {55, "AXTable"},
-    {56, "AXCell"},
-    {10, "AXButton"}, // the head of a column sorts by it
-    {57, "AXButton"},
-    {47, "AXCell"},
-    {58, "AXCell"},
-    {65, "AXOutline"},
-    {66, "AXOutline"},
-    {90, "AXRow"},
-    {91, "AXRow"},
+    {31, "AXList"},       // list
+    {98, "AXList"},       // list box
+    {32, "AXStaticText"}, // list item
+    {55, "AXTable"},      // table
+    {56, "AXCell"},       // table cell
+    {10, "AXButton"},     // column header: a click sorts by the column
+    {57, "AXButton"},     // table column header
+    {47, "AXCell"},       // row header
+    {58, "AXCell"},       // table row header
+    {65, "AXOutline"},    // tree
+    {66, "AXOutline"},    // tree table
+    {90, "AXRow"},        // table row
+    {91, "AXRow"},        // tree item
     // what holds others
-    {2, "AXWindow"},
-    {16, "AXWindow"},
-    {19, "AXWindow"},
-    {23, "AXWindow"},
-    {28, "AXWindow"},
-    {69, "AXWindow"},
-    {75, "AXApplication"},
-    {20, "AXGroup"},
-    {39, "AXGroup"},
-    {46, "AXGroup"},
-    {68, "AXGroup"},
-    {85, "AXGroup"},
-    {87, "AXGroup"},
-    {99, "AXGroup"},
-    {49, "AXScrollArea"},
-    {50, "AXSplitter"},
-    {53, "AXSplitGroup"},
+    {2, "AXWindow"},       // alert
+    {16, "AXWindow"},      // dialog
+    {19, "AXWindow"},      // file chooser
+    {23, "AXWindow"},      // frame
+    {28, "AXWindow"},      // internal frame
+    {69, "AXWindow"},      // window
+    {75, "AXApplication"}, // application
+    {20, "AXGroup"},       // filler
+    {39, "AXGroup"},       // panel
+    {46, "AXGroup"},       // root pane
+    {68, "AXGroup"},       // viewport
+    {85, "AXGroup"},       // section
+    {87, "AXGroup"},       // form
+    {99, "AXGroup"},       // grouping
+    {49, "AXScrollArea"},  // scroll pane
+    {50, "AXSplitter"},    // separator
+    {53, "AXSplitGroup"},  // split pane
 }};
 
 } // namespace
