@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace tavrel {
 namespace {
 
@@ -71,6 +73,21 @@ TEST(MenuEntryText, KeyEquivalentsAreNamedAsOnThisDesktop) {
   EXPECT_EQ(shortcut("\uF726", 0), "F35");
   EXPECT_EQ(shortcut("\r", shift), "Shift+Return");
   EXPECT_EQ(shortcut(" ", control), "Super+Space");
+}
+
+/// The characters by which key equivalents name keys that type none, from 0xF700 on as the platform
+/// numbers its function keys.
+TEST(MenuEntryText, EachKeyThatTypesNothingIsNamed) {
+  const std::map<char16_t, const char*> keys{
+      {0x03, "Enter"},  {0x08, "Backspace"}, {0x09, "Tab"},    {0x0D, "Return"},  {0x1B, "Esc"},
+      {0x20, "Space"},  {0x7F, "Backspace"}, // Delete goes backwards there
+      {0xF700, "Up"},   {0xF701, "Down"},    {0xF702, "Left"}, {0xF703, "Right"}, {0xF728, "Del"},
+      {0xF729, "Home"}, {0xF72B, "End"},     {0xF72C, "PgUp"}, {0xF72D, "PgDown"}};
+  for (const auto& [character, name] : keys)
+    EXPECT_EQ(shortcut(QString(QChar(character)).toStdString(), 0), name) << int{character};
+  for (int number = 1; number <= 35; ++number)
+    EXPECT_EQ(shortcut(QString(QChar(0xF703 + number)).toStdString(), 0),
+              QStringLiteral("F%1").arg(number));
 }
 
 TEST(MenuEntryText, AMaskWithoutAKeyIsNoShortcut) {

@@ -1,13 +1,17 @@
 #include "contract/EventQueueContract.h"
 
+#include "base/Modifiers.h"
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/x11/gestures/LinuxEventQueue.h"
+#include "platform/linux/x11/gestures/MouseEvents.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
 
 #include <QMouseEvent>
 #include <QWidget>
+#include <QWindow>
 
+#include <utility>
 #include <vector>
 
 namespace tavrel {
@@ -88,6 +92,23 @@ TEST_F(LinuxEventQueueTest, EveryButtonHasABit) {
   world.input.buttonDown(2);
   EXPECT_EQ(world.adapter.currentButtonState(), 5U);
   world.input.buttonUp(2);
+}
+
+TEST(MouseEvents, EachModifierHasItsFlag) {
+  const std::pair<Qt::KeyboardModifier, std::uint32_t> modifiers[]{
+      {Qt::NoModifier, 0},
+      {Qt::ControlModifier, modifier::command},
+      {Qt::ShiftModifier, modifier::shift},
+      {Qt::AltModifier, modifier::option},
+      {Qt::MetaModifier, modifier::control}}; // the toolkit's name for Super
+  const QWindow window;
+  for (const auto& [held, flag] : modifiers) {
+    const QMouseEvent press(QEvent::MouseButtonPress, QPointF(), QPointF(), QPointF(),
+                            Qt::LeftButton, Qt::LeftButton, held);
+    const auto event = mouseEvent(press, window);
+    ASSERT_TRUE(event);
+    EXPECT_EQ(event->modifierFlags, flag) << held;
+  }
 }
 
 } // namespace

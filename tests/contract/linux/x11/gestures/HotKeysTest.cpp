@@ -122,6 +122,15 @@ protected:
   }
 };
 
+TEST_F(LinuxHotKey, EachModifierIsItsKey) {
+  for (const auto& [modifier, key] : modifierKeys) {
+    const auto registered = add(keyOne, modifier);
+    EXPECT_EQ(registered.status, hotKeyStatus::registered);
+    EXPECT_TRUE(works(keyOne, modifier)) << modifier;
+    EXPECT_EQ(hotKeys.unregisterHotKey(registered.reference), hotKeyStatus::registered);
+  }
+}
+
 struct LockKeys {
   FakeInput keyboard{Device::keyboard};
   std::vector<std::uint8_t> on;

@@ -3,15 +3,18 @@
 #include <gtest/gtest.h>
 #include <xkbcommon/xkbcommon.h>
 
+#include <map>
+#include <utility>
+
 namespace tavrel {
 namespace {
 
 constexpr std::uint8_t control = 37, shift = 50, c = 54, i = 31;
 
-XkbKeymap layoutNamed(const char* layout, const char* variant = "") {
+XkbKeymap layoutNamed(const char* layout, const char* variant = "", const char* options = "") {
   const std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> context(
       xkb_context_new(XKB_CONTEXT_NO_FLAGS), &xkb_context_unref);
-  const xkb_rule_names names{"evdev", "pc105", layout, variant, ""};
+  const xkb_rule_names names{"evdev", "pc105", layout, variant, options};
   return XkbKeymap(xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
 }
 
@@ -70,6 +73,46 @@ TEST(KeyChord, ATerminalGetsShiftToo) {
 TEST(KeyChord, ABareTerminalGetsNothingThatCouldInterruptWhatRunsThere) {
   const XkbKeymap us = layoutNamed("us");
   EXPECT_TRUE(keyChord(copyWith(8), {*us}, KeyReceiver::bareTerminal).keys.empty());
+}
+
+/// Virtual key codes of the modifier keys, and the server's key (evdev) that each one presses.
+using ModifierKeys = std::map<std::uint16_t, std::uint8_t>;
+
+const ModifierKeys usualPlaces{{55, 37},   // Command: the left Ctrl key
+                               {54, 105},  // its right-hand twin
+                               {56, 50},   // Shift
+                               {60, 62},   // the right one
+                               {58, 64},   // Option: Alt
+                               {61, 108},  // the right one
+                               {59, 133},  // Control: Super
+                               {62, 134}}; // the right one
+
+void expectModifierKeys(xkb_keymap& layout, const ModifierKeys& expected) {
+  for (const auto& [code, key] : expected) {
+    EXPECT_TRUE(isModifierKey(code)) << code;
+    EXPECT_EQ(
+        pressed(keyChord({{0, code, KeyDirection::down}}, {layout}, KeyReceiver::application)),
+        Keys{key})
+        << code;
+  }
+}
+
+TEST(KeyChord, EachModifierIsItsKey) {
+  expectModifierKeys(*layoutNamed("us"), usualPlaces);
+  for (const std::uint16_t code : {0, 8, 36, 57, 63})
+    EXPECT_FALSE(isModifierKey(code)) << code;
+}
+
+TEST(KeyChord, AModifierThatALayoutPutsElsewhereIsFoundThere) {
+  ModifierKeys altIsSuper = usualPlaces;
+  std::swap(altIsSuper.at(58), altIsSuper.at(59));
+  std::swap(altIsSuper.at(61), altIsSuper.at(62));
+  expectModifierKeys(*layoutNamed("us", "", "altwin:swap_alt_win"), altIsSuper);
+  ModifierKeys ctrlIsSuper = usualPlaces;
+  std::swap(ctrlIsSuper.at(55), ctrlIsSuper.at(59));
+  std::swap(ctrlIsSuper.at(54), ctrlIsSuper.at(62));
+  expectModifierKeys(*layoutNamed("us", "", "ctrl:swap_lwin_lctl,ctrl:swap_rwin_rctl"),
+                     ctrlIsSuper);
 }
 
 TEST(KeyChord, WhatIsLeftDownGoesUp) {
