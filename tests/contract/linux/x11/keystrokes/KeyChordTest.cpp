@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <xkbcommon/xkbcommon.h>
 
+#include <initializer_list>
 #include <map>
 #include <utility>
 
@@ -99,7 +100,7 @@ void expectModifierKeys(xkb_keymap& layout, const ModifierKeys& expected) {
 
 TEST(KeyChord, EachModifierIsItsKey) {
   expectModifierKeys(*layoutNamed("us"), usualPlaces);
-  for (const std::uint16_t code : {0, 8, 36, 57, 63})
+  for (const std::uint16_t code : std::initializer_list<std::uint16_t>{0, 8, 36, 57, 63})
     EXPECT_FALSE(isModifierKey(code)) << code;
 }
 
