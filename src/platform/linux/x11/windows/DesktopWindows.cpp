@@ -60,7 +60,7 @@ constexpr std::array<std::string_view, atomCount> atomNames = {"_NET_CLIENT_LIST
                                                                "_NET_CURRENT_DESKTOP",
                                                                "_NET_WM_DESKTOP"};
 
-/// In units of four bytes: more windows and longer texts than anybody has.
+/// In units of four bytes: enough for any list of windows and any text.
 constexpr std::uint32_t longestProperty = 1U << 18;
 
 std::string textOf(const xcb_get_property_reply_t* reply) {
@@ -85,7 +85,7 @@ std::string hostName() {
   return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : std::string();
 }
 
-std::string firstPart(const std::string& text) {
+std::string upToNul(const std::string& text) {
   return text.c_str();
 }
 
@@ -112,14 +112,14 @@ struct DesktopWindows::Connection {
   Connection& operator=(const Connection&) = delete;
   ~Connection() { xcb_disconnect(xcb); }
 
-  xcb_get_property_cookie_t ask(WindowId window, xcb_atom_t property) const {
+  xcb_get_property_cookie_t requestProperty(WindowId window, xcb_atom_t property) const {
     return xcb_get_property(xcb, 0, window, property, XCB_ATOM_ANY, 0, longestProperty);
   }
-  Owned<xcb_get_property_reply_t> answer(xcb_get_property_cookie_t cookie) const {
+  Owned<xcb_get_property_reply_t> propertyReply(xcb_get_property_cookie_t cookie) const {
     return owned(xcb_get_property_reply(xcb, cookie, nullptr));
   }
   std::vector<std::uint32_t> rootNumbers(AtomName property) const {
-    return numbersOf(answer(ask(root, atoms[property])).get());
+    return numbersOf(propertyReply(requestProperty(root, atoms[property])).get());
   }
   void sendToRoot(xcb_client_message_event_t event, std::uint32_t mask) const {
     event.response_type = XCB_CLIENT_MESSAGE;
@@ -134,7 +134,8 @@ struct DesktopWindows::Connection {
 
 namespace {
 
-/// Whom the server itself sees at the other end; 0 for a client on another machine.
+/// The process at the other end of the connection, as the server knows it (XRes); 0 for a client on
+/// another machine.
 std::int32_t processOfClient(xcb_connection_t* xcb, WindowId window) {
   const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
   const auto reply = owned(
@@ -176,8 +177,8 @@ std::vector<WindowId> DesktopWindows::stacking() {
 WindowId DesktopWindows::activeWindow() {
   if (!connection_)
     return 0;
-  const std::vector<std::uint32_t> told = connection_->rootNumbers(activeWindowAtom);
-  return told.empty() ? focusedWindow(*connection_->xcb, connection_->root) : told.front();
+  const std::vector<std::uint32_t> values = connection_->rootNumbers(activeWindowAtom);
+  return values.empty() ? focusedWindow(*connection_->xcb, connection_->root) : values.front();
 }
 
 std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {
@@ -186,39 +187,39 @@ std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {
     return std::nullopt;
   const Connection& x = *connection_;
   facts.client = window & ~xcb_get_setup(x.xcb)->resource_id_mask;
-  const auto type = x.ask(window, x.atoms[windowType]);
-  const auto pid = x.ask(window, x.atoms[processId]);
-  const auto machine = x.ask(window, XCB_ATOM_WM_CLIENT_MACHINE);
-  const auto names = x.ask(window, XCB_ATOM_WM_CLASS);
-  const auto gtk = x.ask(window, x.atoms[gtkApplicationId]);
-  const auto kde = x.ask(window, x.atoms[kdeDesktopFile]);
+  const auto type = x.requestProperty(window, x.atoms[windowType]);
+  const auto pid = x.requestProperty(window, x.atoms[processId]);
+  const auto machine = x.requestProperty(window, XCB_ATOM_WM_CLIENT_MACHINE);
+  const auto names = x.requestProperty(window, XCB_ATOM_WM_CLASS);
+  const auto gtk = x.requestProperty(window, x.atoms[gtkApplicationId]);
+  const auto kde = x.requestProperty(window, x.atoms[kdeDesktopFile]);
 
-  const auto types = x.answer(type);
+  const auto types = x.propertyReply(type);
   for (const std::uint32_t each : numbersOf(types.get()))
     if (each == x.atoms[typeDock] || each == x.atoms[typeDesktop])
       facts.kind = each == x.atoms[typeDock] ? WindowKind::dock : WindowKind::desktop;
-  const std::vector<std::uint32_t> told = numbersOf(x.answer(pid).get());
-  const std::string host = firstPart(textOf(x.answer(machine).get()));
-  if (!told.empty() && (host.empty() || host == hostName()))
-    facts.pid = static_cast<std::int32_t>(told.front());
-  if (!isRunning(facts.pid)) // in a sandbox processes count for themselves
+  const std::vector<std::uint32_t> values = numbersOf(x.propertyReply(pid).get());
+  const std::string host = upToNul(textOf(x.propertyReply(machine).get()));
+  if (!values.empty() && (host.empty() || host == hostName()))
+    facts.pid = static_cast<std::int32_t>(values.front());
+  if (!isRunning(facts.pid)) // a sandbox numbers its processes itself
     facts.pid = processOfClient(x.xcb, window);
-  const std::string both = textOf(x.answer(names).get());
-  facts.instance = firstPart(both);
+  const std::string both = textOf(x.propertyReply(names).get());
+  facts.instance = upToNul(both);
   if (both.size() > facts.instance.size())
-    facts.windowClass = firstPart(both.substr(facts.instance.size() + 1));
-  facts.applicationId = firstPart(textOf(x.answer(gtk).get()));
-  const std::string file = firstPart(textOf(x.answer(kde).get()));
+    facts.windowClass = upToNul(both.substr(facts.instance.size() + 1));
+  facts.applicationId = upToNul(textOf(x.propertyReply(gtk).get()));
+  const std::string file = upToNul(textOf(x.propertyReply(kde).get()));
   if (facts.applicationId.empty())
     facts.applicationId = file;
   return types ? std::optional(facts) : std::nullopt;
 }
 
-// The source indication of pagers: it is the person's own wish.
-constexpr std::uint32_t fromPerson = 2;
+// The source indication of EWMH for pagers, which act for the user.
+constexpr std::uint32_t fromPager = 2;
 
-bool DesktopWindows::askManager(std::size_t request, WindowId window, std::uint32_t first,
-                                std::uint32_t second) {
+bool DesktopWindows::requestOfManager(std::size_t request, WindowId window, std::uint32_t first,
+                                      std::uint32_t second) {
   if (!connection_)
     return false;
   const Connection& x = *connection_;
@@ -237,23 +238,24 @@ bool DesktopWindows::askManager(std::size_t request, WindowId window, std::uint3
 
 bool DesktopWindows::activate(WindowId window) {
   showWorkspaceOf(window);
-  return askManager(activeWindowAtom, window, fromPerson, serverTime());
+  return requestOfManager(activeWindowAtom, window, fromPager, serverTime());
 }
 
-/// Not every window manager goes there by itself.
+/// For window managers that activate a window on another workspace without going there.
 void DesktopWindows::showWorkspaceOf(WindowId window) {
   if (!connection_)
     return;
   const Connection& x = *connection_;
   constexpr std::uint32_t everywhere = 0xFFFFFFFF;
   const auto current = x.rootNumbers(currentWorkspace);
-  const auto wanted = numbersOf(x.answer(x.ask(window, x.atoms[windowWorkspace])).get());
+  const auto wanted =
+      numbersOf(x.propertyReply(x.requestProperty(window, x.atoms[windowWorkspace])).get());
   if (!current.empty() && !wanted.empty() && wanted[0] != everywhere && wanted[0] != current[0])
-    (void)askManager(currentWorkspace, x.root, wanted[0], serverTime());
+    (void)requestOfManager(currentWorkspace, x.root, wanted[0], serverTime());
 }
 
 bool DesktopWindows::close(WindowId window) {
-  return askManager(closeWindowAtom, window, serverTime(), fromPerson);
+  return requestOfManager(closeWindowAtom, window, serverTime(), fromPager);
 }
 
 std::uint32_t DesktopWindows::serverTime() {
@@ -273,7 +275,7 @@ void DesktopWindows::broadcastStartup(const std::string& message) {
   if (!connection_)
     return;
   const Connection& x = *connection_;
-  const std::size_t length = message.size() + 1; // the ending zero is part of it
+  const std::size_t length = message.size() + 1; // with the NUL at the end
   xcb_client_message_event_t event{};
   event.format = 8;
   event.window = x.own;

@@ -13,7 +13,7 @@ using WindowId = std::uint32_t;
 
 enum class WindowKind { ordinary, dock, desktop };
 
-/// What tells which application a window belongs to; empty texts and 0 for what it does not tell.
+/// The properties that show which application a window belongs to; empty or 0 where it has none.
 struct WindowFacts {
   WindowKind kind = WindowKind::ordinary;
   std::int32_t pid = 0;      ///< of a process on this machine
@@ -30,32 +30,33 @@ public:
   DesktopWindows();
   ~DesktopWindows();
 
-  /// Oldest first.
+  /// All managed windows, oldest first.
   [[nodiscard]] std::vector<WindowId> windows();
-  /// Bottom first.
+  /// The same in stacking order, bottom first.
   [[nodiscard]] std::vector<WindowId> stacking();
-  /// The one that the keys go to; 0 when they go to none.
+  /// The window that has the keyboard; 0 for none.
   [[nodiscard]] WindowId activeWindow();
   /// Nothing when the window is gone.
   [[nodiscard]] std::optional<WindowFacts> facts(WindowId window);
 
-  /// Asks the window manager as a person's own wish, the window's workspace shown first; false
-  /// when there is none that can.
+  /// Requests that the window manager activate a window, as a request of the user (pagers do so),
+  /// after the window's workspace has been shown. False without a window manager that can.
   bool activate(WindowId window);
 
-  /// Asks the window to close, as its close button does; false when there is no window manager that
-  /// can.
+  /// Requests that the window be closed, as its close button does; false without a window manager
+  /// that can.
   bool close(WindowId window);
 
-  /// Now, by the server's clock, in milliseconds; 0 without a server.
+  /// The server's time stamp now, in milliseconds; 0 without a server.
   [[nodiscard]] std::uint32_t serverTime();
 
-  /// Sends a message of the startup notification protocol (0.1) to whom it may concern.
+  /// Broadcasts a message of the startup notification protocol (0.1) to all clients.
   void broadcastStartup(const std::string& message);
 
 private:
   void showWorkspaceOf(WindowId window);
-  bool askManager(std::size_t request, WindowId window, std::uint32_t first, std::uint32_t second);
+  bool requestOfManager(std::size_t request, WindowId window, std::uint32_t first,
+                        std::uint32_t second);
 
   struct Connection;
   std::unique_ptr<Connection> connection_; ///< null without a server

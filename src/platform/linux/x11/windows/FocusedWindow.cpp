@@ -16,8 +16,8 @@ xcb_atom_t managedAtom(xcb_connection_t& server) {
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-// The window manager marks the windows of applications (ICCCM 4.1.3.1): not their parts, nor its
-// own.
+// The window manager sets WM_STATE on the top-level windows of applications (ICCCM 4.1.3.1), not on
+// their child windows nor on its own.
 bool isManaged(xcb_connection_t& server, xcb_window_t window, xcb_atom_t mark) {
   const auto state = xcbReply(xcb_get_property_reply(
       &server, xcb_get_property(&server, 0, window, mark, XCB_ATOM_ANY, 0, 0), nullptr));

@@ -17,7 +17,7 @@ WindowId childAt(xcb_connection_t& x, WindowId parent, ScreenPixel pixel) {
 }
 } // namespace
 
-// A managed window lies in the frame that the manager drew around it.
+// A managed window is a child of the frame that the window manager has drawn around it.
 WindowId windowAt(ScreenPixel pixel, DesktopWindows& windows) {
   xcb_connection_t* x = qtConnection();
   if (!x)
