@@ -1,7 +1,7 @@
 #include "platform/linux/x11/clipboard/ClipboardContents.h"
 
 #include "platform/Pasteboards.h"
-#include "platform/linux/x11/clipboard/NativeTarget.h"
+#include "platform/linux/x11/clipboard/SelectionTarget.h"
 
 #include <algorithm>
 #include <cstring>
@@ -9,12 +9,12 @@
 namespace tavrel {
 
 namespace {
-constexpr std::size_t passwordsAreShorter = 65536;
+constexpr std::size_t zeroedBelow = 65536; // longer than any password
 }
 
 SharedBytes sharedBytes(Bytes bytes) {
   return {new Bytes(std::move(bytes)), [](Bytes* doomed) {
-            if (doomed->size() < passwordsAreShorter)
+            if (doomed->size() < zeroedBelow)
               ::explicit_bzero(doomed->data(), doomed->size());
             delete doomed;
           }};
@@ -36,8 +36,8 @@ bool isCleared(const ClipboardContents& contents) {
   return !text || text->empty();
 }
 
-bool agrees(const ClipboardContents& contents, const std::string& name, const Bytes& data) {
-  if (!nativeTargetOfName(name) && hasNativeTargets(contents.names))
+bool leavesAsRead(const ClipboardContents& contents, const std::string& name, const Bytes& data) {
+  if (!selectionTargetNamed(name) && hasSelectionTargets(contents.names))
     return true;
   const SharedBytes known = contents.dataOf(name);
   return known ? *known == data : data.empty();

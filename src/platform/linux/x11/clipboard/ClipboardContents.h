@@ -9,12 +9,12 @@
 
 namespace tavrel {
 
-/// Bytes that many may hold. Small ones are overwritten before their memory is given back: a
-/// password may have been among them.
+/// Bytes with shared ownership. Small ones are zeroed before their memory is freed: they may have
+/// been a password.
 using SharedBytes = std::shared_ptr<const Bytes>;
 [[nodiscard]] SharedBytes sharedBytes(Bytes bytes);
 
-/// What a clipboard holds: names in order, and the data of some.
+/// What a clipboard holds: the names of pasteboard types in order, and the data of some.
 struct ClipboardContents {
   std::vector<std::string> names;
   std::map<std::string, SharedBytes> data;
@@ -26,12 +26,12 @@ struct ClipboardContents {
   [[nodiscard]] bool isWhole() const { return data.size() >= names.size(); }
 };
 
-/// What a pasteboard is cleared to: an empty string and nothing else.
+/// Whether the contents are those of a cleared pasteboard: an empty string and nothing else.
 [[nodiscard]] bool isCleared(const ClipboardContents& contents);
 
-/// Whether putting this data under a name leaves what other programs read as it is. Names without
-/// native data of their own do not reach them.
-[[nodiscard]] bool agrees(const ClipboardContents& contents, const std::string& name,
-                          const Bytes& data);
+/// Whether other programs read the same after this data has been set under a name. Types that are
+/// no X11 target do not reach them where the contents have such targets.
+[[nodiscard]] bool leavesAsRead(const ClipboardContents& contents, const std::string& name,
+                                const Bytes& data);
 
 } // namespace tavrel

@@ -8,11 +8,11 @@ namespace tavrel {
 
 namespace {
 
-constexpr auto managerAnswersIn = std::chrono::seconds(3);
-constexpr auto managerIsDoneIn = std::chrono::seconds(10);
-constexpr auto managerLook = std::chrono::milliseconds(50);
+constexpr auto managerTimeout = std::chrono::seconds(3);
+constexpr auto managerTotalTimeout = std::chrono::seconds(10);
+constexpr auto managerPollInterval = std::chrono::milliseconds(50);
 
-void askManager(SelectionConnection& connection, const std::vector<std::string>& targets) {
+void requestSaving(SelectionConnection& connection, const std::vector<std::string>& targets) {
   const std::vector<xcb_atom_t> atoms = connection.atoms(targets);
   const xcb_atom_t property = connection.atom("TAVREL_SAVE_TARGETS");
   xcb_change_property(connection.server(), XCB_PROP_MODE_REPLACE, connection.window(), property,
@@ -36,7 +36,7 @@ bool saveToClipboardManager(SelectionConnection& connection,
                             const std::function<bool()>& isBeingRead) {
   if (!hasManager(connection))
     return false;
-  askManager(connection, targets);
+  requestSaving(connection, targets);
   std::optional<xcb_atom_t> answer;
   const auto isAnswer = [&](const xcb_generic_event_t& event) {
     const auto& notice = reinterpret_cast<const xcb_selection_notify_event_t&>(event);
@@ -48,13 +48,13 @@ bool saveToClipboardManager(SelectionConnection& connection,
   };
   const auto start = std::chrono::steady_clock::now();
   auto now = start;
-  for (auto lastRead = start; !answer && now < lastRead + managerAnswersIn &&
-                              now < start + managerIsDoneIn && !connection.isBroken();
+  for (auto lastRead = start; !answer && now < lastRead + managerTimeout &&
+                              now < start + managerTotalTimeout && !connection.isBroken();
        now = std::chrono::steady_clock::now()) {
     if (isBeingRead())
       lastRead = now;
     connection.wait(
-        isAnswer, [&] { return answer.has_value(); }, now + managerLook);
+        isAnswer, [&] { return answer.has_value(); }, now + managerPollInterval);
   }
   return answer.value_or(XCB_ATOM_NONE) != XCB_ATOM_NONE;
 }

@@ -4,9 +4,10 @@
 
 namespace tavrel {
 
-/// Asks the clipboard manager of the session, if there is one, to keep these targets of the
-/// clipboard, which is ours. Serves it until it is done, but no longer than three seconds after it
-/// last read anything (`isBeingRead`), and ten altogether. False when nobody keeps them.
+/// Requests that the session's clipboard manager save these targets of the clipboard, which this
+/// program owns (SAVE_TARGETS). Serves it until it answers, but no longer than three seconds after
+/// it last read something (`isBeingRead`), and ten altogether. False when there is none or it
+/// refuses.
 [[nodiscard]] bool saveToClipboardManager(SelectionConnection& connection,
                                           const std::vector<std::string>& targets,
                                           const std::function<bool()>& isBeingRead);

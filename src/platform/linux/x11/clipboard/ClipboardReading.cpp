@@ -1,21 +1,22 @@
 #include "platform/linux/x11/clipboard/ClipboardReading.h"
 
 #include "platform/linux/x11/clipboard/ClipboardFlavors.h"
-#include "platform/linux/x11/clipboard/ClipboardLog.h"
-#include "platform/linux/x11/clipboard/NativeTarget.h"
+#include "platform/linux/x11/clipboard/SelectionTarget.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace tavrel {
 
+Q_LOGGING_CATEGORY(clipboardLog, "tavrel.clipboard")
+
 namespace {
 
-constexpr auto longestSave = std::chrono::seconds(2);
-constexpr std::size_t mostSaved = std::size_t{256} << 20;
-constexpr std::size_t mostTargets = 4096;
+constexpr auto totalTimeout = std::chrono::seconds(2);
+constexpr std::size_t byteLimit = std::size_t{256} << 20;
+constexpr std::size_t targetLimit = 4096;
 
-bool isContent(const std::string& target) {
+bool holdsData(const std::string& target) {
   static const std::vector<std::string> others{"TARGETS",      "MULTIPLE", "TIMESTAMP",
                                                "SAVE_TARGETS", "DELETE",   ""};
   return !target.starts_with("INSERT_") &&
@@ -25,23 +26,23 @@ bool isContent(const std::string& target) {
 std::vector<xcb_atom_t> atomsIn(const TargetReading& list) {
   if (list.format != 32)
     return {};
-  std::vector<xcb_atom_t> atoms(std::min(list.bytes.size() / sizeof(xcb_atom_t), mostTargets));
+  std::vector<xcb_atom_t> atoms(std::min(list.bytes.size() / sizeof(xcb_atom_t), targetLimit));
   std::memcpy(atoms.data(), list.bytes.data(), atoms.size() * sizeof(xcb_atom_t));
   return atoms;
 }
 
-void sayWhy(TransferEnd end, const std::string& target) {
-  if (end == TransferEnd::silent)
+void logFailure(TransferEnd end, const std::string& target) {
+  if (end == TransferEnd::timedOut)
     qCWarning(clipboardLog, "the program that owns the clipboard does not hand over %s in time",
               target.c_str());
   if (end == TransferEnd::tooMuch)
     qCWarning(clipboardLog, "the clipboard holds more than %zu MB: %s is not saved",
-              mostSaved >> 20, target.c_str());
+              byteLimit >> 20, target.c_str());
 }
 
-class Save {
+class Reading {
 public:
-  Save(SelectionConnection& connection, SelectionReader& reader)
+  Reading(SelectionConnection& connection, SelectionReader& reader)
       : connection_(connection), reader_(reader) {}
 
   ClipboardReading run() {
@@ -57,51 +58,51 @@ private:
   std::vector<std::string> targets() {
     const TargetReading list = read("TARGETS");
     if (list.end == TransferEnd::refused)
-      return {"UTF8_STRING", "STRING"}; // older than the list of targets
+      return {"UTF8_STRING", "STRING"}; // a program older than TARGETS
     std::vector<std::string> targets = connection_.names(atomsIn(list));
-    std::erase_if(targets, [](const std::string& target) { return !isContent(target); });
+    std::erase_if(targets, [](const std::string& target) { return !holdsData(target); });
     return targets;
   }
 
   TargetReading read(const std::string& target) {
-    if (isOver_)
+    if (isStopped_)
       return {};
-    TargetReading transfer = reader_.read(connection_.atom(target), budget_);
-    isOver_ = transfer.end == TransferEnd::silent || transfer.end == TransferEnd::interrupted;
-    reading_.isInterrupted = transfer.end == TransferEnd::interrupted;
-    sayWhy(transfer.end, target);
-    if (transfer.end != TransferEnd::done && transfer.end != TransferEnd::refused)
+    TargetReading reading = reader_.read(connection_.atom(target), budget_);
+    isStopped_ = reading.end == TransferEnd::timedOut || reading.end == TransferEnd::interrupted;
+    reading_.isInterrupted = reading.end == TransferEnd::interrupted;
+    logFailure(reading.end, target);
+    if (reading.end != TransferEnd::done && reading.end != TransferEnd::refused)
       reading_.isComplete = false;
-    return transfer;
+    return reading;
   }
 
   void add(const std::string& target) {
-    TargetReading transfer = read(target);
-    NativeTarget native{target, target, 8, false};
-    if (transfer.end == TransferEnd::done) {
-      native.type = connection_.names({transfer.type}).front();
-      native.format = transfer.format;
+    TargetReading reading = read(target);
+    SelectionTarget offered{target, target, 8, false};
+    if (reading.end == TransferEnd::done) {
+      offered.type = connection_.names({reading.type}).front();
+      offered.format = reading.format;
     }
-    native.unread = transfer.end != TransferEnd::done && transfer.end != TransferEnd::refused;
-    const std::string name = pasteboardName(native);
+    offered.unread = reading.end != TransferEnd::done && reading.end != TransferEnd::refused;
+    const std::string name = pasteboardName(offered);
     if (reading_.contents.offers(name))
       return;
     reading_.contents.names.push_back(name);
-    if (transfer.end == TransferEnd::done)
-      reading_.contents.data.emplace(name, sharedBytes(std::move(transfer.bytes)));
+    if (reading.end == TransferEnd::done)
+      reading_.contents.data.emplace(name, sharedBytes(std::move(reading.bytes)));
   }
 
   SelectionConnection& connection_;
   SelectionReader& reader_;
-  SaveBudget budget_{std::chrono::steady_clock::now() + longestSave, mostSaved};
-  bool isOver_ = false;
+  ReadBudget budget_{std::chrono::steady_clock::now() + totalTimeout, byteLimit};
+  bool isStopped_ = false;
   ClipboardReading reading_{{}, true, false};
 };
 
 } // namespace
 
 ClipboardReading readClipboard(SelectionConnection& connection, SelectionReader& reader) {
-  return Save(connection, reader).run();
+  return Reading(connection, reader).run();
 }
 
 } // namespace tavrel

@@ -3,19 +3,24 @@
 #include "platform/linux/x11/clipboard/ClipboardContents.h"
 #include "platform/linux/x11/clipboard/SelectionReader.h"
 
+#include <QLoggingCategory>
+
 namespace tavrel {
+
+/// "tavrel.clipboard", for all that concerns the clipboard.
+Q_DECLARE_LOGGING_CATEGORY(clipboardLog)
 
 /// All that an owner of the clipboard offers.
 struct ClipboardReading {
   ClipboardContents contents;
   bool isComplete = false;    ///< nothing was left out
-  bool isInterrupted = false; ///< the owner changed meanwhile: worth nothing
+  bool isInterrupted = false; ///< the owner changed meanwhile: to be discarded
 };
 
-/// Reads every target that says what is there (not what was asked when, or how to take part of it),
-/// at the cost of at most one silence (300 ms before an answer, 600 ms before the next piece of
-/// one), two seconds and 20 ms a megabyte altogether, and 256 MB. What could not be read is listed
-/// as unread. What is left out is said on standard error.
+/// Reads every target that holds data, without those of the protocol itself (TIMESTAMP, MULTIPLE,
+/// DELETE and the like). Stops at the first timeout (300 ms for an answer, 600 ms for the next
+/// piece of one), after two seconds and 20 ms for each megabyte, and at 256 MB. What could not be
+/// read is listed as unread; what is left out is logged.
 [[nodiscard]] ClipboardReading readClipboard(SelectionConnection& connection,
                                              SelectionReader& reader);
 

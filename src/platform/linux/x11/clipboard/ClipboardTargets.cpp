@@ -28,7 +28,8 @@ std::string urlLines(const std::vector<std::string>& paths, std::string_view end
   return lines;
 }
 
-// The file managers of GNOME and Xfce: what to do, then the URLs, no line feed at the end.
+// For the file managers of GNOME and Xfce: the operation, then the URLs, without a line feed at the
+// end.
 std::string copiedFiles(const Bytes& list) {
   std::string text = "copy\n" + urlLines(pathsOf(list), "\n");
   text.pop_back();
@@ -79,21 +80,21 @@ ServedTarget servedFlavor(const std::string& name, const std::string& target,
   return {target == "TEXT" ? "UTF8_STRING" : target, 8, data};
 }
 
-std::optional<NativeTarget> servedNative(const std::string& name) {
-  auto native = nativeTargetOfName(name);
-  return native && !native->unread ? native : std::nullopt;
+std::optional<SelectionTarget> servedX11Target(const std::string& name) {
+  auto target = selectionTargetNamed(name);
+  return target && !target->unread ? target : std::nullopt;
 }
 
 } // namespace
 
 std::vector<std::string> servedTargets(const ClipboardContents& contents) {
-  const bool native = hasNativeTargets(contents.names);
+  const bool hasX11Targets = hasSelectionTargets(contents.names);
   std::vector<std::string> targets;
   for (const std::string& name : contents.names) {
-    const auto one = servedNative(name);
+    const auto x11Target = servedX11Target(name);
     for (const std::string& target :
-         native ? (one ? std::vector{one->target} : std::vector<std::string>())
-                : targetsOfFlavor(contents, name))
+         hasX11Targets ? (x11Target ? std::vector{x11Target->target} : std::vector<std::string>())
+                       : targetsOfFlavor(contents, name))
       if (std::find(targets.begin(), targets.end(), target) == targets.end())
         targets.push_back(target);
   }
@@ -102,14 +103,15 @@ std::vector<std::string> servedTargets(const ClipboardContents& contents) {
 
 std::optional<ServedTarget> servedTarget(const ClipboardContents& contents,
                                          const std::string& target) {
-  const bool native = hasNativeTargets(contents.names);
+  const bool hasX11Targets = hasSelectionTargets(contents.names);
   for (const std::string& name : contents.names) {
     const SharedBytes data = contents.dataOf(name);
     if (!data)
       continue;
-    if (const auto one = servedNative(name); one && one->target == target)
-      return ServedTarget{one->type, one->format, data};
-    const auto targets = native ? std::vector<std::string>() : targetsOfFlavor(contents, name);
+    if (const auto x11Target = servedX11Target(name); x11Target && x11Target->target == target)
+      return ServedTarget{x11Target->type, x11Target->format, data};
+    const auto targets =
+        hasX11Targets ? std::vector<std::string>() : targetsOfFlavor(contents, name);
     if (std::find(targets.begin(), targets.end(), target) != targets.end())
       return servedFlavor(name, target, data);
   }
@@ -117,9 +119,9 @@ std::optional<ServedTarget> servedTarget(const ClipboardContents& contents,
 }
 
 bool awaitsData(const ClipboardContents& contents) {
-  const bool native = hasNativeTargets(contents.names);
+  const bool hasX11Targets = hasSelectionTargets(contents.names);
   return std::any_of(contents.names.begin(), contents.names.end(), [&](const std::string& name) {
-    const bool counts = native ? servedNative(name).has_value() : name.starts_with("NS");
+    const bool counts = hasX11Targets ? servedX11Target(name).has_value() : name.starts_with("NS");
     return counts && !contents.dataOf(name);
   });
 }

@@ -9,8 +9,8 @@
 namespace tavrel {
 
 /// Text that programs put on the clipboard, as UTF-8: UTF-16 when it begins with a byte order mark,
-/// else Latin-1 when `type` is STRING or the bytes are no UTF-8. Zero bytes at the end are left
-/// out.
+/// else Latin-1 when `type` is STRING or the bytes are not valid UTF-8. NUL bytes at the end are
+/// left out: some programs add one.
 [[nodiscard]] std::string clipboardText(const Bytes& bytes, std::string_view type);
 
 /// The same for UTF-16 in little-endian order, with or without a mark.

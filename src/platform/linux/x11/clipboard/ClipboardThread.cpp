@@ -17,8 +17,8 @@ ClipboardThread::ClipboardThread(std::unique_ptr<SelectionConnection> connection
 
 ClipboardThread::~ClipboardThread() {
   post([this] {
-    clipboard_.handOver();
-    isOver_ = true;
+    clipboard_.saveToManager();
+    isStopped_ = true;
   });
   thread_.join();
 }
@@ -31,7 +31,7 @@ void ClipboardThread::post(std::function<void()> job) {
   ::eventfd_write(wakeUp_.get(), 1);
 }
 
-// Each job sees the clipboard as it is now.
+// Events that have arrived are handled before each job, so that it sees the clipboard as it is now.
 bool ClipboardThread::runJobs() {
   std::deque<std::function<void()>> jobs;
   {
@@ -40,21 +40,21 @@ bool ClipboardThread::runJobs() {
   }
   for (const auto& job : jobs) {
     connection_->drain();
-    clipboard_.look();
+    clipboard_.doDueWork();
     job();
   }
   return !jobs.empty();
 }
 
 void ClipboardThread::run() {
-  while (!isOver_) {
+  while (!isStopped_) {
     connection_->drain();
-    clipboard_.look();
-    connection_->drain(); // answers to what it asked may have brought events along
+    clipboard_.doDueWork();
+    connection_->drain(); // events may have come along with the replies to what it requested
     eventfd_t count = 0;
     ::eventfd_read(wakeUp_.get(), &count);
     if (!runJobs())
-      connection_->sleep(wakeUp_.get(), clipboard_.nextLook());
+      connection_->sleep(wakeUp_.get(), clipboard_.nextDueTime());
   }
 }
 

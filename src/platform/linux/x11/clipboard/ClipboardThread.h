@@ -10,21 +10,21 @@
 
 namespace tavrel {
 
-/// The thread that owns the connection for the clipboard, and works on it for others. It never
-/// calls anyone back.
+/// The thread that owns the X connection for the clipboard. It serves other programs, and runs what
+/// other threads `call`. It never calls back.
 class ClipboardThread {
 public:
-  /// Null when there is no X server that tells of owners. `ownWindows`: see LateCopies.
+  /// Null without an X server that has XFixes. `ownWindows`: see LateCopies.
   [[nodiscard]] static std::unique_ptr<ClipboardThread> create(xcb_window_t ownWindows);
-  /// Hands what is served over to the clipboard manager first.
+  /// Has the clipboard manager save what is served first.
   ~ClipboardThread();
   ClipboardThread(const ClipboardThread&) = delete;
   ClipboardThread& operator=(const ClipboardThread&) = delete;
 
-  /// Answers at once.
+  /// Does not wait for the thread.
   [[nodiscard]] std::int64_t changeCount() const { return changeCount_; }
 
-  /// Lets the thread do something with the clipboard, and waits for the result.
+  /// Runs `work` on the thread, and waits for its result.
   template <typename Work> auto call(Work work) {
     std::packaged_task<std::invoke_result_t<Work, SystemClipboard&>()> task(
         [&] { return work(clipboard_); });
@@ -45,7 +45,7 @@ private:
   FileDescriptor wakeUp_;
   std::mutex mutex_;
   std::deque<std::function<void()>> jobs_;
-  bool isOver_ = false;
+  bool isStopped_ = false;
   std::thread thread_;
 };
 

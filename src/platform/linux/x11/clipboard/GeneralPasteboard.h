@@ -5,10 +5,10 @@
 
 namespace tavrel {
 
-/// The clipboard of the X server as a pasteboard. Its types are first the platform's names for what
-/// the owner's targets can give (ClipboardFlavors.h), then each target in the owner's order under a
-/// name of its own (NativeTarget.h), whose data is exact. Who may keep the clipboard when something
-/// is declared: see SystemClipboard.
+/// The clipboard of the X server as a pasteboard. Its types are first the flavors that the owner's
+/// targets can be converted to (ClipboardFlavors.h), then each target itself, in the owner's order
+/// and with its exact bytes (SelectionTarget.h). Which program owns the clipboard after a
+/// declaration: see SystemClipboard.
 class GeneralPasteboard final : public Pasteboard {
 public:
   explicit GeneralPasteboard(ClipboardThread& thread) : thread_(thread) {}

@@ -5,8 +5,8 @@
 namespace tavrel {
 
 namespace {
-constexpr auto longestIdle = std::chrono::seconds(5);
-constexpr std::size_t handyPiece = 262'144;
+constexpr auto idleTimeout = std::chrono::seconds(5);
+constexpr std::size_t preferredPiece = 262'144;
 
 void watch(SelectionConnection& connection, xcb_window_t window, std::uint32_t events) {
   if (window != connection.window())
@@ -17,7 +17,8 @@ void watch(SelectionConnection& connection, xcb_window_t window, std::uint32_t e
 IncrementalSends::IncrementalSends(SelectionConnection& connection)
     : connection_(connection),
       largestPiece_(std::min<std::size_t>(
-          handyPiece, xcb_get_maximum_request_length(connection.server()) * std::size_t{4} - 64)) {}
+          preferredPiece,
+          xcb_get_maximum_request_length(connection.server()) * std::size_t{4} - 64)) {}
 
 void IncrementalSends::send(xcb_window_t requestor, xcb_atom_t property,
                             const ServedTarget& target) {
@@ -58,12 +59,12 @@ void IncrementalSends::propertyDeleted(xcb_window_t requestor, xcb_atom_t proper
   stopWatching(requestor);
 }
 
-// Whether there is more to come. The last piece is empty.
+// Whether more is to follow. The last piece is empty.
 bool IncrementalSends::sendPiece(Send& send) {
   const std::size_t size = std::min(send.bytes->size() - send.offset, largestPiece_ & ~3U);
   put(send, send.offset, size);
   send.offset += size;
-  send.lastTaken = std::chrono::steady_clock::now();
+  send.lastProgress = std::chrono::steady_clock::now();
   return size > 0;
 }
 
@@ -71,9 +72,9 @@ void IncrementalSends::requestorGone(xcb_window_t requestor) {
   std::erase_if(sends_, [&](const Send& each) { return each.requestor == requestor; });
 }
 
-void IncrementalSends::giveUpIdle() {
-  const auto oldest = std::chrono::steady_clock::now() - longestIdle;
-  std::erase_if(sends_, [&](const Send& each) { return each.lastTaken < oldest; });
+void IncrementalSends::dropIdle() {
+  const auto oldest = std::chrono::steady_clock::now() - idleTimeout;
+  std::erase_if(sends_, [&](const Send& each) { return each.lastProgress < oldest; });
 }
 
 void IncrementalSends::stopWatching(xcb_window_t requestor) {

@@ -7,9 +7,9 @@
 
 namespace tavrel {
 
-/// Hands data to other programs: at once into a property of theirs, or, when it is large, piece by
-/// piece, each when the one before has been taken (INCR). A program that takes nothing for a while
-/// is given up.
+/// Sends data to other programs: at once into a property of theirs, or, when it is large, piece by
+/// piece, each when the program has deleted the one before (INCR). A transfer is dropped when the
+/// program deletes nothing for five seconds.
 class IncrementalSends {
 public:
   explicit IncrementalSends(SelectionConnection& connection);
@@ -17,7 +17,7 @@ public:
   void send(xcb_window_t requestor, xcb_atom_t property, const ServedTarget& target);
   void propertyDeleted(xcb_window_t requestor, xcb_atom_t property);
   void requestorGone(xcb_window_t requestor);
-  void giveUpIdle();
+  void dropIdle();
   [[nodiscard]] bool isIdle() const { return sends_.empty(); }
 
 private:
@@ -28,7 +28,7 @@ private:
     std::uint8_t format;
     SharedBytes bytes;
     std::size_t offset;
-    SelectionTime lastTaken;
+    SelectionTime lastProgress;
   };
   void begin(Send send);
   [[nodiscard]] bool sendPiece(Send& send);

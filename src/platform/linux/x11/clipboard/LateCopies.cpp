@@ -10,8 +10,8 @@ namespace tavrel {
 
 namespace {
 
-constexpr auto lateEnough = std::chrono::seconds(3);
-constexpr int mostLateAnswers = 20; // twice as many as keys are pressed for one capture
+constexpr auto lateCopyTimeout = std::chrono::seconds(3);
+constexpr int lateCopyLimit = 20; // twice the keystrokes of one capture
 constexpr std::uint32_t firstWheelButton = 4;
 constexpr std::uint32_t lastWheelButton = 7;
 
@@ -33,17 +33,17 @@ LateCopies::LateCopies(SelectionConnection& connection, xcb_window_t ownWindows)
       xcb_input_xi_query_version_reply(server, xcb_input_xi_query_version(server, 2, 2), nullptr));
 }
 
-// Without the extension a person's copy could not be told from a late one: then none is late.
+// Without XInput the user's copies could not be told from late ones: then none counts as late.
 void LateCopies::expect() {
   stop();
   if (inputExtension_ == 0)
     return;
-  // First, so that the server's answers to the rest tell that no press goes by unseen.
+  // First: once the server has replied to the requests after it, no press is missed any more.
   selectPresses(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
   findModifiers();
-  front_ = windowInFront();
-  end_ = std::chrono::steady_clock::now() + lateEnough;
-  left_ = mostLateAnswers;
+  focusedWindow_ = findFocusedWindow();
+  deadline_ = std::chrono::steady_clock::now() + lateCopyTimeout;
+  remaining_ = lateCopyLimit;
   isExpecting_ = true;
 }
 
@@ -53,8 +53,8 @@ void LateCopies::stop() {
   selectPresses(0);
 }
 
-void LateCopies::look() {
-  if (isExpecting_ && std::chrono::steady_clock::now() >= end_)
+void LateCopies::stopAfterTimeout() {
+  if (isExpecting_ && std::chrono::steady_clock::now() >= deadline_)
     stop();
 }
 
@@ -64,9 +64,10 @@ void LateCopies::handle(const xcb_generic_event_t& event) {
 }
 
 bool LateCopies::isLate(xcb_window_t owner) {
-  look();
-  const bool isFront = front_ == XCB_WINDOW_NONE || connection_.isOneClient(front_, owner);
-  return isExpecting_ && isFront && left_-- > 0;
+  stopAfterTimeout();
+  const bool hasFocus =
+      focusedWindow_ == XCB_WINDOW_NONE || connection_.areOfOneClient(focusedWindow_, owner);
+  return isExpecting_ && hasFocus && remaining_-- > 0;
 }
 
 bool LateCopies::isPress(const xcb_generic_event_t& event) const {
@@ -96,8 +97,9 @@ void LateCopies::findModifiers() {
   modifiers_.assign(keys, keys + xcb_get_modifier_mapping_keycodes_length(reply.get()));
 }
 
-// The window that keys go to; where that is not set, the one that the window manager calls active.
-xcb_window_t LateCopies::windowInFront() {
+// The window with the input focus; where the server names none, the active one by the window
+// manager.
+xcb_window_t LateCopies::findFocusedWindow() {
   xcb_connection_t* server = connection_.server();
   const auto focus =
       xcbReply(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
@@ -121,11 +123,12 @@ bool LateCopies::isMenuOpen() {
     return false;
   const xcb_window_t* windows = xcb_query_tree_children(tree.get());
   return std::any_of(windows, windows + tree->children_len, [&](xcb_window_t window) {
-    if (!connection_.isOneClient(window, ownWindows_))
+    if (!connection_.areOfOneClient(window, ownWindows_))
       return false;
-    const auto facts = xcbReply(xcb_get_window_attributes_reply(
+    const auto attributes = xcbReply(xcb_get_window_attributes_reply(
         server, xcb_get_window_attributes(server, window), nullptr));
-    return facts && facts->override_redirect != 0 && facts->map_state == XCB_MAP_STATE_VIEWABLE;
+    return attributes && attributes->override_redirect != 0 &&
+           attributes->map_state == XCB_MAP_STATE_VIEWABLE;
   });
 }
 

@@ -4,27 +4,31 @@
 
 namespace tavrel {
 
-/// Tells a copy that a program makes too late, for key presses of ours that it had not got to, from
-/// one that the person makes. Late is what the program with the keyboard focus copies within three
-/// seconds while the person has pressed nothing: neither a key (but modifiers) nor a button. What
-/// the person presses while a menu of ours is open goes to that menu and does not count.
+/// Tells late copies from copies of the user. A capture posts the copy keystroke up to ten times
+/// and then restores the clipboard; a slow program handles the rest of the keystrokes after that
+/// and would overwrite what was restored (GIMP 2.10 and LibreOffice 7.4 do). A copy is late when
+/// the program with the keyboard focus makes it within three seconds, and the user has pressed
+/// nothing meanwhile: no key but modifiers, no button but the wheel. What the user presses in an
+/// open menu of ours does not count.
 class LateCopies {
 public:
-  /// `ownWindows`: any window of the connection that shows our menus; 0 when there is none.
+  /// `ownWindows`: any window number of the connection that shows our menus; 0 for none.
   LateCopies(SelectionConnection& connection, xcb_window_t ownWindows);
 
+  /// The clipboard has been restored: late copies may come from now on.
   void expect();
   void stop();
   [[nodiscard]] bool isExpecting() const { return isExpecting_; }
-  /// Stops when nobody is that late any more.
-  void look();
+  /// Stops once three seconds have passed since `expect`.
+  void stopAfterTimeout();
   void handle(const xcb_generic_event_t& event);
+  /// Whether a copy that this window has just made is late.
   [[nodiscard]] bool isLate(xcb_window_t owner);
 
 private:
   void selectPresses(std::uint32_t events);
   void findModifiers();
-  [[nodiscard]] xcb_window_t windowInFront();
+  [[nodiscard]] xcb_window_t findFocusedWindow();
   [[nodiscard]] bool isMenuOpen();
   [[nodiscard]] bool isPress(const xcb_generic_event_t& event) const;
 
@@ -32,9 +36,9 @@ private:
   xcb_window_t ownWindows_;
   std::uint8_t inputExtension_ = 0;
   bool isExpecting_ = false;
-  int left_ = 0;
-  xcb_window_t front_ = XCB_WINDOW_NONE;
-  SelectionTime end_;
+  int remaining_ = 0;
+  xcb_window_t focusedWindow_ = XCB_WINDOW_NONE;
+  SelectionTime deadline_;
   std::vector<std::uint32_t> modifiers_;
 };
 

@@ -1,7 +1,6 @@
 #include "platform/linux/x11/clipboard/LinuxPasteboards.h"
 
 #include "platform/linux/plists/PropertyListCodec.h"
-#include "platform/linux/x11/clipboard/ClipboardLog.h"
 
 #include <QGuiApplication>
 
@@ -17,7 +16,7 @@ std::optional<PropertyList> fromXml(const Bytes& bytes) {
   return decodePropertyList(bytes).value;
 }
 
-// Where the windows of the toolkit, our menus among them, have their numbers.
+// The first of the toolkit's window numbers, by which its windows, our menus among them, are known.
 xcb_window_t toolkitWindows() {
   const auto* x11 =
       qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;

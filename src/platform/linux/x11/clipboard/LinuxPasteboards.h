@@ -5,9 +5,9 @@
 
 namespace tavrel {
 
-/// The pasteboards of this desktop: named ones live inside the process, and property lists travel
-/// on them as XML; the general one is the clipboard of the X server. Without one it is in process,
-/// too.
+/// The pasteboards of this desktop. Named ones exist inside this process only, with property lists
+/// as XML. The general one is the clipboard of the X server; without a server it is in this
+/// process, too.
 class LinuxPasteboards final : public Pasteboards {
 public:
   LinuxPasteboards();

@@ -11,7 +11,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr auto longestWaitForTime = std::chrono::seconds(1);
+constexpr auto timeStampTimeout = std::chrono::seconds(1);
 
 int millisecondsUntil(SelectionTime deadline) {
   const auto left =
@@ -36,7 +36,7 @@ std::unique_ptr<SelectionConnection> SelectionConnection::create() {
     return nullptr;
   }
   std::unique_ptr<SelectionConnection> connection(new SelectionConnection(server, screen));
-  return connection->watchOwner() ? std::move(connection) : nullptr;
+  return connection->selectOwnerEvents() ? std::move(connection) : nullptr;
 }
 
 SelectionConnection::SelectionConnection(xcb_connection_t* server, int screen)
@@ -50,11 +50,11 @@ SelectionConnection::~SelectionConnection() {
   xcb_disconnect(server_);
 }
 
-bool SelectionConnection::watchOwner() {
+bool SelectionConnection::selectOwnerEvents() {
   const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(server_, &xcb_xfixes_id);
   if (!fixes || fixes->present == 0)
     return false;
-  ownerNotice_ = static_cast<std::uint8_t>(fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY);
+  ownerEvent_ = static_cast<std::uint8_t>(fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY);
   xcbReply(
       xcb_xfixes_query_version_reply(server_, xcb_xfixes_query_version(server_, 1, 0), nullptr));
   xcb_xfixes_select_selection_input(server_, window_, atom("CLIPBOARD"),
@@ -64,7 +64,7 @@ bool SelectionConnection::watchOwner() {
   return true;
 }
 
-bool SelectionConnection::isOneClient(xcb_window_t a, xcb_window_t b) const {
+bool SelectionConnection::areOfOneClient(xcb_window_t a, xcb_window_t b) const {
   const std::uint32_t resource = xcb_get_setup(server_)->resource_id_mask;
   return (a & ~resource) == (b & ~resource);
 }
@@ -74,12 +74,12 @@ xcb_atom_t SelectionConnection::atom(const std::string& name) {
 }
 
 std::vector<xcb_atom_t> SelectionConnection::atoms(const std::vector<std::string>& names) {
-  std::vector<std::pair<std::string, xcb_intern_atom_cookie_t>> asked;
+  std::vector<std::pair<std::string, xcb_intern_atom_cookie_t>> requests;
   for (const std::string& name : names)
     if (!atoms_.contains(name))
-      asked.emplace_back(
+      requests.emplace_back(
           name, xcb_intern_atom(server_, 0, static_cast<std::uint16_t>(name.size()), name.c_str()));
-  for (const auto& [name, cookie] : asked)
+  for (const auto& [name, cookie] : requests)
     if (const auto reply = xcbReply(xcb_intern_atom_reply(server_, cookie, nullptr)))
       atoms_[name] = reply->atom;
   std::vector<xcb_atom_t> found;
@@ -89,11 +89,11 @@ std::vector<xcb_atom_t> SelectionConnection::atoms(const std::vector<std::string
 }
 
 std::vector<std::string> SelectionConnection::names(const std::vector<xcb_atom_t>& atoms) {
-  std::vector<std::pair<xcb_atom_t, xcb_get_atom_name_cookie_t>> asked;
+  std::vector<std::pair<xcb_atom_t, xcb_get_atom_name_cookie_t>> requests;
   for (const xcb_atom_t atom : atoms)
     if (!names_.contains(atom))
-      asked.emplace_back(atom, xcb_get_atom_name(server_, atom));
-  for (const auto& [atom, cookie] : asked)
+      requests.emplace_back(atom, xcb_get_atom_name(server_, atom));
+  for (const auto& [atom, cookie] : requests)
     if (const auto reply = xcbReply(xcb_get_atom_name_reply(server_, cookie, nullptr)))
       names_[atom] = {xcb_get_atom_name_name(reply.get()),
                       static_cast<std::size_t>(xcb_get_atom_name_name_length(reply.get()))};
@@ -108,11 +108,11 @@ void SelectionConnection::drain() {
     handler_(*event);
 }
 
-void SelectionConnection::wait(const Taking& taking, const std::function<bool()>& isOver,
+void SelectionConnection::wait(const EventFilter& isAwaited, const std::function<bool()>& isOver,
                                SelectionTime deadline) {
   while (!isBroken() && !isOver()) {
     if (const SelectionEvent event{xcb_poll_for_event(server_)}) {
-      if (!taking(*event))
+      if (!isAwaited(*event))
         handler_(*event);
     } else if (std::chrono::steady_clock::now() >= deadline) {
       return;
@@ -143,7 +143,7 @@ xcb_timestamp_t SelectionConnection::now() {
     return true;
   };
   wait(
-      isNotice, [&] { return time != 0; }, std::chrono::steady_clock::now() + longestWaitForTime);
+      isNotice, [&] { return time != 0; }, std::chrono::steady_clock::now() + timeStampTimeout);
   return time;
 }
 

@@ -23,13 +23,13 @@ using SelectionEvent = std::unique_ptr<xcb_generic_event_t, SelectionEventDelete
   return event.response_type & 0x7F;
 }
 
-/// A connection to the X server with a window of its own, for one thread that trades selections.
-/// Events go to the handler, also while one of them is waited for.
+/// An X connection with a window of its own, for one thread that owns and reads selections. Events
+/// go to the handler, also while `wait` waits for one of them.
 class SelectionConnection {
 public:
   using Handler = std::function<void(const xcb_generic_event_t&)>;
-  /// Whether this event is what the caller waits for; the handler does not see it then.
-  using Taking = std::function<bool(const xcb_generic_event_t&)>;
+  /// Whether an event is one that the caller waits for; such an event does not go to the handler.
+  using EventFilter = std::function<bool(const xcb_generic_event_t&)>;
 
   /// Null when there is no X server, or one without the extension XFixes.
   [[nodiscard]] static std::unique_ptr<SelectionConnection> create();
@@ -40,34 +40,37 @@ public:
   [[nodiscard]] xcb_connection_t* server() const { return server_; }
   [[nodiscard]] xcb_window_t window() const { return window_; }
   [[nodiscard]] xcb_window_t root() const { return root_; }
-  [[nodiscard]] std::uint8_t ownerNotice() const { return ownerNotice_; }
+  /// The type of the events that report another owner of the clipboard.
+  [[nodiscard]] std::uint8_t ownerEvent() const { return ownerEvent_; }
   [[nodiscard]] bool isBroken() const { return xcb_connection_has_error(server_) != 0; }
   /// Whether both windows were made by one program.
-  [[nodiscard]] bool isOneClient(xcb_window_t a, xcb_window_t b) const;
+  [[nodiscard]] bool areOfOneClient(xcb_window_t a, xcb_window_t b) const;
 
   [[nodiscard]] xcb_atom_t atom(const std::string& name);
   [[nodiscard]] std::vector<xcb_atom_t> atoms(const std::vector<std::string>& names);
   [[nodiscard]] std::vector<std::string> names(const std::vector<xcb_atom_t>& atoms);
 
   void setHandler(Handler handler) { handler_ = std::move(handler); }
-  /// Hands what has arrived to the handler.
+  /// Hands all events that have arrived to the handler.
   void drain();
-  /// Serves events until one is taken, until `isOver`, or until the deadline.
-  void wait(const Taking& taking, const std::function<bool()>& isOver, SelectionTime deadline);
-  /// Sleeps until something arrives, on the server's connection or on `wakeUp`.
+  /// Handles events until `isOver` answers true, or until the deadline.
+  void wait(const EventFilter& isAwaited, const std::function<bool()>& isOver,
+            SelectionTime deadline);
+  /// Sleeps until an event arrives, `wakeUp` (a file descriptor, -1 for none) becomes readable, or
+  /// the deadline has come.
   void sleep(int wakeUp, SelectionTime deadline);
 
-  /// The server's time, as fresh as it gets; 0 when the server does not answer.
+  /// The server's time stamp now, by a round trip; 0 when the server does not answer for a second.
   [[nodiscard]] xcb_timestamp_t now();
 
 private:
   explicit SelectionConnection(xcb_connection_t* server, int screen);
-  [[nodiscard]] bool watchOwner();
+  [[nodiscard]] bool selectOwnerEvents();
 
   xcb_connection_t* server_;
   xcb_window_t root_;
   xcb_window_t window_;
-  std::uint8_t ownerNotice_ = 0;
+  std::uint8_t ownerEvent_ = 0;
   Handler handler_;
   std::map<std::string, xcb_atom_t> atoms_;
   std::map<xcb_atom_t, std::string> names_;

@@ -7,50 +7,52 @@
 
 namespace tavrel {
 
-/// What reading all of a clipboard may cost together.
-struct SaveBudget {
+/// What reading all targets of a clipboard may still cost.
+struct ReadBudget {
   SelectionTime end;
   std::size_t bytes;
 };
 
 enum class TransferEnd {
   done,
-  refused,     ///< the owner says no
-  silent,      ///< the owner did nothing for a while, or took too long altogether
-  tooMuch,     ///< more than the budget has left
+  refused,     ///< the owner answered that it cannot
+  timedOut,    ///< no answer or no further piece before the timeout, or the budget's time is over
+  tooMuch,     ///< more bytes than the budget has left
   interrupted, ///< the clipboard has another owner by now
 };
 
 struct TargetReading {
-  TransferEnd end = TransferEnd::silent;
+  TransferEnd end = TransferEnd::timedOut;
   xcb_atom_t type = XCB_ATOM_NONE;
   std::uint8_t format = 0;
   Bytes bytes;
 };
 
-/// Reads targets of the clipboard, in one piece or many (INCR). Serves events while it waits.
+/// Reads targets of the clipboard, whole or in pieces (INCR). While it waits, other events go to
+/// the handler of the connection.
 class SelectionReader {
 public:
-  /// `isInterrupted` is asked while waiting.
+  /// `isInterrupted` ends the wait when it answers true: the clipboard has another owner.
   SelectionReader(SelectionConnection& connection, std::function<bool()> isInterrupted);
 
-  [[nodiscard]] TargetReading read(xcb_atom_t target, SaveBudget& budget);
+  [[nodiscard]] TargetReading read(xcb_atom_t target, ReadBudget& budget);
 
-  /// Answers that nobody waits for any more are thrown away, so that a slow owner gets to its end.
-  void discard(const xcb_property_notify_event_t& notice);
+  /// Deletes a property that arrived after its timeout, so that a slow owner can finish its INCR
+  /// transfer.
+  void discardLate(const xcb_property_notify_event_t& notice);
 
 private:
-  [[nodiscard]] std::optional<xcb_atom_t> ask(xcb_atom_t target, const SaveBudget& budget);
-  [[nodiscard]] TransferEnd take(TargetReading& transfer, SaveBudget& budget);
-  [[nodiscard]] TransferEnd takePieces(TargetReading& transfer, SaveBudget& budget);
-  [[nodiscard]] bool awaitPiece(const SaveBudget& budget);
+  [[nodiscard]] std::optional<xcb_atom_t> requestTarget(xcb_atom_t target,
+                                                        const ReadBudget& budget);
+  [[nodiscard]] TransferEnd readProperty(TargetReading& reading, ReadBudget& budget);
+  [[nodiscard]] TransferEnd readPieces(TargetReading& reading, ReadBudget& budget);
+  [[nodiscard]] bool waitForPiece(const ReadBudget& budget);
 
   SelectionConnection& connection_;
   std::function<bool()> isInterrupted_;
   std::vector<xcb_atom_t> properties_;
   std::size_t next_ = 0;
-  xcb_atom_t awaited_ = XCB_ATOM_NONE;
-  xcb_timestamp_t time_ = XCB_CURRENT_TIME;
+  xcb_atom_t awaitedProperty_ = XCB_ATOM_NONE;
 };
 
 } // namespace tavrel

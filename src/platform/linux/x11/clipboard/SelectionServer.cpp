@@ -10,8 +10,8 @@ namespace tavrel {
 
 namespace {
 
-constexpr auto longestWaitForData = std::chrono::milliseconds(200);
-constexpr std::uint32_t mostPairs = 8192;
+constexpr auto dataTimeout = std::chrono::milliseconds(200);
+constexpr std::uint32_t pairLimit = 8192;
 
 ServedTarget numbers(const std::string& type, const std::vector<std::uint32_t>& values) {
   Bytes bytes(values.size() * sizeof(std::uint32_t));
@@ -19,12 +19,12 @@ ServedTarget numbers(const std::string& type, const std::vector<std::uint32_t>& 
   return {type, 32, sharedBytes(std::move(bytes))};
 }
 
-// The pairs of target and property that a request for MULTIPLE brings.
+// A request for MULTIPLE names a property that holds pairs of target and property.
 std::vector<xcb_atom_t> pairsAt(xcb_connection_t* server, xcb_window_t window,
                                 xcb_atom_t property) {
   const auto reply = xcbReply(xcb_get_property_reply(
       server,
-      xcb_get_property(server, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, mostPairs),
+      xcb_get_property(server, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, pairLimit),
       nullptr));
   if (!reply || reply->format != 32)
     return {};
@@ -38,23 +38,23 @@ void SelectionServer::serve(std::shared_ptr<const ClipboardContents> contents,
                             xcb_timestamp_t since) {
   contents_ = std::move(contents);
   since_ = since;
-  dataIsDue_ = std::chrono::steady_clock::now() + longestWaitForData;
-  answerWaiting();
+  dataDeadline_ = std::chrono::steady_clock::now() + dataTimeout;
+  answerPending();
 }
 
-void SelectionServer::contentsGrew() {
-  if (!waiting_.empty() && !awaitsData(*contents_))
-    answerWaiting();
+void SelectionServer::dataWasSet() {
+  if (!pendingRequests_.empty() && !awaitsData(*contents_))
+    answerPending();
 }
 
-void SelectionServer::look() {
-  sends_.giveUpIdle();
-  if (std::chrono::steady_clock::now() >= dataIsDue_)
-    answerWaiting();
+void SelectionServer::doDueWork() {
+  sends_.dropIdle();
+  if (std::chrono::steady_clock::now() >= dataDeadline_)
+    answerPending();
 }
 
-void SelectionServer::answerWaiting() {
-  for (const Request& request : std::exchange(waiting_, {}))
+void SelectionServer::answerPending() {
+  for (const Request& request : std::exchange(pendingRequests_, {}))
     answer(request);
 }
 
@@ -73,9 +73,10 @@ void SelectionServer::handle(const xcb_generic_event_t& event) {
 void SelectionServer::answer(const Request& request) {
   if (!contents_ || request.selection != connection_.atom("CLIPBOARD"))
     return notify(request, XCB_ATOM_NONE);
-  if (awaitsData(*contents_) && std::chrono::steady_clock::now() < dataIsDue_)
-    return waiting_.push_back(request);
-  // Old programs name no property; they mean the one named like the target.
+  if (awaitsData(*contents_) && std::chrono::steady_clock::now() < dataDeadline_)
+    return pendingRequests_.push_back(request);
+  // Programs that follow a convention older than ICCCM name no property: the target's name is
+  // meant.
   const xcb_atom_t property = request.property == XCB_ATOM_NONE ? request.target : request.property;
   const bool isMany = request.target == connection_.atom("MULTIPLE");
   const bool done = isMany ? convertMany(request, property)
@@ -126,7 +127,7 @@ void SelectionServer::notify(const Request& request, xcb_atom_t property) {
   notice.selection = request.selection;
   notice.target = request.target;
   notice.property = property;
-  // The protocol sends 32 bytes of any event; this one has fewer.
+  // xcb sends 32 bytes of any event; this struct is shorter.
   std::array<char, 32> bytes{};
   std::memcpy(bytes.data(), &notice, sizeof notice);
   xcb_send_event(connection_.server(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT, bytes.data());

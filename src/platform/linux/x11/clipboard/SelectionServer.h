@@ -6,22 +6,23 @@
 
 namespace tavrel {
 
-/// Answers the programs that paste while the clipboard is ours: TARGETS, TIMESTAMP, MULTIPLE and
-/// what `ClipboardTargets.h` says. Who asks while data is still being set is answered when it is
-/// there, or when it has not come for 200 ms.
+/// Answers the requests of programs that paste while this program owns the clipboard: TARGETS,
+/// TIMESTAMP, MULTIPLE and the targets of ClipboardTargets.h. A request that comes before all data
+/// has been set is answered when it has, or after a timeout of 200 ms.
 class SelectionServer {
 public:
   explicit SelectionServer(SelectionConnection& connection)
       : connection_(connection), sends_(connection) {}
 
-  /// The contents may still grow; `contentsGrew` tells of it. Null: the clipboard is not ours.
+  /// More data may be set in the contents later; call `dataWasSet` then. Null: another program owns
+  /// the clipboard.
   void serve(std::shared_ptr<const ClipboardContents> contents, xcb_timestamp_t since);
-  void contentsGrew();
+  void dataWasSet();
 
   void handle(const xcb_generic_event_t& event);
-  /// Gives up what waited too long.
-  void look();
-  [[nodiscard]] bool isIdle() const { return waiting_.empty() && sends_.isIdle(); }
+  /// Answers or drops what has reached its timeout.
+  void doDueWork();
+  [[nodiscard]] bool isIdle() const { return pendingRequests_.empty() && sends_.isIdle(); }
 
 private:
   using Request = xcb_selection_request_event_t;
@@ -30,14 +31,14 @@ private:
   [[nodiscard]] bool convertMany(const Request& request, xcb_atom_t property);
   [[nodiscard]] ServedTarget targetList();
   void notify(const Request& request, xcb_atom_t property);
-  void answerWaiting();
+  void answerPending();
 
   SelectionConnection& connection_;
   IncrementalSends sends_;
   std::shared_ptr<const ClipboardContents> contents_;
   xcb_timestamp_t since_ = 0;
-  SelectionTime dataIsDue_;
-  std::vector<Request> waiting_;
+  SelectionTime dataDeadline_;
+  std::vector<Request> pendingRequests_;
 };
 
 } // namespace tavrel

@@ -2,9 +2,8 @@
 
 #include "platform/Pasteboards.h"
 #include "platform/linux/x11/clipboard/ClipboardFlavors.h"
-#include "platform/linux/x11/clipboard/ClipboardLog.h"
 #include "platform/linux/x11/clipboard/ClipboardManager.h"
-#include "platform/linux/x11/clipboard/NativeTarget.h"
+#include "platform/linux/x11/clipboard/SelectionTarget.h"
 #include "platform/linux/x11/server/XcbReply.h"
 
 #include <algorithm>
@@ -15,19 +14,19 @@ namespace tavrel {
 
 namespace {
 
-constexpr auto readingIsKept = std::chrono::seconds(5);
-constexpr auto busyLook = std::chrono::milliseconds(50);
-constexpr auto idleLook = std::chrono::hours(1);
-constexpr int mostAttempts = 3;
+constexpr auto readingLifetime = std::chrono::seconds(5);
+constexpr auto busyInterval = std::chrono::milliseconds(50);
+constexpr auto idleInterval = std::chrono::hours(1);
+constexpr int attemptLimit = 3;
 
-xcb_window_t presentOwner(SelectionConnection& connection) {
+xcb_window_t currentOwner(SelectionConnection& connection) {
   xcb_connection_t* server = connection.server();
   const auto reply = xcbReply(xcb_get_selection_owner_reply(
       server, xcb_get_selection_owner(server, connection.atom("CLIPBOARD")), nullptr));
   return reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
-bool givesAnything(const ClipboardContents& contents) {
+bool hasDataToServe(const ClipboardContents& contents) {
   const std::vector<std::string> targets = servedTargets(contents);
   return std::any_of(targets.begin(), targets.end(), [&](const std::string& target) {
     return servedTarget(contents, target).has_value();
@@ -40,25 +39,25 @@ SystemClipboard::SystemClipboard(SelectionConnection& connection, xcb_window_t o
                                  std::atomic<std::int64_t>& changeCount)
     : connection_(connection), changeCount_(changeCount), server_(connection),
       lateCopies_(connection, ownWindows),
-      reader_(connection, [this] { return ownerChanges_ != readingSince_; }) {
+      reader_(connection, [this] { return ownerChanges_ != changesWhenRead_; }) {
   connection_.setHandler([this](const xcb_generic_event_t& event) { handle(event); });
-  owner_ = presentOwner(connection_);
+  owner_ = currentOwner(connection_);
 }
 
 void SystemClipboard::handle(const xcb_generic_event_t& event) {
-  if (kindOf(event) == connection_.ownerNotice())
+  if (kindOf(event) == connection_.ownerEvent())
     return ownerChanged(reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event).owner);
   if (kindOf(event) == XCB_PROPERTY_NOTIFY)
-    reader_.discard(reinterpret_cast<const xcb_property_notify_event_t&>(event));
+    reader_.discardLate(reinterpret_cast<const xcb_property_notify_event_t&>(event));
   lateCopies_.handle(event);
   server_.handle(event);
 }
 
 void SystemClipboard::ownerChanged(xcb_window_t owner) {
-  if (settingOwner_) {
-    // Ours is the last word, so what others did before it only counts.
-    if (owner == *settingOwner_)
-      settingOwner_.reset();
+  if (expectedOwner_) {
+    // Our ownership comes last, so the changes of others before it are counted only.
+    if (owner == *expectedOwner_)
+      expectedOwner_.reset();
     else
       ++changeCount_;
     return;
@@ -66,63 +65,66 @@ void SystemClipboard::ownerChanged(xcb_window_t owner) {
   ++changeCount_;
   ++ownerChanges_;
   owner_ = owner;
-  read_.reset();
+  ownerReading_.reset();
   served_.reset();
   server_.serve(nullptr, 0);
   if (owner == XCB_WINDOW_NONE)
     return;
-  held_.reset();
-  isReturnDue_ = watched_ && lateCopies_.isLate(owner);
-  if (!isReturnDue_)
-    forget();
+  ownView_.reset();
+  isRestoreDue_ = protected_ && lateCopies_.isLate(owner);
+  if (!isRestoreDue_)
+    stopProtecting();
 }
 
-void SystemClipboard::look() {
-  server_.look();
-  lateCopies_.look();
-  if (std::exchange(isReturnDue_, false) && watched_)
-    returnWatched();
+void SystemClipboard::doDueWork() {
+  server_.doDueWork();
+  lateCopies_.stopAfterTimeout();
+  if (std::exchange(isRestoreDue_, false) && protected_)
+    restoreProtected();
   if (!lateCopies_.isExpecting())
-    watched_.reset();
-  if (read_ && !held_ && !watched_ && std::chrono::steady_clock::now() >= readAt_ + readingIsKept)
-    read_.reset();
+    protected_.reset();
+  if (ownerReading_ && !ownView_ && !protected_ &&
+      std::chrono::steady_clock::now() >= ownerReadAt_ + readingLifetime)
+    ownerReading_.reset();
 }
 
-SelectionTime SystemClipboard::nextLook() const {
-  const bool isBusy = !server_.isIdle() || watched_ || isReturnDue_;
+SelectionTime SystemClipboard::nextDueTime() const {
+  const bool isBusy = !server_.isIdle() || protected_ || isRestoreDue_;
   const auto now = std::chrono::steady_clock::now();
   if (isBusy)
-    return now + busyLook;
-  return read_ && !held_ ? readAt_ + readingIsKept : now + idleLook;
+    return now + busyInterval;
+  return ownerReading_ && !ownView_ ? ownerReadAt_ + readingLifetime : now + idleInterval;
 }
 
 void SystemClipboard::read() {
-  for (int attempt = 0; attempt < mostAttempts && owner_ != XCB_WINDOW_NONE; ++attempt) {
-    readingSince_ = ownerChanges_;
+  for (int attempt = 0; attempt < attemptLimit && owner_ != XCB_WINDOW_NONE; ++attempt) {
+    changesWhenRead_ = ownerChanges_;
     ClipboardReading reading = readClipboard(connection_, reader_);
-    readAt_ = std::chrono::steady_clock::now();
-    // What an owner handed over before it ended is all there is.
+    ownerReadAt_ = std::chrono::steady_clock::now();
+    // What an owner sent before it ended is all there is to read.
     if (reading.isInterrupted && owner_ != XCB_WINDOW_NONE)
       continue;
-    read_ = std::move(reading);
+    ownerReading_ = std::move(reading);
     return;
   }
 }
 
 std::vector<std::string> SystemClipboard::types() {
-  if (held_)
-    return held_->names;
+  if (ownView_)
+    return ownView_->names;
   if (isOurs())
     return served_->names;
-  read_.reset();
+  ownerReading_.reset();
   read();
-  return read_ ? read_->contents.names : std::vector<std::string>();
+  return ownerReading_ ? ownerReading_->contents.names : std::vector<std::string>();
 }
 
 std::optional<Bytes> SystemClipboard::data(const std::string& name) {
-  if (!held_ && !isOurs() && !read_)
+  if (!ownView_ && !isOurs() && !ownerReading_)
     read();
-  const ClipboardContents* contents = held_ ? &*held_ : read_ ? &read_->contents : ownersContents();
+  const ClipboardContents* contents = ownView_        ? &*ownView_
+                                      : ownerReading_ ? &ownerReading_->contents
+                                                      : ownersContents();
   if (!contents || !contents->offers(name))
     return std::nullopt;
   if (const SharedBytes bytes = contents->dataOf(name))
@@ -136,130 +138,133 @@ const ClipboardContents* SystemClipboard::ownersContents() const {
     return served_.get();
   if (owner_ == XCB_WINDOW_NONE)
     return &nothing;
-  return read_ ? &read_->contents : nullptr;
+  return ownerReading_ ? &ownerReading_->contents : nullptr;
 }
 
 void SystemClipboard::declare(const std::vector<std::string>& names) {
   ++changeCount_;
-  forget();
-  held_ = ClipboardContents{names, {}};
+  stopProtecting();
+  ownView_ = ClipboardContents{names, {}};
   const ClipboardContents* offered = ownersContents();
   if (offered && offered->names == names) {
-    if (isAllGiven())
-      giveBack();
-  } else if (areAllUnread(names)) {
-    disown();
-  } else if (hasNativeTargets(names)) {
-    take(); // there may be no data to come
+    if (hasAllData())
+      leaveToOwner();
+  } else if (hasNothingToServe(names)) {
+    giveUpOwnership();
+  } else if (hasSelectionTargets(names)) {
+    takeFromOwner(); // there may be no data to come
   }
 }
 
 bool SystemClipboard::setData(Bytes bytes, const std::string& name, Emptiness emptiness) {
-  ClipboardContents* contents = held_ ? &*held_ : served_.get();
+  ClipboardContents* contents = ownView_ ? &*ownView_ : served_.get();
   if (!contents)
-    return read_ && read_->contents.offers(name);
+    return ownerReading_ && ownerReading_->contents.offers(name);
   if (!contents->offers(name))
     return false;
   contents->data.insert_or_assign(name, sharedBytes(std::move(bytes)));
-  if (!held_) {
-    server_.contentsGrew();
-  } else if (agreesWithOwner(name)) {
-    if (isAllGiven())
-      giveBack();
-  } else if (emptiness == Emptiness::isContents || !isCleared(*held_)) {
-    take();
+  if (!ownView_) {
+    server_.dataWasSet();
+  } else if (ownerOffersSame(name)) {
+    if (hasAllData())
+      leaveToOwner();
+  } else if (emptiness == Emptiness::isContents || !isCleared(*ownView_)) {
+    takeFromOwner();
   }
   return true;
 }
 
-bool SystemClipboard::agreesWithOwner(const std::string& name) const {
+bool SystemClipboard::ownerOffersSame(const std::string& name) const {
   const ClipboardContents* offered = ownersContents();
-  return offered && offered->names == held_->names && agrees(*offered, name, *held_->dataOf(name));
+  return offered && offered->names == ownView_->names &&
+         leavesAsRead(*offered, name, *ownView_->dataOf(name));
 }
 
-bool SystemClipboard::isAllGiven() const {
+bool SystemClipboard::hasAllData() const {
   const auto& offered = ownersContents()->data;
   return std::all_of(offered.begin(), offered.end(),
-                     [&](const auto& each) { return held_->dataOf(each.first) != nullptr; });
+                     [&](const auto& each) { return ownView_->dataOf(each.first) != nullptr; });
 }
 
-void SystemClipboard::giveBack() {
-  held_.reset();
-  watched_ = isOurs() ? served_ : std::make_shared<ClipboardContents>(*ownersContents());
+void SystemClipboard::leaveToOwner() {
+  ownView_.reset();
+  protected_ = isOurs() ? served_ : std::make_shared<ClipboardContents>(*ownersContents());
   lateCopies_.expect();
 }
 
-void SystemClipboard::take() {
-  const auto contents = std::make_shared<ClipboardContents>(*std::exchange(held_, std::nullopt));
-  own(contents);
-  if (!hasNativeTargets(contents->names))
+void SystemClipboard::takeFromOwner() {
+  const auto contents = std::make_shared<ClipboardContents>(*std::exchange(ownView_, std::nullopt));
+  becomeOwner(contents);
+  if (!hasSelectionTargets(contents->names))
     return;
-  watched_ = contents;
+  protected_ = contents;
   lateCopies_.expect();
 }
 
-// What others did until now is known only once the server has told its time: by then the person may
-// have copied. Where another program is quicker still, it counts like one that comes after.
-void SystemClipboard::returnWatched() {
+// The round trip for the time stamp brings all events up to now: if the user has pressed a key or
+// copied meanwhile, nothing is protected any more. A program that copies during the claim counts
+// like one that copies after it.
+void SystemClipboard::restoreProtected() {
   ++changeCount_;
-  const auto contents = watched_;
-  const bool isWorthIt = givesAnything(*contents);
+  const auto contents = protected_;
+  const bool isWorthIt = hasDataToServe(*contents);
   const xcb_timestamp_t time = connection_.now();
-  if (watched_ != contents)
+  if (protected_ != contents)
     return;
-  isReturnDue_ = false;
+  isRestoreDue_ = false;
   if (!claim(isWorthIt ? contents : nullptr, time))
     ownerChanged(owner_);
 }
 
-void SystemClipboard::own(const std::shared_ptr<ClipboardContents>& contents) {
-  for (int attempt = 0; attempt < mostAttempts; ++attempt)
+void SystemClipboard::becomeOwner(const std::shared_ptr<ClipboardContents>& contents) {
+  for (int attempt = 0; attempt < attemptLimit; ++attempt)
     if (claim(contents, connection_.now()))
       return;
   served_.reset();
   server_.serve(nullptr, 0);
 }
 
-void SystemClipboard::disown() {
-  held_.reset();
+void SystemClipboard::giveUpOwnership() {
+  ownView_.reset();
   (void)claim(nullptr, connection_.now());
 }
 
-// Null: nobody is to own the clipboard. With a time of the server's it is refused only when another
-// program is quicker.
+// Null: the clipboard is to have no owner. With a fresh time stamp the server refuses only when
+// another program has been quicker.
 bool SystemClipboard::claim(std::shared_ptr<ClipboardContents> contents, xcb_timestamp_t time) {
   const xcb_window_t owner = contents ? connection_.window() : xcb_window_t{XCB_WINDOW_NONE};
-  read_.reset();
+  ownerReading_.reset();
   served_ = std::move(contents);
   server_.serve(served_, time);
   return setOwner(owner, time);
 }
 
-// Whether the server agreed. Notices of what other programs did later have been handled, too.
+// Whether the server agreed. Events of what other programs did later have been handled when this
+// returns.
 bool SystemClipboard::setOwner(xcb_window_t owner, xcb_timestamp_t time) {
   ++ownerChanges_;
   owner_ = owner;
-  settingOwner_ = owner;
+  expectedOwner_ = owner;
   xcb_set_selection_owner(connection_.server(), owner, connection_.atom("CLIPBOARD"), time);
-  const xcb_window_t present = presentOwner(connection_);
+  const xcb_window_t present = currentOwner(connection_);
   connection_.drain();
-  if (!std::exchange(settingOwner_, std::nullopt))
+  if (!std::exchange(expectedOwner_, std::nullopt))
     return true;
   owner_ = present;
   return connection_.isBroken();
 }
 
-void SystemClipboard::forget() {
+void SystemClipboard::stopProtecting() {
   lateCopies_.stop();
-  watched_.reset();
-  isReturnDue_ = false;
+  protected_.reset();
+  isRestoreDue_ = false;
 }
 
-void SystemClipboard::handOver() {
-  if (!isOurs() || served_->offers(pasteboardType::concealed) || !givesAnything(*served_))
+void SystemClipboard::saveToManager() {
+  if (!isOurs() || served_->offers(pasteboardType::concealed) || !hasDataToServe(*served_))
     return;
   const bool isKept = saveToClipboardManager(connection_, servedTargets(*served_), [this] {
-    look();
+    doDueWork();
     return !server_.isIdle();
   });
   if (!isKept && isOurs())

@@ -9,21 +9,22 @@
 
 namespace tavrel {
 
-/// The X11 CLIPBOARD as a pasteboard, for one thread.
+/// The X11 selection CLIPBOARD as a pasteboard, for one thread.
 ///
-/// Declaring takes the clipboard from its owner only when other programs would read something else
-/// afterwards. Two declarations are held for our own readers, while the owner keeps the clipboard:
-///  - the empty string that a pasteboard is cleared to (Emptiness::clears);
-///  - names and data as they were read from the owner. They give the clipboard back to it.
-/// So saving, clearing and restoring change nothing as long as no program copies meanwhile, also
-/// when the owner could not be read: what it did not hand over, it still has. When a program has
-/// copied meanwhile, what could be read comes back.
+/// A declaration takes the ownership from another program only when other programs would read
+/// something else afterwards. Two declarations change what this program reads and leave the owner
+/// alone:
+///  - the empty string of a cleared pasteboard (Emptiness::clears);
+///  - the names and data that were read from the owner: this program reads the owner again then.
+/// So a capture that saves, clears and restores the clipboard changes nothing as long as no program
+/// copies meanwhile, also when the owner could not be read: what it did not send, it still has.
+/// When a program has copied meanwhile, what could be read is served in its place.
 ///
-/// Contents put back are watched over for a while: a program that copies late (see LateCopies)
-/// loses the clipboard to them again.
+/// Restored contents are protected for a while: when a program copies late (LateCopies), they are
+/// restored once more.
 class SystemClipboard {
 public:
-  /// What an empty string means when it is all there is.
+  /// Whether an empty string that is the only contents clears the pasteboard.
   enum class Emptiness { clears, isContents };
 
   /// `ownWindows`: see LateCopies. Every change of owner or contents raises `changeCount`.
@@ -35,30 +36,31 @@ public:
   [[nodiscard]] bool setData(Bytes bytes, const std::string& name, Emptiness emptiness);
   [[nodiscard]] std::optional<Bytes> data(const std::string& name);
 
-  /// Lets the clipboard manager, if there is one, take over what we serve; not what is concealed.
-  /// Waits for it three seconds, and longer while it is reading.
-  void handOver();
+  /// Has the clipboard manager, if there is one, save what this program serves, unless it is
+  /// concealed. The timeout is three seconds, and longer while the manager is reading.
+  void saveToManager();
 
-  /// Does what has become due: answers, returns, forgets.
-  void look();
-  /// When to look again, if nothing arrives before.
-  [[nodiscard]] SelectionTime nextLook() const;
+  /// Does what has become due: answers requests, restores contents, drops what has reached its
+  /// timeout.
+  void doDueWork();
+  /// When to call that next, if no event arrives before.
+  [[nodiscard]] SelectionTime nextDueTime() const;
 
 private:
   void handle(const xcb_generic_event_t& event);
   void ownerChanged(xcb_window_t owner);
   void read();
   [[nodiscard]] const ClipboardContents* ownersContents() const;
-  [[nodiscard]] bool agreesWithOwner(const std::string& name) const;
-  [[nodiscard]] bool isAllGiven() const;
-  void giveBack();
-  void take();
-  void returnWatched();
-  void own(const std::shared_ptr<ClipboardContents>& contents);
-  void disown();
+  [[nodiscard]] bool ownerOffersSame(const std::string& name) const;
+  [[nodiscard]] bool hasAllData() const;
+  void leaveToOwner();
+  void takeFromOwner();
+  void restoreProtected();
+  void becomeOwner(const std::shared_ptr<ClipboardContents>& contents);
+  void giveUpOwnership();
   [[nodiscard]] bool claim(std::shared_ptr<ClipboardContents> contents, xcb_timestamp_t time);
   [[nodiscard]] bool setOwner(xcb_window_t owner, xcb_timestamp_t time);
-  void forget();
+  void stopProtecting();
   [[nodiscard]] bool isOurs() const { return served_ != nullptr; }
 
   SelectionConnection& connection_;
@@ -69,14 +71,14 @@ private:
 
   xcb_window_t owner_ = XCB_WINDOW_NONE;
   std::uint64_t ownerChanges_ = 0;
-  std::uint64_t readingSince_ = 0;
-  std::optional<xcb_window_t> settingOwner_; ///< whose notice has not come yet
+  std::uint64_t changesWhenRead_ = 0;
+  std::optional<xcb_window_t> expectedOwner_; ///< set by us, its event has not come yet
   std::shared_ptr<ClipboardContents> served_;
-  std::optional<ClipboardReading> read_; ///< what the present owner, another program, offers
-  SelectionTime readAt_;
-  std::optional<ClipboardContents> held_;      ///< what our own readers see instead
-  std::shared_ptr<ClipboardContents> watched_; ///< what a late answer is replaced by
-  bool isReturnDue_ = false;
+  std::optional<ClipboardReading> ownerReading_; ///< of the present owner, another program
+  SelectionTime ownerReadAt_;
+  std::optional<ClipboardContents> ownView_;     ///< what this program reads instead
+  std::shared_ptr<ClipboardContents> protected_; ///< what replaces a late copy
+  bool isRestoreDue_ = false;
 };
 
 } // namespace tavrel

@@ -68,7 +68,7 @@ protected:
   }
 };
 
-TEST_F(ClipboardManagerTest, RestoredContentsAreHandedOverAtTheEnd) {
+TEST_F(ClipboardManagerTest, RestoredContentsAreSavedAtTheEnd) {
   FakeClipboardManager manager(true);
   const std::string large(2'000'000, 'x');
   holdRestored({plain("UTF8_STRING", "kept"), plain("image/png", large)});
@@ -78,13 +78,13 @@ TEST_F(ClipboardManagerTest, RestoredContentsAreHandedOverAtTheEnd) {
   EXPECT_TRUE(manager.kept["image/png"] == textProperty("image/png", large));
 }
 
-TEST_F(ClipboardManagerTest, AManagerThatNeverAnswersIsNotWaitedForLong) {
+TEST_F(ClipboardManagerTest, AManagerThatNeverAnswersHitsATimeout) {
   const FakeClipboardManager manager(false);
   holdRestored({plain("UTF8_STRING", "kept")});
   EXPECT_LT(timeOf([&] { pasteboards.reset(); }), std::chrono::seconds(6));
 }
 
-TEST_F(ClipboardManagerTest, PasswordsAreNotHandedOver) {
+TEST_F(ClipboardManagerTest, PasswordsAreNotSaved) {
   const FakeClipboardManager manager(true);
   holdRestored({plain("UTF8_STRING", "password"), plain("x-kde-passwordManagerHint", "secret")});
   EXPECT_EQ(paster.paste("x-kde-passwordManagerHint"),
@@ -93,7 +93,7 @@ TEST_F(ClipboardManagerTest, PasswordsAreNotHandedOver) {
   EXPECT_FALSE(manager.wasAsked);
 }
 
-TEST_F(ClipboardManagerTest, TheClipboardOfAnotherProgramIsNotHandedOver) {
+TEST_F(ClipboardManagerTest, TheClipboardOfAnotherProgramIsNotSaved) {
   const FakeClipboardManager manager(true);
   const SelectionOwner owner({plain("UTF8_STRING", "theirs")});
   captureNothing();

@@ -204,17 +204,17 @@ TEST_F(ClipboardTest, FilesOfOursArePastedByFileManagers) {
 }
 
 TEST_F(ClipboardTest, AnEmptySelectionPastesAnEmptyString) {
-  const SelectionOwner editor(editorsText("the person's"));
+  const SelectionOwner editor(editorsText("the user's"));
   clear(captured);
   copy(general, backup);
   copy(captured, general);
   EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", ""));
   restore();
-  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "the person's"));
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "the user's"));
 }
 
 TEST_F(ClipboardTest, AnEmptySelectionPutThereToStayEmptiesTheClipboard) {
-  const SelectionOwner editor(editorsText("the person's"));
+  const SelectionOwner editor(editorsText("the user's"));
   general.declareTypes({pasteboardType::string});
   general.setData({}, pasteboardType::string);
   EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", ""));
@@ -236,15 +236,15 @@ TEST_F(ClipboardTest, AnEmptyTextThatTheClipboardHeldIsThereAgainAfterACopy) {
 TEST_F(ClipboardTest, ASelectionWithTheTargetsOfTheClipboardIsPastedAllTheSame) {
   SelectionOwner editor(editorsText("selected"));
   copy(general, captured);
-  afterCopy([&] { editor.copy(editorsText("the person's")); });
+  afterCopy([&] { editor.copy(editorsText("the user's")); });
   copy(general, backup);
   copy(captured, general);
   EXPECT_EQ(paster.paste("STRING"), textProperty("STRING", "selected"));
   restore();
-  EXPECT_EQ(paster.paste("STRING"), textProperty("STRING", "the person's"));
+  EXPECT_EQ(paster.paste("STRING"), textProperty("STRING", "the user's"));
 }
 
-TEST_F(ClipboardTest, WhoAsksTooEarlyIsAnsweredWhenTheDataIsThere) {
+TEST_F(ClipboardTest, ARequestBeforeTheDataIsSetIsAnsweredWhenItIs) {
   general.declareTypes({"x11:early", "x11:late"});
   general.setData({1}, "x11:early");
   std::optional<Property> pasted;
@@ -255,7 +255,7 @@ TEST_F(ClipboardTest, WhoAsksTooEarlyIsAnsweredWhenTheDataIsThere) {
   EXPECT_EQ(pasted, (Property{"late", 8, {2}}));
 }
 
-TEST_F(ClipboardTest, DataThatNeverComesIsRefusedSoon) {
+TEST_F(ClipboardTest, ARequestForDataThatIsNeverSetIsRefusedAfterATimeout) {
   general.declareTypes({"x11:early", "x11:late"});
   general.setData({1}, "x11:early");
   EXPECT_LT(timeOf([&] { EXPECT_FALSE(paster.paste("late")); }), std::chrono::seconds(2));

@@ -36,7 +36,7 @@ protected:
   std::optional<SelectionOwner> application;
 };
 
-TEST_F(HostileClipboardTest, AnOwnerThatNeverAnswersCostsOneWaitAndKeepsTheClipboard) {
+TEST_F(HostileClipboardTest, AnOwnerThatNeverAnswersCostsOneTimeoutAndKeepsTheClipboard) {
   SelectionOwner owner({plain("UTF8_STRING", "hidden")}, Manner::never);
   expectKept(owner);
 }
@@ -49,7 +49,7 @@ TEST_F(HostileClipboardTest, AnOwnerThatAnswersAgainIsReadAgain) {
   EXPECT_EQ(general.string(pasteboardType::string), "readable");
 }
 
-TEST_F(HostileClipboardTest, ATargetThatNeverComesCostsOneWaitAndTheOwnerKeepsTheClipboard) {
+TEST_F(HostileClipboardTest, ATargetThatNeverComesCostsOneTimeoutAndTheOwnerKeepsTheClipboard) {
   SelectionOwner owner(with(Manner::never));
   expectKept(owner);
 }
@@ -78,7 +78,7 @@ TEST_F(HostileClipboardTest, AfterACopyNothingComesBackFromAnOwnerThatGaveNothin
   EXPECT_THAT(general.types(), IsEmpty());
 }
 
-TEST_F(HostileClipboardTest, WhatWasSelectedDoesNotStayForWantOfSomethingToRestore) {
+TEST_F(HostileClipboardTest, ACapturedSelectionDoesNotStayWhenThereIsNothingToRestore) {
   const SelectionOwner owner({plain("UTF8_STRING", "hidden", Manner::never)});
   save();
   afterCopy([&] { application.emplace(std::vector{plain("UTF8_STRING", "selected")}); });
@@ -138,7 +138,7 @@ TEST_F(HostileClipboardTest, AnswersThatComeTooLateDoNotMixWithLaterOnes) {
   EXPECT_EQ(general.string("x11:image/png"), "whole");
 }
 
-TEST_F(HostileClipboardTest, MoreThanTheLimitIsLeftWithItsOwnerAndSaidOnce) {
+TEST_F(HostileClipboardTest, MoreThanTheByteLimitIsLeftWithItsOwnerAndLoggedOnce) {
   const std::string half(150'000'000, 'x');
   SelectionOwner owner({plain("UTF8_STRING", "readable"),
                         plain("image/png", half, Manner::inPieces),
@@ -163,7 +163,7 @@ TEST_F(HostileClipboardTest, AProgramThatPastesAndDisappearsDisturbsNoOther) {
 }
 
 // The server ends while the clipboard is in use.
-TEST_F(HostileClipboardTest, WhenTheServerGoesTheClipboardIsEmptyAndNothingHangs) {
+TEST_F(HostileClipboardTest, WhenTheServerEndsTheClipboardIsEmptyAndNothingHangs) {
   QProcess server;
   server.start("Xvfb", {"-displayfd", "1", "-nolisten", "tcp"});
   ASSERT_TRUE(server.waitForReadyRead(20000));

@@ -7,7 +7,7 @@
 namespace tavrel {
 namespace {
 
-constexpr const char* theirs = "the person's";
+constexpr const char* theirs = "the user's";
 
 // A program with the focus that copies after the capture gave up.
 class LateCopiesTest : public ClipboardFixture {
@@ -50,7 +50,7 @@ TEST_F(LateCopiesTest, EachOfTenLateCopiesIsReplaced) {
   EXPECT_TRUE(comesBack());
 }
 
-TEST_F(LateCopiesTest, ContentsThatWereRestoredAfterACopyAreWatchedOverToo) {
+TEST_F(LateCopiesTest, ContentsThatWereRestoredAfterACopyAreProtectedToo) {
   save();
   copyLate(application);
   restore();
@@ -58,37 +58,37 @@ TEST_F(LateCopiesTest, ContentsThatWereRestoredAfterACopyAreWatchedOverToo) {
   EXPECT_TRUE(comesBack());
 }
 
-TEST_F(LateCopiesTest, APersonsOwnCopyWins) {
+TEST_F(LateCopiesTest, TheUsersOwnCopyWins) {
   captureNothing();
   press("key ctrl+c");
   expectCopyWins(application);
 }
 
-TEST_F(LateCopiesTest, APersonsClickOnCopyWins) {
+TEST_F(LateCopiesTest, TheUsersClickOnCopyWins) {
   captureNothing();
   press("click 1");
   expectCopyWins(application);
 }
 
-// The server is held just as a late copy is about to be replaced: what the person does then comes
-// between our question for the time and its answer.
-TEST_F(LateCopiesTest, APersonsOwnCopyWinsAlsoWhileALateOneIsBeingReplaced) {
+// The server is grabbed just as a late copy is about to be replaced: what the user does then comes
+// between the request for the time stamp and its reply.
+TEST_F(LateCopiesTest, TheUsersOwnCopyWinsAlsoWhileALateOneIsBeingReplaced) {
   constexpr std::uint8_t letter = 54;
   captureNothing();
   const auto before = general.changeCount();
-  application.holdServer();
+  application.grabServer();
   application.own();
   EXPECT_TRUE(waitFor([&] { return general.changeCount() >= before + 2; })) << "it is noticed";
   for (const std::uint8_t type : {std::uint8_t{XCB_KEY_PRESS}, std::uint8_t{XCB_KEY_RELEASE}})
     xcb_test_fake_input(application.server, type, letter, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
   application.copy({plain("UTF8_STRING", "late")});
-  application.letGoOfServer();
+  application.ungrabServer();
   (void)general.types();
   EXPECT_TRUE(application.isOwner());
   EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "late"));
 }
 
-TEST_F(LateCopiesTest, ModifiersAndTheWheelAreNoCopyOfThePersons) {
+TEST_F(LateCopiesTest, ModifiersAndTheWheelAreNoCopyOfTheUser) {
   captureNothing();
   press("key ctrl");
   press("click 4");
@@ -96,7 +96,7 @@ TEST_F(LateCopiesTest, ModifiersAndTheWheelAreNoCopyOfThePersons) {
   EXPECT_TRUE(comesBack());
 }
 
-TEST_F(LateCopiesTest, WhatThePersonPressesInOurMenuIsNoCopy) {
+TEST_F(LateCopiesTest, WhatTheUserPressesInOurMenuIsNoCopy) {
   captureNothing();
   QMenu menu;
   menu.addAction("One");

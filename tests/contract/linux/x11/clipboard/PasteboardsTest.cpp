@@ -2,7 +2,7 @@
 
 #include "contract/linux/x11/clipboard/SelectionClient.h"
 #include "platform/linux/x11/clipboard/LinuxPasteboards.h"
-#include "platform/linux/x11/clipboard/NativeTarget.h"
+#include "platform/linux/x11/clipboard/SelectionTarget.h"
 #include "support/WaitFor.h"
 
 namespace tavrel {
@@ -31,26 +31,26 @@ TEST(LinuxPasteboards, WithoutADisplayTheGeneralPasteboardIsOurOwn) {
   EXPECT_EQ(adapter.general().string("a"), "text");
 }
 
-TEST(NativeTarget, NamesReadBackAsTheyWere) {
-  const std::vector<NativeTarget> targets{{"image/png", "image/png", 8, false},
-                                          {"COLORS", "INTEGER", 32, false},
-                                          {"text/plain;charset=utf-8", "UTF8_STRING", 8, false},
-                                          {"a;type=b;format=8", "a;type=b%;format=8", 16, false},
-                                          {"a;unread", "a;unread", 8, false},
-                                          {"a", "a", 8, true},
-                                          {"a;unread", "a;unread", 8, true},
-                                          {"", "x", 8, false}};
-  for (const NativeTarget& target : targets)
-    EXPECT_EQ(nativeTargetOfName(pasteboardName(target)), target) << pasteboardName(target);
+TEST(SelectionTarget, NamesAreParsedBackAsTheyWere) {
+  const std::vector<SelectionTarget> targets{{"image/png", "image/png", 8, false},
+                                             {"COLORS", "INTEGER", 32, false},
+                                             {"text/plain;charset=utf-8", "UTF8_STRING", 8, false},
+                                             {"a;type=b;format=8", "a;type=b%;format=8", 16, false},
+                                             {"a;unread", "a;unread", 8, false},
+                                             {"a", "a", 8, true},
+                                             {"a;unread", "a;unread", 8, true},
+                                             {"", "x", 8, false}};
+  for (const SelectionTarget& target : targets)
+    EXPECT_EQ(selectionTargetNamed(pasteboardName(target)), target) << pasteboardName(target);
   EXPECT_EQ(pasteboardName(targets[1]), "x11:COLORS;type=INTEGER;format=32");
-  EXPECT_FALSE(nativeTargetOfName("NSStringPboardType"));
+  EXPECT_FALSE(selectionTargetNamed("NSStringPboardType"));
 }
 
-TEST(NativeTarget, NothingCanBeGivenUnderUnreadNames) {
-  EXPECT_TRUE(areAllUnread({}));
-  EXPECT_TRUE(areAllUnread({"x11:a;unread", "x11:b;unread"}));
-  EXPECT_FALSE(areAllUnread({"x11:a;unread", "x11:b"}));
-  EXPECT_FALSE(areAllUnread({"NSStringPboardType"}));
+TEST(SelectionTarget, UnreadTargetsHaveNothingToServe) {
+  EXPECT_TRUE(hasNothingToServe({}));
+  EXPECT_TRUE(hasNothingToServe({"x11:a;unread", "x11:b;unread"}));
+  EXPECT_FALSE(hasNothingToServe({"x11:a;unread", "x11:b"}));
+  EXPECT_FALSE(hasNothingToServe({"NSStringPboardType"}));
 }
 
 } // namespace

@@ -74,12 +74,12 @@ public:
     xcb_set_selection_owner(server, window, atom(selection), XCB_CURRENT_TIME);
     sync();
   }
-  /// Nobody else is served until it lets go; what happens is told to all.
-  void holdServer() const {
+  /// Grabs the server: no other client is served until the release, but all get their events.
+  void grabServer() const {
     xcb_grab_server(server);
     sync();
   }
-  void letGoOfServer() const {
+  void ungrabServer() const {
     xcb_ungrab_server(server);
     sync();
   }
@@ -101,7 +101,7 @@ private:
   mutable std::map<std::string, xcb_atom_t> atoms_;
 };
 
-/// What a property held.
+/// The value of a property.
 struct Property {
   std::string type;
   std::uint8_t format = 0;
@@ -195,7 +195,7 @@ private:
   }
 };
 
-/// How a program hands over one target.
+/// How a program answers a request for one target.
 enum class Manner {
   atOnce,
   inPieces,
@@ -219,7 +219,7 @@ inline OwnedTarget plain(const std::string& name, const std::string& text,
   return {name, textProperty(name, text), manner};
 }
 
-/// A program that owns the clipboard, on a thread of its own, as well or badly as it is told.
+/// A program that owns the clipboard, on a thread of its own; it answers in the manners given.
 class SelectionOwner : public SelectionClient {
 public:
   explicit SelectionOwner(std::vector<OwnedTarget> targets, Manner list = Manner::atOnce)

@@ -1,4 +1,4 @@
-#include "platform/linux/x11/clipboard/NativeTarget.h"
+#include "platform/linux/x11/clipboard/SelectionTarget.h"
 
 #include <algorithm>
 
@@ -11,12 +11,13 @@ constexpr std::string_view unreadMark = ";unread";
 constexpr std::string_view typeMark = ";type=";
 constexpr std::string_view formatMark = ";format=";
 
-// A target whose own name ends like ours is spelled out, so that its name reads back as it was.
+// A target whose own name has a mark of ours gets its type and format spelled out, so that it is
+// parsed back as it was.
 bool looksMarked(std::string_view target) {
   return target.ends_with(unreadMark) || target.find(typeMark) != target.npos;
 }
 
-// So that the last mark in a name is ours, whatever the type is called.
+// So that the last mark in a name is ours, whatever is in the type.
 std::string escaped(std::string_view type) {
   std::string text;
   for (const char each : type)
@@ -41,7 +42,7 @@ std::optional<std::uint8_t> formatOf(std::string_view digits) {
 
 } // namespace
 
-std::string pasteboardName(const NativeTarget& target) {
+std::string pasteboardName(const SelectionTarget& target) {
   std::string name(nativePrefix);
   name += target.target;
   if (target.unread)
@@ -52,32 +53,33 @@ std::string pasteboardName(const NativeTarget& target) {
   return name.append(formatMark).append(std::to_string(target.format));
 }
 
-std::optional<NativeTarget> nativeTargetOfName(std::string_view name) {
+std::optional<SelectionTarget> selectionTargetNamed(std::string_view name) {
   if (!name.starts_with(nativePrefix))
     return std::nullopt;
   name.remove_prefix(nativePrefix.size());
   if (name.ends_with(unreadMark)) {
     name.remove_suffix(unreadMark.size());
-    return NativeTarget{std::string(name), std::string(name), 8, true};
+    return SelectionTarget{std::string(name), std::string(name), 8, true};
   }
   const auto format = name.rfind(formatMark);
   const auto type = format == name.npos ? format : name.rfind(typeMark, format);
   const auto bits =
       type == name.npos ? std::nullopt : formatOf(name.substr(format + formatMark.size()));
   if (!bits)
-    return NativeTarget{std::string(name), std::string(name), 8, false};
+    return SelectionTarget{std::string(name), std::string(name), 8, false};
   const auto typeName = name.substr(type + typeMark.size(), format - type - typeMark.size());
-  return NativeTarget{std::string(name.substr(0, type)), unescapedTarget(typeName), *bits, false};
+  return SelectionTarget{std::string(name.substr(0, type)), unescapedTarget(typeName), *bits,
+                         false};
 }
 
-bool hasNativeTargets(const std::vector<std::string>& names) {
+bool hasSelectionTargets(const std::vector<std::string>& names) {
   return std::any_of(names.begin(), names.end(),
                      [](const std::string& name) { return name.starts_with(nativePrefix); });
 }
 
-bool areAllUnread(const std::vector<std::string>& names) {
+bool hasNothingToServe(const std::vector<std::string>& names) {
   return std::all_of(names.begin(), names.end(), [](const std::string& name) {
-    const auto target = nativeTargetOfName(name);
+    const auto target = selectionTargetNamed(name);
     return target && target->unread;
   });
 }
