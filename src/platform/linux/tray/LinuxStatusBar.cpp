@@ -4,7 +4,6 @@
 #include "platform/linux/menus/LinuxPresenter.h"
 #include "platform/linux/tray/NotifierItem.h"
 #include "platform/linux/tray/TrayIcon.h"
-#include "platform/linux/tray/TrayLog.h"
 
 #include <QCursor>
 #include <QRect>
@@ -18,14 +17,14 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::seconds panelStartTime{10}; ///< what a session's panel may take to come up
+constexpr std::chrono::seconds panelStartTimeout{10}; ///< the panel of a session may start after us
 
 QRect pointer() {
   return {QCursor::pos(), QSize(0, 0)};
 }
 
-/// The item on the screen. It lives on while its own menu is open or what was chosen there is at
-/// work: that may have removed the item.
+/// The item on the screen. A shared pointer keeps it alive while its menu is open or the entry
+/// chosen there is carried out, which may remove the item.
 class ShownItem final : public std::enable_shared_from_this<ShownItem> {
 public:
   explicit ShownItem(LinuxPresenter& presenter) : presenter_(presenter) {}
@@ -33,35 +32,36 @@ public:
   void start();
   void setIcon(const QIcon& icon);
   void setMenu(Menu* menu) { menu_ = menu; }
-  /// Leaves the screen.
+  /// Removes the icon from the screen.
   void retire();
 
 private:
   [[nodiscard]] std::function<void()> click(std::function<QRect(const ShownItem&)> anchor);
-  void settle();
+  void chooseAreaLater();
   void chooseArea();
   void enterTray();
-  void complainWhenUnseen();
+  void warnWhenUnseen();
   void openMenu(const QRect& anchor);
   [[nodiscard]] NotifierHost host() const;
 
   LinuxPresenter& presenter_;
   Menu* menu_ = nullptr;
   QIcon icon_;
-  QTimer settling_;
-  QTimer complaint_;
+  QTimer chooseTimer_;
+  QTimer unseenTimer_;
   std::optional<TrayIcon> tray_;
   std::optional<NotifierItem> notifier_;
 };
 
 void ShownItem::start() {
-  QObject::connect(&settling_, &QTimer::timeout, &settling_, [this] { chooseArea(); });
-  QObject::connect(&complaint_, &QTimer::timeout, &complaint_, [this] { complainWhenUnseen(); });
-  settling_.setSingleShot(true);
-  complaint_.setSingleShot(true);
-  complaint_.start(panelStartTime);
-  notifier_.emplace(click([](const ShownItem&) { return pointer(); }), [this] { settle(); });
-  settle();
+  QObject::connect(&chooseTimer_, &QTimer::timeout, &chooseTimer_, [this] { chooseArea(); });
+  QObject::connect(&unseenTimer_, &QTimer::timeout, &unseenTimer_, [this] { warnWhenUnseen(); });
+  chooseTimer_.setSingleShot(true);
+  unseenTimer_.setSingleShot(true);
+  unseenTimer_.start(panelStartTimeout);
+  notifier_.emplace(click([](const ShownItem&) { return pointer(); }),
+                    [this] { chooseAreaLater(); });
+  chooseAreaLater();
 }
 
 void ShownItem::setIcon(const QIcon& icon) {
@@ -74,13 +74,13 @@ void ShownItem::setIcon(const QIcon& icon) {
 
 void ShownItem::retire() {
   menu_ = nullptr;
-  settling_.stop();
-  complaint_.stop();
+  chooseTimer_.stop();
+  unseenTimer_.stop();
   tray_.reset();
   notifier_.reset();
 }
 
-// A click is told from the event loop, where the item may be gone by then.
+// Clicks are reported by the event loop, when the item may be gone already.
 std::function<void()> ShownItem::click(std::function<QRect(const ShownItem&)> anchor) {
   return [weak = weak_from_this(), anchor = std::move(anchor)] {
     if (const auto self = weak.lock())
@@ -92,9 +92,9 @@ NotifierHost ShownItem::host() const {
   return notifier_ ? notifier_->host() : NotifierHost::unknown;
 }
 
-/// Later, never inside the call that brought the news: it may come from the icon to be removed.
-void ShownItem::settle() {
-  settling_.start(0);
+/// Not at once: the caller may be the icon that has to be removed.
+void ShownItem::chooseAreaLater() {
+  chooseTimer_.start(0);
 }
 
 void ShownItem::chooseArea() {
@@ -111,7 +111,7 @@ void ShownItem::enterTray() {
   tray_->setIcon(icon_);
 }
 
-void ShownItem::complainWhenUnseen() {
+void ShownItem::warnWhenUnseen() {
   if (host() != NotifierHost::present && !(tray_ && tray_->isEmbedded()))
     qCWarning(trayLog) << "no panel shows status icons: the icon appears when one is started";
 }

@@ -6,8 +6,8 @@ namespace tavrel {
 
 class LinuxPresenter;
 
-/// Items in a StatusNotifierItem host where one runs, else in an XEmbed tray. An item moves to
-/// whichever appears, also when the panel restarts.
+/// Shows items in a StatusNotifierItem host where one runs, else in an XEmbed tray. An item moves
+/// when a host or tray appears or ends, as when the panel restarts.
 class LinuxStatusBar final : public StatusBar {
 public:
   /// The presenter shows the items' menus; it must outlive the status bar and its items.

@@ -1,7 +1,6 @@
 #include "platform/linux/tray/NotifierItem.h"
 
 #include "platform/linux/tray/NotifierItemAdaptor.h"
-#include "platform/linux/tray/TrayLog.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -12,12 +11,14 @@
 
 namespace tavrel {
 
+Q_LOGGING_CATEGORY(trayLog, "tavrel.tray")
+
 namespace {
 const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 const QString itemPath = QStringLiteral("/StatusNotifierItem");
 
-/// The protocol fixes an item's path, so each item has a connection and a name of its own.
+/// The path of an item is fixed, so each item needs a bus connection and a name of its own.
 QString nextName() {
   static int count = 0;
   return QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
@@ -33,7 +34,7 @@ QDBusMessage registration(const QString& itemName) {
   return call;
 }
 
-QDBusMessage hostQuestion() {
+QDBusMessage hostRequest() {
   QDBusMessage call = QDBusMessage::createMethodCall(
       watcherName, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
       QStringLiteral("Get"));
@@ -78,7 +79,7 @@ void NotifierItem::enterBus() {
   connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &NotifierItem::watcherChanged);
   for (const char* change : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
     bus_.connect(watcherName, watcherPath, watcherName, QString::fromLatin1(change), this,
-                 SLOT(askForHost()));
+                 SLOT(requestHost()));
   registerItem();
 }
 
@@ -94,12 +95,12 @@ void NotifierItem::registerItem() {
     if (call.isError())
       setHost(NotifierHost::noWatcher);
     else
-      askForHost();
+      requestHost();
   });
 }
 
-void NotifierItem::askForHost() {
-  whenAnswered(bus_.asyncCall(hostQuestion()), this, [this](QDBusPendingCallWatcher& call) {
+void NotifierItem::requestHost() {
+  whenAnswered(bus_.asyncCall(hostRequest()), this, [this](QDBusPendingCallWatcher& call) {
     const QDBusPendingReply<QDBusVariant> reply = call;
     const bool present = reply.isValid() && reply.value().variant().toBool();
     setHost(present ? NotifierHost::present : NotifierHost::noHost);

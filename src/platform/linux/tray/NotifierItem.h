@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QIcon>
+#include <QLoggingCategory>
 #include <QObject>
 
 #include <functional>
@@ -10,16 +11,20 @@ namespace tavrel {
 
 class NotifierItemAdaptor;
 
-/// Who could show an item: `noHost` is a watcher without a panel behind it.
+/// "tavrel.tray", for both kinds of icon.
+Q_DECLARE_LOGGING_CATEGORY(trayLog)
+
+/// Whether a panel shows items: it needs a watcher on the session bus, and a host (the panel)
+/// registered there. `unknown` until the bus has answered.
 enum class NotifierHost { unknown, noWatcher, noHost, present };
 
-/// An item of the StatusNotifierItem protocol, under which a panel draws the icon. It registers
-/// with the session's watcher whenever one appears.
+/// An item of the StatusNotifierItem protocol, where the panel draws the icon. It registers with
+/// the session's watcher (org.kde.StatusNotifierWatcher) whenever one appears.
 class NotifierItem final : public QObject {
   Q_OBJECT
 public:
-  /// `clicked` is called from the event loop, when the host has its answer already; `hostChanged`
-  /// whenever `host` may have changed.
+  /// `clicked` is called from the event loop, after the host's call has been answered;
+  /// `hostChanged` whenever `host` may have changed.
   NotifierItem(std::function<void()> clicked, std::function<void()> hostChanged);
   ~NotifierItem() override;
 
@@ -28,7 +33,7 @@ public:
   void setIcon(const QIcon& icon);
 
 private Q_SLOTS:
-  void askForHost();
+  void requestHost();
   void watcherChanged(const QString& name, const QString& before, const QString& now);
 
 private:

@@ -63,7 +63,7 @@ NotifierItemAdaptor::NotifierItemAdaptor(QObject* item, std::function<void()> ac
   registerTypes();
 }
 
-/// Answers first: the menu stays open for as long as the person likes, the host waits for nobody.
+/// The call is answered before the menu opens: the host would wait until the user closes it.
 void NotifierItemAdaptor::Activate(int, int) {
   QTimer::singleShot(0, this, [this] { activated_(); });
 }

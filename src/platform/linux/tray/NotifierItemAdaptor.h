@@ -29,7 +29,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierPixmap& p
 QDBusArgument& operator<<(QDBusArgument& argument, const NotifierToolTip& tip);
 const QDBusArgument& operator>>(const QDBusArgument& argument, NotifierToolTip& tip);
 
-/// The item's interface on the bus. Every kind of click means the same: open the menu.
+/// The item's interface on the bus. Every kind of click opens the menu.
 class NotifierItemAdaptor final : public QDBusAbstractAdaptor {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierItem")
@@ -81,7 +81,7 @@ private:
   [[nodiscard]] bool itemIsMenu() const { return false; }
   std::function<void()> activated_;
   QIcon icon_;
-  NotifierPixmaps pixmaps_; ///< of the icon, once a panel has asked
+  NotifierPixmaps pixmaps_; ///< of the icon, made when a panel first reads them
 };
 
 } // namespace tavrel

@@ -18,7 +18,7 @@
 namespace tavrel {
 
 namespace {
-constexpr std::uint16_t firstSize = 22; ///< until the tray says how large
+constexpr std::uint16_t initialSize = 22; ///< until the tray resizes the window
 constexpr std::uint32_t requestDock = 0;
 constexpr std::array<std::uint32_t, 2> embedMapped = {0, 1}; ///< protocol version, mapped
 
@@ -38,7 +38,7 @@ xcb_atom_t atom(xcb_connection_t* server, const char* name) {
   return reply ? reply->atom : XCB_NONE;
 }
 
-/// What the tray asks its icons to be drawn with; the screen's own when it does not ask.
+/// The visual that the tray requests for its icons, else the screen's.
 xcb_visualid_t trayVisual(xcb_connection_t* server, xcb_window_t tray) {
   const auto reply = xcbReply(xcb_get_property_reply(
       server,
@@ -62,8 +62,9 @@ std::uint8_t depthOf(xcb_connection_t* server, xcb_visualid_t visual) {
   return 0;
 }
 
-/// What shows through the icon: nothing where the tray blends, else the panel's own background.
-QImage ground(xcb_connection_t* server, xcb_window_t window, std::uint8_t depth, QSize size) {
+/// The image to draw the icon on: transparent where the tray blends it, else what the panel shows
+/// behind the window.
+QImage background(xcb_connection_t* server, xcb_window_t window, std::uint8_t depth, QSize size) {
   QImage image(size, depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
   image.fill(Qt::transparent);
   if (depth == 32)
@@ -93,7 +94,7 @@ void setText(xcb_connection_t* server, xcb_window_t window, xcb_atom_t name,
                       static_cast<std::uint32_t>(text.size()), text.data());
 }
 
-/// Some trays make an icon as small as it allows.
+/// Some trays shrink an icon to its minimum size: trayer gives it a width of one pixel without one.
 void askForSize(xcb_connection_t* server, xcb_window_t window, QSize size) {
   constexpr std::uint32_t minimumGiven = 1U << 4;
   std::array<std::uint32_t, 18> hints{}; // laid out as WM_SIZE_HINTS
@@ -138,21 +139,21 @@ void TrayIcon::enter() {
       server_, xcb_get_selection_owner(server_, selection_), nullptr));
   if (!owner || owner->owner == XCB_NONE || isEmbedded())
     return;
-  if (!watch(owner->owner))
-    return; // it ended at this very moment; the next one announces itself
+  if (!selectTrayEvents(owner->owner))
+    return; // the tray has ended meanwhile; the next one announces itself
   tray_ = owner->owner;
   createWindow(tray_);
   dock();
 }
 
-bool TrayIcon::watch(xcb_window_t tray) {
+bool TrayIcon::selectTrayEvents(xcb_window_t tray) {
   const std::uint32_t notices = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
   const auto error = xcbReply(xcb_request_check(
       server_, xcb_change_window_attributes_checked(server_, tray, XCB_CW_EVENT_MASK, &notices)));
   return error == nullptr;
 }
 
-/// Leaving no window behind, which a tray that ends would leave on the desktop.
+/// The window is destroyed, because a tray that ends would leave it on the desktop.
 void TrayIcon::leave() {
   if (isEmbedded())
     xcb_destroy_window(server_, window_);
@@ -165,7 +166,7 @@ void TrayIcon::createWindow(xcb_window_t tray) {
   const xcb_screen_t& screen = firstScreen(server_);
   const xcb_visualid_t visual = trayVisual(server_, tray);
   depth_ = depthOf(server_, visual);
-  size_ = {firstSize, firstSize};
+  size_ = {initialSize, initialSize};
   const xcb_colormap_t colours = xcb_generate_id(server_);
   xcb_create_colormap(server_, XCB_COLORMAP_ALLOC_NONE, colours, screen.root, visual);
   window_ = xcb_generate_id(server_);
@@ -175,10 +176,10 @@ void TrayIcon::createWindow(xcb_window_t tray) {
   const std::array<std::uint32_t, 4> values = {
       blends ? 0U : static_cast<std::uint32_t>(XCB_BACK_PIXMAP_PARENT_RELATIVE), 0, events,
       colours};
-  const std::uint32_t ground = blends ? XCB_CW_BACK_PIXEL : XCB_CW_BACK_PIXMAP;
-  xcb_create_window(server_, depth_, window_, screen.root, 0, 0, firstSize, firstSize, 0,
+  const std::uint32_t backgroundKind = blends ? XCB_CW_BACK_PIXEL : XCB_CW_BACK_PIXMAP;
+  xcb_create_window(server_, depth_, window_, screen.root, 0, 0, initialSize, initialSize, 0,
                     XCB_WINDOW_CLASS_INPUT_OUTPUT, visual,
-                    ground | XCB_CW_BORDER_PIXEL | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
+                    backgroundKind | XCB_CW_BORDER_PIXEL | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
                     values.data());
 }
 
@@ -210,7 +211,7 @@ void TrayIcon::setIcon(const QIcon& icon) {
 void TrayIcon::draw() {
   if (!isEmbedded() || icon_.isNull())
     return;
-  QImage image = ground(server_, window_, depth_, size_);
+  QImage image = background(server_, window_, depth_, size_);
   paintCentred(image, icon_);
   putImage(server_, window_, depth_, image);
   xcb_flush(server_);
@@ -270,8 +271,8 @@ void TrayIcon::resized(const xcb_configure_notify_event_t& event) {
   if (!isEmbedded() || event.window != window_)
     return;
   size_ = {event.width, event.height};
-  if (size_.width() < size_.height()) // a row of icons: ours wants to be square
-    askForSize(server_, window_, {size_.height(), firstSize});
+  if (size_.width() < size_.height()) // in a row of icons: request a square
+    askForSize(server_, window_, {size_.height(), initialSize});
   draw();
 }
 

@@ -10,8 +10,8 @@
 
 namespace tavrel {
 
-/// An icon in the desktop's XEmbed tray. It waits for a tray where there is none, and comes back
-/// when the tray restarts.
+/// An icon in the desktop's XEmbed tray: a small window that the tray embeds. Without a tray it
+/// waits for one, and enters it again when the tray restarts.
 class TrayIcon final : public QAbstractNativeEventFilter {
 public:
   /// `clicked` is called, from the event loop, for a press of any button.
@@ -20,7 +20,8 @@ public:
 
   void setIcon(const QIcon& icon);
   [[nodiscard]] bool isEmbedded() const { return window_ != XCB_NONE; }
-  /// Where the icon is, given that the pointer is on it (the toolkit's coordinates).
+  /// Where the icon is, in the toolkit's coordinates, computed from the pointer, which must be on
+  /// it.
   [[nodiscard]] QRect geometryUnderPointer() const;
 
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
@@ -29,7 +30,7 @@ private:
   void enter();
   void leave();
   void dock();
-  [[nodiscard]] bool watch(xcb_window_t tray);
+  [[nodiscard]] bool selectTrayEvents(xcb_window_t tray);
   void createWindow(xcb_window_t tray);
   void draw();
   void handle(const xcb_generic_event_t& event);

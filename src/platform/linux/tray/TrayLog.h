@@ -1,7 +1,0 @@
-#pragma once
-
-#include <QLoggingCategory>
-
-namespace tavrel {
-Q_DECLARE_LOGGING_CATEGORY(trayLog)
-} // namespace tavrel
