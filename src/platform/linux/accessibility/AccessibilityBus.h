@@ -13,8 +13,8 @@ class QDeadlineTimer;
 
 namespace tavrel {
 
-/// The bus on which applications show their elements (AT-SPI 2), where it is on already: nothing
-/// here starts it.
+/// The accessibility bus (AT-SPI 2), on which applications expose their elements. It is used only
+/// where it runs already; nothing here starts it.
 class AccessibilityBus {
 public:
   AccessibilityBus() = default;
@@ -22,15 +22,16 @@ public:
   AccessibilityBus(const AccessibilityBus&) = delete;
   AccessibilityBus& operator=(const AccessibilityBus&) = delete;
 
-  /// The AX name of the role of what a process shows at a point of the screen, in its window that
-  /// has this place; nothing when it shows nothing there, or not by the deadline.
+  /// The AX role of the element at a point of the screen, in the window of the process that has
+  /// this geometry. Nothing when there is no element, or when the answer has not come by the
+  /// deadline.
   [[nodiscard]] std::optional<std::string>
   roleAt(QPoint point, std::int32_t process, const QRect& window, const QDeadlineTimer& deadline);
 
 private:
   [[nodiscard]] bool connect(const QDeadlineTimer& deadline);
 
-  QString address_; ///< of the bus that we are on; empty while we are on none
+  QString address_; ///< of the bus that we are connected to; empty for none
 };
 
 } // namespace tavrel

@@ -29,8 +29,8 @@ constexpr std::array<RoleName, 67> roleNames{{
     {43, "AXButton"},            // push button
     {44, "AXRadioButton"},       // radio button
     {15, "AXValueIndicator"},    // dial
-    {48, "AXValueIndicator"},    // scroll bar: the bus does not tell its thumb from its track
-    {51, "AXValueIndicator"},    // slider: the same
+    {48, "AXValueIndicator"},    // scroll bar: AT-SPI has no element for its thumb
+    {51, "AXValueIndicator"},    // slider
     {52, "AXTextField"},         // spin button: a number with arrows beside it
     {62, "AXButton"},            // toggle button: stays down when pressed
     {76, "AXTextField"},         // autocomplete

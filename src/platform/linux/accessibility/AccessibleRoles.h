@@ -5,19 +5,19 @@
 
 namespace tavrel {
 
-/// What the accessibility bus tells of an element, by its own numbers (AtspiRole).
+/// An element's properties on the accessibility bus; roles by the numbers of AT-SPI 2 (AtspiRole).
 struct AccessibleFacts {
   std::uint32_t role = 0;
   std::uint32_t parentRole = 0;
   bool hasManyLines = false;
 };
 
-/// The AX name of an element's role; "AXUnknown" for what has no counterpart. Sliders and scroll
-/// bars are value indicators, as the bus does not tell the thumb from its track. A menu is an item
-/// of the bar or menu that it lies in.
+/// The AX role of an element; "AXUnknown" where there is no counterpart. Sliders and scroll bars
+/// are value indicators, because AT-SPI has no element for the thumb. A menu is an item of the bar
+/// or menu that it lies in.
 [[nodiscard]] std::string_view axRole(const AccessibleFacts& facts);
 
-/// Whether an element is one thing to a person, whatever pictures and words lie in it.
+/// Whether an element is a control, which counts as a whole with the images and labels in it.
 [[nodiscard]] bool isControl(std::uint32_t role);
 
 } // namespace tavrel

@@ -17,8 +17,8 @@ const QString component = QStringLiteral("org.a11y.atspi.Component");
 const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
 const QString daemonName = QStringLiteral("org.freedesktop.DBus");
 
-constexpr int deepest = 64;         // elements within elements
-constexpr int highestInControl = 4; // a label in a box in a box in a button
+constexpr int depthLimit = 64; // of elements within elements
+constexpr int heightLimit = 4; // a label in a box in a box in a button
 constexpr std::uint32_t screenCoordinates = 0;
 constexpr std::uint32_t manyLinesState = 1U << 17;
 
@@ -32,10 +32,10 @@ AccessibleElement elementFrom(const QDBusArgument& argument) {
   return element;
 }
 
-std::optional<QDBusArgument> argumentOf(const QDBusMessage& answer, const QString& signature) {
-  if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != signature)
+std::optional<QDBusArgument> argumentOf(const QDBusMessage& reply, const QString& signature) {
+  if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != signature)
     return std::nullopt;
-  return answer.arguments().value(0).value<QDBusArgument>();
+  return reply.arguments().value(0).value<QDBusArgument>();
 }
 
 int distanceBetween(const QRect& one, const QRect& other) {
@@ -66,9 +66,9 @@ std::optional<AccessibleElement> AccessibleTree::elementAt(const AccessibleEleme
   return std::nullopt;
 }
 
-// Down to the first control, where a toolkit answers level by level.
+// For toolkits that answer with the next level: down to the first control.
 AccessibleElement AccessibleTree::innermost(AccessibleElement element, QPoint point) {
-  for (int depth = 0; depth < deepest && !isControl(roleOf(element)); ++depth) {
+  for (int depth = 0; depth < depthLimit && !isControl(roleOf(element)); ++depth) {
     const AccessibleElement inner = childAt(element, point);
     if (inner.isNull() || inner == element)
       break;
@@ -77,10 +77,10 @@ AccessibleElement AccessibleTree::innermost(AccessibleElement element, QPoint po
   return element;
 }
 
-// Other toolkits answer with the innermost element at once, past the control that it lies in.
+// For toolkits that answer with the innermost element at once: up to the control that it lies in.
 AccessibleElement AccessibleTree::controlAround(const AccessibleElement& element) {
   AccessibleElement around = element;
-  for (int height = 0; height <= highestInControl && !around.isNull(); ++height) {
+  for (int height = 0; height <= heightLimit && !around.isNull(); ++height) {
     if (isControl(roleOf(around)))
       return around;
     around = parentOf(around);
@@ -88,7 +88,8 @@ AccessibleElement AccessibleTree::controlAround(const AccessibleElement& element
   return element;
 }
 
-// They come in the order of their birth: menus after what they belong to.
+// An application lists its windows in the order of their creation: menus come after their window,
+// and lie above it.
 std::vector<AccessibleElement> AccessibleTree::windows(const AccessibleElement& application,
                                                        const QRect& nearest) {
   std::vector<AccessibleElement> all = children(application);
@@ -109,20 +110,20 @@ AccessibleFacts AccessibleTree::facts(const AccessibleElement& element) {
   return {roleOf(element), roleOf(parentOf(element)), hasManyLines(element)};
 }
 
-QDBusMessage AccessibleTree::ask(const AccessibleElement& element, const QString& interface,
-                                 const QString& method, const QVariantList& arguments) {
-  QDBusMessage call =
+QDBusMessage AccessibleTree::call(const AccessibleElement& element, const QString& interface,
+                                  const QString& method, const QVariantList& arguments) {
+  QDBusMessage message =
       QDBusMessage::createMethodCall(element.owner, element.path, interface, method);
-  call.setAutoStartService(false);
-  call.setArguments(arguments);
+  message.setAutoStartService(false);
+  message.setArguments(arguments);
   const auto left = static_cast<int>(deadline_.remainingTime());
-  return left > 0 ? bus_.call(call, QDBus::Block, left) : QDBusMessage();
+  return left > 0 ? bus_.call(message, QDBus::Block, left) : QDBusMessage();
 }
 
 std::vector<AccessibleElement> AccessibleTree::children(const AccessibleElement& element) {
   std::vector<AccessibleElement> all;
   const auto list =
-      argumentOf(ask(element, accessible, QStringLiteral("GetChildren")), QStringLiteral("a(so)"));
+      argumentOf(call(element, accessible, QStringLiteral("GetChildren")), QStringLiteral("a(so)"));
   if (!list)
     return all;
   list->beginArray();
@@ -133,51 +134,52 @@ std::vector<AccessibleElement> AccessibleTree::children(const AccessibleElement&
 }
 
 std::int32_t AccessibleTree::processOf(const QString& owner) {
-  const QDBusMessage answer = ask({daemonName, QStringLiteral("/org/freedesktop/DBus")}, daemonName,
+  const QDBusMessage reply = call({daemonName, QStringLiteral("/org/freedesktop/DBus")}, daemonName,
                                   QStringLiteral("GetConnectionUnixProcessID"), {owner});
-  return static_cast<std::int32_t>(answer.arguments().value(0).toUInt()); // 0 for an error
+  return static_cast<std::int32_t>(reply.arguments().value(0).toUInt()); // 0 for an error
 }
 
 QRect AccessibleTree::extents(const AccessibleElement& element) {
-  const auto answer = argumentOf(ask(element, component, QStringLiteral("GetExtents"),
+  const auto reply = argumentOf(call(element, component, QStringLiteral("GetExtents"),
                                      {QVariant::fromValue(screenCoordinates)}),
-                                 QStringLiteral("(iiii)"));
+                                QStringLiteral("(iiii)"));
   int x = 0, y = 0, width = 0, height = 0;
-  if (!answer)
+  if (!reply)
     return {};
-  answer->beginStructure();
-  *answer >> x >> y >> width >> height;
-  answer->endStructure();
+  reply->beginStructure();
+  *reply >> x >> y >> width >> height;
+  reply->endStructure();
   return {x, y, width, height};
 }
 
 AccessibleElement AccessibleTree::childAt(const AccessibleElement& element, QPoint point) {
-  const auto child = argumentOf(ask(element, component, QStringLiteral("GetAccessibleAtPoint"),
-                                    {point.x(), point.y(), QVariant::fromValue(screenCoordinates)}),
-                                QStringLiteral("(so)"));
+  const auto child =
+      argumentOf(call(element, component, QStringLiteral("GetAccessibleAtPoint"),
+                      {point.x(), point.y(), QVariant::fromValue(screenCoordinates)}),
+                 QStringLiteral("(so)"));
   return child ? elementFrom(*child) : AccessibleElement();
 }
 
 std::uint32_t AccessibleTree::roleOf(const AccessibleElement& element) {
   if (element.isNull())
     return 0;
-  const QDBusMessage answer = ask(element, accessible, QStringLiteral("GetRole"));
-  return answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0).toUInt() : 0;
+  const QDBusMessage reply = call(element, accessible, QStringLiteral("GetRole"));
+  return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0).toUInt() : 0;
 }
 
 AccessibleElement AccessibleTree::parentOf(const AccessibleElement& element) {
-  const QDBusMessage answer = ask(element, QStringLiteral("org.freedesktop.DBus.Properties"),
+  const QDBusMessage reply = call(element, QStringLiteral("org.freedesktop.DBus.Properties"),
                                   QStringLiteral("Get"), {accessible, QStringLiteral("Parent")});
-  if (answer.type() != QDBusMessage::ReplyMessage)
+  if (reply.type() != QDBusMessage::ReplyMessage)
     return {};
-  const QVariant value = answer.arguments().value(0).value<QDBusVariant>().variant();
+  const QVariant value = reply.arguments().value(0).value<QDBusVariant>().variant();
   return value.canConvert<QDBusArgument>() ? elementFrom(value.value<QDBusArgument>())
                                            : AccessibleElement();
 }
 
 bool AccessibleTree::hasManyLines(const AccessibleElement& element) {
-  const QDBusMessage answer = ask(element, accessible, QStringLiteral("GetState"));
-  const auto list = argumentOf(answer, QStringLiteral("au"));
+  const QDBusMessage reply = call(element, accessible, QStringLiteral("GetState"));
+  const auto list = argumentOf(reply, QStringLiteral("au"));
   QList<std::uint32_t> states;
   if (list)
     *list >> states;

@@ -15,7 +15,7 @@
 
 namespace tavrel {
 
-/// An element that an application shows on the accessibility bus.
+/// An element on the accessibility bus, by the bus name of its application and its object path.
 struct AccessibleElement {
   QString owner;
   QString path;
@@ -23,23 +23,24 @@ struct AccessibleElement {
   [[nodiscard]] bool isNull() const;
 };
 
-/// One look at the elements of the bus. Each question takes what time is left; from the deadline on
-/// nothing is found.
+/// Reads elements from the bus, with blocking calls that all end at one deadline; after it nothing
+/// is found.
 class AccessibleTree {
 public:
   AccessibleTree(const QDBusConnection& bus, const QDeadlineTimer& deadline)
       : bus_(bus), deadline_(deadline) {}
 
   [[nodiscard]] std::optional<AccessibleElement> application(std::int32_t process);
-  /// What a person would say is there: a control rather than the picture on it, else the innermost
-  /// element. Of several windows the one counts that lies nearest to the place given.
+  /// The element that a user would name: a control rather than the image on it, else the innermost
+  /// element. Among several windows of the application, the one whose geometry is nearest to
+  /// `window`.
   [[nodiscard]] std::optional<AccessibleElement> elementAt(const AccessibleElement& application,
                                                            const QRect& window, QPoint point);
   [[nodiscard]] AccessibleFacts facts(const AccessibleElement& element);
 
 private:
-  [[nodiscard]] QDBusMessage ask(const AccessibleElement& element, const QString& interface,
-                                 const QString& method, const QVariantList& arguments = {});
+  [[nodiscard]] QDBusMessage call(const AccessibleElement& element, const QString& interface,
+                                  const QString& method, const QVariantList& arguments = {});
   [[nodiscard]] std::vector<AccessibleElement> children(const AccessibleElement& element);
   [[nodiscard]] std::vector<AccessibleElement> windows(const AccessibleElement& application,
                                                        const QRect& nearest);

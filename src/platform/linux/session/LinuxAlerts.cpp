@@ -8,7 +8,7 @@ namespace tavrel {
 
 namespace {
 
-// Part of a text may come from a server: it must not push the buttons off the screen.
+// Texts may come from a server: long ones must not push the buttons off the screen.
 constexpr int longestAlertText = 600;
 constexpr int mostAlertLines = 10;
 constexpr QSize iconSize{64, 64};
@@ -19,7 +19,7 @@ QString plain(const std::string& text) {
   return shown.size() < whole.size() ? shown + QChar(0x2026) : whole;
 }
 
-// A label takes some texts for markup if it may; these have none.
+// A label guesses whether its text is markup; these texts are plain.
 void showAsTheyAre(const QMessageBox& box) {
   for (QLabel* label : box.findChildren<QLabel*>())
     label->setTextFormat(Qt::PlainText);
@@ -47,7 +47,7 @@ AlertAnswer LinuxAlerts::run(const AlertPanel& panel) {
   box.setEscapeButton(alternate ? alternate : standard);
   box.setWindowFlag(Qt::WindowStaysOnTopHint);
   box.exec();
-  // None was clicked when the program ends meanwhile.
+  // No button was clicked when the program is told to end while the box is open.
   const QAbstractButton* chosen = box.clickedButton() ? box.clickedButton() : box.escapeButton();
   if (chosen == standard)
     return AlertAnswer::standard;

@@ -20,7 +20,7 @@ struct SessionManager {
   const char* name;
   const char* path;
   const char* interface;
-  QVariantList arguments; ///< the person has confirmed it already
+  QVariantList arguments; ///< so that the user is not asked once more
 };
 
 const std::array<SessionManager, 5>& sessionManagers() {
@@ -36,7 +36,7 @@ const std::array<SessionManager, 5>& sessionManagers() {
   return all;
 }
 
-// Older ones write their methods small.
+// KDE and LXQt have the method in lower case.
 QString methodOf(const SessionManager& manager) {
   const QString name = QString::fromLatin1(manager.name);
   return name.contains("gnome") || name.contains("xfce") ? QStringLiteral("Logout")
@@ -48,7 +48,7 @@ bool isRunning(const SessionManager& manager) {
   return bus && bus->isServiceRegistered(QString::fromLatin1(manager.name));
 }
 
-bool ask(const SessionManager& manager) {
+bool callLogOut(const SessionManager& manager) {
   QDBusMessage call = QDBusMessage::createMethodCall(manager.name, manager.path, manager.interface,
                                                      methodOf(manager));
   call.setArguments(manager.arguments);
@@ -61,7 +61,7 @@ std::int32_t LinuxSystemEvents::send(const SystemEvent& event) {
   if (event.eventClass != kCoreEventClass || event.eventIdentifier != kAEReallyLogOut)
     return eventNotHandled;
   for (const SessionManager& manager : sessionManagers())
-    if (isRunning(manager) && ask(manager))
+    if (isRunning(manager) && callLogOut(manager))
       return 0;
   qCWarning(sessionLog, "no session manager is running: log out as this desktop has it");
   return processNotFound;
