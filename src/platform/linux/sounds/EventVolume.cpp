@@ -11,7 +11,7 @@
 namespace tavrel {
 
 namespace {
-constexpr pa_usec_t beforeLooking = 300 * PA_USEC_PER_MSEC;
+constexpr pa_usec_t connectDelay = 300 * PA_USEC_PER_MSEC;
 constexpr const char* eventRole = "sink-input-by-media-role:event";
 
 class MainloopLock {
@@ -27,17 +27,17 @@ private:
   pa_threaded_mainloop* loop_;
 };
 
-void forget(pa_operation* operation) {
+void release(pa_operation* operation) {
   if (operation)
     pa_operation_unref(operation);
 }
 } // namespace
 
-// All but the constructor and the destructor runs with the loop's lock held.
+// Everything but constructor and destructor runs with the lock of the library's main loop held.
 struct EventVolume::Server {
-  /// What the server keeps of the role; the full volume before anybody has moved it.
-  struct KeptVolume {
-    KeptVolume() {
+  /// The volume that the server stores for the role; full until someone has changed it.
+  struct StoredVolume {
+    StoredVolume() {
       pa_channel_map_init_mono(&channels);
       pa_cvolume_set(&volume, 1, PA_VOLUME_NORM);
     }
@@ -55,7 +55,7 @@ struct EventVolume::Server {
   Server() {
     if (!loop)
       return;
-    lookForServer();
+    connectLater();
     (void)pa_threaded_mainloop_start(loop);
   }
   Server(const Server&) = delete;
@@ -64,8 +64,8 @@ struct EventVolume::Server {
     if (loop)
       pa_threaded_mainloop_stop(loop);
     dropContext();
-    if (look)
-      api()->time_free(look);
+    if (connectTimer)
+      api()->time_free(connectTimer);
     if (loop)
       pa_threaded_mainloop_free(loop);
   }
@@ -82,7 +82,7 @@ struct EventVolume::Server {
   }
 
   void dropContext() {
-    kept.reset();
+    known.reset();
     if (!context)
       return;
     pa_context_set_state_callback(context, nullptr, nullptr);
@@ -90,71 +90,72 @@ struct EventVolume::Server {
     pa_context_unref(std::exchange(context, nullptr));
   }
 
-  // A server may have come, or come back, since it was asked for last. Looking takes milliseconds,
-  // which a menu that is about to show is not to wait for.
-  void lookForServer() {
-    if (look || (context && PA_CONTEXT_IS_GOOD(pa_context_get_state(context))))
+  // A server may have started, or restarted, since the last attempt. Connecting takes milliseconds,
+  // which must not delay a menu that is about to show.
+  void connectLater() {
+    if (connectTimer || (context && PA_CONTEXT_IS_GOOD(pa_context_get_state(context))))
       return;
     timeval later;
-    pa_timeval_add(pa_gettimeofday(&later), beforeLooking);
-    look = api()->time_new(
+    pa_timeval_add(pa_gettimeofday(&later), connectDelay);
+    connectTimer = api()->time_new(
         api(), &later,
         [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
-          static_cast<Server*>(self)->looks();
+          static_cast<Server*>(self)->connectTimerFired();
         },
         this);
   }
 
-  void looks() {
-    api()->time_free(std::exchange(look, nullptr));
+  void connectTimerFired() {
+    api()->time_free(std::exchange(connectTimer, nullptr));
     connect();
   }
 
   void stateChanged() {
     if (pa_context_get_state(context) != PA_CONTEXT_READY) {
-      kept.reset();
+      known.reset();
       return;
     }
     pa_ext_stream_restore_set_subscribe_cb(
-        context, [](pa_context*, void* self) { static_cast<Server*>(self)->ask(); }, this);
-    forget(pa_ext_stream_restore_subscribe(context, 1, nullptr, nullptr));
-    ask();
+        context, [](pa_context*, void* self) { static_cast<Server*>(self)->requestVolume(); },
+        this);
+    release(pa_ext_stream_restore_subscribe(context, 1, nullptr, nullptr));
+    requestVolume();
   }
 
-  void ask() {
-    answer = KeptVolume();
-    forget(pa_ext_stream_restore_read(
+  void requestVolume() {
+    incoming = StoredVolume();
+    release(pa_ext_stream_restore_read(
         context,
         [](pa_context*, const pa_ext_stream_restore_info* info, int end, void* self) {
-          static_cast<Server*>(self)->told(info, end);
+          static_cast<Server*>(self)->receive(info, end);
         },
         this));
   }
 
-  // A server that keeps no volumes answers with an error at once, below 0.
-  void told(const pa_ext_stream_restore_info* info, int end) {
+  // A server that stores no volumes answers with an error at once: `end` is below 0.
+  void receive(const pa_ext_stream_restore_info* info, int end) {
     if (info && std::string_view(info->name) == eventRole && info->volume.channels > 0)
-      answer.take(*info);
+      incoming.take(*info);
     if (end > 0)
-      kept = answer;
+      known = incoming;
   }
 
-  void write(const KeptVolume& wanted) {
-    kept = wanted;
+  void write(const StoredVolume& wanted) {
+    known = wanted;
     pa_ext_stream_restore_info info{};
     info.name = eventRole;
     info.channel_map = wanted.channels;
     info.volume = wanted.volume;
     info.mute = wanted.isMuted ? 1 : 0;
-    forget(pa_ext_stream_restore_write(context, PA_UPDATE_REPLACE, &info, 1, 1, nullptr, nullptr));
+    release(pa_ext_stream_restore_write(context, PA_UPDATE_REPLACE, &info, 1, 1, nullptr, nullptr));
   }
 
   pa_threaded_mainloop* loop = pa_threaded_mainloop_new();
   pa_context* context = nullptr;
-  pa_time_event* look = nullptr;  ///< for a server, soon
-  KeptVolume answer;              ///< of the question that is under way
-  std::optional<KeptVolume> kept; ///< nothing: no server
-  bool isHalfDone = false; ///< silencing was forgotten: what is to end it does not count either
+  pa_time_event* connectTimer = nullptr; ///< null while none runs
+  StoredVolume incoming;                 ///< of the request that is under way
+  std::optional<StoredVolume> known;     ///< nothing without a server
+  bool ignoresNextSet = false;           ///< the other half of a pair was ignored
 };
 
 EventVolume::EventVolume() : server_(std::make_unique<Server>()) {}
@@ -163,21 +164,21 @@ EventVolume::~EventVolume() = default;
 
 std::int32_t EventVolume::get() const {
   const MainloopLock lock(server_->loop);
-  server_->lookForServer();
-  if (!server_->kept || server_->kept->isMuted)
+  server_->connectLater();
+  if (!server_->known || server_->known->isMuted)
     return 0;
   return static_cast<std::int32_t>(
-      std::min<pa_volume_t>(pa_cvolume_max(&server_->kept->volume), PA_VOLUME_UI_MAX));
+      std::min<pa_volume_t>(pa_cvolume_max(&server_->known->volume), PA_VOLUME_UI_MAX));
 }
 
 void EventVolume::set(std::int32_t volume) {
   const MainloopLock lock(server_->loop);
-  server_->lookForServer();
-  if (!server_->kept || server_->isHalfDone) {
-    server_->isHalfDone = !server_->isHalfDone;
+  server_->connectLater();
+  if (!server_->known || server_->ignoresNextSet) {
+    server_->ignoresNextSet = !server_->ignoresNextSet;
     return;
   }
-  auto wanted = *server_->kept;
+  auto wanted = *server_->known;
   wanted.isMuted = volume <= 0;
   if (volume > 0)
     pa_cvolume_scale(&wanted.volume, static_cast<pa_volume_t>(volume));
@@ -186,8 +187,9 @@ void EventVolume::set(std::int32_t volume) {
 
 bool EventVolume::isSilent() const {
   const MainloopLock lock(server_->loop);
-  server_->lookForServer();
-  return server_->kept && (server_->kept->isMuted || pa_cvolume_max(&server_->kept->volume) == 0);
+  server_->connectLater();
+  return server_->known &&
+         (server_->known->isMuted || pa_cvolume_max(&server_->known->volume) == 0);
 }
 
 } // namespace tavrel

@@ -5,11 +5,11 @@
 
 namespace tavrel {
 
-/// The volume that a PulseAudio server (or one that speaks its protocol) keeps for alert sounds.
-/// No server is started, and nothing waits for one: the volume is known from the moment the server
-/// has told it. After a use one
-/// is looked for that was not there, or went. Silence leaves the volume kept there alone, so that
-/// it cannot get lost.
+/// The volume of alert sounds, which a PulseAudio server (or PipeWire, by the same protocol) stores
+/// for the media role "event". Speaks with the server on the library's own thread. Never starts a
+/// server and never waits for one: the volume is known once the server has sent it. Each use
+/// connects again, a moment later, when there is no connection. Silencing sets the role's mute flag
+/// and leaves the stored volume alone, so that it survives a crash.
 class EventVolume {
 public:
   EventVolume();
@@ -17,12 +17,12 @@ public:
   EventVolume(const EventVolume&) = delete;
   EventVolume& operator=(const EventVolume&) = delete;
 
-  /// 0 when it is silent or when no server has told it; 65536 is the full volume.
+  /// 65536 is the full volume; 0 when it is muted or when no server has sent it.
   [[nodiscard]] std::int32_t get() const;
-  /// Forgotten without a server, and so is the next one then: silence and its end come in pairs,
-  /// and a server that came in between is not to be left silent.
+  /// Ignored without a server, and so is the next call then: the core silences and restores in
+  /// pairs, and a server that appears between the two must not be left muted.
   void set(std::int32_t volume);
-  /// Whether there is a volume, and it is silent.
+  /// Whether a server is there and alerts are muted or at volume 0.
   [[nodiscard]] bool isSilent() const;
 
 private:

@@ -11,7 +11,7 @@ namespace tavrel {
 
 namespace {
 
-// The display belongs to the application's thread.
+// Called on the player's thread; the display belongs to the main thread.
 void ringBell() {
   if (qApp)
     QMetaObject::invokeMethod(
@@ -37,7 +37,7 @@ bool LinuxSounds::play(const std::string& name) {
   return true;
 }
 
-// The bell of the display knows nothing of the volume.
+// The volume does not apply to the bell of the display, so silence is checked here.
 void LinuxSounds::beep() {
   if (!volume_.isSilent())
     player_.play({SoundRequest::Kind::themed, "bell", ringBell});

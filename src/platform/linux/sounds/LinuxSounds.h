@@ -6,11 +6,11 @@
 
 namespace tavrel {
 
-/// Our own sounds by name (whatever ending they are asked for with), then those of the sound theme.
-/// Without a sound server nothing is heard but the bell of the display, and there is no volume.
+/// Plays our own sounds by name (the ending is ignored), else those of the sound theme. Without a
+/// sound server only the bell of the display is heard, and there is no volume.
 class LinuxSounds final : public Sounds {
 public:
-  /// Sound files are looked for in the folder's "sounds".
+  /// Our own sounds are in the subfolder "sounds".
   explicit LinuxSounds(const std::string& resourceFolder);
 
   bool play(const std::string& name) override;

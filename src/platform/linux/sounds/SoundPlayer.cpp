@@ -18,17 +18,17 @@ namespace {
 Q_LOGGING_CATEGORY(soundsLog, "tavrel.sounds")
 
 using SteadyClock = std::chrono::steady_clock;
-constexpr std::chrono::seconds freshness{1};
-constexpr std::chrono::seconds longestGoodbye{1};
-constexpr std::size_t mostWaiting = 16;
+constexpr std::chrono::seconds startTimeout{1};
+constexpr std::chrono::seconds shutdownTimeout{1};
+constexpr std::size_t queueLimit = 16;
 
-// The library tells each failed attempt in nine lines; ours says it in one, once.
-void sayNothing(const char*, int, const char*, int, const char*, ...) {}
+// The library (ALSA 1.2) writes nine lines for each failed attempt; we log one line, once.
+void ignoreMessage(const char*, int, const char*, int, const char*, ...) {}
 
 class Context {
 public:
   Context() {
-    snd_lib_error_set_handler(sayNothing);
+    snd_lib_error_set_handler(ignoreMessage);
     if (ca_context_create(&context_) != CA_SUCCESS)
       context_ = nullptr;
     else
@@ -49,52 +49,52 @@ public:
                            ? ca_context_play(context_, 0, property, request.what.c_str(), nullptr)
                            : CA_ERROR_NOTAVAILABLE;
     if (status != CA_SUCCESS)
-      sayOnce(status);
+      warnOnce(status);
     return status == CA_SUCCESS;
   }
 
 private:
-  void sayOnce(int status) {
-    if (!said_)
+  void warnOnce(int status) {
+    if (!hasWarned_)
       qCWarning(soundsLog, "no sounds can be played: %s", ca_strerror(status));
-    said_ = true;
+    hasWarned_ = true;
   }
 
   ca_context* context_ = nullptr;
-  bool said_ = false;
+  bool hasWarned_ = false;
 };
 
 } // namespace
 
 struct SoundPlayer::Shared {
-  struct Waiting {
+  struct Queued {
     SoundRequest request;
     SteadyClock::time_point since;
-    [[nodiscard]] bool isFresh() const { return SteadyClock::now() - since < freshness; }
+    [[nodiscard]] bool isFresh() const { return SteadyClock::now() - since < startTimeout; }
   };
 
   std::mutex mutex;
   std::condition_variable changed;
-  std::deque<Waiting> waiting;
+  std::deque<Queued> queue;
   bool closed = false;
   bool ended = false;
 
-  // Nothing when the player is gone.
-  std::optional<Waiting> next() {
+  // Waits for the next sound; nothing when the player has been destroyed.
+  std::optional<Queued> next() {
     std::unique_lock lock(mutex);
-    changed.wait(lock, [this] { return closed || !waiting.empty(); });
+    changed.wait(lock, [this] { return closed || !queue.empty(); });
     if (closed)
       return std::nullopt;
-    Waiting first = std::move(waiting.front());
-    waiting.pop_front();
+    Queued first = std::move(queue.front());
+    queue.pop_front();
     return first;
   }
 
-  // Closing waits for what is told here, so that nobody is told after it.
-  void tell(const Waiting& waiter) {
+  // Under the lock that the destructor takes, so that nothing is called after it.
+  void reportUnheard(const Queued& queued) {
     const std::lock_guard lock(mutex);
-    if (!closed && waiter.isFresh() && waiter.request.unheard)
-      waiter.request.unheard();
+    if (!closed && queued.isFresh() && queued.request.unheard)
+      queued.request.unheard();
   }
 
   void run() {
@@ -106,9 +106,9 @@ struct SoundPlayer::Shared {
 
   void playAll() {
     Context context;
-    while (const auto waiter = next())
-      if (waiter->isFresh() && !context.play(waiter->request))
-        tell(*waiter);
+    while (const auto queued = next())
+      if (queued->isFresh() && !context.play(queued->request))
+        reportUnheard(*queued);
   }
 };
 
@@ -116,19 +116,20 @@ SoundPlayer::SoundPlayer() : shared_(std::make_shared<Shared>()) {
   std::thread([shared = shared_] { shared->run(); }).detach();
 }
 
-// The library must not be at work while the process takes itself down, but for a call that hangs.
+// libcanberra 0.30 crashed now and then when the process ended while it was at work; but a call
+// that hangs must not keep the process either.
 SoundPlayer::~SoundPlayer() {
   std::unique_lock lock(shared_->mutex);
   shared_->closed = true;
   shared_->changed.notify_all();
-  (void)shared_->changed.wait_for(lock, longestGoodbye, [this] { return shared_->ended; });
+  (void)shared_->changed.wait_for(lock, shutdownTimeout, [this] { return shared_->ended; });
 }
 
 void SoundPlayer::play(SoundRequest request) {
   const std::lock_guard lock(shared_->mutex);
-  if (shared_->waiting.size() == mostWaiting)
-    shared_->waiting.pop_front();
-  shared_->waiting.push_back({std::move(request), SteadyClock::now()});
+  if (shared_->queue.size() == queueLimit)
+    shared_->queue.pop_front();
+  shared_->queue.push_back({std::move(request), SteadyClock::now()});
   shared_->changed.notify_all();
 }
 

@@ -10,13 +10,12 @@ namespace tavrel {
 struct SoundRequest {
   enum class Kind { file, themed };
   Kind kind = Kind::file;
-  std::string what; ///< an absolute path, or a name of the sound theme
-  std::function<void()>
-      unheard; ///< called on the player's thread when it cannot be played; never waits
+  std::string what;              ///< an absolute path, or a name of the sound theme
+  std::function<void()> unheard; ///< called on the player's thread when it failed; must not block
 };
 
-/// Plays sounds on a thread of its own, since a sound server that does not answer keeps its client
-/// waiting for half a minute. A thread that still waits a second after the end is left
+/// Plays sounds on a thread of its own, because a sound server that does not answer blocks its
+/// client for half a minute. The destructor waits a second for the thread, and then leaves it
 /// behind.
 class SoundPlayer {
 public:
@@ -25,7 +24,7 @@ public:
   SoundPlayer(const SoundPlayer&) = delete;
   SoundPlayer& operator=(const SoundPlayer&) = delete;
 
-  /// Never waits. A sound that could not be started within a second is not played any more.
+  /// Does not block. A sound that could not be started within a second is dropped.
   void play(SoundRequest request);
 
 private:

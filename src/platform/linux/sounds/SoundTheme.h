@@ -4,8 +4,8 @@
 
 namespace tavrel {
 
-/// Is a sound of that name in any sound theme installed (the XDG Sound Theme specification's
-/// folders and endings)? Its variants ("bell-window") are names of their own here.
+/// Whether a sound of that name is in any installed sound theme (folders and endings of the XDG
+/// Sound Theme specification). Variants ("bell-window") count as names of their own.
 [[nodiscard]] bool isInSoundTheme(const std::string& name);
 
 } // namespace tavrel
