@@ -5,7 +5,7 @@
 
 namespace tavrel {
 
-/// Property lists of either form over HTTP. What could not be had, and why, is a line on standard
+/// Property lists, XML or binary, over HTTP. A failure and its reason are one line on standard
 /// error.
 class LinuxWeb final : public Web {
 public:

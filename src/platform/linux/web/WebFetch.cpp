@@ -16,9 +16,9 @@ namespace tavrel {
 
 namespace {
 
-constexpr const char* late = "does not come in time";
-constexpr int mostRedirections = 10;
-// Beyond the time of the download: looking for a proxy blocks, and heeds no time.
+constexpr const char* timeoutProblem = "does not come in time";
+constexpr int redirectionLimit = 10;
+// On top of the timeout of the download, because looking for a proxy blocks without one.
 constexpr std::chrono::milliseconds grace{500};
 
 QUrl webAddress(const std::string& text) {
@@ -31,8 +31,8 @@ QNetworkRequest requestFor(const QUrl& url) {
   QNetworkRequest request(url);
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                        QNetworkRequest::NoLessSafeRedirectPolicy);
-  request.setMaximumRedirectsAllowed(mostRedirections);
-  // A small packed answer could unfold to any length.
+  request.setMaximumRedirectsAllowed(redirectionLimit);
+  // No compression: a small answer could expand to any length.
   request.setRawHeader("Accept-Encoding", "identity");
   request.setHeader(QNetworkRequest::UserAgentHeader, "Tavrel");
   return request;
@@ -44,7 +44,7 @@ WebAnswer download(const QUrl& url, const WebLimits& limits) {
   WebReply collected(*reply, limits.bytes);
   QEventLoop loop;
   QObject::connect(&collected, &WebReply::done, &loop, &QEventLoop::quit, Qt::QueuedConnection);
-  QTimer::singleShot(limits.time, &collected, [&collected] { collected.giveUp(late); });
+  QTimer::singleShot(limits.time, &collected, [&collected] { collected.giveUp(timeoutProblem); });
   loop.exec();
   return collected.answer();
 }
@@ -59,7 +59,7 @@ WebAnswer fetchFromWeb(const std::string& text, const WebLimits& limits) {
   std::future<WebAnswer> answer = task.get_future();
   std::thread(std::move(task)).detach();
   if (answer.wait_for(limits.time + grace) != std::future_status::ready)
-    return {{}, late};
+    return {{}, timeoutProblem};
   return answer.get();
 }
 

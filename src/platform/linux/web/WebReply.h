@@ -8,7 +8,7 @@ class QNetworkReply;
 
 namespace tavrel {
 
-/// Collects a download until it is whole, has failed or has grown too long.
+/// Collects a download until it is complete, has failed or has become too long.
 class WebReply final : public QObject {
   Q_OBJECT
 
