@@ -10,7 +10,7 @@
 
 namespace tavrel {
 
-/// Lets events happen until the condition holds; false when it does not within five seconds.
+/// Runs the event loop until the condition holds; false when it does not within five seconds.
 [[nodiscard]] bool eventually(std::predicate auto condition) {
   const QDeadlineTimer deadline(5000);
   while (!condition()) {
@@ -21,12 +21,12 @@ namespace tavrel {
   return true;
 }
 
-/// Real pointer and key events, as xdotool's arguments say.
-inline void handle(const QStringList& what) {
-  QProcess::execute(QStringLiteral("xdotool"), what);
+/// Posts pointer and key events with the program of that name.
+inline void xdotool(const QStringList& arguments) {
+  QProcess::execute(QStringLiteral("xdotool"), arguments);
 }
 
-/// A program of the desktop, ended with the test.
+/// A process that is ended with the object.
 class Program {
 public:
   explicit Program(const QString& name, const QStringList& arguments = {}) {

@@ -10,11 +10,11 @@
 
 namespace tavrel {
 
-/// Where the server believes events to come from.
+/// The device that events come from: the XTest one, as for programs, or a physical keyboard.
 enum class Device { program, keyboard };
 
-/// Keys and buttons of the private display, by the server's numbers. Each is done when the call
-/// returns. As a client of its own it can hold keyboard and pointer for itself, too.
+/// Presses keys and buttons of the private display, by the server's codes. Each call returns when
+/// the server has processed the event. Can grab keyboard and pointer, too, as another program.
 class FakeInput {
 public:
   explicit FakeInput(Device device = Device::program) : device_(device) {}
@@ -24,7 +24,7 @@ public:
 
   void down(std::uint8_t key) { fakeKey(XCB_KEY_PRESS, XCB_INPUT_DEVICE_KEY_PRESS, key); }
   void up(std::uint8_t key) { fakeKey(XCB_KEY_RELEASE, XCB_INPUT_DEVICE_KEY_RELEASE, key); }
-  /// Goes up only after so many milliseconds.
+  /// Releases the key after that many milliseconds.
   void holdAndRelease(std::uint8_t key, std::uint32_t milliseconds) {
     const std::uint32_t usual = std::exchange(pause_, milliseconds);
     up(key);
@@ -42,7 +42,7 @@ public:
   }
   void movePointer(std::int16_t x, std::int16_t y) { fake(XCB_MOTION_NOTIFY, 0, 0, x, y); }
 
-  [[nodiscard]] bool holdKeyboardAndPointer() {
+  [[nodiscard]] bool grabKeyboardAndPointer() {
     constexpr auto mode = XCB_GRAB_MODE_ASYNC;
     auto* keyboard = xcb_grab_keyboard_reply(
         connection_, xcb_grab_keyboard(connection_, 0, root(), XCB_CURRENT_TIME, mode, mode),
@@ -90,7 +90,7 @@ private:
     xcb_test_fake_input(connection_, type, detail, pause_, root(), x, y, device);
     waitUntilDone();
   }
-  // The virtual server's own keyboard, as good as one of wire and keys.
+  // The keyboard of Xvfb, which counts as a physical one.
   [[nodiscard]] std::uint8_t keyboard() {
     if (keyboard_ != 0)
       return keyboard_;
@@ -109,12 +109,12 @@ private:
   }
 
   Device device_;
-  std::uint32_t pause_ = 2; ///< milliseconds before each event: no person does two things in one
+  std::uint32_t pause_ = 2; ///< milliseconds before each event, so that no two have the same time
   xcb_connection_t* connection_ = xcb_connect(nullptr, nullptr);
   std::uint8_t keyboard_ = 0;
 };
 
-/// The server's numbers of some keys.
+/// Server key codes (evdev) of some keys.
 namespace serverKey {
 inline constexpr std::uint8_t one = 10, a = 38, s = 39, c = 54, f12 = 96, numLock = 77;
 inline constexpr std::uint8_t control = 37, rightControl = 105, shift = 50, alt = 64, super = 133,

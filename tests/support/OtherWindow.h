@@ -11,7 +11,7 @@
 
 namespace tavrel {
 
-/// A window of another program, which counts the keys that reach it.
+/// A window with an X connection of its own, as of another program, which records the keys it gets.
 class OtherWindow {
 public:
   enum class Extent { plain, fullScreen };

@@ -1,6 +1,6 @@
 #include "base/Modifiers.h"
 #include "contract/MenuDiary.h"
-#include "contract/linux/menus/MenuPerson.h"
+#include "contract/linux/menus/MenuWorld.h"
 
 #include <QAccessible>
 #include <QDBusArgument>
@@ -91,7 +91,7 @@ private:
                                           QString::fromLatin1(interface),
                                           QString::fromLatin1(member));
   }
-  /// The menu answers in this very thread, so nobody may wait in it.
+  /// The menu answers on this very thread, which therefore must not block.
   [[nodiscard]] QVariant ask(const QDBusMessage& question) {
     QDBusPendingCallWatcher answer(bus_.asyncCall(question));
     EXPECT_TRUE(eventually([&] { return answer.isFinished(); }));
@@ -117,8 +117,8 @@ protected:
     for (int i = 0; i < count; ++i)
       add("Entry " + std::to_string(i));
   }
-  void popUp(const std::function<void(MenuHands&)>& person) {
-    world.person = person;
+  void popUp(const std::function<void(MenuHands&)>& user) {
+    world.person = user;
     world.presenter().popUp(menu, {100, 500}, MenuFont::standard);
   }
   static void follow(const std::function<void()>& what) {
@@ -148,7 +148,7 @@ TEST_F(AccessibleLevels, EveryEntryOfAHundredThousandHasAName) {
   });
 }
 
-TEST_F(AccessibleLevels, TheEntryOnTheScreenHasAPlaceAndOthersAreOffIt) {
+TEST_F(AccessibleLevels, VisibleEntriesHaveAPlaceAndOthersAreOffscreen) {
   addMany(1000);
   popUp([](MenuHands&) {
     QAccessibleInterface* first = accessibleLevel()->child(0);
@@ -178,7 +178,7 @@ TEST_F(AccessibleLevels, StatesAndRolesAreThoseOfTheEntries) {
   });
 }
 
-TEST_F(AccessibleLevels, TheFocusIsToldOfTheEntryThatHasIt) {
+TEST_F(AccessibleLevels, ScreenReadersAreNotifiedOfTheFocusedEntry) {
   addMany(1000);
   popUp([](MenuHands&) {
     follow([] {
@@ -193,7 +193,7 @@ TEST_F(AccessibleLevels, TheFocusIsToldOfTheEntryThatHasIt) {
   EXPECT_THAT(focused(), ElementsAre("Entry 999", "Entry 998", "Entry 990"));
 }
 
-TEST_F(AccessibleLevels, TheAlternateIsToldAsOptionGoesDown) {
+TEST_F(AccessibleLevels, ScreenReadersAreNotifiedOfTheAlternateAsOptionGoesDown) {
   addMany(1000);
   MenuItem& alternate = add("Entry 999, moved to");
   alternate.isAlternate = true;
@@ -242,7 +242,7 @@ TEST_F(AccessibleLevels, ADescriptionTellsWhatBecomesOfARecentItemAServerAndAnAp
   });
 }
 
-TEST_F(AccessibleLevels, ADescriptionIsInThePersonsLanguage) {
+TEST_F(AccessibleLevels, ADescriptionIsInTheUsersLanguage) {
   add("File");
   world.presenter().setLocalize([](const std::string& text) { return "<" + text + ">"; });
   popUp([](MenuHands&) {

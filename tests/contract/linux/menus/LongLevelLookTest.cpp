@@ -1,5 +1,5 @@
 #include "base/Modifiers.h"
-#include "contract/linux/menus/MenuPerson.h"
+#include "contract/linux/menus/MenuWorld.h"
 #include "platform/linux/images/ImageContents.h"
 #include "platform/linux/images/LinuxImage.h"
 
@@ -155,7 +155,7 @@ class LateContent final : public LinuxImageContent {
 public:
   mutable bool isThere = false;
   void paint(QPainter& painter, QSizeF pointSize, qreal) const override {
-    EXPECT_TRUE(isThere) << "nobody should wait for it";
+    EXPECT_TRUE(isThere) << "painting must not wait for it";
     painter.fillRect(QRectF(QPointF(), pointSize), Qt::magenta);
   }
   [[nodiscard]] bool isReady() const override { return isThere; }

@@ -1,6 +1,6 @@
 #include "base/Modifiers.h"
 #include "contract/MenuDiary.h"
-#include "contract/linux/menus/MenuPerson.h"
+#include "contract/linux/menus/MenuWorld.h"
 
 #include <QElapsedTimer>
 
@@ -34,8 +34,8 @@ protected:
     item.isAlternate = true;
     item.keyEquivalentModifierMask = modifier::option;
   }
-  void popUp(const std::function<void(MenuHands&)>& person) {
-    world.person = person;
+  void popUp(const std::function<void(MenuHands&)>& user) {
+    world.person = user;
     world.presenter().popUp(menu, {100, 500}, MenuFont::standard);
   }
   static ::testing::AssertionResult isAt(const std::string& title) {
@@ -84,7 +84,7 @@ TEST_F(LongLevel, DownWrapsFromTheLastEntryToTheFirst) {
   });
 }
 
-TEST_F(LongLevel, PagesGoAsFarAsIsSeen) {
+TEST_F(LongLevel, APageIsAsFarAsTheVisibleRows) {
   fill(menu, 1000);
   popUp([](MenuHands&) {
     press("Home");
@@ -103,7 +103,7 @@ TEST_F(LongLevel, PagesGoAsFarAsIsSeen) {
   });
 }
 
-TEST_F(LongLevel, KeysGoPastLinesHeadingsAndEntriesWithoutUse) {
+TEST_F(LongLevel, KeysSkipSeparatorsHeadingsAndDisabledEntries) {
   add(menu, "Heading").action = MenuAction::none;
   fill(menu, 600);
   menu.addSeparator();
@@ -132,13 +132,13 @@ TEST_F(LongLevel, TypingFindsAFolderAndLeavesItClosed) {
   folder.submenu = std::make_shared<Menu>("inner");
   folder.submenu->delegate = &diary;
   popUp([](MenuHands&) {
-    handle({QStringLiteral("type"), QStringLiteral("zo")});
+    xdotool({QStringLiteral("type"), QStringLiteral("zo")});
     EXPECT_TRUE(isAt("Zoo"));
   });
   EXPECT_EQ(diary.lines.size(), 3U);
 }
 
-TEST_F(LongLevel, AlternatesComeAndGoAtTheHighlight) {
+TEST_F(LongLevel, AlternatesReplaceTheHighlightedEntry) {
   for (int pair = 0; pair < thousands; ++pair) {
     add(menu, "Open " + std::to_string(pair));
     addAlternate(menu, "Move " + std::to_string(pair));
@@ -165,15 +165,15 @@ TEST_F(LongLevel, TheWheelScrollsAndTheHighlightFollowsThePointer) {
     movePointerTo(centerOf(*openLevel(), 5));
     EXPECT_TRUE(isAt("Entry 5"));
     for (int notch = 0; notch < 4; ++notch)
-      handle({QStringLiteral("click"), QStringLiteral("5")});
+      xdotool({QStringLiteral("click"), QStringLiteral("5")});
     EXPECT_TRUE(eventually([] { return !isSeen(5) && openLevel()->currentRow() > 10U; }));
     for (int notch = 0; notch < 8; ++notch)
-      handle({QStringLiteral("click"), QStringLiteral("4")});
+      xdotool({QStringLiteral("click"), QStringLiteral("4")});
     EXPECT_TRUE(isAt("Entry 5"));
   });
 }
 
-TEST_F(LongLevel, TheArrowsScrollWhileThePointerRestsOnThem) {
+TEST_F(LongLevel, TheArrowsScrollWhileThePointerIsOnThem) {
   fill(menu, 1000);
   popUp([](MenuHands&) {
     movePointerTo(arrow(ScrollDirection::down));
@@ -215,10 +215,10 @@ TEST_F(LongLevel, PressingDraggingAndLettingGoChoosesAnEntry) {
   fill(menu, thousands);
   popUp([](MenuHands&) {
     movePointerTo(centerOf(*openLevel(), 1));
-    handle({QStringLiteral("mousedown"), QStringLiteral("1")});
+    xdotool({QStringLiteral("mousedown"), QStringLiteral("1")});
     movePointerTo(centerOf(*openLevel(), 4));
     EXPECT_TRUE(isAt("Entry 4"));
-    handle({QStringLiteral("mouseup"), QStringLiteral("1")});
+    xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
     EXPECT_TRUE(eventually([] { return openLevel() == nullptr; }));
   });
   EXPECT_THAT(diary.lines, Contains("chosen Entry 4"));
@@ -291,7 +291,7 @@ TEST_F(LongLevel, ThePointerOpensSubmenusFarDown) {
   EXPECT_THAT(diary.lines, Contains("chosen Inside 1990"));
 }
 
-TEST_F(LongLevel, OnlySubmenusInSightAreMade) {
+TEST_F(LongLevel, OnlySubmenusOfVisibleRowsAreCreated) {
   for (int folder = 0; folder < 2000; ++folder)
     add(menu, "Folder " + std::to_string(folder)).submenu = std::make_shared<Menu>("inner");
   popUp([](MenuHands&) {

@@ -20,7 +20,7 @@ QMenu* shownMenu() {
 }
 
 void type(const char* key) {
-  handle({QStringLiteral("key"), QString::fromLatin1(key)});
+  xdotool({QStringLiteral("key"), QString::fromLatin1(key)});
 }
 
 /// A menu over a window of another program that has the keyboard.
@@ -34,7 +34,7 @@ protected:
       item.title = title;
       item.action = MenuAction::statusMenuDidSelected;
     }
-    handle({QStringLiteral("mousemove"), QStringLiteral("5"), QStringLiteral("5")});
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("5"), QStringLiteral("5")});
   }
 
   void popUpOver(OtherWindow& window) {
@@ -69,8 +69,8 @@ TEST_F(PopupKeys, WhatIsTypedWhileTheMenuIsMadeGoesToTheMenu) {
 TEST_F(PopupKeys, NoKeyIsLostHoweverOftenTheMenuOpens) {
   OtherWindow window;
   diary.update = [](Menu&) {
-    handle({QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("0"),
-            QStringLiteral("Down"), QStringLiteral("Down"), QStringLiteral("Return")});
+    xdotool({QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("0"),
+             QStringLiteral("Down"), QStringLiteral("Down"), QStringLiteral("Return")});
   };
   for (int time = 0; time < 20; ++time) {
     diary.lines.clear();
@@ -93,21 +93,21 @@ TEST_F(PopupKeys, TheWindowThatHadTheKeyboardHasItAgain) {
 TEST_F(PopupKeys, AMenuShowsOverAFullScreenWindow) {
   OtherWindow window(OtherWindow::Extent::fullScreen);
   ASSERT_TRUE(eventually([&] { return window.coversScreen(); }));
-  QTimer look;
+  QTimer poll;
   bool seen = false;
-  QObject::connect(&look, &QTimer::timeout, [&] {
+  QObject::connect(&poll, &QTimer::timeout, [&] {
     if (!shownMenu())
       return;
-    look.stop();
+    poll.stop();
     const QPoint place = shownMenu()->geometry().center();
-    handle({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+    xdotool({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
     seen = eventually([] { return shownMenu()->activeAction() != nullptr; });
     if (const QString picture = qEnvironmentVariable("TAVREL_PICTURE"); !picture.isEmpty())
       QProcess::execute(QStringLiteral("import"),
                         {QStringLiteral("-window"), QStringLiteral("root"), picture});
     type("Escape");
   });
-  look.start(5);
+  poll.start(5);
   closeAfter(10'000);
   popUpOver(window);
   EXPECT_TRUE(seen);

@@ -65,17 +65,17 @@ protected:
   }
 
   QRect placeWithPointerAt(QPoint pixel) {
-    handle({QStringLiteral("mousemove"), QString::number(pixel.x()), QString::number(pixel.y())});
+    xdotool({QStringLiteral("mousemove"), QString::number(pixel.x()), QString::number(pixel.y())});
     QRect place;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] {
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
       QWidget* popup = QApplication::activePopupWidget();
       if (!popup || !popup->windowHandle() || !popup->windowHandle()->isExposed())
         return;
       place = pixelsOf(*popup);
       popup->close();
     });
-    look.start(5);
+    poll.start(5);
     presenter.popUp(menu, presenter.pointerLocation(), MenuFont::standard);
     return place;
   }
@@ -122,10 +122,10 @@ TEST_F(PopupPlaces, ALongSubmenuStaysOnTheMonitorOfItsMenu) {
   for (int row = 0; row < 1000; ++row)
     inner->add({}).title = "Entry " + std::to_string(row);
   menu.add({}).submenu = inner;
-  handle({QStringLiteral("mousemove"), QStringLiteral("720"), QStringLiteral("20")});
+  xdotool({QStringLiteral("mousemove"), QStringLiteral("720"), QStringLiteral("20")});
   QRect place;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
+  QTimer poll;
+  QObject::connect(&poll, &QTimer::timeout, [&] {
     auto* level = dynamic_cast<MenuPopup*>(QApplication::activePopupWidget());
     if (!level || !level->windowHandle() || !level->windowHandle()->isExposed())
       return;
@@ -136,7 +136,7 @@ TEST_F(PopupPlaces, ALongSubmenuStaysOnTheMonitorOfItsMenu) {
     if (auto* outer = QApplication::activePopupWidget())
       outer->close();
   });
-  look.start(5);
+  poll.start(5);
   presenter.popUp(menu, presenter.pointerLocation(), MenuFont::standard);
   EXPECT_TRUE(right.contains(place)) << place.y() << " " << place.height();
   EXPECT_GT(place.height(), right.height() * 9 / 10);

@@ -1,5 +1,5 @@
 #include "contract/PresenterContract.h"
-#include "contract/linux/menus/MenuPerson.h"
+#include "contract/linux/menus/MenuWorld.h"
 
 #include <QElapsedTimer>
 
@@ -129,7 +129,7 @@ TEST_F(LinuxPresenterTest, NoKeyIsDownWhenASubmenuThatKeysOpenIsFilled) {
   EXPECT_FALSE(keyDown);
 }
 
-TEST_F(LinuxPresenterTest, KeysAndPointerWorkOnceAnotherProgramLetsGoOfThem) {
+TEST_F(LinuxPresenterTest, KeysAndPointerWorkOnceAnotherProgramReleasesThem) {
   add(menu, "First");
   add(menu, "Second");
   ASSERT_TRUE(otherClient.grab());
@@ -145,7 +145,7 @@ TEST_F(LinuxPresenterTest, KeysAndPointerWorkOnceAnotherProgramLetsGoOfThem) {
   popUp();
 }
 
-TEST_F(LinuxPresenterTest, NothingOfTheMenuIsHeldWhileAChosenEntryIsAtWork) {
+TEST_F(LinuxPresenterTest, NoGrabIsHeldWhileAChosenEntryIsCarriedOut) {
   add(menu, "Open");
   bool free = false;
   diary.act = [&](MenuItem&) { free = otherClient.grab() && !openLevel(); };
@@ -206,7 +206,7 @@ TEST_F(LinuxPresenterTest, ThousandsOfAlternatesComeAndGoAtOnce) {
   popUp();
 }
 
-TEST_F(LinuxPresenterTest, GroupsTenThousandDeepAreTouchedAsTheyOpen) {
+TEST_F(LinuxPresenterTest, GroupsTenThousandDeepAreFilledAsTheyOpen) {
   Menu* level = &menu;
   for (int depth = 0; depth < 10'000; ++depth) {
     MenuItem& group = add(*level, "Group");
@@ -270,7 +270,7 @@ TEST_F(LinuxPresenterTest, TypingFindsAFolderAndLeavesItClosed) {
   folder.submenu = std::make_shared<Menu>("inner");
   folder.submenu->delegate = &diary;
   world.person = [](MenuHands&) {
-    handle({QStringLiteral("type"), QStringLiteral("be")});
+    xdotool({QStringLiteral("type"), QStringLiteral("be")});
     EXPECT_TRUE(eventually([] { return currentTitle() == "Beta"; }));
   };
   popUp();
@@ -284,7 +284,7 @@ TEST_F(LinuxPresenterTest, TheWheelScrollsALevelTallerThanTheScreen) {
     movePointerTo(centerOf(*openLevel(), 5));
     EXPECT_TRUE(eventually([] { return openLevel()->currentRow() == 5U; }));
     const QRect before = openLevel()->rowGeometry(5);
-    handle({QStringLiteral("click"), QStringLiteral("5")});
+    xdotool({QStringLiteral("click"), QStringLiteral("5")});
     EXPECT_TRUE(eventually([&] { return openLevel()->rowGeometry(5) != before; }));
   };
   popUp();

@@ -127,7 +127,7 @@ TEST(RowSteps, PagesStopAtTheEnds) {
   EXPECT_EQ(rowAfter(RowStep::pageUp, 1, 100, window(), anyRow), 0U);
 }
 
-TEST(RowSteps, RowsThatTakeNoHighlightArePassed) {
+TEST(RowSteps, RowsThatCannotHaveTheHighlightAreSkipped) {
   const auto even = [](std::size_t row) { return row % 2 == 0 && row > 0; };
   EXPECT_EQ(rowAfter(RowStep::down, 2, 100, window(), even), 4U);
   EXPECT_EQ(rowAfter(RowStep::first, 2, 100, window(), even), 2U);
@@ -135,7 +135,7 @@ TEST(RowSteps, RowsThatTakeNoHighlightArePassed) {
   EXPECT_EQ(rowAfter(RowStep::down, 98, 100, window(), even), 2U);
 }
 
-TEST(RowSteps, WithoutAnyRowToTakeItTheHighlightStays) {
+TEST(RowSteps, WithoutAnyRowForItTheHighlightStays) {
   const auto none = [](std::size_t) { return false; };
   EXPECT_EQ(rowAfter(RowStep::down, 2, 100, window(), none), std::nullopt);
 }

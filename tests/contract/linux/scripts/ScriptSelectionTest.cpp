@@ -54,7 +54,7 @@ protected:
   void selectAll(int count) {
     ASSERT_TRUE(eventually([&] {
       paster.own();
-      handle({"key", "ctrl+a", "ctrl+c"});
+      xdotool({"key", "ctrl+a", "ctrl+c"});
       const QDeadlineTimer answer(1000);
       while (paster.owner() == paster.window && !answer.hasExpired())
         ::poll(nullptr, 0, 2);

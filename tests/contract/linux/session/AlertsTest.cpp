@@ -26,11 +26,11 @@ QMessageBox* panelInFront() {
 /// Shows a panel and does something once it is in front, as only then keys reach it.
 AlertAnswer answerOnceShown(const AlertPanel& panel, std::function<void(QMessageBox&)> deed) {
   LinuxAlerts alerts;
-  QTimer look;
+  QTimer poll;
   const QDeadlineTimer deadline(10000);
-  QObject::connect(&look, &QTimer::timeout, [&] {
+  QObject::connect(&poll, &QTimer::timeout, [&] {
     if (QMessageBox* box = panelInFront()) {
-      look.stop();
+      poll.stop();
       deed(*box);
     } else if (deadline.hasExpired()) {
       ADD_FAILURE() << "no panel came to the front";
@@ -38,7 +38,7 @@ AlertAnswer answerOnceShown(const AlertPanel& panel, std::function<void(QMessage
         widget->close();
     }
   });
-  look.start(5);
+  poll.start(5);
   return alerts.run(panel);
 }
 
@@ -55,13 +55,13 @@ public:
     return answerOnceShown(panel, [&](QMessageBox& box) {
       switch (deed) {
       case AlertDeed::pressDefault:
-        return handle({"key", "Return"});
+        return xdotool({"key", "Return"});
       case AlertDeed::pressAlternate:
         return press(box, panel.alternateButton);
       case AlertDeed::pressOther:
         return press(box, panel.otherButton);
       case AlertDeed::escape:
-        return handle({"key", "Escape"});
+        return xdotool({"key", "Escape"});
       case AlertDeed::close:
         box.close();
         return;

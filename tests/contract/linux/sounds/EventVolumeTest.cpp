@@ -48,13 +48,13 @@ protected:
   EnvironmentVariable where{"PULSE_SERVER", address};
 };
 
-TEST_F(EventVolumeTest, AServerTellsTheVolumeThatNobodyMovedAsFull) {
+TEST_F(EventVolumeTest, AVolumeThatWasNeverSetIsFull) {
   const EventVolume volume;
   EXPECT_TRUE(becomes(volume, fullVolume));
   EXPECT_FALSE(volume.isSilent());
 }
 
-TEST_F(EventVolumeTest, SilenceIsHeardByOthersAndGivenBack) {
+TEST_F(EventVolumeTest, MutingReachesOtherClientsAndIsUndone) {
   EventVolume volume;
   EventVolume other;
   ASSERT_TRUE(becomes(volume, fullVolume) && becomes(other, fullVolume));
@@ -70,7 +70,7 @@ TEST_F(EventVolumeTest, SilenceIsHeardByOthersAndGivenBack) {
   EXPECT_FALSE(other.isSilent());
 }
 
-TEST(EventVolume, WithoutAServerThereIsNoneAndNothingWaits) {
+TEST(EventVolume, WithoutAServerThereIsNoVolumeAndNothingBlocks) {
   const TemporaryFolder folder;
   const EnvironmentVariable nowhere("PULSE_SERVER", "unix:" + folder.path("none"));
   const auto start = std::chrono::steady_clock::now();
@@ -102,9 +102,9 @@ TEST(EventVolume, AServerThatStartsLaterIsFoundByTheNextUse) {
 }
 
 // Silencing is forgotten without a server, and what is to end it may come when there is one.
-TEST_F(EventVolumeTest, TheEndOfASilenceThatNeverBeganSilencesNobody) {
+TEST_F(EventVolumeTest, UndoingAMuteThatWasIgnoredMutesNothing) {
   EventVolume volume;
-  volume.set(0); // the server has not told anything yet
+  volume.set(0); // the server has not sent its volume yet
   ASSERT_TRUE(becomes(volume, fullVolume));
   volume.set(0);
   EXPECT_EQ(volume.get(), fullVolume);
@@ -112,7 +112,7 @@ TEST_F(EventVolumeTest, TheEndOfASilenceThatNeverBeganSilencesNobody) {
   EXPECT_TRUE(volume.isSilent());
 }
 
-TEST(EventVolume, AServerThatNeverAnswersKeepsNobodyWaiting) {
+TEST(EventVolume, AServerThatNeverAnswersBlocksNothing) {
   const TemporaryFolder folder;
   const int silent = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
   sockaddr_un name{};

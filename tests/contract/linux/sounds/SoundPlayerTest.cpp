@@ -13,7 +13,7 @@ namespace {
 
 const char* const popFile = TAVREL_RESOURCES "/sounds/Pop.wav";
 
-TEST(SoundPlayer, WithoutASoundCardNothingIsHeardAndOneLineTellsSo) {
+TEST(SoundPlayer, WithoutASoundCardNothingIsHeardAndOneLineSaysSo) {
   const TemporaryFolder folder;
   const EnvironmentVariable driver("CANBERRA_DRIVER", "alsa");
   const EnvironmentVariable card("ALSA_CONFIG_PATH", folder.write("alsa.conf", ""));
@@ -28,7 +28,7 @@ TEST(SoundPlayer, WithoutASoundCardNothingIsHeardAndOneLineTellsSo) {
   EXPECT_THAT(said, ::testing::HasSubstr("no sounds can be played: "));
 }
 
-TEST(SoundPlayer, WhatCanBePlayedIsNotToldAsUnheard) {
+TEST(SoundPlayer, ASoundThatIsPlayedIsNotReportedAsUnheard) {
   const TemporaryFolder folder;
   const EnvironmentVariable driver("CANBERRA_DRIVER", "alsa");
   const EnvironmentVariable card("ALSA_CONFIG_PATH",

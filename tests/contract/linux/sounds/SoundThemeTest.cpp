@@ -7,7 +7,7 @@
 namespace tavrel {
 namespace {
 
-TEST(SoundTheme, HoldsWhatAnyThemeHolds) {
+TEST(SoundTheme, ASoundOfAnyInstalledThemeIsFound) {
   const TemporaryFolder data;
   const EnvironmentVariable home("XDG_DATA_HOME", data.path());
   EXPECT_FALSE(isInSoundTheme("tavrel-ding"));

@@ -32,7 +32,7 @@ private:
   TemporaryFolder folder_;
 };
 
-TEST(LinuxSounds, ASoundSystemThatHangsKeepsNobodyWaiting) {
+TEST(LinuxSounds, ASoundSystemThatHangsDoesNotBlock) {
   const StuckConfiguration stuck;
   const EnvironmentVariable driver("CANBERRA_DRIVER", "alsa");
   const EnvironmentVariable configuration("ALSA_CONFIG_PATH", stuck.path());
@@ -45,7 +45,7 @@ TEST(LinuxSounds, ASoundSystemThatHangsKeepsNobodyWaiting) {
   EXPECT_TRUE(waitFor([&] { return stuck.release(); }));
 }
 
-TEST(LinuxSounds, ASoundSystemThatHangsDoesNotKeepTheProgram) {
+TEST(LinuxSounds, ASoundSystemThatHangsDoesNotKeepTheProgramFromEnding) {
   const StuckConfiguration stuck;
   const EnvironmentVariable driver("CANBERRA_DRIVER", "alsa");
   const EnvironmentVariable configuration("ALSA_CONFIG_PATH", stuck.path());

@@ -59,14 +59,14 @@ bool isOpen() {
 }
 
 void press(const char* key) {
-  handle({QStringLiteral("key"), QString::fromLatin1(key)});
+  xdotool({QStringLiteral("key"), QString::fromLatin1(key)});
 }
 
-/// A person with a pointer who finds the item by its colour.
+/// Clicks the item with the real pointer, and finds it on the screen by its colour.
 class PanelWorld {
 public:
   PanelWorld() {
-    handle({QStringLiteral("mousemove"), QStringLiteral("640"), QStringLiteral("400")});
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("640"), QStringLiteral("400")});
     QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { act(); });
     watch_.start(5);
   }
@@ -85,8 +85,8 @@ public:
     title_ = QString::fromStdString(title);
     const int before = closed_;
     const QPoint place = settledArea(colours[0]).center();
-    handle({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
-            QStringLiteral("click"), QString::number(button)});
+    xdotool({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
+             QStringLiteral("click"), QString::number(button)});
     EXPECT_TRUE(eventually([&] { return closed_ > before; })) << "no menu opened";
   }
 

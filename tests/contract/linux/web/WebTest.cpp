@@ -87,7 +87,7 @@ private:
   QSslConfiguration before_;
 };
 
-TEST_F(LinuxWebTest, AListIsFetchedInSilence) {
+TEST_F(LinuxWebTest, AListIsFetchedWithoutAWarning) {
   const Outcome outcome = fetch(server.http("/list"));
   ASSERT_TRUE(outcome.list);
   EXPECT_EQ(*outcome.list->stringFor("word"), "there");
@@ -108,22 +108,22 @@ TEST_F(LinuxWebTest, RedirectionsInACircleEnd) {
   refuses(server.http("/circle"), "redirect");
 }
 
-TEST_F(LinuxWebTest, AServerOfProvenNameIsBelieved) {
+TEST_F(LinuxWebTest, AServerWithAValidCertificateIsTrusted) {
   const Trust trust(server);
   EXPECT_TRUE(fetch(server.https("/list")).list);
 }
 
-TEST_F(LinuxWebTest, AServerThatCannotShowWhoItIsGetsNoQuestion) {
+TEST_F(LinuxWebTest, AServerWithoutAValidCertificateGetsNoRequest) {
   refuses(server.https("/list"), "SSL handshake failed");
   EXPECT_EQ(server.folder.read("requests"), "");
 }
 
-TEST_F(LinuxWebTest, ARedirectionToASaferPlaceIsFollowed) {
+TEST_F(LinuxWebTest, ARedirectionToHttpsIsFollowed) {
   const Trust trust(server);
   EXPECT_TRUE(fetch(server.http("/to/" + server.https("/list"))).list);
 }
 
-TEST_F(LinuxWebTest, ARedirectionToALessSafePlaceIsNot) {
+TEST_F(LinuxWebTest, ARedirectionFromHttpsToHttpIsNotFollowed) {
   const Trust trust(server);
   refuses(server.https("/to/" + server.http("/list")), "redirect");
   EXPECT_THAT(server.folder.read("requests"), EndsWith("/list\n"));
@@ -135,11 +135,11 @@ TEST_F(LinuxWebTest, ARedirectionToAFileIsNotFollowed) {
   refuses(server.http("/to/file://" + server.folder.path("here")), "");
 }
 
-TEST_F(LinuxWebTest, AServerThatNeverAnswersIsLeftInTime) {
+TEST_F(LinuxWebTest, AServerThatNeverAnswersHitsTheTimeout) {
   refuses(server.http("/silent"), "does not come in time");
 }
 
-TEST_F(LinuxWebTest, AServerThatDripsIsLeftInTime) {
+TEST_F(LinuxWebTest, AServerThatSendsByteByByteHitsTheTimeout) {
   refuses(server.http("/dripping"), "does not come in time");
 }
 
@@ -147,7 +147,7 @@ TEST_F(LinuxWebTest, AnAnswerAnnouncedTooLongIsNotRead) {
   refuses(server.http("/announced"), "is too long");
 }
 
-TEST_F(LinuxWebTest, AnAnswerThatGrowsTooLongIsLeftAtOnce) {
+TEST_F(LinuxWebTest, AnAnswerThatBecomesTooLongIsAborted) {
   const Outcome outcome = fetch(server.http("/endless"));
   EXPECT_FALSE(outcome.list);
   EXPECT_THAT(outcome.said, HasSubstr("is too long"));
@@ -168,7 +168,7 @@ TEST_F(LinuxWebTest, APageIsNoList) {
   refuses(server.http("/page"), "");
 }
 
-TEST_F(LinuxWebTest, AListInAPageOfFailureIsNone) {
+TEST_F(LinuxWebTest, AListInAnErrorPageIsIgnored) {
   refuses(server.http("/missing"), "Not Found");
   refuses(server.http("/broken"), "Internal Server Error");
   refuses(server.http("/locked"), "");
@@ -178,7 +178,7 @@ TEST_F(LinuxWebTest, AnEmptyAnswerIsNoList) {
   refuses(server.http("/empty"), "");
 }
 
-TEST_F(LinuxWebTest, AnAnswerThatBreaksOffIsNoList) {
+TEST_F(LinuxWebTest, ATruncatedAnswerIsNoList) {
   refuses(server.http("/cut"), "");
 }
 
@@ -189,14 +189,14 @@ TEST_F(LinuxWebTest, FilesAndJunkAreNoWebAddresses) {
     EXPECT_THAT(fetch(junk).said, HasSubstr("is no web address"));
 }
 
-TEST_F(LinuxWebTest, AServerThatIsNotThereIsToldAtOnce) {
+TEST_F(LinuxWebTest, AServerThatIsNotThereIsReportedAtOnce) {
   const Outcome outcome = fetch("http://localhost:1/list");
   EXPECT_FALSE(outcome.list);
   EXPECT_THAT(outcome.said, HasSubstr("refused"));
   EXPECT_LT(outcome.milliseconds, 1000);
 }
 
-TEST_F(LinuxWebTest, NothingOfTheDesktopHappensMeanwhile) {
+TEST_F(LinuxWebTest, NoEventOfTheCallingThreadRunsMeanwhile) {
   bool happened = false;
   QTimer::singleShot(0, [&happened] { happened = true; });
   EXPECT_TRUE(fetch(server.http("/list")).list);

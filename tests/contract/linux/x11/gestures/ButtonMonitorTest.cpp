@@ -18,13 +18,13 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 void mouse(const char* what, const char* button) {
-  handle({QString::fromLatin1(what), QString::fromLatin1(button)});
+  xdotool({QString::fromLatin1(what), QString::fromLatin1(button)});
 }
 
 class ButtonMonitorTest : public ::testing::Test {
 protected:
   ButtonMonitorTest() {
-    handle({QStringLiteral("mousemove"), QStringLiteral("500"), QStringLiteral("500")});
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("500"), QStringLiteral("500")});
     EXPECT_EQ(monitor.install([this](ButtonChange change) { changes.push_back(change); }), 0);
   }
   [[nodiscard]] bool comes(std::size_t count) {
@@ -41,48 +41,48 @@ TEST_F(ButtonMonitorTest, AClickIsAPressAndARelease) {
   EXPECT_THAT(changes, ElementsAre(ButtonChange::primaryPressed, ButtonChange::primaryReleased));
 }
 
-TEST_F(ButtonMonitorTest, OtherButtonsAndTheWheelAreToldApart) {
+TEST_F(ButtonMonitorTest, OtherButtonsAndTheWheelAreReportedAsOthers) {
   mouse("click", "3");
   mouse("click", "5");
   ASSERT_TRUE(comes(2));
   EXPECT_THAT(changes, ElementsAre(ButtonChange::otherPressed, ButtonChange::otherPressed));
 }
 
-TEST_F(ButtonMonitorTest, MotionsAreToldOfADragOnly) {
-  handle({QStringLiteral("mousemove_relative"), QStringLiteral("20"), QStringLiteral("0")});
+TEST_F(ButtonMonitorTest, MotionIsReportedDuringADragOnly) {
+  xdotool({QStringLiteral("mousemove_relative"), QStringLiteral("20"), QStringLiteral("0")});
   mouse("mousedown", "1");
   ASSERT_TRUE(comes(1));
   EXPECT_THAT(changes, ElementsAre(ButtonChange::primaryPressed));
-  handle({QStringLiteral("mousemove_relative"), QStringLiteral("20"), QStringLiteral("0")});
+  xdotool({QStringLiteral("mousemove_relative"), QStringLiteral("20"), QStringLiteral("0")});
   EXPECT_TRUE(eventually([&] { return changes.back() == ButtonChange::moved; }));
   mouse("mouseup", "1");
   ASSERT_TRUE(eventually([&] { return changes.back() == ButtonChange::primaryReleased; }));
   const auto before = changes.size();
-  handle({QStringLiteral("mousemove_relative"), QStringLiteral("20"), QStringLiteral("0")});
+  xdotool({QStringLiteral("mousemove_relative"), QStringLiteral("20"), QStringLiteral("0")});
   mouse("click", "1");
   ASSERT_TRUE(comes(before + 2));
   EXPECT_EQ(changes[before], ButtonChange::primaryPressed);
 }
 
-TEST_F(ButtonMonitorTest, ButtonsAreToldWhileAMenuHoldsThePointer) {
+TEST_F(ButtonMonitorTest, ButtonsAreReportedWhileAMenuHasGrabbedThePointer) {
   Menu menu{"menu"};
   menu.add({}).title = "Entry";
   LinuxPresenter presenter;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
+  QTimer poll;
+  QObject::connect(&poll, &QTimer::timeout, [&] {
     if (QApplication::activePopupWidget()) {
-      look.stop();
+      poll.stop();
       mouse("click", "1");
     }
   });
-  look.start(5);
+  poll.start(5);
   presenter.popUp(menu, {100, 500}, MenuFont::standard);
   ASSERT_TRUE(comes(2));
   EXPECT_EQ(changes.front(), ButtonChange::primaryPressed);
   EXPECT_EQ(changes.back(), ButtonChange::primaryReleased);
 }
 
-TEST_F(ButtonMonitorTest, AnEmptyHandlerEndsTheWatching) {
+TEST_F(ButtonMonitorTest, AnEmptyHandlerEndsTheReports) {
   EXPECT_EQ(monitor.install({}), 0);
   int later = 0;
   ButtonMonitor other;

@@ -50,24 +50,25 @@ using KeyboardsKeys = EventMonitorWorld<Device::keyboard>;
 /// A keyboard's keys while another program, with its own menu open, has keyboard and pointer.
 struct KeysUnderAGrab : KeyboardsKeys {
   FakeInput other;
-  KeysUnderAGrab() { EXPECT_TRUE(other.holdKeyboardAndPointer()); }
+  KeysUnderAGrab() { EXPECT_TRUE(other.grabKeyboardAndPointer()); }
 };
 
 using EventMonitorWorlds = ::testing::Types<ProgramsKeys, KeyboardsKeys, KeysUnderAGrab>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, EventMonitorContract, EventMonitorWorlds);
 
-/// Counts the calls, and tells of each what `look` sees.
+/// Counts the calls of the handler, and runs `inHandler` in each.
 template <class World> class MonitorTest : public ::testing::Test {
 protected:
   MonitorTest() {
     EXPECT_EQ(world.adapter.installModifierHandler([this] {
-      if (look)
-        look();
+      if (inHandler)
+        inHandler();
       ++calls;
     }),
               0);
   }
-  /// All that has happened has been told: Super is the last.
+  /// The calls for all that has happened so far: a tap of Super, sent last, shows that they have
+  /// come.
   int callsUpToNow() {
     world.input.tap(serverKey::super);
     int last = -1;
@@ -80,18 +81,18 @@ protected:
   }
 
   World world;
-  std::function<void()> look;
+  std::function<void()> inHandler;
   int calls = 0;
 };
 
 using LinuxEventMonitorOnKeyboard = MonitorTest<KeyboardsKeys>;
 
-TEST_F(LinuxEventMonitorOnKeyboard, KeysThatAreNoModifiersAreNotTold) {
+TEST_F(LinuxEventMonitorOnKeyboard, KeysThatAreNoModifiersAreNotReported) {
   world.input.tap(serverKey::a);
   EXPECT_EQ(callsUpToNow(), 0);
 }
 
-TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatGoesUpTwiceIsToldOnce) {
+TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatGoesUpTwiceIsReportedOnce) {
   world.input.down(serverKey::control);
   FakeInput program;
   program.up(serverKey::control);
@@ -99,7 +100,7 @@ TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatGoesUpTwiceIsToldOnce) {
   EXPECT_EQ(callsUpToNow(), 2);
 }
 
-TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatBecomesAModifierIsOne) {
+TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatTheLayoutMakesAModifierIsReported) {
   const auto restore = qScopeGuard([] {
     handleLayout({QStringLiteral("us"), QStringLiteral("-option"), {}});
   });
@@ -112,7 +113,7 @@ TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatBecomesAModifierIsOne) {
   }));
 }
 
-TEST_F(LinuxEventMonitorOnKeyboard, WhatWeTypeOurselvesIsNotTold) {
+TEST_F(LinuxEventMonitorOnKeyboard, OwnKeystrokesAreNotReported) {
   FakeInput program;
   world.own.begin();
   program.down(serverKey::control);
@@ -122,7 +123,8 @@ TEST_F(LinuxEventMonitorOnKeyboard, WhatWeTypeOurselvesIsNotTold) {
   EXPECT_EQ(callsUpToNow(), 0);
 }
 
-TEST_F(LinuxEventMonitorOnKeyboard, WhatAPersonTypesMeanwhileAndAProgramBeforeAndAfterIs) {
+TEST_F(LinuxEventMonitorOnKeyboard,
+       KeysOfTheUserDuringOwnKeystrokesAndOfProgramsAroundThemAreReported) {
   FakeInput program;
   program.tap(serverKey::control);
   world.own.begin();
@@ -133,7 +135,7 @@ TEST_F(LinuxEventMonitorOnKeyboard, WhatAPersonTypesMeanwhileAndAProgramBeforeAn
   EXPECT_EQ(callsUpToNow(), 6);
 }
 
-TEST_F(LinuxEventMonitorOnKeyboard, OwnKeystrokesWithinOwnKeystrokesAreOwn) {
+TEST_F(LinuxEventMonitorOnKeyboard, NestedOwnKeystrokesAreNotReported) {
   FakeInput program;
   world.own.begin();
   world.own.begin();
@@ -149,7 +151,7 @@ protected:
   /// Whether the snapshots of the handler of the next press show a key besides Command.
   bool showsAnotherKey(const std::function<void()>& meanwhile) {
     std::optional<bool> another;
-    look = [&] {
+    inHandler = [&] {
       if (another)
         return;
       meanwhile();
@@ -159,7 +161,7 @@ protected:
     };
     world.input.down(serverKey::control);
     EXPECT_TRUE(eventually([&] { return another.has_value(); }));
-    look = {};
+    inHandler = {};
     world.input.up(serverKey::control);
     EXPECT_TRUE(eventually([&] { return calls >= 2; }));
     EXPECT_FALSE(world.keys.keyMap().any()) << "only as long as its handler runs";
@@ -191,12 +193,12 @@ TEST_F(ModifierTap, AKeyTooShortForASnapshotIsAnotherKey) {
   EXPECT_TRUE(showsAnotherKey([this] { world.input.tap(serverKey::s); }));
 }
 
-TEST_F(ModifierTap, CapsLockIsNone) {
+TEST_F(ModifierTap, CapsLockIsNotAnotherKey) {
   EXPECT_FALSE(showsAnotherKey([this] { world.input.tap(serverKey::capsLock); }));
   world.input.tap(serverKey::capsLock);
 }
 
-TEST_F(ModifierTap, AClickAfterItsReleaseIsNone) {
+TEST_F(ModifierTap, AClickAfterItsReleaseIsNotAnotherKey) {
   EXPECT_FALSE(showsAnotherKey([this] {
     releaseCommand();
     world.input.click(leftButton);
@@ -211,7 +213,7 @@ TEST_F(ModifierTap, AMouseButtonThatWasDownBeforeIsAnotherKey) {
   EXPECT_FALSE(showsAnotherKey([] {}));
 }
 
-TEST_F(ModifierTap, OurOwnKeystrokesAreNone) {
+TEST_F(ModifierTap, OwnKeystrokesAreNotAnotherKey) {
   FakeInput program;
   EXPECT_FALSE(showsAnotherKey([&] {
     world.own.begin();
@@ -233,7 +235,7 @@ TEST(LinuxEventMonitor, WithoutADisplayInstallingFailsAndOneLineSaysSo) {
   EXPECT_EQ(monitor.installModifierHandler([] {}), 0) << "the next attempt may work";
 }
 
-TEST(LinuxEventMonitor, WhenTheServerGoesNothingMoreIsToldAndOneLineSaysSo) {
+TEST(LinuxEventMonitor, WhenTheServerEndsNothingMoreIsReportedAndOneLineSaysSo) {
   QProcess server;
   server.start("Xvfb", {"-displayfd", "1", "-nolisten", "tcp"});
   ASSERT_TRUE(server.waitForReadyRead(20000));

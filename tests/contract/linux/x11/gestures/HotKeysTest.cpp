@@ -62,7 +62,7 @@ public:
   void settle() {
     const int before = lastCame_;
     press(keyF12, allModifiers);
-    EXPECT_TRUE(eventually([&] { return lastCame_ > before; })) << "the last key is not told";
+    EXPECT_TRUE(eventually([&] { return lastCame_ > before; })) << "the last key is not reported";
   }
   void takeForAnotherProgram(std::uint32_t keyCode, std::uint32_t modifiers) {
     ASSERT_EQ(modifiers, eventModifier::command);
@@ -187,7 +187,7 @@ TEST_F(LinuxHotKey, AltIsWhateverBitAltHas) {
   EXPECT_EQ(events.events.size(), 1U);
 }
 
-TEST_F(LinuxHotKey, ARefusalIsOneLineInWordsAndLeavesNothingTaken) {
+TEST_F(LinuxHotKey, ARefusalIsOneLineAndLeavesNothingGrabbed) {
   ASSERT_TRUE(world.other.grabKey(serverKey::one,
                                   XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | XCB_MOD_MASK_LOCK));
   ::testing::internal::CaptureStderr();
@@ -210,7 +210,7 @@ TEST_F(LinuxHotKey, TheSameCombinationTwiceIsTaken) {
   EXPECT_THAT(references(), ::testing::ElementsAre(first));
 }
 
-TEST_F(LinuxHotKey, AKeyThatThisKeyboardLacksIsRefusedInWords) {
+TEST_F(LinuxHotKey, AKeyThatThisKeyboardLacksIsRefusedByName) {
   ::testing::internal::CaptureStderr();
   EXPECT_EQ(add(127, allModifiers).status, hotKeyStatus::taken);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
@@ -221,14 +221,14 @@ TEST_F(LinuxHotKey, AKeyThatThisKeyboardLacksIsRefusedInWords) {
             "tavrel.hotkeys: Ctrl+key 65535: this keyboard has no such key\n");
 }
 
-TEST_F(LinuxHotKey, UnregisteringLetsGoOfTheKeyAtOnce) {
+TEST_F(LinuxHotKey, UnregisteringReleasesTheKeyAtOnce) {
   const auto key = add(keyOne, eventModifier::command);
   EXPECT_FALSE(isFreeForOthers(serverKey::one, XCB_MOD_MASK_CONTROL));
   EXPECT_EQ(hotKeys.unregisterHotKey(key.reference), hotKeyStatus::registered);
   EXPECT_TRUE(isFreeForOthers(serverKey::one, XCB_MOD_MASK_CONTROL));
 }
 
-TEST_F(LinuxHotKey, IsTheKeyOfItsPlaceInEveryLayout) {
+TEST_F(LinuxHotKey, IsTheKeyInItsPlaceInEveryLayout) {
   const auto restore = qScopeGuard([] { execute("setxkbmap", {"us"}); });
   EXPECT_EQ(add(keyA, eventModifier::command).status, hotKeyStatus::registered);
   for (const char* layout : {"de", "us -variant dvorak", "ru", "us,ru -option grp:toggle"}) {
@@ -294,16 +294,16 @@ TEST_F(LinuxHotKey, HeldForLongItIsReleasedOnce) {
   EXPECT_THAT(references(), ::testing::ElementsAre(key));
 }
 
-TEST_F(LinuxHotKey, RepeatsThatStillWaitWhenItGoesUpDoNotCount) {
+TEST_F(LinuxHotKey, RepeatsQueuedWhenItGoesUpDoNotCount) {
   const QuickRepeats repeats;
   const auto key = add(keyOne, eventModifier::command).reference;
   world.down(keyOne, eventModifier::command);
-  world.keyboard.holdAndRelease(serverKey::one, 200); // nobody looks at the events that gather
+  world.keyboard.holdAndRelease(serverKey::one, 200); // no event is read meanwhile
   world.up(keyOne, eventModifier::command);
   EXPECT_THAT(references(), ::testing::ElementsAre(key));
 }
 
-TEST_F(LinuxHotKey, PressedTwiceBeforeAnyoneLooksItCountsTwice) {
+TEST_F(LinuxHotKey, PressedTwiceBeforeEventsAreReadItCountsTwice) {
   const auto key = add(keyOne, eventModifier::command).reference;
   world.press(keyOne, eventModifier::command);
   world.press(keyOne, eventModifier::command);
@@ -353,7 +353,7 @@ TEST_F(LinuxHotKey, AReleaseThatAnotherProgramGetsIsFoundAllTheSame) {
     menu.popup({100, 100});
     EXPECT_TRUE(eventually([&] { return menu.windowHandle()->isExposed(); }));
   }
-  EXPECT_TRUE(eventually([&] { return world.other.holdKeyboardAndPointer(); }));
+  EXPECT_TRUE(eventually([&] { return world.other.grabKeyboardAndPointer(); }));
   world.up(keyOne, eventModifier::command);
   EXPECT_TRUE(eventually([&] { return told.events.size() == 1; }));
   EXPECT_EQ(told.events[0].data1, key);

@@ -21,7 +21,7 @@ void run(const std::string& command) {
   ASSERT_EQ(std::system(command.c_str()), 0) << command;
 }
 
-// What a person's group switch does; key events of xdotool put the group back.
+// What a user's group switch does; key events of xdotool put the group back.
 void lockGroup(std::uint8_t group) {
   xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
   std::free(
@@ -155,7 +155,7 @@ TEST(LinuxKeyboard, OtherDvoraksAreNotDvorak) {
 }
 
 // The server ends while the keyboard is open.
-TEST(LinuxKeyboard, WhenTheServerGoesNothingIsKnownAndOneLineSaysSo) {
+TEST(LinuxKeyboard, WhenTheServerEndsNothingIsKnownAndOneLineSaysSo) {
   QProcess server;
   server.start("Xvfb", {"-displayfd", "1", "-nolisten", "tcp"});
   ASSERT_TRUE(server.waitForReadyRead(20000));

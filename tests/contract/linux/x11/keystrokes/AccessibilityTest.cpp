@@ -39,7 +39,7 @@ struct LinuxAccessibilityWorld {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, AccessibilityContract, LinuxAccessibilityWorld);
 
-// The pointer tells where on the screen a place in a window is.
+// Moves the pointer to a place in the window, to get that place on the screen.
 Point placeInTheOnlyWindow(LinuxAccessibilityWorld& world, int x, int y) {
   WindowId only = 0; // asked once: the window of the test before may be on its way out
   EXPECT_TRUE(eventually([&] {
@@ -47,8 +47,8 @@ Point placeInTheOnlyWindow(LinuxAccessibilityWorld& world, int x, int y) {
     only = all.empty() ? 0 : all.back();
     return only != 0;
   }));
-  handle({QStringLiteral("mousemove"), QStringLiteral("--window"), QString::number(only),
-          QString::number(x), QString::number(y)});
+  xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), QString::number(only),
+           QString::number(x), QString::number(y)});
   const QPoint pointer = QCursor::pos();
   const int bottom = QGuiApplication::primaryScreen()->geometry().bottom();
   return {static_cast<double>(pointer.x()), static_cast<double>(bottom - pointer.y())};
@@ -61,7 +61,7 @@ TEST(LinuxAccessibility, WhatLiesInAPanelIsADockItem) {
   EXPECT_TRUE(eventually([&] { return world.roleAt(inside) == PropertyList("AXDockItem"); }));
 }
 
-TEST(LinuxAccessibility, WhileTheAccessibilityBusIsOffNothingWaits) {
+TEST(LinuxAccessibility, WhileTheAccessibilityBusIsOffNothingBlocks) {
   LinuxAccessibilityWorld world;
   const Program other(QStringLiteral(TAVREL_WINDOW_APPLICATION), {QStringLiteral("ordinary")});
   const Point inside = placeInTheOnlyWindow(world, 100, 50);
@@ -71,7 +71,7 @@ TEST(LinuxAccessibility, WhileTheAccessibilityBusIsOffNothingWaits) {
   EXPECT_LT(clock.elapsed(), 100);
 }
 
-/// A socket where somebody listens, or only seems to.
+/// A socket that accepts connections; without an answer nothing is ever sent.
 class FakeBus {
 public:
   explicit FakeBus(std::string answer)
@@ -106,7 +106,7 @@ private:
   std::thread thread_;
 };
 
-TEST(LinuxAccessibility, ABusThatDoesNotAnswerIsNotWaitedFor) {
+TEST(LinuxAccessibility, ABusThatDoesNotAnswerHitsTheTimeout) {
   const FakeBus silent("");
   QElapsedTimer clock;
   clock.start();
@@ -116,7 +116,7 @@ TEST(LinuxAccessibility, ABusThatDoesNotAnswerIsNotWaitedFor) {
   EXPECT_FALSE(busAnswers(QStringLiteral("nonsense"), QDeadlineTimer(100)));
 }
 
-TEST(LinuxAccessibility, ABusThatKnowsUsAnswers) {
+TEST(LinuxAccessibility, ABusThatAuthenticatesUsAnswers) {
   const FakeBus welcoming("OK 0123456789abcdef\r\n");
   EXPECT_TRUE(busAnswers(welcoming.address(), QDeadlineTimer(5000)));
   const FakeBus refusing("REJECTED EXTERNAL\r\n");
@@ -136,12 +136,12 @@ protected:
   }
   /// At a point of the screen, with this window on top.
   [[nodiscard]] bool comesToBe(const char* role, WindowId onTop, Point where) {
-    handle({QStringLiteral("windowraise"), QString::number(onTop)});
+    xdotool({QStringLiteral("windowraise"), QString::number(onTop)});
     return eventually([&] { return world.roleAt(where) == PropertyList(role); });
   }
   void move(WindowId window, int x, int y) {
-    handle({QStringLiteral("windowmove"), QStringLiteral("--sync"), QString::number(window),
-            QString::number(x), QString::number(y)});
+    xdotool({QStringLiteral("windowmove"), QStringLiteral("--sync"), QString::number(window),
+             QString::number(x), QString::number(y)});
   }
 
   const Program launcher{QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
@@ -149,10 +149,10 @@ protected:
   LinuxAccessibilityWorld world;
 };
 
-TEST_F(OnTheAccessibilityBus, AnEditorsMenusAreToldFromItsText) {
+TEST_F(OnTheAccessibilityBus, AnEditorsMenuBarAndTextHaveDifferentRoles) {
   const Program editor(QStringLiteral("mousepad"));
   EXPECT_TRUE(comesToBe("AXMenuBarItem", 20, 10));
-  // The toolkit's pages do not tell what lies in them.
+  // GTK 3 does not expose what is in the page of a notebook.
   EXPECT_TRUE(comesToBe("AXTabGroup", 200, 200));
 }
 

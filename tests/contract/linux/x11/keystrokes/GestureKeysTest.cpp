@@ -35,7 +35,7 @@ using namespace std::chrono_literals;
 constexpr std::uint32_t placeOfOne = 18;
 constexpr std::uint8_t keyX = 53, keyDown = 116, keyReturn = 36;
 
-/// Types on a keyboard of wire and keys, whatever the program does meanwhile.
+/// Types on a physical keyboard, on a thread of its own.
 class Typist {
 public:
   explicit Typist(std::function<void(FakeInput&)> what)
@@ -62,7 +62,7 @@ void pressHotKey(FakeInput& keyboard) {
   keyboard.up(serverKey::control);
 }
 
-// As a person does: it takes a while from one to the other.
+// With pauses, as a user does.
 void tapTwice(FakeInput& keyboard) {
   keyboard.down(serverKey::control);
   keyboard.holdAndRelease(serverKey::control, 50);
@@ -94,7 +94,7 @@ protected:
               hotKeyStatus::registered);
   }
   void SetUp() override {
-    handle({QStringLiteral("mousemove"), QStringLiteral("5"), QStringLiteral("5")});
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("5"), QStringLiteral("5")});
     ASSERT_TRUE(eventually([&] { return window.hasFocus(); }));
     window.forgetKeys();
     closer.callOnTimeout([] {
@@ -136,8 +136,9 @@ protected:
   DesktopWindows windows;
   OwnKeystrokes own;
   LinuxAccessibility accessibility{registry, windows, own};
-  GestureKeyBuffer hold{[this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
-  LinuxHotKeys hotKeys{&hold};
+  GestureKeyBuffer keyBuffer{
+      [this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
+  LinuxHotKeys hotKeys{&keyBuffer};
   LinuxPresenter presenter;
   std::unique_ptr<KeystrokeServer> server = KeystrokeServer::create();
   MenuDiary diary;
@@ -179,7 +180,7 @@ TEST_F(GestureKeys, WhatIsTypedWhileCopiesArePostedGoesToTheMenu) {
       pressHotKey(keyboard);
       for (const std::uint8_t key : {keyDown, keyDown, keyDown, keyDown, keyDown, keyReturn}) {
         keyboard.down(key);
-        keyboard.holdAndRelease(key, 8); // nobody is quicker
+        keyboard.holdAndRelease(key, 8); // no user is quicker
       }
     });
     ASSERT_THAT(diary.lines, Contains("chosen Beta")) << round;
@@ -268,7 +269,7 @@ TEST_F(GestureKeys, TheHotKeyWorksAgainDirectlyAfter) {
   EXPECT_EQ(window.keys(serverKey::one), 0);
 }
 
-/// Decides about taps as the core does: by looking at the keyboard until the key goes up.
+/// Decides about taps as the core does: it polls the keyboard until the key goes up.
 class DoubleTapKeys : public GestureKeys {
 protected:
   DoubleTapKeys() {
@@ -287,7 +288,7 @@ protected:
       act();
   }
 
-  LinuxEventMonitor monitor{own, &hold};
+  LinuxEventMonitor monitor{own, &keyBuffer};
   LinuxKeyboard keyboard{[this] { return monitor.tapIsInterrupted(); }};
   int taps = 0;
 };

@@ -116,7 +116,7 @@ TEST(KeyChord, AModifierThatALayoutPutsElsewhereIsFoundThere) {
                      ctrlIsSuper);
 }
 
-TEST(KeyChord, WhatIsLeftDownGoesUp) {
+TEST(KeyChord, KeysThatAreLeftDownGoUp) {
   const XkbKeymap us = layoutNamed("us");
   const KeyChord chord = keyChord({{'c', 8, KeyDirection::down}}, {*us}, KeyReceiver::application);
   const std::vector<ServerKey> expected{{c, KeyDirection::down}, {c, KeyDirection::up}};

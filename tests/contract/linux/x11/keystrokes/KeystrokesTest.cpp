@@ -119,8 +119,8 @@ TEST_F(Keystrokes, ACopyArrivesFromTheSecondOfTwoLayoutsWhichStays) {
 }
 
 TEST_F(Keystrokes, ATerminalGetsACopyWithShift) {
-  handle({QStringLiteral("set_window"), QStringLiteral("--class"), QStringLiteral("Lxterminal"),
-          QString::number(recorder.winId())});
+  xdotool({QStringLiteral("set_window"), QStringLiteral("--class"), QStringLiteral("Lxterminal"),
+           QString::number(recorder.winId())});
   ASSERT_TRUE(eventually([&] {
     const auto front = world.windows.facts(world.windows.activeWindow());
     return front && front->windowClass == "Lxterminal";
@@ -130,7 +130,7 @@ TEST_F(Keystrokes, ATerminalGetsACopyWithShift) {
   EXPECT_TRUE(serverIsLikeTheKeyboard());
 }
 
-TEST_F(Keystrokes, WhatAPersonHoldsDoesNotMixInAndIsHeldAfterwards) {
+TEST_F(Keystrokes, ModifiersThatTheUserHoldsDoNotMixInAndAreHeldAfterwards) {
   FakeInput keyboard(Device::keyboard);
   keyboard.down(serverKey::control);
   keyboard.down(serverKey::alt);
@@ -146,7 +146,7 @@ TEST_F(Keystrokes, WhatAPersonHoldsDoesNotMixInAndIsHeldAfterwards) {
   EXPECT_TRUE(eventually([&] { return server->down().none(); }));
 }
 
-TEST_F(Keystrokes, WhatAProgramHeldDoesNotStayDown) {
+TEST_F(Keystrokes, ModifiersThatAProgramPressedDoNotStayDown) {
   FakeInput program;
   program.down(serverKey::control);
   program.down(serverKey::alt);
@@ -178,7 +178,7 @@ TEST_P(KeystrokesInTerminals, NothingThatRunsInAnXtermIsInterrupted) {
   world.copy();
   // Again and again: the window manager names a window active a moment before it has the keys.
   EXPECT_TRUE(eventually([&] {
-    handle({QStringLiteral("key"), QStringLiteral("a"), QStringLiteral("Return")});
+    xdotool({QStringLiteral("key"), QStringLiteral("a"), QStringLiteral("Return")});
     return std::filesystem::exists(base + "/line");
   }));
   EXPECT_FALSE(std::filesystem::exists(base + "/hit"));

@@ -21,7 +21,7 @@ inline MenuPopup* openLevel() {
 }
 
 inline void press(const char* key) {
-  handle({QStringLiteral("key"), QString::fromLatin1(key)});
+  xdotool({QStringLiteral("key"), QString::fromLatin1(key)});
 }
 
 /// The title of the row with the highlight; empty when there is none.
@@ -35,16 +35,16 @@ inline QPoint centerOf(const MenuPopup& level, std::size_t row) {
 }
 
 inline void movePointerTo(QPoint place) {
-  handle({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+  xdotool({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
 }
 
 inline void click(QPoint place) {
   movePointerTo(place);
-  handle({QStringLiteral("mousemove_relative"), QStringLiteral("1"), QStringLiteral("1"),
-          QStringLiteral("click"), QStringLiteral("1")});
+  xdotool({QStringLiteral("mousemove_relative"), QStringLiteral("1"), QStringLiteral("1"),
+           QStringLiteral("click"), QStringLiteral("1")});
 }
 
-/// A person at a real keyboard.
+/// A user at a real keyboard.
 class LinuxHands final : public MenuHands {
 public:
   std::vector<std::string> rows() override {
@@ -98,7 +98,7 @@ private:
   }
 
   static void setOption(const char* what, bool down) {
-    handle({QString::fromLatin1(what), QStringLiteral("alt")});
+    xdotool({QString::fromLatin1(what), QStringLiteral("alt")});
     const auto held = [] { return QGuiApplication::queryKeyboardModifiers() & Qt::AltModifier; };
     EXPECT_TRUE(eventually([&] { return static_cast<bool>(held()) == down; }));
     QCoreApplication::processEvents();
@@ -115,17 +115,17 @@ public:
   }
 
   LinuxPresenter& presenter() { return presenter_; }
-  void holdOption() { handle({QStringLiteral("keydown"), QStringLiteral("alt")}); }
-  void releaseOption() { handle({QStringLiteral("keyup"), QStringLiteral("alt")}); }
+  void holdOption() { xdotool({QStringLiteral("keydown"), QStringLiteral("alt")}); }
+  void releaseOption() { xdotool({QStringLiteral("keyup"), QStringLiteral("alt")}); }
   void movePointer(Point to) {
     const int bottom = QGuiApplication::primaryScreen()->geometry().bottom();
-    handle({QStringLiteral("mousemove"), QString::number(to.x), QString::number(bottom - to.y)});
+    xdotool({QStringLiteral("mousemove"), QString::number(to.x), QString::number(bottom - to.y)});
   }
 
   std::function<void(MenuHands&)> person = [](MenuHands&) {};
 
 private:
-  /// Once for each menu that opens; a menu that the person leaves open is closed.
+  /// Once for each menu that opens; a menu that the user leaves open is closed.
   void act() {
     if (!openLevel() || acting_)
       return;
