@@ -2,8 +2,8 @@
 
 namespace tavrel {
 
-/// Lets assistive programs find an open menu below the application. The toolkit counts windows as
-/// the application's children and leaves menus out, which usually hang on a window; ours have none.
+/// Makes open menus children of the application for assistive programs. Qt 6 lists windows only,
+/// because a menu usually belongs to a window and is found there; ours belong to none.
 void installAccessibleApplication();
 
 } // namespace tavrel

@@ -10,7 +10,7 @@
 namespace tavrel {
 
 namespace {
-/// Screen readers get titles whole, however wide.
+/// Titles are shortened on the screen; screen readers get all of them.
 QString spokenTitle(const MenuItem& item, const QFontMetrics& metrics) {
   return entryTitle(item, metrics, std::numeric_limits<int>::max()).trimmed();
 }

@@ -7,7 +7,8 @@
 
 namespace tavrel {
 
-/// A row of an open level as screen readers see it: whatever the row shows at the time.
+/// A row of an open level for screen readers. It reads the row's entry each time, because Option
+/// may show another one there.
 class AccessibleEntry final : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
   AccessibleEntry(MenuPopup& level, std::size_t row);

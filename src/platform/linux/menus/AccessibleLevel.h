@@ -8,11 +8,12 @@ namespace tavrel {
 
 class MenuPopup;
 
-/// From now on screen readers find each row of our menus, seen or not, and what choosing it does.
-/// Once is enough.
+/// From now on screen readers get an AccessibleLevel for each level of our menus. Further calls do
+/// nothing.
 void ensureAccessibleLevels();
 
-/// A level as screen readers see it. Its rows become objects when they are asked for.
+/// A level for screen readers, with all its rows, on the screen or not. The objects of rows are
+/// made when they are first requested.
 class AccessibleLevel final : public QAccessibleWidget {
 public:
   explicit AccessibleLevel(MenuPopup& level);

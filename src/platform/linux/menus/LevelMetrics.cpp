@@ -10,15 +10,15 @@
 namespace tavrel {
 
 namespace {
-constexpr int widestTitle = 64; ///< in average characters
+constexpr int widestTitleInChars = 64; ///< in average characters
 
-/// A menu that never shows: the toolkit measures its entries.
+/// A hidden menu, for the toolkit to measure entries in.
 class MeasuringMenu final : public QMenu {
 public:
-  explicit MeasuringMenu(const QWidget& like) {
-    setStyle(like.style());
-    setFont(like.font());
-    setProperty(markWidthProperty, like.property(markWidthProperty));
+  explicit MeasuringMenu(const QWidget& sample) {
+    setStyle(sample.style());
+    setFont(sample.font());
+    setProperty(markWidthProperty, sample.property(markWidthProperty));
     setSeparatorsCollapsible(false);
   }
 
@@ -49,9 +49,9 @@ private:
 };
 } // namespace
 
-LevelMetrics measureLevel(const LevelRows& rows, const QWidget& like) {
-  return MeasuringMenu(like).measure(decisiveItems(rows.everyItem(), like.fontMetrics()),
-                                     rows.columns());
+LevelMetrics measureLevel(const LevelRows& rows, const QWidget& sample) {
+  return MeasuringMenu(sample).measure(decisiveItems(rows.everyItem(), sample.fontMetrics()),
+                                       rows.columns());
 }
 
 std::vector<int> rowTops(const LevelRows& rows, const LevelMetrics& metrics) {
@@ -66,7 +66,7 @@ void showEntry(QAction& action, const MenuItem& item, MarkColumns columns,
                const QFontMetrics& metrics, QMenu* submenu) {
   const bool ticked = item.state == MenuItemState::on;
   action.setSeparator(item.isSeparator);
-  action.setText(actionText(item, metrics, widestTitle * metrics.averageCharWidth()));
+  action.setText(actionText(item, metrics, widestTitleInChars * metrics.averageCharWidth()));
   action.setIcon(markIcon(columns, ticked ? Tick::present : Tick::absent, item.image));
   action.setCheckable(ticked);
   action.setChecked(ticked);

@@ -12,19 +12,19 @@ class QWidget;
 
 namespace tavrel {
 
-/// How a long level is laid out, as the toolkit would do it with every row in hand. In pixels.
+/// The layout of a long level in pixels, as the toolkit would make it if it had all the rows.
 struct LevelMetrics {
   int width = 0;
   int left = 0;  ///< where rows begin
   int top = 0;   ///< where the first row begins
-  int frame = 0; ///< what the level is higher than its rows
-  int arrow = 0; ///< the height of the arrows that tell of more rows
+  int frame = 0; ///< the height of the level without its rows
+  int arrow = 0; ///< the height of the arrows shown where there are more rows
   int shortcutWidth = 0;
   std::array<int, 3> heights{}; ///< by RowKind
 };
 
-/// `like` has the style, the font and the mark columns of the level.
-[[nodiscard]] LevelMetrics measureLevel(const LevelRows& rows, const QWidget& like);
+/// `sample` is a widget with the style, the font and the mark columns of the level.
+[[nodiscard]] LevelMetrics measureLevel(const LevelRows& rows, const QWidget& sample);
 
 /// The top of each row, and the bottom of the last one.
 [[nodiscard]] std::vector<int> rowTops(const LevelRows& rows, const LevelMetrics& metrics);

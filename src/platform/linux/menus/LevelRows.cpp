@@ -46,7 +46,8 @@ LevelRows::Places LevelRows::shownPlaces(const Menu& menu, OptionKey option) con
   return shown;
 }
 
-std::vector<std::shared_ptr<MenuItem>> LevelRows::part(std::size_t first, std::size_t count) const {
+std::vector<std::shared_ptr<MenuItem>> LevelRows::slice(std::size_t first,
+                                                        std::size_t count) const {
   std::vector<std::shared_ptr<MenuItem>> items;
   for (std::size_t row = first; row < std::min(first + count, size()); ++row)
     items.push_back(at(row));

@@ -13,9 +13,9 @@ namespace tavrel {
 /// Whether choosing an entry does something.
 [[nodiscard]] bool canBeChosen(const MenuItem& item);
 
-/// The rows of one level as they were when it opened, for both states of the Option key, and one
-/// blank row where there are none, so that an empty menu can be seen. Costs a few bytes a row
-/// besides the entry itself.
+/// The rows of one level as it opened, for both states of the Option key. A level without any has
+/// one blank row, so that an empty menu can be seen. Needs a few bytes for each row besides the
+/// entry.
 class LevelRows {
 public:
   LevelRows() = default;
@@ -27,16 +27,17 @@ public:
   [[nodiscard]] const std::shared_ptr<MenuItem>& at(std::size_t row) const {
     return items_[places()[row]];
   }
-  [[nodiscard]] std::vector<std::shared_ptr<MenuItem>> part(std::size_t first,
-                                                            std::size_t count) const;
-  /// Whether a row is more than a line or a heading.
+  [[nodiscard]] std::vector<std::shared_ptr<MenuItem>> slice(std::size_t first,
+                                                             std::size_t count) const;
+  /// Whether a row can be opened or chosen, as separators and headings cannot.
   [[nodiscard]] bool canBeUsed(std::size_t row) const;
 
-  /// Those that any row needs, the same for both states, so that nothing moves as Option goes down.
+  /// The mark columns that any row needs; the same for both states, so that nothing moves when
+  /// Option goes down.
   [[nodiscard]] MarkColumns columns() const { return columns_; }
-  /// Whether Option changes anything.
+  /// Whether the two states show different rows.
   [[nodiscard]] bool hasAlternates() const { return up_ != down_; }
-  /// Every entry that shows in either state, once or twice.
+  /// Every entry that shows in either state; some appear twice.
   [[nodiscard]] std::vector<const MenuItem*> everyItem() const;
 
 private:

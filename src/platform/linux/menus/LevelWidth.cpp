@@ -10,15 +10,16 @@
 namespace tavrel {
 
 namespace {
-constexpr std::size_t measured = 12; ///< titles; estimates err by what kerning does
+constexpr std::size_t candidateCount = 12; ///< several, because the estimate ignores kerning
 
-/// Adds up advances, byte by byte of UTF-8: near enough to tell which titles may be the widest.
+/// Estimates the width of titles by adding up a width for each byte of UTF-8: good enough to choose
+/// the titles that may be the widest.
 class WidthEstimate {
 public:
   explicit WidthEstimate(const QFontMetrics& metrics) : level_(metrics.height()) {
     for (std::size_t byte = 0; byte < advances_.size(); ++byte)
       advances_[byte] = byte < 0x80   ? metrics.horizontalAdvance(QChar(static_cast<ushort>(byte)))
-                        : byte < 0xC0 ? 0 // the rest of a character
+                        : byte < 0xC0 ? 0 // a further byte of a character
                         : byte < 0xE0 ? metrics.averageCharWidth()
                                       : metrics.height();
   }
@@ -41,7 +42,7 @@ struct Estimated {
 };
 
 void keepWidest(std::vector<Estimated>& items) {
-  const std::size_t kept = std::min(measured, items.size());
+  const std::size_t kept = std::min(candidateCount, items.size());
   std::partial_sort(items.begin(), items.begin() + static_cast<std::ptrdiff_t>(kept), items.end(),
                     [](const auto& a, const auto& b) { return a.width > b.width; });
   items.resize(kept);

@@ -8,12 +8,13 @@ class QFontMetrics;
 
 namespace tavrel {
 
-/// What the height of a row goes by.
+/// The kinds of rows that differ in height: separators, entries without and with an image or tick.
 enum class RowKind { line, plain, marked };
 [[nodiscard]] RowKind rowKind(const MenuItem& item);
 
-/// Those of many entries that decide how wide and how high the rows are: the ones that seem widest,
-/// title and key equivalent apart, and one of each kind. Only these need to be measured exactly.
+/// The entries to measure instead of all: those with the widest titles and the widest key
+/// equivalents by an estimate, and one of each kind. They decide how wide the level and how high
+/// its rows are.
 [[nodiscard]] std::vector<const MenuItem*> decisiveItems(const std::vector<const MenuItem*>& items,
                                                          const QFontMetrics& metrics);
 

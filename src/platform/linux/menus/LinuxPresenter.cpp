@@ -15,7 +15,8 @@
 namespace tavrel {
 
 namespace {
-/// The lowest row of pixels of the main screen is 0 for the ports and this for the toolkit.
+/// The ports count y upwards from the lowest row of the main screen; the toolkit has this number
+/// for it.
 int bottomRow() {
   return QGuiApplication::primaryScreen()->geometry().bottom();
 }
@@ -60,7 +61,7 @@ void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font)
   MenuSession session(menu, font, localize_, longestPlain_);
   session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
   GestureKeyBuffer::finishTakingBack();
-  open_ = false; // a chosen entry may be at work for long: the menu can open again meanwhile
+  open_ = false; // carrying out the entry may take long, and the menu can open again meanwhile
   session.finish(target_);
   closed_();
 }

@@ -10,9 +10,10 @@
 
 namespace tavrel {
 
+/// Shows menus, one at a time (MenuSession), at a point or beside an anchor on the screen.
 class LinuxPresenter final : public Presenter {
 public:
-  /// Longer levels show through a window on their rows.
+  /// Levels with more rows than `longestPlain` give the toolkit only the visible ones (MenuPopup).
   explicit LinuxPresenter(std::size_t longestPlain = longestPlainLevel)
       : longestPlain_(longestPlain) {}
 
@@ -21,7 +22,7 @@ public:
   /// Called when a menu has closed and what was chosen in it is done.
   void setClosedHandler(std::function<void()> closed) { closed_ = std::move(closed); }
 
-  /// What screen readers say of entries is English until then.
+  /// Without it the descriptions of entries for screen readers are in English.
   void setLocalize(Localize localize) { localize_ = std::move(localize); }
 
   void popUp(Menu& menu, Point where, MenuFont font) override;

@@ -12,29 +12,29 @@
 namespace tavrel {
 
 namespace {
-constexpr qsizetype longestShaped = 500; ///< characters; laying out more than can show is waste
+constexpr qsizetype shapingLimit = 500; ///< characters: more than can show, and layout is slow
 
-bool turnsDirection(QChar c) {
+bool isDirectionMark(QChar c) {
   return (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
 }
 
-bool breaksLine(QChar c) {
+bool isControlCharacter(QChar c) {
   return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
          c.category() == QChar::Separator_Paragraph;
 }
 
 QString oneLine(std::string_view title) {
   QString text = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
-  text.removeIf(turnsDirection);
-  std::replace_if(text.begin(), text.end(), breaksLine, QChar(u' '));
+  text.removeIf(isDirectionMark);
+  std::replace_if(text.begin(), text.end(), isControlCharacter, QChar(u' '));
   return text;
 }
 
 QString elided(QString text, const QFontMetrics& metrics, int maximumWidth) {
   if (text.size() * metrics.height() <= maximumWidth)
-    return text; // too short to need measuring, as most are
-  if (text.size() > longestShaped)
-    text = text.left(longestShaped / 2) + QChar(0x2026) + text.right(longestShaped / 2);
+    return text; // fits even if each character is as wide as high: most titles need no measuring
+  if (text.size() > shapingLimit)
+    text = text.left(shapingLimit / 2) + QChar(0x2026) + text.right(shapingLimit / 2);
   return metrics.elidedText(text, Qt::ElideMiddle, maximumWidth);
 }
 
@@ -42,7 +42,8 @@ struct NamedKey {
   char16_t character;
   Qt::Key key;
 };
-/// Key equivalents that are no printable character; the private-use ones are function keys.
+/// Key equivalents that are no printable character. From 0xF700 on they are the platform's codes
+/// for arrow, function and navigation keys.
 constexpr NamedKey namedKeys[] = {
     {0x08, Qt::Key_Backspace},  {0x09, Qt::Key_Tab},     {0x0D, Qt::Key_Return},
     {0x03, Qt::Key_Enter},      {0x1B, Qt::Key_Escape},  {0x20, Qt::Key_Space},
@@ -61,7 +62,7 @@ QString keyName(const QString& character) {
   for (const NamedKey& named : namedKeys)
     if (named.character == code)
       return QKeySequence(named.key).toString(QKeySequence::NativeText);
-  return breaksLine(character.front()) ? QString() : character.toUpper();
+  return isControlCharacter(character.front()) ? QString() : character.toUpper();
 }
 
 QString modifierNames(std::uint32_t mask) {
@@ -86,9 +87,10 @@ QString entryTitle(const MenuItem& item, const QFontMetrics& metrics, int maximu
   return indentation + elided(oneLine(item.title), metrics, maximumWidth);
 }
 
-/// Typing asks this of every entry: most are told apart by their first letter.
+/// Called for every entry at each typed letter: most differ in their first letter, which is cheap
+/// to compare.
 bool titleBeginsWith(const MenuItem& item, const QString& word) {
-  constexpr std::size_t aroundWord = 64; // marks and blanks before it, in bytes
+  constexpr std::size_t aroundWord = 64; // bytes for marks and blanks before it
   const char first = item.title.empty() ? ' ' : item.title.front();
   const bool plainLetters = first > ' ' && first < 0x7F && word.front().unicode() < 0x7F;
   if (plainLetters && QChar::toLower(static_cast<uint>(first)) != word.front().toLower().unicode())

@@ -16,12 +16,13 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::milliseconds scrollPace{50}; ///< the toolkit's own, for a row
+constexpr std::chrono::milliseconds scrollPace{50}; ///< for each row, as the toolkit has it
 
-/// Whether the toolkit is at work on a level: it numbers entries by what it was given of them.
-bool toolkitSpeaks = false;
+/// Whether code of the toolkit runs for a level. Its numbers of entries count the actions of the
+/// level, those of screen readers all rows.
+bool toolkitIsCalling = false;
 
-/// Themes often grey disabled text out of sight; half-way to the background it can be read.
+/// Many themes make disabled text too faint; half-way to the background it is legible.
 QPalette legible(QPalette palette) {
   const QColor text = palette.color(QPalette::Active, QPalette::Text);
   const QColor ground = palette.color(QPalette::Active, QPalette::Base);
@@ -42,52 +43,52 @@ MenuPopup::MenuPopup(MenuPopupOwner& owner, std::shared_ptr<Menu> menu, std::siz
 }
 
 void MenuPopup::fill(OptionKey option) {
-  shown_ = LevelRows(*menu_);
-  isLong_ = shown_.size() > longestPlain_;
-  first_ = 0;
-  current_.reset();
-  setProperty(markWidthProperty, markWidth(shown_.columns()));
+  rows_ = LevelRows(*menu_);
+  isLong_ = rows_.size() > longestPlain_;
+  firstRow_ = 0;
+  scrolledOutRow_.reset();
+  setProperty(markWidthProperty, markWidth(rows_.columns()));
   setMinimumWidth(0);
   setContentsMargins(0, 0, 0, 0);
   isLong_ ? fillLong(option) : fillPlain(option);
 }
 
 void MenuPopup::fillPlain(OptionKey option) {
-  shown_.show(option == OptionKey::up ? OptionKey::down : OptionKey::up);
-  mirror(shown_.part(0, shown_.size()), Slots::every);
-  shown_.show(option);
-  if (!shown_.hasAlternates())
+  rows_.show(option == OptionKey::up ? OptionKey::down : OptionKey::up);
+  mirror(rows_.slice(0, rows_.size()), Slots::every);
+  rows_.show(option);
+  if (!rows_.hasAlternates())
     return;
   setMinimumWidth(sizeHint().width());
-  mirror(shown_.part(0, shown_.size()), Slots::changed);
+  mirror(rows_.slice(0, rows_.size()), Slots::changed);
 }
 
 void MenuPopup::fillLong(OptionKey option) {
   ensurePolished();
-  shown_.show(option);
-  metrics_ = measureLevel(shown_, *this);
+  rows_.show(option);
+  metrics_ = measureLevel(rows_, *this);
   setMinimumWidth(metrics_.width);
-  window_ = RowWindow();
-  window_.setTops(rowTops(shown_, metrics_));
+  visibleRows_ = RowWindow();
+  visibleRows_.setTops(rowTops(rows_, metrics_));
   const int room = screen()->availableGeometry().height() - 1 - metrics_.frame;
-  window_.setView(std::min(window_.totalHeight(), room), metrics_.arrow);
-  slide(Slots::every);
+  visibleRows_.setView(std::min(visibleRows_.totalHeight(), room), metrics_.arrow);
+  refreshVisibleRows(Slots::every);
 }
 
-void MenuPopup::follow(OptionKey option) {
-  shown_.show(option);
+void MenuPopup::showRowsFor(OptionKey option) {
+  rows_.show(option);
   if (isLong_) {
-    window_.setTops(rowTops(shown_, metrics_));
-    slide(Slots::changed);
+    visibleRows_.setTops(rowTops(rows_, metrics_));
+    refreshVisibleRows(Slots::changed);
   } else {
-    mirror(shown_.part(0, shown_.size()), Slots::changed);
+    mirror(rows_.slice(0, rows_.size()), Slots::changed);
   }
-  tellNewName();
+  announceNewName();
 }
 
 void MenuPopup::mirror(const Items& items, Slots slots) {
   {
-    const QScopedValueRollback mirroring(mirroring_, true);
+    const QScopedValueRollback mirroring(isMirroring_, true);
     for (; slots_.size() > items.size(); slots_.pop_back())
       delete slots_.back().action;
     for (std::size_t i = 0; i < slots_.size(); ++i)
@@ -108,7 +109,7 @@ void MenuPopup::appendSlot(const std::shared_ptr<MenuItem>& item) {
   addAction(action);
 }
 
-/// Such a row stays as it is: Option goes down for an entry further in.
+/// Such a row does not change with Option, which is pressed for an entry of the submenu.
 bool MenuPopup::hasOpenSubmenu(const Slot& slot) {
   const QMenu* submenu = slot.action->menu();
   return submenu && submenu->isVisible();
@@ -116,10 +117,11 @@ bool MenuPopup::hasOpenSubmenu(const Slot& slot) {
 
 void MenuPopup::setSlot(Slot& slot, const std::shared_ptr<MenuItem>& item) {
   slot.item = item;
-  showEntry(*slot.action, *item, shown_.columns(), fontMetrics(), submenuOf(*item));
+  showEntry(*slot.action, *item, rows_.columns(), fontMetrics(), submenuOf(*item));
 }
 
-/// One by one, each change would lay out the whole menu anew: time in the square of its length.
+/// QMenu lays all actions out anew whenever one changes. Changes made together are laid out once,
+/// here: one by one, 1,000 of them take 24 s (Qt 6.4).
 void MenuPopup::layOut() {
   if (slots_.empty())
     return;
@@ -128,7 +130,7 @@ void MenuPopup::layOut() {
 }
 
 void MenuPopup::actionEvent(QActionEvent* event) {
-  if (!mirroring_ || event->type() != QEvent::ActionChanged)
+  if (!isMirroring_ || event->type() != QEvent::ActionChanged)
     QMenu::actionEvent(event);
 }
 
@@ -148,8 +150,8 @@ MenuPopup* MenuPopup::submenuOf(const MenuItem& item) {
   return submenu;
 }
 
-/// Of a long level's submenus stay those in sight, and those that have been open: the toolkit may
-/// still have one of them in mind.
+/// Deletes submenus of rows that are not visible any more, but not those that have been open, which
+/// QMenu may still refer to.
 void MenuPopup::dropUnusedSubmenus() {
   if (submenus_.size() <= 2 * slots_.size())
     return;
@@ -166,46 +168,47 @@ void MenuPopup::dropUnusedSubmenus() {
 }
 
 std::optional<std::size_t> MenuPopup::slotOf(std::size_t row) const {
-  const bool inSight = row >= first_ && row - first_ < slots_.size();
-  return inSight ? std::optional(row - first_) : std::nullopt;
+  const bool inSight = row >= firstRow_ && row - firstRow_ < slots_.size();
+  return inSight ? std::optional(row - firstRow_) : std::nullopt;
 }
 
 std::optional<std::size_t> MenuPopup::rowOf(const QAction* action) const {
   const auto slot = action ? action->data().toULongLong() : slots_.size();
-  return slot < slots_.size() ? std::optional(first_ + slot) : std::nullopt;
+  return slot < slots_.size() ? std::optional(firstRow_ + slot) : std::nullopt;
 }
 
 std::optional<std::size_t> MenuPopup::currentRow() const {
   const auto row = rowOf(activeAction());
-  return row ? row : current_;
+  return row ? row : scrolledOutRow_;
 }
 
-/// The toolkit opens the submenu of what it is told to highlight, so it must not see any.
+/// QMenu opens the submenu of an action that is made active, so the submenu is taken away
+/// meanwhile.
 void MenuPopup::highlight(std::size_t row) {
   if (isLong_) {
-    window_.reveal(row);
-    slide(Slots::changed);
+    visibleRows_.reveal(row);
+    refreshVisibleRows(Slots::changed);
   }
   const auto slot = slotOf(row);
   if (!slot)
     return;
-  current_.reset();
+  scrolledOutRow_.reset();
   QAction& action = *slots_[*slot].action;
   QMenu* submenu = action.menu();
-  const QScopedValueRollback mirroring(mirroring_, true);
-  const QScopedValueRollback speaking(toolkitSpeaks, true);
+  const QScopedValueRollback mirroring(isMirroring_, true);
+  const QScopedValueRollback speaking(toolkitIsCalling, true);
   action.setMenu<QMenu*>(nullptr);
   setActiveAction(&action);
   action.setMenu(submenu);
 }
 
 std::string MenuPopup::description(std::size_t row) const {
-  return entryDescription(*shown_.at(row),
+  return entryDescription(*rows_.at(row),
                           [this](const std::string& text) { return owner_.localized(text); });
 }
 
 bool MenuPopup::choose(std::size_t row) {
-  const std::shared_ptr<MenuItem> item = row < shown_.size() ? shown_.at(row) : nullptr;
+  const std::shared_ptr<MenuItem> item = row < rows_.size() ? rows_.at(row) : nullptr;
   if (!item || !canBeChosen(*item))
     return false;
   owner_.entryChosen(item);
@@ -237,10 +240,10 @@ std::optional<std::size_t> MenuPopup::rowOfSubmenu(const MenuPopup& submenu) con
 }
 
 std::size_t MenuPopup::rowOfToolkit(int number) const {
-  return static_cast<std::size_t>(number) + (toolkitSpeaks ? first_ : 0);
+  return static_cast<std::size_t>(number) + (toolkitIsCalling ? firstRow_ : 0);
 }
 
-void MenuPopup::tellNewName() const {
+void MenuPopup::announceNewName() const {
   const auto row = currentRow();
   if (!row || !QAccessible::isActive())
     return;
@@ -250,7 +253,7 @@ void MenuPopup::tellNewName() const {
 }
 
 bool MenuPopup::event(QEvent* event) {
-  const QScopedValueRollback speaking(toolkitSpeaks, true);
+  const QScopedValueRollback speaking(toolkitIsCalling, true);
   return QMenu::event(event);
 }
 

@@ -38,21 +38,21 @@ bool MenuPopup::choose(const QAction* action) {
 void MenuPopup::step(RowStep step) {
   const bool disabledToo =
       style()->styleHint(QStyle::SH_Menu_AllowActiveAndDisabled, nullptr, this);
-  const auto takes = [&](std::size_t row) {
-    return shown_.canBeUsed(row) || (disabledToo && !shown_.at(row)->isSeparator);
+  const auto canHaveHighlight = [&](std::size_t row) {
+    return rows_.canBeUsed(row) || (disabledToo && !rows_.at(row)->isSeparator);
   };
-  if (const auto row = rowAfter(step, currentRow(), shown_.size(), window_, takes))
+  if (const auto row = rowAfter(step, currentRow(), rows_.size(), visibleRows_, canHaveHighlight))
     highlight(*row);
 }
 
-/// The arrows scroll for as long as the pointer rests there.
+/// The arrows scroll while the pointer is on them.
 void MenuPopup::mouseMoveEvent(QMouseEvent* event) {
   scrolling_ = arrowAt(event->position().toPoint());
   if (!scrolling_) {
     scrollTimer_.stop();
     QMenu::mouseMoveEvent(event);
     if (activeAction())
-      current_.reset();
+      scrolledOutRow_.reset();
     return;
   }
   if (!scrollTimer_.isActive())
@@ -62,29 +62,29 @@ void MenuPopup::mouseMoveEvent(QMouseEvent* event) {
 void MenuPopup::mousePressEvent(QMouseEvent* event) {
   if (arrowAt(event->position().toPoint()))
     return;
-  pressed_ = actionAt(event->position().toPoint());
+  pressedAction_ = actionAt(event->position().toPoint());
   QMenu::mousePressEvent(event);
 }
 
-/// The toolkit has no entry that opens a submenu and can be chosen all the same, as folders are.
+/// In QMenu an entry with a submenu cannot be chosen; here folders can.
 void MenuPopup::mouseReleaseEvent(QMouseEvent* event) {
   if (arrowAt(event->position().toPoint()))
     return;
-  const QAction* pressed = std::exchange(pressed_, nullptr);
+  const QAction* pressed = std::exchange(pressedAction_, nullptr);
   const bool clicked = pressed && pressed == actionAt(event->position().toPoint());
   if (!clicked || !pressed->menu() || !choose(pressed))
     QMenu::mouseReleaseEvent(event);
 }
 
-/// A submenu opens as its key goes up: what fills it may look whether a key is down. Escape closes
-/// with Option held, too.
+/// A submenu opens when its key goes up, because the code that fills it may poll the keyboard.
+/// Escape closes the menu also while Option is down.
 void MenuPopup::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape)
     return pressKey(Qt::Key_Escape);
   if (const auto next = stepForKey(event->key()); next && isLong_)
     return step(*next);
-  if (!activeAction() && current_)
-    highlight(*current_); // nobody chooses or opens what is out of sight
+  if (!activeAction() && scrolledOutRow_)
+    highlight(*scrolledOutRow_); // a row must be visible to be opened or chosen
   const QAction* action = activeAction();
   const bool submenu = action && action->isEnabled() && action->menu();
   if (!submenu || !isOpeningKey(event->key()))

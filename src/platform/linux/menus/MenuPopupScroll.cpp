@@ -13,35 +13,35 @@ namespace tavrel {
 
 QSize MenuPopup::sizeHint() const {
   const QSize plain = QMenu::sizeHint();
-  return isLong_ ? QSize(plain.width(), window_.viewHeight() + metrics_.frame) : plain;
+  return isLong_ ? QSize(plain.width(), visibleRows_.viewHeight() + metrics_.frame) : plain;
 }
 
-/// Gives the toolkit the rows that are seen now. The highlight goes with its row, also out of
-/// sight.
-void MenuPopup::slide(Slots slots) {
-  const RowWindow::Span span = window_.span();
+/// Gives the actions the rows that are visible now. The highlight stays with its row, also when
+/// that is not visible.
+void MenuPopup::refreshVisibleRows(Slots slots) {
+  const RowWindow::Span span = visibleRows_.span();
   const auto current = currentRow();
-  const bool moved = std::exchange(first_, span.first) != span.first;
+  const bool moved = std::exchange(firstRow_, span.first) != span.first;
   setContentsMargins(0, span.shift, 0, 0);
-  mirror(shown_.part(span.first, span.count), slots);
+  mirror(rows_.slice(span.first, span.count), slots);
   dropUnusedSubmenus();
   if (!moved)
     return;
-  pressed_ = nullptr;
-  current_ = current;
+  pressedAction_ = nullptr;
+  scrolledOutRow_ = current;
   setActiveAction(nullptr);
 }
 
 void MenuPopup::scroll(ScrollDirection direction, std::size_t rows) {
-  window_.scroll(direction, rows);
-  slide(Slots::changed);
+  visibleRows_.scroll(direction, rows);
+  refreshVisibleRows(Slots::changed);
 }
 
 void MenuPopup::scrollOn() {
   const QMenu* current = activeAction() ? activeAction()->menu() : nullptr;
   if (scrolling_ && !(current && current->isVisible()))
     scroll(*scrolling_, 1);
-  if (!scrolling_ || !window_.canScroll(*scrolling_))
+  if (!scrolling_ || !visibleRows_.canScroll(*scrolling_))
     scrollTimer_.stop();
 }
 
@@ -51,11 +51,11 @@ std::optional<std::size_t> MenuPopup::rowAt(QPoint place) const {
 
 void MenuPopup::highlightUnderPointer() {
   const auto row = rowAt(mapFromGlobal(QCursor::pos()));
-  if (row && shown_.canBeUsed(*row))
+  if (row && rows_.canBeUsed(*row))
     highlight(*row);
 }
 
-/// The toolkit goes by one row for each notch; what scrolls on this desktop goes by several.
+/// QMenu scrolls by one row for each notch of the wheel; the desktop's setting is several.
 void MenuPopup::wheelEvent(QWheelEvent* event) {
   const int lines = std::max(1, QApplication::wheelScrollLines());
   if (!isLong_) {
@@ -77,14 +77,14 @@ QRect MenuPopup::arrowArea(ScrollDirection direction) const {
   return {metrics_.left, y, width() - 2 * metrics_.left, metrics_.arrow};
 }
 
-/// From the edge of the level on, as a hurried pointer goes there.
+/// An arrow's area reaches to the edge of the level, so that it is easy to hit.
 std::optional<ScrollDirection> MenuPopup::arrowAt(QPoint place) const {
   if (!isLong_ || !rect().contains(place))
     return std::nullopt;
-  if (window_.canScroll(ScrollDirection::up) &&
+  if (visibleRows_.canScroll(ScrollDirection::up) &&
       place.y() <= arrowArea(ScrollDirection::up).bottom())
     return ScrollDirection::up;
-  if (window_.canScroll(ScrollDirection::down) &&
+  if (visibleRows_.canScroll(ScrollDirection::down) &&
       place.y() >= arrowArea(ScrollDirection::down).top())
     return ScrollDirection::down;
   return std::nullopt;
@@ -96,11 +96,11 @@ void MenuPopup::paintEvent(QPaintEvent* event) {
     return;
   QPainter painter(this);
   for (const auto direction : {ScrollDirection::up, ScrollDirection::down})
-    if (window_.canScroll(direction))
+    if (visibleRows_.canScroll(direction))
       paintArrow(painter, direction);
 }
 
-/// As the toolkit does, over what shows of the row behind it.
+/// Painted as QMenu does, over the row behind it.
 void MenuPopup::paintArrow(QPainter& painter, ScrollDirection direction) const {
   QStyleOptionMenuItem option;
   option.initFrom(this);
@@ -120,17 +120,17 @@ void MenuPopup::paintArrow(QPainter& painter, ScrollDirection direction) const {
   style()->drawControl(QStyle::CE_MenuScroller, &option, &painter, this);
 }
 
-/// A window manager has the last word on the size.
+/// A window manager may have given the level another size.
 void MenuPopup::resizeEvent(QResizeEvent* event) {
   QMenu::resizeEvent(event);
   const int view = height() - metrics_.frame;
-  if (!isLong_ || view == window_.viewHeight() || view <= 0)
+  if (!isLong_ || view == visibleRows_.viewHeight() || view <= 0)
     return;
-  window_.setView(view, metrics_.arrow);
-  slide(Slots::changed);
+  visibleRows_.setView(view, metrics_.arrow);
+  refreshVisibleRows(Slots::changed);
 }
 
-/// Columns as wide as any row of the level needs, seen or not.
+/// The column of key equivalents is as wide as any row of the level needs, visible or not.
 void MenuPopup::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
   QMenu::initStyleOption(option, action);
   if (isLong_)

@@ -15,7 +15,7 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::milliseconds grabRetry{30};
+constexpr std::chrono::milliseconds grabRetryInterval{30};
 constexpr double smallFontShare = 11.0 / 13.0; ///< small system font to menu font
 
 OptionKey optionIn(Qt::KeyboardModifiers modifiers) {
@@ -44,7 +44,7 @@ std::shared_ptr<Menu> unowned(Menu& menu) {
   return {std::shared_ptr<Menu>(), &menu};
 }
 
-/// Below the anchor where there is room, else above it, else as far up as it must go.
+/// Below the anchor where there is room, else above it, else as low as fits on the screen.
 QPoint placeFor(QSize menu, const QRect& anchor) {
   const QScreen* screen = QGuiApplication::screenAt(anchor.topLeft());
   const QRect area = screen ? screen->availableGeometry() : anchor;
@@ -56,7 +56,7 @@ QPoint placeFor(QSize menu, const QRect& anchor) {
           below <= lowest ? below : std::max(area.top(), above >= area.top() ? above : lowest)};
 }
 
-void tellClosed(Menu& menu) {
+void notifyClosed(Menu& menu) {
   if (menu.delegate)
     menu.delegate->menuDidClose(menu);
 }
@@ -66,21 +66,21 @@ MenuSession::MenuSession(Menu& menu, MenuFont font, Localize localize, std::size
     : localize_(std::move(localize)), root_(*this, unowned(menu), longestPlain) {
   root_.setStyle(&style_);
   root_.setFont(menuFont(font));
-  grabTimer_.setInterval(grabRetry);
-  connect(&grabTimer_, &QTimer::timeout, this, &MenuSession::takeGrabs);
+  grabTimer_.setInterval(grabRetryInterval);
+  connect(&grabTimer_, &QTimer::timeout, this, &MenuSession::grabInput);
 }
 
 MenuSession::~MenuSession() = default;
 
 void MenuSession::run(const QRect& anchor) {
-  keyboard_.emplace([this] {
+  keyForwarder_.emplace([this] {
     const QWindow* window = root_.isVisible() ? root_.windowHandle() : nullptr;
     return window ? static_cast<std::uint32_t>(window->winId()) : 0;
   });
   option_ = optionIn(QGuiApplication::queryKeyboardModifiers());
   root_.setScreen(QGuiApplication::screenAt(anchor.topLeft()));
   openLevel(root_);
-  keyboard_->take(); // a selection that was captured meanwhile has let go of the keyboard
+  keyForwarder_->take(); // a capture of the selection has released it meanwhile
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
   qApp->installEventFilter(this);
   grabTimer_.start();
@@ -88,7 +88,7 @@ void MenuSession::run(const QRect& anchor) {
   grabTimer_.stop();
   qApp->removeEventFilter(this);
   waitForServer();
-  keyboard_.reset();
+  keyForwarder_.reset();
 }
 
 void MenuSession::openLevel(MenuPopup& level) {
@@ -102,27 +102,27 @@ void MenuSession::openLevel(MenuPopup& level) {
 }
 
 void MenuSession::submenuOpens(MenuPopup& level) {
-  tellClosedLevels();
+  notifyClosedLevels();
   openLevel(level);
 }
 
-/// Whether an entry was chosen shows only when the whole menu has closed; until then nobody is
-/// told.
+/// Submenus close before it is known whether an entry was chosen, and delegates are notified after
+/// the entry has been carried out: so they wait for the next turn of the event loop.
 void MenuSession::submenuCloses(MenuPopup& level) {
   if (std::erase(levels_, &level) == 0)
     return;
-  closed_.push_back(level.sharedMenu());
+  closedMenus_.push_back(level.sharedMenu());
   QTimer::singleShot(0, this, [this] {
     if (!root_.isVisible() || chosen_)
       return;
-    tellClosedLevels();
-    followOption();
+    notifyClosedLevels();
+    applyOption();
   });
 }
 
-void MenuSession::tellClosedLevels() {
-  for (const auto& menu : std::exchange(closed_, {}))
-    tellClosed(*menu);
+void MenuSession::notifyClosedLevels() {
+  for (const auto& menu : std::exchange(closedMenus_, {}))
+    notifyClosed(*menu);
 }
 
 void MenuSession::entryChosen(std::shared_ptr<MenuItem> item) {
@@ -134,8 +134,8 @@ void MenuSession::entryChosen(std::shared_ptr<MenuItem> item) {
 void MenuSession::finish(MenuActionTarget* target) {
   if (chosen_ && target)
     target->menuItemChosen(*chosen_);
-  tellClosedLevels();
-  tellClosed(root_.menu());
+  notifyClosedLevels();
+  notifyClosed(root_.menu());
 }
 
 bool MenuSession::eventFilter(QObject*, QEvent* event) {
@@ -145,18 +145,18 @@ bool MenuSession::eventFilter(QObject*, QEvent* event) {
     return false;
   const auto& key = static_cast<QKeyEvent&>(*event);
   if (!root_.isVisible()) {
-    keyboard_->keep(key.nativeScanCode(), directionOf(key));
+    keyForwarder_->keep(key.nativeScanCode(), directionOf(key));
     return true;
   }
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
-  return isModifierKey(key.key()) || (event->type() == QEvent::KeyPress && takeLetter(key));
+  return isModifierKey(key.key()) || (event->type() == QEvent::KeyPress && typeAhead(key));
 }
 
-bool MenuSession::takeLetter(const QKeyEvent& key) {
+bool MenuSession::typeAhead(const QKeyEvent& key) {
   auto* level = dynamic_cast<MenuPopup*>(QApplication::activePopupWidget());
   if (!level)
     return false;
-  const TypeAhead::Answer answer = typeAhead_.take(key, level->rows(), level->currentRow());
+  const TypeAhead::Answer answer = typeAhead_.typeKey(key, level->rows(), level->currentRow());
   if (answer.row)
     level->highlight(*answer.row);
   return answer.taken;
@@ -164,16 +164,17 @@ bool MenuSession::takeLetter(const QKeyEvent& key) {
 
 void MenuSession::setOption(OptionKey option) {
   if (std::exchange(option_, option) != option)
-    followOption();
+    applyOption();
 }
 
-void MenuSession::followOption() {
+void MenuSession::applyOption() {
   for (MenuPopup* level : levels_)
-    level->follow(option_);
+    level->showRowsFor(option_);
 }
 
-/// Another program whose own menu is open holds keyboard and pointer: ours works once it lets go.
-void MenuSession::takeGrabs() {
+/// While another program has keyboard and pointer grabbed, for a menu of its own, the grabs fail;
+/// the timer tries again.
+void MenuSession::grabInput() {
   QWindow* window = root_.windowHandle();
   if (!window || !root_.isVisible())
     return;

@@ -15,7 +15,7 @@ class QKeyEvent;
 
 namespace tavrel {
 
-/// One menu from its opening to the end of what was chosen.
+/// One menu on the screen: from before it opens until the chosen entry has been carried out.
 class MenuSession final : public QObject, private MenuPopupOwner {
 public:
   MenuSession(Menu& menu, MenuFont font, Localize localize,
@@ -25,7 +25,8 @@ public:
   /// Shows the menu below an anchor (a point is an anchor without a size) or, without room there,
   /// above it; returns when it is gone from the screen and its grabs are released.
   void run(const QRect& anchor);
-  /// Dispatches the chosen entry, then tells every level that it has closed.
+  /// Has `target` carry out the chosen entry, then notifies the delegate of every level that it has
+  /// closed.
   void finish(MenuActionTarget* target);
 
 protected:
@@ -38,22 +39,22 @@ private:
   std::string localized(const std::string& text) override { return localize_(text); }
 
   void openLevel(MenuPopup& level);
-  void tellClosedLevels();
+  void notifyClosedLevels();
   void setOption(OptionKey option);
-  void followOption();
-  [[nodiscard]] bool takeLetter(const QKeyEvent& key);
-  void takeGrabs();
+  void applyOption();
+  [[nodiscard]] bool typeAhead(const QKeyEvent& key);
+  void grabInput();
 
   Localize localize_;
   MenuStyle style_;
   MenuPopup root_;
-  std::vector<MenuPopup*> levels_;            ///< those open, outermost first
-  std::vector<std::shared_ptr<Menu>> closed_; ///< and those not told so yet, innermost first
+  std::vector<MenuPopup*> levels_; ///< open ones, outermost first
+  std::vector<std::shared_ptr<Menu>> closedMenus_; ///< delegates to notify, innermost first
   std::shared_ptr<MenuItem> chosen_;
   TypeAhead typeAhead_;
   OptionKey option_ = OptionKey::up;
   QTimer grabTimer_;
-  std::optional<MenuKeyForwarder> keyboard_; ///< while the menu shows
+  std::optional<MenuKeyForwarder> keyForwarder_; ///< while the menu is open
 };
 
 } // namespace tavrel

@@ -9,7 +9,7 @@
 namespace tavrel {
 
 namespace {
-constexpr int aroundMarks = 4; ///< what menus leave beside a square icon, too
+constexpr int aroundMarks = 4; ///< as menus leave beside a square icon, too
 
 int markWidth(const QWidget* menu) {
   return menu ? menu->property(markWidthProperty).toInt() : 0;
@@ -24,7 +24,8 @@ QStyleOptionMenuItem plainEntry(const QStyleOptionMenuItem& entry, const QWidget
   plain.maxIconWidth = std::max(plain.maxIconWidth, markWidth(menu) + aroundMarks);
   return plain;
 }
-/// In the colour of the text, thinned: the usual one is lost on a dark ground.
+
+/// In the colour of the text, translucent: the usual one cannot be seen on a dark background.
 void drawSeparator(const QStyleOptionMenuItem& entry, QPainter& painter) {
   QColor colour = entry.palette.color(QPalette::Active, QPalette::Text);
   colour.setAlphaF(0.25F);
@@ -39,7 +40,7 @@ int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
   case SH_Menu_Scrollable:
   case SH_Menu_SpaceActivatesItem:
     return 1;
-  case SH_Menu_KeyboardSearch: // it also finds letters that stand apart in a title
+  case SH_Menu_KeyboardSearch: // it also matches letters that are not next to each other
   case SH_MenuBar_AltKeyNavigation:
   case SH_EtchDisabledText:
   case SH_DitherDisabledText:
@@ -49,8 +50,8 @@ int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
   }
 }
 
-/// Styles ask for the icon of an entry at this size; menus ask for it too, as part of a row's
-/// height.
+/// Styles read this size to draw the icon of an entry, with the entry as option. Menus read it, too,
+/// for the height of rows and without an entry: there it stays as it is.
 int MenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
   const int usual = QProxyStyle::pixelMetric(metric, option, widget);

@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// A menu's property: the width of its entries' icons, which need not be square.
+/// The name of a menu's property: the width of the icons of its entries, which need not be square.
 inline constexpr const char* markWidthProperty = "tavrelMarkWidth";
 
 /// The desktop's style with what our menus need: long ones scroll, typing finds an entry, Alt does

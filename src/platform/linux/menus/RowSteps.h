@@ -7,13 +7,13 @@
 
 namespace tavrel {
 
-/// What a key asks of the highlight of a long level.
+/// How a key moves the highlight of a long level.
 enum class RowStep { up, down, first, last, pageUp, pageDown };
 
-/// The row that gets the highlight: past either end it goes on at the other one, but for pages.
-/// `takes` tells the rows that can have it; nothing when there is none.
-[[nodiscard]] std::optional<std::size_t> rowAfter(RowStep step, std::optional<std::size_t> current,
-                                                  std::size_t rowCount, const RowWindow& window,
-                                                  const std::function<bool(std::size_t)>& takes);
+/// The row that gets the highlight. Single steps wrap around at the ends, pages stop there.
+/// `canHaveHighlight` answers for a row; nothing when no row can.
+[[nodiscard]] std::optional<std::size_t>
+rowAfter(RowStep step, std::optional<std::size_t> current, std::size_t rowCount,
+         const RowWindow& window, const std::function<bool(std::size_t)>& canHaveHighlight);
 
 } // namespace tavrel

@@ -31,7 +31,7 @@ void RowWindow::scroll(ScrollDirection direction, std::size_t rows) {
   if (!canScroll(direction))
     return;
   if (direction == ScrollDirection::up) {
-    const std::size_t hidden = rowAt(seenTop() - 1); // the last one that is not whole
+    const std::size_t hidden = rowAt(seenTop() - 1); // the last one that is not visible as a whole
     scrollTo(tops_[hidden - std::min(hidden, rows - 1)] - arrow_);
   } else {
     const std::size_t hidden = rowAt(seenBottom());

@@ -7,17 +7,18 @@ namespace tavrel {
 
 enum class ScrollDirection { up, down };
 
-/// The part of a long list of rows that a level shows, as numbers of pixels. An arrow covers the
-/// first or last of them where there is more in its direction.
+/// The visible section of a long list of rows, computed in pixels (a virtual list). Where there are
+/// more rows above or below, a scroll arrow covers that edge.
 class RowWindow {
 public:
+  /// The visible rows.
   struct Span {
     std::size_t first = 0;
     std::size_t count = 0;
-    int shift = 0; ///< where the first row begins: 0 or above the view
+    int shift = 0; ///< where the first row begins: 0, or negative when it is cut off
   };
 
-  /// The top of each row, and below them all the bottom of the last one. Stays where it is.
+  /// The top of each row, and at the end the bottom of the last one. The scroll position stays.
   void setTops(std::vector<int> tops);
   void setView(int height, int arrowHeight);
 
@@ -26,9 +27,9 @@ public:
   [[nodiscard]] bool canScroll(ScrollDirection direction) const;
   [[nodiscard]] Span span() const;
 
-  /// So many more rows, aligned with the arrow in that direction.
+  /// Scrolls by that many rows, so that a whole row is beside the arrow in that direction.
   void scroll(ScrollDirection direction, std::size_t rows);
-  /// Scrolls as little as it takes for a row to be seen whole.
+  /// Scrolls as little as needed to make a row visible as a whole.
   void reveal(std::size_t row);
   /// The row a page away.
   [[nodiscard]] std::size_t pageAway(std::size_t row, ScrollDirection direction) const;

@@ -7,7 +7,7 @@
 namespace tavrel {
 
 namespace {
-constexpr qint64 pause = 1000; // milliseconds
+constexpr qint64 wordTimeout = 1000; // milliseconds
 
 bool isLetterOfWord(const QKeyEvent& key, const QString& word) {
   const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -27,18 +27,18 @@ std::optional<std::size_t> rowBeginningWith(const QString& word, const LevelRows
 }
 } // namespace
 
-TypeAhead::Answer TypeAhead::take(const QKeyEvent& key, const LevelRows& rows,
-                                  std::optional<std::size_t> current) {
-  if (sinceLast_.isValid() && sinceLast_.elapsed() > pause)
+TypeAhead::Answer TypeAhead::typeKey(const QKeyEvent& key, const LevelRows& rows,
+                                     std::optional<std::size_t> current) {
+  if (sinceLast_.isValid() && sinceLast_.elapsed() > wordTimeout)
     word_.clear();
   if (!isLetterOfWord(key, word_))
     return {};
   sinceLast_.start();
-  const bool again = word_.compare(key.text(), Qt::CaseInsensitive) == 0;
-  if (!again)
+  const bool sameLetter = word_.compare(key.text(), Qt::CaseInsensitive) == 0;
+  if (!sameLetter)
     word_ += key.text();
-  const bool onwards = again || (word_.size() == 1 && current);
-  return {true, rowBeginningWith(word_, rows, current.value_or(0) + (onwards ? 1 : 0))};
+  const bool fromNextRow = sameLetter || (word_.size() == 1 && current);
+  return {true, rowBeginningWith(word_, rows, current.value_or(0) + (fromNextRow ? 1 : 0))};
 }
 
 } // namespace tavrel

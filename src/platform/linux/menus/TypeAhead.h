@@ -11,17 +11,18 @@ class QKeyEvent;
 
 namespace tavrel {
 
-/// Finds the row of an open level whose title begins with what is typed, whatever its case. A pause
-/// begins a new word; the same letter again goes on to the next such row.
+/// Finds the row of an open level whose title begins with what the user types, in any case. After a
+/// pause of a second a new word begins; the same letter once more goes on to the next such
+/// row.
 class TypeAhead {
 public:
   struct Answer {
-    bool taken = false; ///< the key was a letter of a word: nobody else is to have it
+    bool taken = false; ///< the key was used as a letter, and must not go to the menu
     std::optional<std::size_t> row;
   };
 
-  [[nodiscard]] Answer take(const QKeyEvent& key, const LevelRows& rows,
-                            std::optional<std::size_t> current);
+  [[nodiscard]] Answer typeKey(const QKeyEvent& key, const LevelRows& rows,
+                               std::optional<std::size_t> current);
 
 private:
   QString word_;
