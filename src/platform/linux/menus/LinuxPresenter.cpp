@@ -60,7 +60,7 @@ void LinuxPresenter::popUpBeside(Menu& menu, const QRect& anchor, MenuFont font)
   ensureAccessibleLevels();
   MenuSession session(menu, font, localize_, longestPlain_);
   session.run(QRect(onScreen(anchor.topLeft()), anchor.size()));
-  GestureKeyBuffer::finishTakingBack();
+  GestureKeyBuffer::waitForReplay();
   open_ = false; // carrying out the entry may take long, and the menu can open again meanwhile
   session.finish(target_);
   closed_();

@@ -1,6 +1,6 @@
 #include "platform/linux/menus/MenuSession.h"
 
-#include "platform/linux/x11/server/ServerRoundTrip.h"
+#include "platform/linux/x11/server/QtConnection.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -80,7 +80,7 @@ void MenuSession::run(const QRect& anchor) {
   option_ = optionIn(QGuiApplication::queryKeyboardModifiers());
   root_.setScreen(QGuiApplication::screenAt(anchor.topLeft()));
   openLevel(root_);
-  keyForwarder_->take(); // a capture of the selection has released it meanwhile
+  keyForwarder_->grabAgain(); // a capture of the selection has released it meanwhile
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));
   qApp->installEventFilter(this);
   grabTimer_.start();
@@ -145,7 +145,7 @@ bool MenuSession::eventFilter(QObject*, QEvent* event) {
     return false;
   const auto& key = static_cast<QKeyEvent&>(*event);
   if (!root_.isVisible()) {
-    keyForwarder_->keep(key.nativeScanCode(), directionOf(key));
+    keyForwarder_->keepKey(key.nativeScanCode(), directionOf(key));
     return true;
   }
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));

@@ -1,6 +1,6 @@
 #include "platform/linux/x11/gestures/ButtonMonitor.h"
 
-#include "platform/linux/x11/gestures/RawButtonEvents.h"
+#include "platform/linux/x11/gestures/RawInput.h"
 #include "platform/linux/x11/server/XcbReply.h"
 
 #include <QLoggingCategory>
@@ -18,17 +18,17 @@ Q_LOGGING_CATEGORY(buttonsLog, "tavrel.buttons")
 constexpr std::uint32_t primaryButton = 1;
 } // namespace
 
-class ButtonMonitor::Watch {
+class ButtonMonitor::Connection {
 public:
-  explicit Watch(std::function<void(ButtonChange)> changed) : changed_(std::move(changed)) {
+  explicit Connection(std::function<void(ButtonChange)> report) : report_(std::move(report)) {
     extension_ = xcb_connection_has_error(server_) == 0 ? rawEventExtension(*server_) : 0;
     isReady_ = extension_ != 0 && selectRawButtons(*server_, RawMotion::ignored);
     if (isReady_)
       listen();
   }
-  Watch(const Watch&) = delete;
-  Watch& operator=(const Watch&) = delete;
-  ~Watch() {
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+  ~Connection() {
     notifier_.reset();
     xcb_disconnect(server_);
   }
@@ -40,13 +40,13 @@ private:
     notifier_ =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(server_), QSocketNotifier::Read);
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { readEvents(); });
-    readEvents(); // what came with the answers has left the socket
+    readEvents(); // those that came along with the replies have left the socket already
   }
 
   void readEvents() {
     while (const auto event = xcbReply(xcb_poll_for_event(server_)))
       if (const auto change = changeIn(*event))
-        changed_(*change);
+        report_(*change);
     if (xcb_connection_has_error(server_) != 0)
       notifier_->setEnabled(false);
   }
@@ -69,11 +69,11 @@ private:
     }
   }
 
-  // Motions come in hundreds a second: only those of a drag are asked for.
+  // Motion events come in hundreds a second: they are selected during a drag only.
   ButtonChange pressed(std::uint32_t button) {
     if (button != primaryButton)
       return ButtonChange::otherPressed;
-    (void)selectRawButtons(*server_, RawMotion::told);
+    (void)selectRawButtons(*server_, RawMotion::reported);
     return ButtonChange::primaryPressed;
   }
   ButtonChange released() {
@@ -81,7 +81,7 @@ private:
     return ButtonChange::primaryReleased;
   }
 
-  std::function<void(ButtonChange)> changed_;
+  std::function<void(ButtonChange)> report_;
   xcb_connection_t* server_ = xcb_connect(nullptr, nullptr);
   std::unique_ptr<QSocketNotifier> notifier_;
   std::uint8_t extension_ = 0;
@@ -92,16 +92,16 @@ ButtonMonitor::ButtonMonitor() = default;
 
 ButtonMonitor::~ButtonMonitor() = default;
 
-OSStatus ButtonMonitor::install(std::function<void(ButtonChange)> changed) {
-  watch_.reset();
-  if (!changed)
+OSStatus ButtonMonitor::install(std::function<void(ButtonChange)> handler) {
+  connection_.reset();
+  if (!handler)
     return 0;
-  auto watch = std::make_unique<Watch>(std::move(changed));
-  if (!watch->isReady()) {
+  auto connection = std::make_unique<Connection>(std::move(handler));
+  if (!connection->isReady()) {
     qCWarning(buttonsLog, "the X server does not tell of buttons: no long press can be seen");
     return -1;
   }
-  watch_ = std::move(watch);
+  connection_ = std::move(connection);
   return 0;
 }
 

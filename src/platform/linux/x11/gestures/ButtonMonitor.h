@@ -7,19 +7,19 @@
 
 namespace tavrel {
 
-/// The buttons of every pointer of the X server, whoever holds them, over a connection of its own.
-/// There is no connection while nobody watches.
+/// Reports the buttons of every pointer of the X server, also while some program has grabbed the
+/// pointer. Has an X connection of its own for as long as a handler is installed.
 class ButtonMonitor {
 public:
   ButtonMonitor();
   ~ButtonMonitor();
 
-  /// An empty handler ends the watching. 0, or -1 when the server cannot tell of buttons.
-  OSStatus install(std::function<void(ButtonChange)> changed);
+  /// An empty handler closes the connection. 0, or -1 when the server has no XInput 2.
+  OSStatus install(std::function<void(ButtonChange)> handler);
 
 private:
-  class Watch;
-  std::unique_ptr<Watch> watch_; ///< null while nobody watches
+  class Connection;
+  std::unique_ptr<Connection> connection_; ///< null while no handler is installed
 };
 
 } // namespace tavrel

@@ -6,13 +6,13 @@ namespace {
 constexpr std::uint32_t longestFromPressToPress = 300; // with what it takes to look at the clock
 }
 
-void DoubleTapForecast::lookedAt(const std::shared_ptr<const ModifierPress>& press) {
-  last_ = press;
+void DoubleTapForecast::noteQuery(const std::shared_ptr<const ModifierPress>& press) {
+  lastQueried_ = press;
 }
 
-bool DoubleTapForecast::isSecond(const std::shared_ptr<const ModifierPress>& press) const {
-  return press && last_ && press != last_ && press->key == last_->key && !last_->interrupted &&
-         press->time - last_->time < longestFromPressToPress;
+bool DoubleTapForecast::isSecondPress(const std::shared_ptr<const ModifierPress>& press) const {
+  return press && lastQueried_ && press != lastQueried_ && press->key == lastQueried_->key &&
+         !lastQueried_->interrupted && press->time - lastQueried_->time < longestFromPressToPress;
 }
 
 } // namespace tavrel

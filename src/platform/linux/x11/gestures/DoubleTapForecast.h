@@ -6,17 +6,19 @@
 
 namespace tavrel {
 
-/// Foresees a double tap as its second press comes: whether it is one, others decide as the key
-/// goes up.
+/// Foresees a double tap when a modifier goes down for the second time, so that what is typed from
+/// then on can be kept for the menu. Whether it is one, the core decides when the key goes up.
 class DoubleTapForecast {
 public:
-  /// Somebody looks whether the press is part of a tap: its key opens the menu, or may do.
-  void lookedAt(const std::shared_ptr<const ModifierPress>& press);
-  /// Whether the press follows a tap of the same key that somebody looked at, in time.
-  [[nodiscard]] bool isSecond(const std::shared_ptr<const ModifierPress>& press) const;
+  /// A handler has polled the keyboard because of this press, as the core does for the keys that
+  /// may open the menu.
+  void noteQuery(const std::shared_ptr<const ModifierPress>& press);
+  /// Whether the press follows one of the same key that was polled for, soon enough for a double
+  /// tap and without another key or button between.
+  [[nodiscard]] bool isSecondPress(const std::shared_ptr<const ModifierPress>& press) const;
 
 private:
-  std::shared_ptr<const ModifierPress> last_;
+  std::shared_ptr<const ModifierPress> lastQueried_;
 };
 
 } // namespace tavrel

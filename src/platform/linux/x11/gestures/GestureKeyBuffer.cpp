@@ -14,8 +14,8 @@
 namespace tavrel {
 
 namespace {
-GestureKeyBuffer* currentGesture = nullptr;
-constexpr std::chrono::milliseconds longestDrain{100};
+GestureKeyBuffer* currentBuffer = nullptr;
+constexpr std::chrono::milliseconds replayTimeout{100};
 
 std::uint32_t hiddenWindow(xcb_connection_t& server) {
   const std::uint32_t window = xcb_generate_id(&server);
@@ -30,93 +30,94 @@ bool isMessageTo(std::uint32_t window, const xcb_generic_event_t& event) {
 }
 } // namespace
 
-GestureKeyBuffer::GestureKeyBuffer(GiveBack giveBack) : giveBack_(std::move(giveBack)) {
-  soon_.setSingleShot(true);
-  soon_.callOnTimeout([this] { end(); });
+GestureKeyBuffer::GestureKeyBuffer(Replay replay) : replay_(std::move(replay)) {
+  stopTimer_.setSingleShot(true);
+  stopTimer_.callOnTimeout([this] { stop(); });
   xcb_connection_t* server = qtConnection();
   if (!server)
     return;
-  guard_ = std::make_unique<KeyboardGrabWatchdog>(*server);
-  marker_ = hiddenWindow(*server);
+  watchdog_ = std::make_unique<KeyboardGrabWatchdog>(*server);
+  markerWindow_ = hiddenWindow(*server);
   const auto* loop = QAbstractEventDispatcher::instance();
-  QObject::connect(loop, &QAbstractEventDispatcher::awake, &soon_,
-                   [this] { guard_->becomesBusy(); });
-  QObject::connect(loop, &QAbstractEventDispatcher::aboutToBlock, &soon_,
-                   [this] { guard_->becomesIdle(); });
+  QObject::connect(loop, &QAbstractEventDispatcher::awake, &stopTimer_,
+                   [this] { watchdog_->becomesBusy(); });
+  QObject::connect(loop, &QAbstractEventDispatcher::aboutToBlock, &stopTimer_,
+                   [this] { watchdog_->becomesIdle(); });
   QCoreApplication::instance()->installNativeEventFilter(this);
-  currentGesture = this;
+  currentBuffer = this;
 }
 
 GestureKeyBuffer::~GestureKeyBuffer() {
-  if (currentGesture == this)
-    currentGesture = nullptr;
+  if (currentBuffer == this)
+    currentBuffer = nullptr;
 }
 
-void GestureKeyBuffer::begin() {
-  if (currentGesture != this || phase_ == Phase::holding || KeyboardGrab::isHeld())
-    return; // a menu that is open has the keyboard already
-  phase_ = Phase::holding;
+void GestureKeyBuffer::start() {
+  if (currentBuffer != this || phase_ == Phase::buffering || KeyboardGrab::isHeld())
+    return; // an open menu has the keyboard already
+  phase_ = Phase::buffering;
   grab_.emplace();
 }
 
-void GestureKeyBuffer::actBegins() {
-  if (phase_ == Phase::holding)
-    soon_.start(0);
+void GestureKeyBuffer::actionBegins() {
+  if (phase_ == Phase::buffering)
+    stopTimer_.start(0);
 }
 
-// A timer that was to fire at once before this one is started fires before it.
-void GestureKeyBuffer::actEnds() {
-  if (phase_ == Phase::holding)
-    soon_.start(0);
+// Timers of zero fire in the order in which they were started: one that carries the action out
+// comes first.
+void GestureKeyBuffer::actionEnds() {
+  if (phase_ == Phase::buffering)
+    stopTimer_.start(0);
 }
 
-void GestureKeyBuffer::end() {
-  if (phase_ != Phase::holding)
+void GestureKeyBuffer::stop() {
+  if (phase_ != Phase::buffering)
     return;
   grab_.reset();
-  drain();
+  drainQueuedKeys();
 }
 
-// What came while we held the keyboard lies before the marker in the toolkit's queue.
-void GestureKeyBuffer::drain() {
+// Key events that came during the grab lie before the message in the toolkit's queue.
+void GestureKeyBuffer::drainQueuedKeys() {
   phase_ = Phase::draining;
   xcb_connection_t* server = qtConnection();
   xcb_client_message_event_t message{};
   message.response_type = XCB_CLIENT_MESSAGE;
   message.format = 32;
-  message.window = marker_;
-  xcb_send_event(server, 0, marker_, XCB_EVENT_MASK_NO_EVENT,
+  message.window = markerWindow_;
+  xcb_send_event(server, 0, markerWindow_, XCB_EVENT_MASK_NO_EVENT,
                  reinterpret_cast<const char*>(&message));
   xcb_flush(server);
 }
 
-RecordedKeyEvents GestureKeyBuffer::handOver() {
-  if (!currentGesture)
+RecordedKeyEvents GestureKeyBuffer::handOverToMenu() {
+  if (!currentBuffer)
     return {};
-  GestureKeyBuffer& gesture = *currentGesture;
-  if (gesture.phase_ == Phase::holding) {
-    gesture.soon_.stop();
-    gesture.phase_ = Phase::idle;
-    gesture.grab_.reset();
+  GestureKeyBuffer& buffer = *currentBuffer;
+  if (buffer.phase_ == Phase::buffering) {
+    buffer.stopTimer_.stop();
+    buffer.phase_ = Phase::idle;
+    buffer.grab_.reset();
   }
-  gesture.guard_->setMenuIsOpen(true);
-  KeyboardGrab::take(); // the guard may have let go a moment ago
-  return std::exchange(gesture.keys_, {});
+  buffer.watchdog_->setMenuIsOpen(true);
+  KeyboardGrab::take(); // the watchdog may have released it a moment ago
+  return std::exchange(buffer.keys_, {});
 }
 
-void GestureKeyBuffer::takeBack(const RecordedKeyEvents& unused) {
-  if (!currentGesture)
+void GestureKeyBuffer::takeBackFromMenu(const RecordedKeyEvents& unused) {
+  if (!currentBuffer)
     return;
-  currentGesture->guard_->setMenuIsOpen(false);
-  RecordedKeyEvents& keys = currentGesture->keys_;
+  currentBuffer->watchdog_->setMenuIsOpen(false);
+  RecordedKeyEvents& keys = currentBuffer->keys_;
   keys.insert(keys.end(), unused.begin(), unused.end());
-  currentGesture->drain();
+  currentBuffer->drainQueuedKeys();
 }
 
-void GestureKeyBuffer::finishTakingBack() {
-  const QDeadlineTimer deadline(longestDrain);
-  while (currentGesture && currentGesture->phase_ == Phase::draining &&
-         !currentGesture->keys_.empty() && !deadline.hasExpired())
+void GestureKeyBuffer::waitForReplay() {
+  const QDeadlineTimer deadline(replayTimeout);
+  while (currentBuffer && currentBuffer->phase_ == Phase::draining &&
+         !currentBuffer->keys_.empty() && !deadline.hasExpired())
     QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
@@ -124,8 +125,8 @@ bool GestureKeyBuffer::nativeEventFilter(const QByteArray& type, void* message, 
   if (phase_ == Phase::idle || type != "xcb_generic_event_t")
     return false;
   const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-  if (phase_ == Phase::draining && isMessageTo(marker_, event)) {
-    giveBack();
+  if (phase_ == Phase::draining && isMessageTo(markerWindow_, event)) {
+    replayKeys();
     return true;
   }
   if (!isKeyEvent(event))
@@ -134,11 +135,11 @@ bool GestureKeyBuffer::nativeEventFilter(const QByteArray& type, void* message, 
   return true;
 }
 
-void GestureKeyBuffer::giveBack() {
+void GestureKeyBuffer::replayKeys() {
   phase_ = Phase::idle;
   const RecordedKeyEvents keys = std::exchange(keys_, {});
   if (!keys.empty())
-    giveBack_(keys);
+    replay_(keys);
 }
 
 } // namespace tavrel

@@ -5,7 +5,7 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::milliseconds longestBusy{250};
+constexpr std::chrono::milliseconds busyTimeout{250};
 }
 
 KeyboardGrabWatchdog::KeyboardGrabWatchdog(xcb_connection_t& connection)
@@ -14,9 +14,9 @@ KeyboardGrabWatchdog::KeyboardGrabWatchdog(xcb_connection_t& connection)
 KeyboardGrabWatchdog::~KeyboardGrabWatchdog() {
   {
     const std::lock_guard lock(mutex_);
-    isOver_ = true;
+    isStopped_ = true;
   }
-  changed_.notify_one();
+  wakeUp_.notify_one();
   thread_.join();
 }
 
@@ -24,9 +24,9 @@ void KeyboardGrabWatchdog::becomesBusy() {
   const std::lock_guard lock(mutex_);
   if (deadline_)
     return;
-  deadline_ = std::chrono::steady_clock::now() + longestBusy;
-  if (!watches_)
-    changed_.notify_one();
+  deadline_ = std::chrono::steady_clock::now() + busyTimeout;
+  if (!hasDeadline_)
+    wakeUp_.notify_one();
 }
 
 void KeyboardGrabWatchdog::becomesIdle() {
@@ -39,19 +39,20 @@ void KeyboardGrabWatchdog::setMenuIsOpen(bool isOpen) {
   menuIsOpen_ = isOpen;
 }
 
-// While nothing happens it sleeps; while much happens it wakes no more than four times a second.
+// Sleeps while the event loop is idle. A deadline that has been replaced meanwhile is noticed when
+// it expires, so a busy event loop wakes this thread four times a second at most.
 void KeyboardGrabWatchdog::run() {
   std::unique_lock lock(mutex_);
-  while (!isOver_) {
-    watches_ = deadline_.has_value();
-    if (!watches_) {
-      changed_.wait(lock);
+  while (!isStopped_) {
+    hasDeadline_ = deadline_.has_value();
+    if (!hasDeadline_) {
+      wakeUp_.wait(lock);
       continue;
     }
-    changed_.wait_until(lock, Moment(*deadline_), [this] { return isOver_; });
+    wakeUp_.wait_until(lock, TimePoint(*deadline_), [this] { return isStopped_; });
     if (!deadline_ || std::chrono::steady_clock::now() < *deadline_)
       continue;
-    *deadline_ += longestBusy;
+    *deadline_ += busyTimeout;
     if (menuIsOpen_)
       continue;
     xcb_ungrab_keyboard(&connection_, XCB_CURRENT_TIME);

@@ -10,34 +10,35 @@ struct xcb_connection_t;
 
 namespace tavrel {
 
-/// Lets the keyboard go, from a thread of its own, when the program has been busy for a quarter of
-/// a second without a look at its events, and again and again as long as it is: nobody is to sit
-/// before a dead keyboard because a hot key's item takes its time.
+/// Releases the keyboard, from a thread of its own, when the event loop has not run for a quarter
+/// of a second, and once more after each further quarter: an item that blocks the main thread must
+/// not leave the user with a dead keyboard.
 class KeyboardGrabWatchdog {
 public:
-  /// The connection that holds the keyboard, which must outlive this.
+  /// The connection that grabs the keyboard; it must outlive this.
   explicit KeyboardGrabWatchdog(xcb_connection_t& connection);
   ~KeyboardGrabWatchdog();
   KeyboardGrabWatchdog(const KeyboardGrabWatchdog&) = delete;
   KeyboardGrabWatchdog& operator=(const KeyboardGrabWatchdog&) = delete;
 
-  /// Events are being handled from now on, or waited for.
+  /// The event loop handles events from now on, or waits for them.
   void becomesBusy();
   void becomesIdle();
-  /// While a menu is open it has the keyboard for good reason. Done when this returns.
+  /// An open menu keeps the keyboard however long the event loop is busy. Once this has returned
+  /// the thread heeds it.
   void setMenuIsOpen(bool isOpen);
 
 private:
-  using Moment = std::chrono::steady_clock::time_point;
+  using TimePoint = std::chrono::steady_clock::time_point;
   void run();
 
   xcb_connection_t& connection_;
   std::mutex mutex_;
-  std::condition_variable changed_;
-  std::optional<Moment> deadline_; ///< nothing while the program is idle
-  bool watches_ = false;           ///< the thread will look by itself
+  std::condition_variable wakeUp_;
+  std::optional<TimePoint> deadline_; ///< nothing while the event loop is idle
+  bool hasDeadline_ = false;          ///< the thread waits for a deadline and needs no wake-up
   bool menuIsOpen_ = false;
-  bool isOver_ = false;
+  bool isStopped_ = false;
   std::thread thread_;
 };
 

@@ -20,8 +20,8 @@ Q_LOGGING_CATEGORY(monitorLog, "tavrel.monitor")
 constexpr OSStatus notHandled = -9874;
 } // namespace
 
-LinuxEventMonitor::LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* hold)
-    : own_(own), hold_(hold) {}
+LinuxEventMonitor::LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* keyBuffer)
+    : own_(own), keyBuffer_(keyBuffer) {}
 
 LinuxEventMonitor::~LinuxEventMonitor() {
   own_.setBoundaryListener({});
@@ -41,49 +41,50 @@ bool LinuxEventMonitor::open() {
   if (!input_)
     return false;
   taps_ = std::make_unique<ModifierTaps>(serverModifiers(input_->connection()));
-  arrival_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(&input_->connection()),
-                                               QSocketNotifier::Read);
-  QObject::connect(arrival_.get(), &QSocketNotifier::activated, &eventLoop_, [this] {
-    read();
-    deliver();
+  notifier_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(&input_->connection()),
+                                                QSocketNotifier::Read);
+  QObject::connect(notifier_.get(), &QSocketNotifier::activated, &context_, [this] {
+    readEvents();
+    deliverChanges();
   });
   own_.setBoundaryListener([this] { readUpToNow(); });
-  readUpToNow(); // what came during the questions above is not announced any more
+  readUpToNow(); // the notifier is silent about what came along with the replies above
   return true;
 }
 
 bool LinuxEventMonitor::tapIsInterrupted() {
-  if (!told_.press)
+  if (!delivered_.press)
     return false;
-  doubleTapForecast_.lookedAt(told_.press);
+  doubleTapForecast_.noteQuery(delivered_.press);
   readUpToNow();
-  return told_.press->interrupted;
+  return delivered_.press->interrupted;
 }
 
 void LinuxEventMonitor::readUpToNow() {
   if (!input_)
     return;
   input_->waitUntilUpToDate();
-  read();
+  readEvents();
   if (!taps_->changes.empty())
     deliverLater();
 }
 
-void LinuxEventMonitor::read() {
+void LinuxEventMonitor::readEvents() {
   if (!input_)
     return;
-  const auto ours = own_.areBeingPosted() ? input_->programDevices() : std::set<std::uint16_t>();
+  const auto ownDevices =
+      own_.areBeingPosted() ? input_->programDevices() : std::set<std::uint16_t>();
   while (const auto event = input_->next())
-    if (!ours.contains(event->source))
-      take(*event);
+    if (!ownDevices.contains(event->source))
+      apply(*event);
   if (!input_->hasFailed())
     return;
   qCWarning(monitorLog, "the display is gone: its modifier keys are not seen any more");
-  arrival_->setEnabled(false);
+  notifier_->setEnabled(false);
   input_.reset();
 }
 
-void LinuxEventMonitor::take(const RawInputEvent& event) {
+void LinuxEventMonitor::apply(const RawInputEvent& event) {
   switch (event.kind) {
   case RawInputKind::keyDown:
     return taps_->keyDown(event.detail, event.time);
@@ -98,33 +99,33 @@ void LinuxEventMonitor::take(const RawInputEvent& event) {
   }
 }
 
-// A handler may run the event loop and so come here again.
-void LinuxEventMonitor::deliver() {
-  if (std::exchange(delivering_, true))
+// Handlers may run the event loop, and so call this once more.
+void LinuxEventMonitor::deliverChanges() {
+  if (std::exchange(isDelivering_, true))
     return;
   while (!taps_->changes.empty()) {
-    told_ = taps_->changes.front();
+    delivered_ = taps_->changes.front();
     taps_->changes.pop_front();
-    tell();
-    told_ = {};
+    callHandlers();
+    delivered_ = {};
   }
-  delivering_ = false;
+  isDelivering_ = false;
 }
 
-void LinuxEventMonitor::tell() {
-  const bool holds = hold_ && doubleTapForecast_.isSecond(told_.press);
-  if (holds) {
-    hold_->begin();
-    hold_->actBegins();
+void LinuxEventMonitor::callHandlers() {
+  const bool mayBeDoubleTap = keyBuffer_ && doubleTapForecast_.isSecondPress(delivered_.press);
+  if (mayBeDoubleTap) {
+    keyBuffer_->start();
+    keyBuffer_->actionBegins();
   }
   for (const auto& handler : handlers_)
     handler();
-  if (holds)
-    hold_->actEnds();
+  if (mayBeDoubleTap)
+    keyBuffer_->actionEnds();
 }
 
 void LinuxEventMonitor::deliverLater() {
-  QTimer::singleShot(0, &eventLoop_, [this] { deliver(); });
+  QTimer::singleShot(0, &context_, [this] { deliverChanges(); });
 }
 
 } // namespace tavrel

@@ -18,13 +18,15 @@ class GestureKeyBuffer;
 class OwnKeystrokes;
 class RawInput;
 
-/// The modifier keys of all programs, from XInput's raw events. What we type ourselves is left out.
-/// Installing fails on a display without them, and one line on standard error says so.
+/// Reports every press and release of a modifier key, whatever program has the keyboard, from raw
+/// XInput events (RawInput). Keystrokes that this program posts (OwnKeystrokes) are left out.
+/// Installing a handler fails on a display without XInput 2, and one line on standard error says
+/// so.
 class LinuxEventMonitor final : public EventMonitor {
 public:
-  /// Both must outlive this. The hold, if any, keeps what is typed from the moment on that a
-  /// modifier may be tapped for the second time.
-  explicit LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* hold = nullptr);
+  /// Both must outlive this. The buffer, if any, keeps what is typed from the second press of a
+  /// possible double tap on.
+  explicit LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* keyBuffer = nullptr);
   ~LinuxEventMonitor() override;
 
   OSStatus installModifierHandler(std::function<void()> changed) override;
@@ -33,30 +35,30 @@ public:
   }
 
   /// While a handler runs because a modifier key went down: whether another key, a mouse button or
-  /// the wheel has been used since, as long as that key was down. Exact up to the moment of the
-  /// call, so that a click too short for whoever looks at the keyboard now and then counts, too.
+  /// the wheel has been used while that key was down. Reads all events up to the call, so that a
+  /// click counts that is too short for a handler that polls the keyboard.
   [[nodiscard]] bool tapIsInterrupted();
 
 private:
   [[nodiscard]] bool open();
   void readUpToNow();
-  void read();
-  void take(const struct RawInputEvent& event);
-  void deliver();
-  void tell();
+  void readEvents();
+  void apply(const struct RawInputEvent& event);
+  void deliverChanges();
+  void callHandlers();
   void deliverLater();
 
   OwnKeystrokes& own_;
-  GestureKeyBuffer* hold_;
+  GestureKeyBuffer* keyBuffer_;
   ButtonMonitor buttons_;
   std::unique_ptr<RawInput> input_; ///< null until a handler is installed, and when it failed
   std::unique_ptr<ModifierTaps> taps_;
   std::vector<std::function<void()>> handlers_;
-  ModifierChange told_;
+  ModifierChange delivered_; ///< the one whose handlers run
   DoubleTapForecast doubleTapForecast_;
-  bool delivering_ = false;
-  QObject eventLoop_;
-  std::unique_ptr<QSocketNotifier> arrival_;
+  bool isDelivering_ = false;
+  QObject context_; ///< ends the timers and connections with this
+  std::unique_ptr<QSocketNotifier> notifier_;
 };
 
 } // namespace tavrel

@@ -40,7 +40,7 @@ std::optional<Event> LinuxEventQueue::nextEvent(std::uint64_t mask, double until
   const Event event = first->event;
   if (dequeue == Dequeue::yes)
     withheld_.erase(first);
-  QTimer::singleShot(0, this, [this] { passOn(); });
+  QTimer::singleShot(0, this, [this] { forwardWithheld(); });
   return event;
 }
 
@@ -50,7 +50,7 @@ std::deque<LinuxEventQueue::Withheld>::iterator LinuxEventQueue::firstOf(std::ui
 }
 
 void LinuxEventQueue::wait(std::uint64_t mask, double until) {
-  const QScopedValueRollback awaited(awaited_, mask);
+  const QScopedValueRollback awaited(awaitedTypes_, mask);
   QEventLoop loop;
   loop.processEvents();
   const double left = std::clamp(until - clock_.now(), 0.0, longestPoll);
@@ -65,19 +65,19 @@ void LinuxEventQueue::wait(std::uint64_t mask, double until) {
 bool LinuxEventQueue::eventFilter(QObject* watched, QEvent* event) {
   auto* window = qobject_cast<QWindow*>(watched);
   const auto* mouse = dynamic_cast<QMouseEvent*>(event);
-  if (awaited_ == 0 || !window || !mouse || !mouse->spontaneous())
+  if (awaitedTypes_ == 0 || !window || !mouse || !mouse->spontaneous())
     return false;
   auto converted = mouseEvent(*mouse, *window);
-  if (!converted || !matches(awaited_, *converted))
+  if (!converted || !matches(awaitedTypes_, *converted))
     return false;
   converted->timestamp = clock_.now();
   withheld_.push_back({*converted, window, std::unique_ptr<QMouseEvent>(mouse->clone())});
   return true;
 }
 
-void LinuxEventQueue::passOn() {
-  if (awaited_ != 0)
-    return; // a wait runs this loop: who waits may still ask for them
+void LinuxEventQueue::forwardWithheld() {
+  if (awaitedTypes_ != 0)
+    return; // called from a wait, whose caller may still ask for them
   for (auto& each : std::exchange(withheld_, {}))
     if (each.window)
       QCoreApplication::postEvent(each.window, each.original.release());

@@ -14,8 +14,9 @@ class QMouseEvent;
 
 namespace tavrel {
 
-/// The mouse events of our own windows. Those that match are withheld from their windows while one
-/// is waited for; what is not taken out of the queue goes on to its window once nobody waits.
+/// The mouse events of this program's own windows. While `nextEvent` waits, those of the types it
+/// waits for are withheld from their windows; what is not dequeued is forwarded when the wait is
+/// over.
 class LinuxEventQueue final : public EventQueue, private QObject {
 public:
   explicit LinuxEventQueue(Clock& clock);
@@ -34,10 +35,10 @@ private:
   bool eventFilter(QObject* watched, QEvent* event) override;
   [[nodiscard]] std::deque<Withheld>::iterator firstOf(std::uint64_t mask);
   void wait(std::uint64_t mask, double until);
-  void passOn();
+  void forwardWithheld();
 
   Clock& clock_;
-  std::uint64_t awaited_ = 0; ///< types that are waited for now
+  std::uint64_t awaitedTypes_ = 0; ///< bits of the types that `nextEvent` waits for; 0: it does not
   std::deque<Withheld> withheld_;
 };
 

@@ -19,33 +19,33 @@ constexpr const char* anotherProgram = "another program has this key";
 constexpr const char* anotherItem = "another item has this key";
 } // namespace
 
-LinuxHotKeys::LinuxHotKeys(GestureKeyBuffer* hold)
-    : hold_(hold), connection_(qtConnection()),
+LinuxHotKeys::LinuxHotKeys(GestureKeyBuffer* keyBuffer)
+    : keyBuffer_(keyBuffer), connection_(qtConnection()),
       keys_(connection_ ? serverKeys(*connection_) : ServerKeys()),
-      held_([this](auto key, auto modifiers) { return find(key, modifiers); },
-            [this] { tellPressed(); }, [this](auto reference) { tellReleased(reference); }),
-      layout_([this] { follow(); }) {}
+      pressed_([this](auto key, auto modifiers) { return find(key, modifiers); },
+               [this] { hotKeyPressed(); }, [this](auto reference) { hotKeyReleased(reference); }),
+      layoutWatch_([this] { followLayout(); }) {}
 
 LinuxHotKeys::~LinuxHotKeys() {
   for (const Registered& key : registered_)
     ungrabKeys(*connection_, key.grabs);
   if (!registered_.empty())
-    letKeysThrough(*connection_);
+    thawKeyboard(*connection_);
 }
 
 HotKeyRegistration LinuxHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                                 EventHotKeyID) {
-  Registered key{keyCode, modifiers, last_ + 1, {}};
-  if (const char* why = take(key)) {
-    refuse(key, why);
+  Registered key{keyCode, modifiers, lastReference_ + 1, {}};
+  if (const char* why = grab(key)) {
+    warnOf(key, why);
     return {hotKeyStatus::taken, 0};
   }
   registered_.push_back(std::move(key));
-  return {hotKeyStatus::registered, ++last_};
+  return {hotKeyStatus::registered, ++lastReference_};
 }
 
-/// Null when it worked, else why not.
-const char* LinuxHotKeys::take(Registered& key) {
+/// Null when all combinations are grabbed, else the reason why not.
+const char* LinuxHotKeys::grab(Registered& key) {
   const auto same = [&](const Registered& other) {
     return other.keyCode == key.keyCode && other.modifiers == key.modifiers &&
            other.reference != key.reference;
@@ -55,7 +55,7 @@ const char* LinuxHotKeys::take(Registered& key) {
   auto grabs = grabsFor(keys_, key.keyCode, key.modifiers);
   if (grabs.empty() || !connection_)
     return noKeyHere;
-  if (!grabKeys(*connection_, grabs, hold_ ? FollowingKeys::wait : FollowingKeys::comeAtOnce))
+  if (!grabKeys(*connection_, grabs, keyBuffer_ ? FollowingKeys::frozen : FollowingKeys::delivered))
     return anotherProgram;
   key.grabs = std::move(grabs);
   return nullptr;
@@ -68,7 +68,7 @@ OSStatus LinuxHotKeys::unregisterHotKey(EventHotKeyRef reference) {
     return hotKeyStatus::unknown;
   ungrabKeys(*connection_, found->grabs);
   registered_.erase(found);
-  held_.forget(reference);
+  pressed_.forget(reference);
   return hotKeyStatus::registered;
 }
 
@@ -85,13 +85,13 @@ EventHotKeyRef LinuxHotKeys::find(std::uint8_t key, std::uint16_t modifiers) con
   return 0;
 }
 
-// All that move are given up before any is taken: two may have changed places. Those that stay are
-// not let go for a moment.
-void LinuxHotKeys::follow() {
+// All that moved are ungrabbed before any is grabbed anew: two may have changed places. Those that
+// stay are never ungrabbed, so that no press of theirs gets past.
+void LinuxHotKeys::followLayout() {
   if (!connection_)
     return;
   keys_ = serverKeys(*connection_);
-  std::vector<std::pair<Registered*, bool>> moving; // and whether it worked before
+  std::vector<std::pair<Registered*, bool>> moving; // and whether it was grabbed before
   for (Registered& key : registered_) {
     if (!key.grabs.empty() && key.grabs == grabsFor(keys_, key.keyCode, key.modifiers))
       continue;
@@ -99,33 +99,34 @@ void LinuxHotKeys::follow() {
     ungrabKeys(*connection_, std::exchange(key.grabs, {}));
   }
   for (const auto& [key, worked] : moving)
-    if (const char* why = take(*key); why && worked)
-      refuse(*key, why);
+    if (const char* why = grab(*key); why && worked)
+      warnOf(*key, why);
 }
 
-void LinuxHotKeys::refuse(const Registered& key, const char* why) const {
+void LinuxHotKeys::warnOf(const Registered& key, const char* why) const {
   qCWarning(hotKeyLog, "%s: %s", combinationInWords(keys_, key.keyCode, key.modifiers).c_str(),
             why);
 }
 
-void LinuxHotKeys::tellPressed() {
-  if (hold_)
-    hold_->begin();
+void LinuxHotKeys::hotKeyPressed() {
+  if (keyBuffer_)
+    keyBuffer_->start();
 }
 
-// Not from within the toolkit's reading of events: what a hot key does may run the event loop.
-void LinuxHotKeys::tellReleased(EventHotKeyRef reference) {
-  QTimer::singleShot(0, &eventLoop_, [this, reference] {
+// Called while the toolkit reads events: what a hot key does may run the event loop, so it waits
+// until that is over.
+void LinuxHotKeys::hotKeyReleased(EventHotKeyRef reference) {
+  QTimer::singleShot(0, &context_, [this, reference] {
     Event release;
     release.type = EventType::systemDefined;
     release.subtype = hotKeyReleasedSubtype;
     release.data1 = reference;
-    if (hold_)
-      hold_->actBegins();
+    if (keyBuffer_)
+      keyBuffer_->actionBegins();
     if (target_ && isRegistered(reference))
       target_->sendEvent(release);
-    if (hold_)
-      hold_->actEnds();
+    if (keyBuffer_)
+      keyBuffer_->actionEnds();
   });
 }
 

@@ -13,18 +13,19 @@ namespace tavrel {
 
 class GestureKeyBuffer;
 
-/// Keys grabbed on the toolkit's connection, so that our own menu can take the keyboard while one
-/// is held. A key is grabbed by its place; the grabs follow the layout. One line on standard error
-/// names a combination that cannot be had, in words.
+/// Hot keys by passive grabs on the toolkit's connection: grabbed on another one, a hot key that is
+/// still down would keep our own menu from grabbing the keyboard. A hot key is a place on the
+/// keyboard, and the grabs follow when the layout changes. One line on standard error names a
+/// combination that cannot be grabbed, as "Ctrl+Alt+1".
 class LinuxHotKeys final : public HotKeys {
 public:
-  /// Needs a QGuiApplication. The hold, if any, keeps what is typed from a hot key's press until
-  /// what it does has shown; it must have been there before and outlive this.
-  explicit LinuxHotKeys(GestureKeyBuffer* hold = nullptr);
+  /// Needs a QGuiApplication. The buffer, if any, keeps what is typed from a hot key's press until
+  /// its item has been carried out; it must be constructed before this and outlive it.
+  explicit LinuxHotKeys(GestureKeyBuffer* keyBuffer = nullptr);
   ~LinuxHotKeys() override;
 
   void setEventTarget(EventTarget* target) override { target_ = target; }
-  /// A combination that is registered already is taken.
+  /// `hotKeyStatus::taken` also for a combination that is registered already.
   HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                     EventHotKeyID id) override;
   OSStatus unregisterHotKey(EventHotKeyRef reference) override;
@@ -34,26 +35,26 @@ private:
     std::uint32_t keyCode = 0;
     std::uint32_t modifiers = 0;
     EventHotKeyRef reference = 0;
-    std::vector<KeyGrab> grabs; ///< empty: the layout of the moment has no place for it
+    std::vector<KeyGrab> grabs; ///< empty while the layout lacks a key or another program has it
   };
 
-  [[nodiscard]] const char* take(Registered& key);
+  [[nodiscard]] const char* grab(Registered& key);
   [[nodiscard]] bool isRegistered(EventHotKeyRef reference) const;
   [[nodiscard]] EventHotKeyRef find(std::uint8_t key, std::uint16_t modifiers) const;
-  void follow();
-  void refuse(const Registered& key, const char* why) const;
-  void tellPressed();
-  void tellReleased(EventHotKeyRef reference);
+  void followLayout();
+  void warnOf(const Registered& key, const char* why) const;
+  void hotKeyPressed();
+  void hotKeyReleased(EventHotKeyRef reference);
 
-  GestureKeyBuffer* hold_;
+  GestureKeyBuffer* keyBuffer_;
   xcb_connection_t* connection_; ///< null where there is no X server
   ServerKeys keys_;
   EventTarget* target_ = nullptr;
   std::vector<Registered> registered_;
-  EventHotKeyRef last_ = 0;
-  QObject eventLoop_;
-  PressedHotKeys held_;
-  LayoutWatch layout_;
+  EventHotKeyRef lastReference_ = 0;
+  QObject context_; ///< ends the timers with this
+  PressedHotKeys pressed_;
+  LayoutWatch layoutWatch_;
 };
 
 } // namespace tavrel

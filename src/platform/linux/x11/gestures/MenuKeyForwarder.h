@@ -11,33 +11,34 @@
 
 namespace tavrel {
 
-/// Holds the keyboard for a menu that is about to show, and while it shows: what is typed
-/// meanwhile, and what was typed since the gesture began, waits and goes to the menu once that has
-/// a window; what comes when that has gone again goes to the application in front.
+/// Grabs the keyboard for a menu, from before it shows until it has closed. What is typed before
+/// the menu has a window, since the gesture began (GestureKeyBuffer), waits here and is forwarded
+/// to the window as soon as there is one; what comes after it is gone goes to the application in
+/// front.
 class MenuKeyForwarder final : public QAbstractNativeEventFilter {
 public:
-  /// The menu's window, 0 while it has none. There is one hold at a time.
+  /// `menuWindow` answers 0 while the menu has no window. There is one forwarder at a time.
   explicit MenuKeyForwarder(std::function<std::uint32_t()> menuWindow);
   ~MenuKeyForwarder() override;
   MenuKeyForwarder(const MenuKeyForwarder&) = delete;
   MenuKeyForwarder& operator=(const MenuKeyForwarder&) = delete;
 
-  /// Takes hold once more if need be.
-  void take() { KeyboardGrab::take(); }
-  /// A key, by the server's number, that the toolkit had read already when the menu closed.
-  void keep(std::uint32_t code, KeyDirection direction);
+  /// For when something has released the grab meanwhile.
+  void grabAgain() { KeyboardGrab::take(); }
+  /// Keeps a key (the server's code) that the toolkit had read already when the menu closed.
+  void keepKey(std::uint32_t code, KeyDirection direction);
 
   bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
-  bool takeKey(xcb_key_press_event_t& key);
-  void sendOn();
+  bool redirectKey(xcb_key_press_event_t& key);
+  void forwardPending();
 
   std::function<std::uint32_t()> menuWindow_;
   std::optional<KeyboardGrab> grab_;
-  RecordedKeyEvents waiting_;
-  int underWay_ = 0; ///< sent to the menu's window, by way of the server
-  QTimer look_;
+  RecordedKeyEvents pendingKeys_;
+  int inFlight_ = 0; ///< forwarded events that have not come back from the server
+  QTimer windowPoll_;
 };
 
 } // namespace tavrel

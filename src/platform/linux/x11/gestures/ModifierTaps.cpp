@@ -3,14 +3,14 @@
 namespace tavrel {
 
 namespace {
-constexpr std::size_t noKeyAtAll = 0; ///< the server counts from 8
+constexpr std::size_t noKeyCode = 0; ///< key codes of the server begin at 8
 }
 
-// A key can be told to go down or up twice: two keyboards have it, or a program lifts it.
+// A key can go down or up twice in a row: two keyboards have it, or a program releases it (XTest).
 void ModifierTaps::keyDown(std::size_t key, std::uint32_t time) {
   if (key >= modifiers_.keys.size() || down_.contains(key))
     return;
-  if (!modifiers_.capsLockKeys.test(key)) // Caps Lock leaves the taps of others alone
+  if (!modifiers_.capsLockKeys.test(key)) // Caps Lock does not interrupt
     interruptAllBut(key);
   if (!modifiers_.keys.test(key))
     return;
@@ -26,7 +26,7 @@ void ModifierTaps::keyUp(std::size_t key) {
 
 void ModifierTaps::buttonDown(std::uint32_t button) {
   buttons_.insert(button);
-  interruptAllBut(noKeyAtAll);
+  interruptAllBut(noKeyCode);
 }
 
 void ModifierTaps::buttonUp(std::uint32_t button) {

@@ -10,20 +10,21 @@
 
 namespace tavrel {
 
-/// One time that a modifier key is down, from going down to going up.
+/// A modifier key from going down to going up.
 struct ModifierPress {
   std::size_t key = 0;      ///< server key code
   std::uint32_t time = 0;   ///< of the server, in milliseconds
   bool interrupted = false; ///< by another key, a mouse button or the wheel
 };
 
-/// A modifier key went down (then `press` tells of it) or up (then there is none).
+/// A modifier key went down (then it has a `press`) or up (then it has none).
 struct ModifierChange {
   std::shared_ptr<const ModifierPress> press;
 };
 
-/// What the keys and buttons of all programs mean for the modifiers. Told of every event in order,
-/// by server key code and button number.
+/// Follows the modifier keys: which are down, and whether another key, button or the wheel has been
+/// used meanwhile, so that they are not tapped alone. Is fed every event in order, by server key
+/// code and button number.
 class ModifierTaps {
 public:
   explicit ModifierTaps(ServerModifiers modifiers) : modifiers_(modifiers) {}
@@ -36,7 +37,7 @@ public:
   void buttonDown(std::uint32_t button);
   void buttonUp(std::uint32_t button);
 
-  /// Those not taken yet, oldest first.
+  /// Oldest first; the caller takes them out.
   std::deque<ModifierChange> changes;
 
 private:

@@ -30,7 +30,7 @@ std::optional<EventType> typeOf(const QMouseEvent& event) {
   }
 }
 
-// The toolkit calls Super Meta.
+// The toolkit calls the Super key Meta.
 std::uint32_t interfaceModifiers(Qt::KeyboardModifiers held) {
   constexpr std::array<std::pair<Qt::KeyboardModifier, std::uint32_t>, 4> modifiers{
       {{Qt::ControlModifier, modifier::command},

@@ -9,7 +9,8 @@ class QWindow;
 
 namespace tavrel {
 
-/// Nothing for a mouse event of a kind that the ports do not know. The caller adds the time.
+/// The event as the ports have it, but for the time, which the caller adds; nothing for a kind that
+/// they do not know.
 [[nodiscard]] std::optional<Event> mouseEvent(const QMouseEvent& event, const QWindow& window);
 
 } // namespace tavrel

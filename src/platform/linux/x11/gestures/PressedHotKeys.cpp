@@ -15,20 +15,20 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::milliseconds look{100};
+constexpr std::chrono::milliseconds releasePollInterval{100};
 }
 
-// The timer finds releases that went elsewhere: a menu of ours that opens while the key is down
-// ends the key's grab, and another program gets the release when the menu closes first.
-PressedHotKeys::PressedHotKeys(Find find, std::function<void()> wentDown, Released released)
-    : find_(std::move(find)), wentDown_(std::move(wentDown)), tell_(std::move(released)) {
-  watch_.setInterval(look);
-  QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { tellReleases(); });
+// The poll finds releases that do not come here: a menu of ours that opens while the key is down
+// takes the key's grab over, and when it closes first, another program gets the release.
+PressedHotKeys::PressedHotKeys(Find find, std::function<void()> onPress, OnRelease onRelease)
+    : find_(std::move(find)), onPress_(std::move(onPress)), onRelease_(std::move(onRelease)) {
+  releasePoll_.setInterval(releasePollInterval);
+  QObject::connect(&releasePoll_, &QTimer::timeout, &releasePoll_, [this] { reportReleases(); });
   QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
 void PressedHotKeys::forget(EventHotKeyRef reference) {
-  for (auto& [key, held] : held_)
+  for (auto& [key, held] : pressed_)
     if (held == reference)
       held = 0;
 }
@@ -38,46 +38,48 @@ bool PressedHotKeys::nativeEventFilter(const QByteArray& type, void* message, qi
     return false;
   const auto kind = static_cast<const xcb_generic_event_t*>(message)->response_type;
   if (kind == XCB_KEY_PRESS)
-    return pressedAnywhere(*static_cast<const xcb_key_press_event_t*>(message));
-  return kind == XCB_KEY_RELEASE && released(*static_cast<const xcb_key_release_event_t*>(message));
+    return handlePress(*static_cast<const xcb_key_press_event_t*>(message));
+  return kind == XCB_KEY_RELEASE &&
+         handleRelease(*static_cast<const xcb_key_release_event_t*>(message));
 }
 
-// The server waits for our word, also for a key that was given up meanwhile.
-bool PressedHotKeys::pressedAnywhere(const xcb_key_press_event_t& event) {
-  const bool isOurs = pressed(event);
+// The server holds the following keys back until it is told to go on, also for a key that has been
+// ungrabbed meanwhile.
+bool PressedHotKeys::handlePress(const xcb_key_press_event_t& event) {
+  const bool isOurs = recordPress(event);
   if (event.event == event.root)
-    letKeysThrough(*qtConnection());
+    thawKeyboard(*qtConnection());
   return isOurs;
 }
 
-// A held key repeats into whatever window has the keyboard by now, and repeats may still wait when
-// it is up already. A release with the time of the press behind it is none: so repeats are made.
-bool PressedHotKeys::pressed(const xcb_key_press_event_t& event) {
-  const bool repeat = lastRelease_ == KeyMoment(event.detail, event.time);
-  if (repeat && (held_.contains(event.detail) || find_(event.detail, event.state & 0xFF) != 0))
+// Auto-repeat comes as a release and a press with the same time. It goes to whatever window has the
+// keyboard by then, and may still be queued when the key is up already.
+bool PressedHotKeys::recordPress(const xcb_key_press_event_t& event) {
+  const bool repeat = lastRelease_ == KeyEventTime(event.detail, event.time);
+  if (repeat && (pressed_.contains(event.detail) || find_(event.detail, event.state & 0xFF) != 0))
     return true;
-  if (const auto gone = held_.extract(event.detail); !gone.empty())
-    tell_(gone.mapped()); // up and down again before we looked
+  if (const auto gone = pressed_.extract(event.detail); !gone.empty())
+    onRelease_(gone.mapped()); // it went up and down again before the events were read
   const EventHotKeyRef reference =
       event.event == event.root ? find_(event.detail, event.state & 0xFF) : 0;
   if (reference == 0)
     return false;
-  held_[event.detail] = reference;
-  wentDown_();
-  watch_.start();
+  pressed_[event.detail] = reference;
+  onPress_();
+  releasePoll_.start();
   return true;
 }
 
-bool PressedHotKeys::released(const xcb_key_press_event_t& event) {
+bool PressedHotKeys::handleRelease(const xcb_key_press_event_t& event) {
   lastRelease_ = {event.detail, event.time};
-  if (!held_.contains(event.detail))
+  if (!pressed_.contains(event.detail))
     return false;
-  tellReleases();
+  reportReleases();
   return true;
 }
 
-// A repeat comes as release and press: only the keyboard itself knows.
-void PressedHotKeys::tellReleases() {
+// A release may be one of auto-repeat: the keyboard is asked whether the key is up.
+void PressedHotKeys::reportReleases() {
   xcb_connection_t* connection = qtConnection();
   const auto down = xcbReply(
       connection ? xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr)
@@ -85,14 +87,14 @@ void PressedHotKeys::tellReleases() {
   const auto isUp = [&](std::uint8_t key) {
     return down && (down->keys[key / 8] >> (key % 8) & 1) == 0;
   };
-  std::erase_if(held_, [&](const auto& held) {
+  std::erase_if(pressed_, [&](const auto& held) {
     if (!isUp(held.first))
       return false;
-    tell_(held.second);
+    onRelease_(held.second);
     return true;
   });
-  if (held_.empty())
-    watch_.stop();
+  if (pressed_.empty())
+    releasePoll_.stop();
 }
 
 } // namespace tavrel

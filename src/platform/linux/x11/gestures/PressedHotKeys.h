@@ -13,34 +13,35 @@ struct xcb_key_press_event_t;
 
 namespace tavrel {
 
-/// Follows grabbed keys from going down to truly going up, and keeps their events from windows.
+/// Follows the keys of hot keys from press to release, auto-repeat left out, and keeps their events
+/// from our own windows.
 class PressedHotKeys final : private QAbstractNativeEventFilter {
 public:
-  /// 0 when no hot key has the key with these modifier bits.
+  /// The hot key that has this server key code with these modifier bits; 0 for none.
   using Find = std::function<EventHotKeyRef(std::uint8_t key, std::uint16_t modifiers)>;
-  /// Told with 0 when it is no hot key any more.
-  using Released = std::function<void(EventHotKeyRef)>;
+  /// Called with 0 when the hot key was unregistered while it was down.
+  using OnRelease = std::function<void(EventHotKeyRef)>;
 
-  PressedHotKeys(Find find, std::function<void()> wentDown, Released released);
+  PressedHotKeys(Find find, std::function<void()> onPress, OnRelease onRelease);
 
-  /// A key that is still held has no meaning any more.
+  /// The hot key is unregistered; its key may still be down.
   void forget(EventHotKeyRef reference);
 
 private:
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
-  bool pressedAnywhere(const xcb_key_press_event_t& event);
-  bool pressed(const xcb_key_press_event_t& event);
-  bool released(const xcb_key_press_event_t& event);
-  void tellReleases();
+  bool handlePress(const xcb_key_press_event_t& event);
+  bool recordPress(const xcb_key_press_event_t& event);
+  bool handleRelease(const xcb_key_press_event_t& event);
+  void reportReleases();
 
-  using KeyMoment = std::pair<std::uint8_t, std::uint32_t>; ///< server key code and server time
+  using KeyEventTime = std::pair<std::uint8_t, std::uint32_t>; ///< server key code and server time
 
   Find find_;
-  std::function<void()> wentDown_;
-  Released tell_;
-  std::map<std::uint8_t, EventHotKeyRef> held_; ///< by server key code; 0: of no hot key any more
-  KeyMoment lastRelease_;
-  QTimer watch_;
+  std::function<void()> onPress_;
+  OnRelease onRelease_;
+  std::map<std::uint8_t, EventHotKeyRef> pressed_; ///< by server key code; 0: unregistered since
+  KeyEventTime lastRelease_;
+  QTimer releasePoll_;
 };
 
 } // namespace tavrel

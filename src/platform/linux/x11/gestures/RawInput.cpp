@@ -27,7 +27,7 @@ std::optional<RawInputKind> kindOf(std::uint16_t type) {
   }
 }
 
-// Keys and buttons share one shape of event.
+// Raw events of keys and of buttons are laid out alike.
 std::optional<RawInputEvent> inputOf(const xcb_generic_event_t& event, std::uint8_t extension) {
   if ((event.response_type & 0x7F) == XCB_MAPPING_NOTIFY)
     return RawInputEvent{RawInputKind::mappingChanged};
@@ -39,38 +39,56 @@ std::optional<RawInputEvent> inputOf(const xcb_generic_event_t& event, std::uint
               : std::nullopt;
 }
 
-struct RawMask {
-  xcb_input_event_mask_t header{XCB_INPUT_DEVICE_ALL_MASTER, 1};
-  std::uint32_t bits =
-      XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE |
-      XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
-};
+constexpr std::uint32_t buttonEvents =
+    XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
+constexpr std::uint32_t keyEvents =
+    XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
+
+bool speaksXInput2(xcb_connection_t& connection) {
+  const auto version = xcbReply(xcb_input_xi_query_version_reply(
+      &connection, xcb_input_xi_query_version(&connection, 2, 2), nullptr));
+  return version && version->major_version >= 2;
+}
+
+bool selectRawEvents(xcb_connection_t& connection, std::uint32_t events) {
+  const struct {
+    xcb_input_event_mask_t header{XCB_INPUT_DEVICE_ALL_MASTER, 1};
+    std::uint32_t bits;
+  } mask{.bits = events};
+  const auto cookie =
+      xcb_input_xi_select_events_checked(&connection, rootWindow(connection), 1, &mask.header);
+  return xcbReply(xcb_request_check(&connection, cookie)) == nullptr;
+}
 
 } // namespace
 
+// From version 2.1 on, the server reports raw events also while another program has a grab.
+std::uint8_t rawEventExtension(xcb_connection_t& connection) {
+  const auto* extension = xcb_get_extension_data(&connection, &xcb_input_id);
+  return extension != nullptr && extension->present != 0 && speaksXInput2(connection)
+             ? extension->major_opcode
+             : std::uint8_t{0};
+}
+
+bool selectRawButtons(xcb_connection_t& connection, RawMotion motion) {
+  std::uint32_t events = buttonEvents;
+  if (motion == RawMotion::reported)
+    events |= XCB_INPUT_XI_EVENT_MASK_RAW_MOTION;
+  return selectRawEvents(connection, events);
+}
+
 std::unique_ptr<RawInput> RawInput::create() {
   std::unique_ptr<RawInput> input(new RawInput(xcb_connect(nullptr, nullptr)));
-  return !input->hasFailed() && input->select() ? std::move(input) : nullptr;
+  if (input->hasFailed())
+    return nullptr;
+  input->extension_ = rawEventExtension(*input->connection_);
+  const bool isSelected =
+      input->extension_ != 0 && selectRawEvents(*input->connection_, keyEvents | buttonEvents);
+  return isSelected ? std::move(input) : nullptr;
 }
 
 RawInput::~RawInput() {
   xcb_disconnect(connection_);
-}
-
-// From version 2.1 on, the server also tells of what another program has grabbed.
-bool RawInput::select() {
-  const auto* extension = xcb_get_extension_data(connection_, &xcb_input_id);
-  if (!extension || extension->present == 0)
-    return false;
-  extension_ = extension->major_opcode;
-  const auto version = xcbReply(xcb_input_xi_query_version_reply(
-      connection_, xcb_input_xi_query_version(connection_, 2, 2), nullptr));
-  if (!version || version->major_version < 2)
-    return false;
-  const RawMask mask;
-  const auto asked =
-      xcb_input_xi_select_events_checked(connection_, rootWindow(*connection_), 1, &mask.header);
-  return !xcbReply(xcb_request_check(connection_, asked));
 }
 
 std::optional<RawInputEvent> RawInput::next() {

@@ -11,7 +11,7 @@ namespace tavrel {
 
 enum class RawInputKind { keyDown, keyUp, buttonDown, buttonUp, mappingChanged };
 
-/// An event of a keyboard or mouse before any program has it.
+/// A raw event (XInput 2): a key or button of a device, before grabs and focus decide who gets it.
 struct RawInputEvent {
   RawInputKind kind{};
   std::uint32_t detail = 0; ///< server key code or button number
@@ -19,11 +19,11 @@ struct RawInputEvent {
   std::uint32_t time = 0;   ///< of the server, in milliseconds
 };
 
-/// The keys and buttons of all programs, over a connection of its own; also while another program
-/// holds keyboard and pointer for itself.
+/// Reads every key and button pressed on the server, also while another program has grabbed
+/// keyboard and pointer. Has an X connection of its own.
 class RawInput {
 public:
-  /// Null when the display does not tell.
+  /// Null without an X server or without XInput 2.
   [[nodiscard]] static std::unique_ptr<RawInput> create();
   ~RawInput();
   RawInput(const RawInput&) = delete;
@@ -37,15 +37,23 @@ public:
   void waitUntilUpToDate();
   [[nodiscard]] bool hasFailed() const;
 
-  /// The devices through which programs make key events.
+  /// The devices that stand for what programs post (XTest).
   [[nodiscard]] std::set<std::uint16_t> programDevices();
 
 private:
   explicit RawInput(xcb_connection_t* connection) : connection_(connection) {}
-  [[nodiscard]] bool select();
-
   xcb_connection_t* connection_;
-  std::uint8_t extension_ = 0;
+  std::uint8_t extension_ = 0; ///< see `rawEventExtension`
 };
+
+/// Whether motion events are reported beside those of buttons.
+enum class RawMotion { ignored, reported };
+
+/// Selects the raw button events of all pointers; false when the server has no XInput 2.
+[[nodiscard]] bool selectRawButtons(xcb_connection_t& connection, RawMotion motion);
+
+/// The number by which the server marks raw events on this connection: the major opcode of XInput.
+/// 0 without XInput 2.
+[[nodiscard]] std::uint8_t rawEventExtension(xcb_connection_t& connection);
 
 } // namespace tavrel

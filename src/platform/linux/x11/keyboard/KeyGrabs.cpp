@@ -12,19 +12,19 @@ namespace tavrel {
 bool grabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs,
               FollowingKeys following) {
   const std::uint8_t mode =
-      following == FollowingKeys::wait ? XCB_GRAB_MODE_SYNC : XCB_GRAB_MODE_ASYNC;
+      following == FollowingKeys::frozen ? XCB_GRAB_MODE_SYNC : XCB_GRAB_MODE_ASYNC;
   const xcb_window_t root = rootWindow(connection);
-  std::vector<xcb_void_cookie_t> asked;
+  std::vector<xcb_void_cookie_t> requests;
   for (const KeyGrab& grab : grabs)
-    asked.push_back(xcb_grab_key_checked(&connection, 0, root, grab.modifiers, grab.key,
-                                         XCB_GRAB_MODE_ASYNC, mode));
-  std::vector<KeyGrab> taken;
-  for (std::size_t i = 0; i < asked.size(); ++i)
-    if (!xcbReply(xcb_request_check(&connection, asked[i])))
-      taken.push_back(grabs[i]);
-  if (taken.size() == grabs.size())
+    requests.push_back(xcb_grab_key_checked(&connection, 0, root, grab.modifiers, grab.key,
+                                            XCB_GRAB_MODE_ASYNC, mode));
+  std::vector<KeyGrab> grabbed;
+  for (std::size_t i = 0; i < requests.size(); ++i)
+    if (!xcbReply(xcb_request_check(&connection, requests[i])))
+      grabbed.push_back(grabs[i]);
+  if (grabbed.size() == grabs.size())
     return true;
-  ungrabKeys(connection, taken);
+  ungrabKeys(connection, grabbed);
   return false;
 }
 
@@ -35,7 +35,7 @@ void ungrabKeys(xcb_connection_t& connection, std::span<const KeyGrab> grabs) {
   xcbReply(xcb_get_input_focus_reply(&connection, xcb_get_input_focus(&connection), nullptr));
 }
 
-void letKeysThrough(xcb_connection_t& connection) {
+void thawKeyboard(xcb_connection_t& connection) {
   xcb_allow_events(&connection, XCB_ALLOW_ASYNC_KEYBOARD, XCB_CURRENT_TIME);
   xcb_flush(&connection);
 }

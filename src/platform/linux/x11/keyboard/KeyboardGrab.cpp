@@ -1,7 +1,6 @@
 #include "platform/linux/x11/keyboard/KeyboardGrab.h"
 
 #include "platform/linux/x11/server/QtConnection.h"
-#include "platform/linux/x11/server/ServerRoundTrip.h"
 #include "platform/linux/x11/server/XcbReply.h"
 
 #include <xcb/xcb.h>
@@ -9,11 +8,10 @@
 namespace tavrel {
 
 namespace {
-int keyboardHolders = 0;
+int grabCount = 0;
 
-// A window of ours that is never shown: key events are sent there, and find their place among those
-// that came already and wait.
-xcb_window_t keyWindow() {
+// A hidden window that injected events are sent to, which tells them from others.
+xcb_window_t injectionWindow() {
   static const xcb_window_t window = [] {
     xcb_connection_t& server = *qtConnection();
     const xcb_window_t made = xcb_generate_id(&server);
@@ -26,17 +24,17 @@ xcb_window_t keyWindow() {
 } // namespace
 
 KeyboardGrab::KeyboardGrab() {
-  ++keyboardHolders;
+  ++grabCount;
   take();
 }
 
 KeyboardGrab::~KeyboardGrab() {
-  if (--keyboardHolders == 0)
-    letGo();
+  if (--grabCount == 0)
+    release();
 }
 
-// The root window can be grabbed before any of ours is there. Whether it worked is not asked: where
-// it did not, the menu tries again as soon as it shows.
+// The grab is on the root window, for no window of ours may exist yet. The reply is read for the
+// round trip only: where another program has the keyboard, the menu tries again while it shows.
 void KeyboardGrab::take() {
   xcb_connection_t* server = qtConnection();
   if (!server)
@@ -48,7 +46,7 @@ void KeyboardGrab::take() {
                               nullptr));
 }
 
-void KeyboardGrab::letGo() {
+void KeyboardGrab::release() {
   xcb_connection_t* server = qtConnection();
   if (!server)
     return;
@@ -57,23 +55,23 @@ void KeyboardGrab::letGo() {
 }
 
 bool KeyboardGrab::isHeld() {
-  return keyboardHolders > 0;
+  return grabCount > 0;
 }
 
-void KeyboardGrab::tellOf(const RecordedKeyEvents& typed) {
+void KeyboardGrab::inject(const RecordedKeyEvents& keys) {
   xcb_connection_t* server = qtConnection();
-  if (!server || typed.empty())
+  if (!server || keys.empty())
     return;
-  for (xcb_key_press_event_t key : typed) {
-    key.event = keyWindow();
+  for (xcb_key_press_event_t key : keys) {
+    key.event = injectionWindow();
     xcb_send_event(server, 0, key.event, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char*>(&key));
   }
   waitForServer();
 }
 
-bool KeyboardGrab::isTold(const xcb_key_press_event_t& event) {
-  return event.event == keyWindow();
+bool KeyboardGrab::isInjected(const xcb_key_press_event_t& event) {
+  return event.event == injectionWindow();
 }
 
 } // namespace tavrel

@@ -6,9 +6,9 @@
 
 namespace tavrel {
 
-/// The keyboard of the whole display, held on the toolkit's connection for as long as this lives:
-/// all that is typed comes to this program. Those that overlap hold it together. While another
-/// program has it, nothing is held.
+/// An active grab of the keyboard on the toolkit's connection for as long as this lives: all keys
+/// come to this program. Objects that overlap share one grab. While another program has grabbed the
+/// keyboard there is no grab, and nothing says so: see `take`.
 class KeyboardGrab {
 public:
   KeyboardGrab();
@@ -16,17 +16,19 @@ public:
   KeyboardGrab(const KeyboardGrab&) = delete;
   KeyboardGrab& operator=(const KeyboardGrab&) = delete;
 
-  /// Takes hold once more where something has let go meanwhile.
+  /// Requests the grab once more, for when something has released it or another program had it.
   static void take();
-  /// Returns when the server has let go: keys posted from here on reach the application in front.
-  static void letGo();
-  /// Whether to take hold again after letting go for a moment.
+  /// Returns when the server has released it: keys posted from here on reach the application in
+  /// front.
+  static void release();
+  /// Whether any object lives, so that a grab released for a moment is to be taken again.
   [[nodiscard]] static bool isHeld();
 
-  /// Keys that did not come to us, though we hold the keyboard: they come now.
-  static void tellOf(const RecordedKeyEvents& typed);
+  /// Sends this program key events that it missed during the grab, through the server, so that they
+  /// find their place among those that are queued already.
+  static void inject(const RecordedKeyEvents& keys);
   /// Whether a key event is one of those.
-  [[nodiscard]] static bool isTold(const xcb_key_press_event_t& event);
+  [[nodiscard]] static bool isInjected(const xcb_key_press_event_t& event);
 };
 
 } // namespace tavrel

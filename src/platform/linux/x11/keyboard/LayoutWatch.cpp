@@ -11,11 +11,11 @@
 namespace tavrel {
 
 namespace {
-constexpr std::chrono::milliseconds burst{50};
+constexpr std::chrono::milliseconds burstTime{50};
 
-// The toolkit asks for these notices on its connection. Every one of the extension has its kind in
-// the second byte.
-bool tellsOfLayout(const xcb_generic_event_t& event) {
+// The toolkit has selected these events on its connection. Events of XKB have their kind in the
+// second byte.
+bool isLayoutChange(const xcb_generic_event_t& event) {
   const int type = event.response_type & 0x7F;
   if (type == XCB_MAPPING_NOTIFY)
     return true;
@@ -27,16 +27,16 @@ bool tellsOfLayout(const xcb_generic_event_t& event) {
 } // namespace
 
 LayoutWatch::LayoutWatch(std::function<void()> changed) {
-  settled_.setSingleShot(true);
-  settled_.setInterval(burst);
-  QObject::connect(&settled_, &QTimer::timeout, &settled_, std::move(changed));
+  burstTimer_.setSingleShot(true);
+  burstTimer_.setInterval(burstTime);
+  QObject::connect(&burstTimer_, &QTimer::timeout, &burstTimer_, std::move(changed));
   QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
 bool LayoutWatch::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
   if (type == "xcb_generic_event_t" &&
-      tellsOfLayout(*static_cast<const xcb_generic_event_t*>(message)))
-    settled_.start();
+      isLayoutChange(*static_cast<const xcb_generic_event_t*>(message)))
+    burstTimer_.start();
   return false;
 }
 

@@ -7,8 +7,8 @@
 
 namespace tavrel {
 
-/// Calls from the event loop when keys or modifiers of the server may have got other places: once
-/// for the burst of notices that one change makes.
+/// Calls back, from the event loop, when the server's layout or modifier mapping has changed: once
+/// for the burst of events that one change makes.
 class LayoutWatch final : private QAbstractNativeEventFilter {
 public:
   explicit LayoutWatch(std::function<void()> changed);
@@ -16,7 +16,7 @@ public:
 private:
   bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
-  QTimer settled_;
+  QTimer burstTimer_;
 };
 
 } // namespace tavrel

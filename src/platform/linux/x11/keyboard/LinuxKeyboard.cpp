@@ -26,9 +26,9 @@ struct FreeReply {
 };
 template <class Reply> using Owned = std::unique_ptr<Reply, FreeReply>;
 
-constexpr std::uint32_t keyOfNoKeyboard = 127;
+constexpr std::uint32_t interruptionKeyCode = 127;
 
-// How the server's modifiers answer to the names that menus use.
+// Ctrl stands for Command and Super for Control, as in menus and settings.
 std::uint32_t eventModifiersOf(std::uint16_t mask, const ServerModifiers& server) {
   const std::pair<std::uint16_t, std::uint32_t> bits[]{
       {XCB_MOD_MASK_CONTROL, eventModifier::command},
@@ -75,7 +75,7 @@ struct LinuxKeyboard::Server {
     root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
     context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
     if (context)
-      xkb_context_set_log_level(context, XKB_LOG_LEVEL_CRITICAL); // we speak for ourselves
+      xkb_context_set_log_level(context, XKB_LOG_LEVEL_CRITICAL); // failures are logged by us
     const int ready = xkb_x11_setup_xkb_extension(
         connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
         XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr);
@@ -87,7 +87,7 @@ struct LinuxKeyboard::Server {
     return true;
   }
 
-  // Reading tells whether the server is there, and takes the notices that it sends unasked.
+  // Reading notices a closed connection, and discards the events that every client is sent.
   [[nodiscard]] bool isThere() const {
     while (Owned<xcb_generic_event_t>(xcb_poll_for_event(connection))) {
     }
@@ -152,7 +152,7 @@ KeyMap LinuxKeyboard::keyMap() {
     if ((keys->keys[key / 8] >> (key % 8) & 1) != 0)
       map.set(server_->translation[key]);
   if (tapIsInterrupted_ && tapIsInterrupted_())
-    map.set(keyOfNoKeyboard);
+    map.set(interruptionKeyCode);
   return map;
 }
 

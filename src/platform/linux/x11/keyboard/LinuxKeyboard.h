@@ -7,12 +7,13 @@
 
 namespace tavrel {
 
-/// The X server's keyboard, over a connection of its own. Without a server, or when it goes,
-/// nothing is down and no layout is known; one line on standard error says so.
+/// The state of the X server's keyboard, over a connection of its own. Without a server, or when it
+/// ends, no key is down and no layout is known; one line on standard error says so.
 ///
-/// `tapIsInterrupted`, asked at each snapshot, makes it show a key as down that no keyboard has.
-/// Whoever decides whether a modifier is tapped alone looks at snapshots: so a click or a turn of
-/// the wheel while it is held, or a key too short for any snapshot, is another key to him.
+/// `tapIsInterrupted` is called for each snapshot; while it answers true the snapshot shows a key
+/// as down that no keyboard has. The core polls snapshots to decide whether a modifier is tapped
+/// alone: so a click, a turn of the wheel, or a key too short for any snapshot counts as another
+/// key.
 class LinuxKeyboard final : public Keyboard {
 public:
   explicit LinuxKeyboard(std::function<bool()> tapIsInterrupted = {});

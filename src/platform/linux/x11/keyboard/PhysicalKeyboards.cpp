@@ -16,8 +16,8 @@ namespace {
 constexpr std::uint32_t keyMask =
     XCB_INPUT_XI_EVENT_MASK_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_KEY_RELEASE;
 
-// The keyboard that XTest events come from is no thing a person can press.
-bool isRealKeyboard(const xcb_input_xi_device_info_t& device) {
+// The server has a slave keyboard for XTest events, too, which no user can press.
+bool isPhysical(const xcb_input_xi_device_info_t& device) {
   const std::string_view name(
       xcb_input_xi_device_info_name(&device),
       static_cast<std::size_t>(xcb_input_xi_device_info_name_length(&device)));
@@ -25,27 +25,27 @@ bool isRealKeyboard(const xcb_input_xi_device_info_t& device) {
          name.find("XTEST") == std::string_view::npos;
 }
 
-xcb_input_xi_grab_device_cookie_t askToHold(xcb_connection_t& connection, std::uint16_t device) {
+xcb_input_xi_grab_device_cookie_t requestGrab(xcb_connection_t& connection, std::uint16_t device) {
   return xcb_input_xi_grab_device(&connection, rootWindow(connection), XCB_CURRENT_TIME, XCB_NONE,
                                   device, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, 0, 1, &keyMask);
 }
 
-// As the server would have told of it had it come the usual way.
-std::optional<xcb_key_press_event_t> keyIn(const xcb_generic_event_t& event) {
+// The core event that the server would have sent without the grab.
+std::optional<xcb_key_press_event_t> coreEventOf(const xcb_generic_event_t& event) {
   const auto& key = reinterpret_cast<const xcb_input_key_press_event_t&>(event);
   if ((event.response_type & 0x7F) != XCB_GE_GENERIC ||
       (key.event_type != XCB_INPUT_KEY_PRESS && key.event_type != XCB_INPUT_KEY_RELEASE))
     return std::nullopt;
-  xcb_key_press_event_t typed{};
-  typed.response_type = key.event_type == XCB_INPUT_KEY_PRESS ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
-  typed.detail = static_cast<xcb_keycode_t>(key.detail);
-  typed.time = key.time;
-  typed.root = key.root;
-  typed.event = key.root;
-  typed.state = static_cast<std::uint16_t>(key.mods.effective |
-                                           static_cast<unsigned>(key.group.effective) << 13U);
-  typed.same_screen = 1;
-  return typed;
+  xcb_key_press_event_t core{};
+  core.response_type = key.event_type == XCB_INPUT_KEY_PRESS ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
+  core.detail = static_cast<xcb_keycode_t>(key.detail);
+  core.time = key.time;
+  core.root = key.root;
+  core.event = key.root;
+  core.state = static_cast<std::uint16_t>(key.mods.effective |
+                                          static_cast<unsigned>(key.group.effective) << 13U);
+  core.same_screen = 1;
+  return core;
 }
 } // namespace
 
@@ -57,32 +57,32 @@ std::vector<std::uint16_t> physicalKeyboards(xcb_connection_t& connection) {
     return keyboards;
   for (auto at = xcb_input_xi_query_device_infos_iterator(devices.get()); at.rem > 0;
        xcb_input_xi_device_info_next(&at))
-    if (isRealKeyboard(*at.data))
+    if (isPhysical(*at.data))
       keyboards.push_back(at.data->deviceid);
   return keyboards;
 }
 
 PhysicalKeyboards::PhysicalKeyboards(xcb_connection_t& connection)
-    : connection_(connection), held_(physicalKeyboards(connection)) {
-  std::vector<xcb_input_xi_grab_device_cookie_t> asked;
-  for (const std::uint16_t device : held_)
-    asked.push_back(askToHold(connection, device));
-  for (const auto cookie : asked)
+    : connection_(connection), grabbed_(physicalKeyboards(connection)) {
+  std::vector<xcb_input_xi_grab_device_cookie_t> requests;
+  for (const std::uint16_t device : grabbed_)
+    requests.push_back(requestGrab(connection, device));
+  for (const auto cookie : requests)
     (void)xcbReply(xcb_input_xi_grab_device_reply(&connection, cookie, nullptr));
 }
 
 RecordedKeyEvents PhysicalKeyboards::take() {
-  RecordedKeyEvents typed;
+  RecordedKeyEvents keys;
   while (const auto event = xcbReply(xcb_poll_for_event(&connection_)))
-    if (const auto key = keyIn(*event))
-      typed.push_back(*key);
-  return typed;
+    if (const auto key = coreEventOf(*event))
+      keys.push_back(*key);
+  return keys;
 }
 
-void PhysicalKeyboards::letGo() {
-  if (held_.empty())
+void PhysicalKeyboards::release() {
+  if (grabbed_.empty())
     return;
-  for (const std::uint16_t device : std::exchange(held_, {}))
+  for (const std::uint16_t device : std::exchange(grabbed_, {}))
     xcb_input_xi_ungrab_device(&connection_, XCB_CURRENT_TIME, device);
   (void)xcbReply(
       xcb_get_input_focus_reply(&connection_, xcb_get_input_focus(&connection_), nullptr));

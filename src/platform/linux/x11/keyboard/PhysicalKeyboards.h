@@ -7,27 +7,28 @@
 
 namespace tavrel {
 
-/// The keyboards that people press, held apart from what programs post: for as long as this lives,
-/// keys that are posted reach the focused client, and keys that are pressed come here.
+/// Grabs the physical keyboards, but not the one that programs post through (XTest): while this
+/// lives, posted keys reach the focused client, and keys that the user presses come here. So a copy
+/// can be posted while the user types for the menu.
 class PhysicalKeyboards {
 public:
-  /// On a connection that speaks XInput 2 and on which nobody waits for key events.
+  /// Needs a connection with XInput 2 on which nothing else reads events.
   explicit PhysicalKeyboards(xcb_connection_t& connection);
-  ~PhysicalKeyboards() { letGo(); }
+  ~PhysicalKeyboards() { release(); }
   PhysicalKeyboards(const PhysicalKeyboards&) = delete;
   PhysicalKeyboards& operator=(const PhysicalKeyboards&) = delete;
 
-  /// What was pressed up to now and is not taken yet.
+  /// The key events that have arrived since the last call.
   [[nodiscard]] RecordedKeyEvents take();
-  /// Returns when what is pressed goes where it usually does; `take` once more after it.
-  void letGo();
+  /// Returns when the server has released the keyboards; `take` once more afterwards.
+  void release();
 
 private:
   xcb_connection_t& connection_;
-  std::vector<std::uint16_t> held_;
+  std::vector<std::uint16_t> grabbed_;
 };
 
-/// The devices behind them.
+/// Their device numbers.
 [[nodiscard]] std::vector<std::uint16_t> physicalKeyboards(xcb_connection_t& connection);
 
 } // namespace tavrel

@@ -7,8 +7,8 @@ bool isPress(const xcb_key_press_event_t& event) {
   return (event.response_type & 0x7f) == XCB_KEY_PRESS;
 }
 
-ServerKeySet heldBefore(const RecordedKeyEvents& typed, ServerKeySet held) {
-  for (auto event = typed.rbegin(); event != typed.rend(); ++event)
+ServerKeySet heldBefore(const RecordedKeyEvents& events, ServerKeySet held) {
+  for (auto event = events.rbegin(); event != events.rend(); ++event)
     held.set(event->detail, !isPress(*event));
   return held;
 }
@@ -17,12 +17,12 @@ class Retyping {
 public:
   std::vector<ServerKey> keys;
 
-  void go(const ServerKeySet& wanted) {
+  void moveTo(const ServerKeySet& wanted) {
     for (std::size_t code = 0; code < down_.size(); ++code)
       if (down_[code] != wanted[code])
-        put(code, wanted[code] ? KeyDirection::down : KeyDirection::up);
+        add(code, wanted[code] ? KeyDirection::down : KeyDirection::up);
   }
-  void put(std::size_t code, KeyDirection direction) {
+  void add(std::size_t code, KeyDirection direction) {
     down_.set(code, direction == KeyDirection::down);
     keys.push_back({static_cast<std::uint8_t>(code), direction});
   }
@@ -38,25 +38,25 @@ bool isKeyEvent(const xcb_generic_event_t& event) {
   return type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
 }
 
-// Modifiers go down only as a key needs them: one that is tapped alone means something to many.
-std::vector<ServerKey> keysToRetype(const RecordedKeyEvents& typed, const ServerKeySet& downNow,
+// Modifiers are pressed only when a key needs them: many programs act on one that is tapped alone.
+std::vector<ServerKey> keysToRetype(const RecordedKeyEvents& events, const ServerKeySet& downNow,
                                     const ServerKeySet& modifiers, const ServerKeySet& locks) {
   Retyping retyping;
-  ServerKeySet held = heldBefore(typed, downNow) & modifiers;
-  for (const xcb_key_press_event_t& event : typed) {
+  ServerKeySet held = heldBefore(events, downNow) & modifiers;
+  for (const xcb_key_press_event_t& event : events) {
     const std::size_t code = event.detail;
     if (locks[code])
-      continue; // has done its work
+      continue; // it has taken effect already
     if (modifiers[code]) {
       held.set(code, isPress(event));
     } else if (isPress(event)) {
-      retyping.go((retyping.down() & ~modifiers) | held);
-      retyping.put(code, KeyDirection::down);
+      retyping.moveTo((retyping.down() & ~modifiers) | held);
+      retyping.add(code, KeyDirection::down);
     } else if (retyping.down()[code]) {
-      retyping.put(code, KeyDirection::up);
+      retyping.add(code, KeyDirection::up);
     }
   }
-  retyping.go({});
+  retyping.moveTo({});
   return std::move(retyping.keys);
 }
 

@@ -8,15 +8,17 @@
 
 namespace tavrel {
 
-/// Key events as the server told of them, oldest first.
+/// Key events as the server sent them, oldest first.
 using RecordedKeyEvents = std::vector<xcb_key_press_event_t>;
 
 [[nodiscard]] bool isKeyEvent(const xcb_generic_event_t& event);
 
-/// What to press and release, from a keyboard without any key down, so that the keys arrive as they
-/// were typed. Nothing when there were only releases and modifiers. `downNow` is what is down after
-/// the last of them; a modifier that was held before the first is known from what became of it.
-[[nodiscard]] std::vector<ServerKey> keysToRetype(const RecordedKeyEvents& typed,
+/// The keys to press and release, from a keyboard without any key down, so that the recorded ones
+/// arrive as they were typed. Empty when there were only releases and modifiers. `downNow` is what
+/// is down after the last event: a modifier that was down before the first one is found from that
+/// and from its release. Keys of `locks` (Caps Lock and the like) are left out: they have taken
+/// effect.
+[[nodiscard]] std::vector<ServerKey> keysToRetype(const RecordedKeyEvents& events,
                                                   const ServerKeySet& downNow,
                                                   const ServerKeySet& modifiers,
                                                   const ServerKeySet& locks);

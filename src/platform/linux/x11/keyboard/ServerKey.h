@@ -7,13 +7,14 @@
 
 namespace tavrel {
 
-/// One key of the server going down or up.
+/// One key going down or up, by its code on the X server (8 to 255).
 struct ServerKey {
   std::uint8_t code = 0;
   KeyDirection direction = KeyDirection::down;
   friend bool operator==(const ServerKey&, const ServerKey&) = default;
 };
 
+/// Keys by server key code.
 using ServerKeySet = std::bitset<256>;
 
 } // namespace tavrel

@@ -21,7 +21,7 @@ XkbKeymap keymapOf(xcb_connection_t& connection) {
   const std::int32_t keyboard = xkb_x11_get_core_keyboard_device_id(&connection);
   if (!context || keyboard < 0)
     return nullptr;
-  xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL); // we speak for ourselves
+  xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL); // failures are logged by us
   return XkbKeymap(xkb_x11_keymap_new_from_device(context.get(), &connection, keyboard,
                                                   XKB_KEYMAP_COMPILE_NO_FLAGS));
 }

@@ -39,13 +39,14 @@ ServerModifiers serverModifiers(xcb_connection_t& connection) {
   const xcb_setup_t& setup = *xcb_get_setup(&connection);
   const std::size_t first = setup.min_keycode;
   const std::size_t count = setup.max_keycode - first + 1;
-  const auto mapAsked = xcb_get_modifier_mapping(&connection);
-  const auto symbolsAsked =
+  const auto mapRequest = xcb_get_modifier_mapping(&connection);
+  const auto symbolsRequest =
       xcb_get_keyboard_mapping(&connection, setup.min_keycode, static_cast<std::uint8_t>(count));
-  const auto map = xcbReply(xcb_get_modifier_mapping_reply(&connection, mapAsked, nullptr));
-  const auto symbols = xcbReply(xcb_get_keyboard_mapping_reply(&connection, symbolsAsked, nullptr));
+  const auto map = xcbReply(xcb_get_modifier_mapping_reply(&connection, mapRequest, nullptr));
+  const auto symbols =
+      xcbReply(xcb_get_keyboard_mapping_reply(&connection, symbolsRequest, nullptr));
   ServerModifiers modifiers;
-  modifiers.locks = XCB_MOD_MASK_LOCK; // can be in force without any key that sets it
+  modifiers.locks = XCB_MOD_MASK_LOCK; // Caps Lock may be on without any key that sets it
   if (!map || !symbols)
     return modifiers;
   const std::size_t perKey = symbols->keysyms_per_keycode;

@@ -8,8 +8,8 @@ struct xcb_connection_t;
 
 namespace tavrel {
 
-/// Which bit of the server's modifier state stands for what, and the keys that set them. The server
-/// is asked: which bit Num Lock or Alt has is up to the layout.
+/// Which bit of the server's modifier state stands for which modifier, and the keys that set them,
+/// as read from the server: the layout decides which bit Num Lock or Alt has.
 struct ServerModifiers {
   std::uint16_t alt = 0;         ///< 0 where no key is Alt
   std::uint16_t super = 0;       ///< 0 where no key is Super

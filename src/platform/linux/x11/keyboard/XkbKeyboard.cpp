@@ -58,8 +58,8 @@ std::vector<CharacterTable> tablesOf(xkb_keymap& keymap, std::uint32_t group) {
   const xkb_mod_mask_t numLock = maskOf(keymap, XKB_MOD_NAME_NUM);
   const KeyTranslation translation = keyTranslation(keymap);
   std::vector<CharacterTable> tables;
-  for (const xkb_mod_mask_t held : {xkb_mod_mask_t{0}, shift, third, shift | third}) {
-    xkb_state_update_mask(state.get(), held, 0, numLock, 0, 0, group);
+  for (const xkb_mod_mask_t modifiers : {xkb_mod_mask_t{0}, shift, third, shift | third}) {
+    xkb_state_update_mask(state.get(), modifiers, 0, numLock, 0, 0, group);
     tables.push_back(tableOf(*state, translation));
   }
   return tables;

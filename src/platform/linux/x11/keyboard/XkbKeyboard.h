@@ -18,15 +18,14 @@ struct XkbStateUnref {
 };
 using XkbKeymap = std::unique_ptr<xkb_keymap, XkbKeymapUnref>;
 
-/// A key code of the server (8 to 255) and the virtual key code of its place, by server key code;
-/// `noKey` where a place has none.
+/// The virtual key code of each key, by server key code (8 to 255); `noKey` for a key without one.
 inline constexpr std::uint16_t noKey = 0xFFFF;
 using KeyTranslation = std::array<std::uint16_t, 256>;
 
 [[nodiscard]] KeyTranslation keyTranslation(xkb_keymap& keymap);
 
-/// The tables of one group: plain, Shift, third level, Shift and third level, with Num Lock on, so
-/// that the keypad types digits.
+/// What the keys of one group (a layout loaded in the server) type: plain, with Shift, on the third
+/// level (AltGr), and with both. With Num Lock on, so that the keypad types digits.
 [[nodiscard]] std::vector<CharacterTable> tablesOf(xkb_keymap& keymap, std::uint32_t group);
 
 } // namespace tavrel

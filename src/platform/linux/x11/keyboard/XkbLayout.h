@@ -5,7 +5,7 @@
 
 namespace tavrel {
 
-/// The identifier of the layout of a group, by the server's lists of layouts and variants (comma
+/// The identifier of a group's layout, from the server's lists of layouts and variants (comma
 /// separated): "com.apple.keylayout.US" for us, "com.apple.keylayout.Dvorak" for us with the
 /// variant dvorak, else the layout's own name with the variant behind a hyphen, as
 /// "com.apple.keylayout.De-nodeadkeys". Empty when the group has no layout.

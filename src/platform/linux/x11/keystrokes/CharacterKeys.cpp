@@ -34,7 +34,7 @@ std::optional<CharacterKey> CharacterKeys::keyFor(const KeyboardEvent& event) {
 }
 
 std::uint32_t CharacterKeys::characterOf(const CharacterKey& key) {
-  set(key.group, key.withShift);
+  setState(key.group, key.withShift);
   return xkb_state_key_get_utf32(state_.get(), key.code);
 }
 
@@ -45,7 +45,7 @@ std::optional<CharacterKey> CharacterKeys::keyThatTypes(std::uint32_t character,
     groups.push_back(group);
   for (const std::uint32_t group : groups)
     for (const bool withShift : {false, true}) {
-      set(group, withShift);
+      setState(group, withShift);
       if (const auto code = codeThatTypes(character, first))
         return CharacterKey{*code, group, withShift};
     }
@@ -62,7 +62,7 @@ std::optional<std::uint8_t> CharacterKeys::codeThatTypes(std::uint32_t character
   return std::nullopt;
 }
 
-void CharacterKeys::set(std::uint32_t group, bool withShift) {
+void CharacterKeys::setState(std::uint32_t group, bool withShift) {
   xkb_state_update_mask(state_.get(), withShift ? shift_ : 0, 0, locked_, 0, 0, group);
 }
 

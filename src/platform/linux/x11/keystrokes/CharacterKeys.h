@@ -10,7 +10,7 @@
 
 namespace tavrel {
 
-/// A key, and what has to be held for it to type what it is to type.
+/// A key that types a character, with the group and the Shift state in which it does.
 struct CharacterKey {
   std::uint8_t code = 0;
   std::uint32_t group = 0;
@@ -25,7 +25,7 @@ class CharacterKeys {
 public:
   CharacterKeys(const TypingLayout& layout, CapsLock capsLock);
 
-  /// The key that types the event's character, else the one in its place.
+  /// The key that types the event's character, else the one in the place of its key code.
   [[nodiscard]] std::optional<CharacterKey> keyFor(const KeyboardEvent& event);
   [[nodiscard]] std::uint32_t characterOf(const CharacterKey& key);
 
@@ -34,7 +34,7 @@ private:
                                            std::optional<std::uint8_t> first);
   std::optional<std::uint8_t> codeThatTypes(std::uint32_t character,
                                             std::optional<std::uint8_t> first);
-  void set(std::uint32_t group, bool withShift);
+  void setState(std::uint32_t group, bool withShift);
 
   xkb_keymap& keymap_;
   std::uint32_t group_;

@@ -18,14 +18,21 @@ struct ModifierKey {
   std::uint16_t keyCode;
   xkb_keysym_t symbol;
 };
-constexpr std::array<ModifierKey, 8> modifierSymbols{{{55, XKB_KEY_Control_L},
-                                                      {54, XKB_KEY_Control_R},
-                                                      {56, XKB_KEY_Shift_L},
-                                                      {60, XKB_KEY_Shift_R},
-                                                      {58, XKB_KEY_Alt_L},
-                                                      {61, XKB_KEY_Alt_R},
-                                                      {59, XKB_KEY_Super_L},
-                                                      {62, XKB_KEY_Super_R}}};
+
+// Virtual key codes of the keys on the right; those on the left have theirs in base/Modifiers.h.
+constexpr std::uint16_t rightCommand = 54;
+constexpr std::uint16_t rightShift = 60;
+constexpr std::uint16_t rightOption = 61;
+constexpr std::uint16_t rightControl = 62;
+
+constexpr std::array<ModifierKey, 8> modifierSymbols{{{keyCode::command, XKB_KEY_Control_L},
+                                                      {rightCommand, XKB_KEY_Control_R},
+                                                      {keyCode::shift, XKB_KEY_Shift_L},
+                                                      {rightShift, XKB_KEY_Shift_R},
+                                                      {keyCode::option, XKB_KEY_Alt_L},
+                                                      {rightOption, XKB_KEY_Alt_R},
+                                                      {keyCode::control, XKB_KEY_Super_L},
+                                                      {rightControl, XKB_KEY_Super_R}}};
 
 std::optional<std::uint8_t> keyWithSymbol(xkb_keymap& keymap, xkb_keysym_t wanted) {
   for (xkb_keycode_t key = 8; key <= 255; ++key) {
@@ -44,7 +51,7 @@ std::optional<std::uint8_t> modifierKeyFor(xkb_keymap& keymap, std::uint16_t key
   return keyAt(keymap, keyCode);
 }
 
-bool holds(const std::vector<KeyboardEvent>& events, std::initializer_list<std::uint16_t> keys) {
+bool hasAny(const std::vector<KeyboardEvent>& events, std::initializer_list<std::uint16_t> keys) {
   return std::ranges::any_of(events, [&](const KeyboardEvent& event) {
     return std::ranges::find(keys, event.keyCode) != keys.end() && isModifierKey(event.keyCode);
   });
@@ -58,7 +65,7 @@ bool isDigit(std::uint32_t character) {
   return character >= '0' && character <= '9';
 }
 
-void liftWhatIsLeft(std::vector<ServerKey>& keys) {
+void releaseKeysLeftDown(std::vector<ServerKey>& keys) {
   ServerKeySet down;
   for (const ServerKey& key : keys)
     down.set(key.code, key.direction == KeyDirection::down);
@@ -67,8 +74,8 @@ void liftWhatIsLeft(std::vector<ServerKey>& keys) {
       keys.push_back({static_cast<std::uint8_t>(code), KeyDirection::up});
 }
 
-void add(std::vector<ServerKey>& keys, const CharacterKey& key, std::optional<std::uint8_t> shift,
-         KeyDirection direction) {
+void appendKey(std::vector<ServerKey>& keys, const CharacterKey& key,
+               std::optional<std::uint8_t> shift, KeyDirection direction) {
   const ServerKey typed{key.code, direction};
   if (!shift)
     return keys.push_back(typed);
@@ -86,11 +93,13 @@ bool isModifierKey(std::uint16_t keyCode) {
 
 KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& layout,
                   KeyReceiver receiver) {
-  const bool hasCommand = holds(events, {55, 54});
-  const bool hasShift = holds(events, {56, 60});
-  const bool isShortcut = hasCommand || holds(events, {58, 61, 59, 62});
-  const bool isBareCommand = hasCommand && !hasShift && !holds(events, {58, 61, 59, 62});
-  // A shortcut is the same whether Caps Lock is on or off; what is typed is not.
+  const bool hasCommand = hasAny(events, {keyCode::command, rightCommand});
+  const bool hasShift = hasAny(events, {keyCode::shift, rightShift});
+  const bool hasOthers =
+      hasAny(events, {keyCode::option, rightOption, keyCode::control, rightControl});
+  const bool isShortcut = hasCommand || hasOthers;
+  const bool isBareCommand = hasCommand && !hasShift && !hasOthers;
+  // A shortcut is the same whether Caps Lock is on or off; a typed character is not.
   CharacterKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock);
   const auto shift = modifierKeyFor(layout.keymap, keyCode::shift);
   KeyChord chord{{}, layout.group};
@@ -107,13 +116,13 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
                              isCopyOrPaste(typing.characterOf(*key));
     if (forTerminal && receiver == KeyReceiver::bareTerminal)
       return {{}, layout.group};
-    // Where digits need Shift, as on French keyboards, nobody holds it for a shortcut.
+    // Where digits need Shift, as on French keyboards, shortcuts are pressed without it.
     const bool takesShift =
         key->withShift && !hasShift && !(isShortcut && isDigit(event.character));
     chord.group = key->group;
-    add(chord.keys, *key, takesShift || forTerminal ? shift : std::nullopt, event.direction);
+    appendKey(chord.keys, *key, takesShift || forTerminal ? shift : std::nullopt, event.direction);
   }
-  liftWhatIsLeft(chord.keys);
+  releaseKeysLeftDown(chord.keys);
   return chord;
 }
 

@@ -9,11 +9,12 @@ struct xkb_keymap;
 
 namespace tavrel {
 
-/// In a terminal Command-C and Command-V take Shift; a bare one has no keys for them at all.
+/// Who gets the keys. In a terminal Command-C and Command-V take Shift, because Ctrl-C interrupts
+/// what runs there. A bare terminal (xterm, rxvt) has no keys for copying and pasting.
 enum class KeyReceiver { application, terminal, bareTerminal };
 enum class CapsLock { off, on };
 
-/// A chord in the server's own terms: the keys in order, and the group they are to be typed in.
+/// A chord in the server's terms: the keys in order, and the group that has to be in force.
 struct KeyChord {
   std::vector<ServerKey> keys;
   std::uint32_t group = 0;
@@ -26,13 +27,15 @@ struct TypingLayout {
   CapsLock capsLock = CapsLock::off;
 };
 
-/// What the server must be sent so that a chord arrives as meant. A key with a character is the one
-/// that types it in the group in force, with Shift where it takes that, else the one of another
-/// group, but a digit in a shortcut never adds Shift; a key without, or whose character nothing
-/// types, is the one in its place. Command is the key that acts as Ctrl, wherever the layout puts
-/// it. In a terminal Command-C and Command-V get Shift, as Ctrl-C would interrupt what runs there;
-/// in a bare one, which takes the chord with Shift for the one without, they are left out. Every
-/// key that is left down goes up at the end.
+/// The server keys that make a chord arrive as meant:
+///  - A key with a character is the key that types it: in the group in force, with Shift where that
+///    takes it, else in another group. A digit of a shortcut never adds Shift: French layouts need
+///    Shift for digits, and users press such a shortcut without.
+///  - A key without a character, or with one that no key types, is the key in its place.
+///  - Modifiers are the keys that act as such, wherever the layout puts them; Command is Ctrl.
+///  - In a terminal Command-C and Command-V get Shift. In a bare one they are left out: xterm 379
+///    takes Ctrl-Shift-C for Ctrl-C.
+///  - Keys that are left down go up at the end.
 [[nodiscard]] KeyChord keyChord(const std::vector<KeyboardEvent>& events,
                                 const TypingLayout& layout, KeyReceiver receiver);
 

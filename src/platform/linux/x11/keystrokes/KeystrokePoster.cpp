@@ -19,9 +19,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longestChord = 100ms;
-constexpr auto betweenLooksAtHeldKeys = 10ms;
-constexpr qint64 longestActivation = 100; // in milliseconds
+constexpr auto chordTime = 100ms;
+constexpr auto releasePollInterval = 10ms;
+constexpr qint64 activationTimeout = 100; // in milliseconds
 
 bool isFinished(const std::vector<KeyboardEvent>& events) {
   std::set<std::uint16_t> down;
@@ -33,7 +33,7 @@ bool isFinished(const std::vector<KeyboardEvent>& events) {
   return down.empty();
 }
 
-std::vector<ServerKey> keysGoing(const ServerKeySet& keys, KeyDirection direction) {
+std::vector<ServerKey> keyEvents(const ServerKeySet& keys, KeyDirection direction) {
   std::vector<ServerKey> all;
   for (std::size_t code = 0; code < keys.size(); ++code)
     if (keys[code])
@@ -53,11 +53,11 @@ ServerKeySet codesOf(const KeyChord& chord) {
 KeystrokePoster::KeystrokePoster(ApplicationRegistry& registry, DesktopWindows& windows,
                                  OwnKeystrokes& own)
     : registry_(registry), windows_(windows), own_(own) {
-  unfinished_.setSingleShot(true);
-  unfinished_.setInterval(longestChord);
-  unfinished_.callOnTimeout([this] { sendChord(); });
-  held_.setInterval(betweenLooksAtHeldKeys);
-  held_.callOnTimeout([this] { liftWhatThePersonLeft(); });
+  chordTimeout_.setSingleShot(true);
+  chordTimeout_.setInterval(chordTime);
+  chordTimeout_.callOnTimeout([this] { sendChord(); });
+  releasePoll_.setInterval(releasePollInterval);
+  releasePoll_.callOnTimeout([this] { releaseWithUser(); });
 }
 
 bool KeystrokePoster::hasServer() {
@@ -71,21 +71,21 @@ bool KeystrokePoster::hasServer() {
 bool KeystrokePoster::post(std::int32_t process, const KeyboardEvent& event) {
   if (!hasServer())
     return false;
-  if (!gathered_.empty() && process != process_)
+  if (!pendingEvents_.empty() && process != process_)
     sendChord();
   process_ = process;
-  if (gathered_.empty())
-    unfinished_.start();
-  gathered_.push_back(event);
-  if (isFinished(gathered_))
+  if (pendingEvents_.empty())
+    chordTimeout_.start();
+  pendingEvents_.push_back(event);
+  if (isFinished(pendingEvents_))
     sendChord();
   return true;
 }
 
 void KeystrokePoster::sendChord() {
-  unfinished_.stop();
+  chordTimeout_.stop();
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
-  const std::vector<KeyboardEvent> events = std::exchange(gathered_, {});
+  const std::vector<KeyboardEvent> events = std::exchange(pendingEvents_, {});
   if (!keymap)
     return;
   bringToFront();
@@ -94,38 +94,40 @@ void KeystrokePoster::sendChord() {
   typeChord(keyChord(events, layout, receiver()), server_->modifierKeys(*keymap), group);
 }
 
-// What we hold down for the person must be up, too: it would not go down again for the chord.
+// Keys that we pressed again for the user are released, too: the server ignores the press of a key
+// that is down.
 void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modifiers,
                                 std::uint32_t group) {
   own_.begin();
   std::optional<PhysicalKeyboards> pressed;
   if (KeyboardGrab::isHeld())
     pressed.emplace(server_->connection());
-  KeyboardGrab::letGo(); // a hot key's grab, too, is on the toolkit's connection
-  const ServerKeySet inTheWay = pressed ? ~ServerKeySet() : modifiers | codesOf(chord);
-  const ServerKeySet lifted = server_->down() & inTheWay; // the server may miss its going up
-  server_->send(keysGoing(lifted | std::exchange(putBack_, {}), KeyDirection::up));
+  KeyboardGrab::release(); // and with it a hot key's: it is on the same connection
+  const ServerKeySet disturbing = pressed ? ~ServerKeySet() : modifiers | codesOf(chord);
+  // The server may not see a key go up while its keyboard is grabbed.
+  const ServerKeySet released = server_->down() & disturbing;
+  server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
   if (chord.group != group)
     server_->lockGroup(chord.group);
   server_->send(chord.keys);
   if (chord.group != group)
     server_->lockGroup(group);
   server_->roundTrip();
-  ServerKeySet touched = lifted;
+  ServerKeySet touched = released;
   if (pressed)
-    touched |= holdAgain(*pressed);
-  putBack(touched & modifiers);
+    touched |= grabAgain(*pressed);
+  pressAgain(touched & modifiers);
   own_.end();
 }
 
-// What the person types is for the menu, during the chord, too.
-ServerKeySet KeystrokePoster::holdAgain(PhysicalKeyboards& pressed) {
+// What the user types during the chord is for the menu, too.
+ServerKeySet KeystrokePoster::grabAgain(PhysicalKeyboards& pressed) {
   KeyboardGrab::take();
   RecordedKeyEvents missed = pressed.take();
-  KeyboardGrab::tellOf(missed);
-  pressed.letGo();
+  KeyboardGrab::inject(missed);
+  pressed.release();
   const RecordedKeyEvents last = pressed.take();
-  KeyboardGrab::tellOf(last);
+  KeyboardGrab::inject(last);
   missed.insert(missed.end(), last.begin(), last.end());
   ServerKeySet touched;
   for (const xcb_key_press_event_t& event : missed)
@@ -133,48 +135,49 @@ ServerKeySet KeystrokePoster::holdAgain(PhysicalKeyboards& pressed) {
   return touched;
 }
 
-void KeystrokePoster::retype(const RecordedKeyEvents& typed) {
+void KeystrokePoster::retype(const RecordedKeyEvents& events) {
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return;
   const ServerKeySet down = server_->down();
   const ServerKeySet modifiers = server_->modifierKeys(*keymap);
-  const auto keys = keysToRetype(typed, down, modifiers, server_->lockKeys(*keymap));
+  const auto keys = keysToRetype(events, down, modifiers, server_->lockKeys(*keymap));
   if (keys.empty())
     return;
   own_.begin();
-  ServerKeySet lifted = down & modifiers;
+  ServerKeySet released = down & modifiers;
   for (const ServerKey& key : keys)
-    lifted.set(key.code, down[key.code]);
-  server_->send(keysGoing(lifted | std::exchange(putBack_, {}), KeyDirection::up));
+    released.set(key.code, down[key.code]);
+  server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
   server_->send(keys);
   server_->roundTrip();
-  putBack(lifted & modifiers);
+  pressAgain(released & modifiers);
   own_.end();
 }
 
-// A key that came up meanwhile, or never was down but for a program's sake, stays up.
-void KeystrokePoster::putBack(const ServerKeySet& lifted) {
-  putBack_ = lifted & server_->physicallyDown();
-  server_->send(keysGoing(putBack_, KeyDirection::down));
+// A key that the user has released meanwhile, or that a program had pressed, stays up.
+void KeystrokePoster::pressAgain(const ServerKeySet& released) {
+  pressedAgain_ = released & server_->physicallyDown();
+  server_->send(keyEvents(pressedAgain_, KeyDirection::down));
   server_->roundTrip();
-  liftWhatThePersonLeft();
+  releaseWithUser();
 }
 
-// The key goes up on the person's keyboard, but what we pressed stays down on the one we post with.
-void KeystrokePoster::liftWhatThePersonLeft() {
-  const ServerKeySet left = hasServer() ? putBack_ & ~server_->physicallyDown() : putBack_;
-  putBack_ &= ~left;
-  if (putBack_.none())
-    held_.stop();
-  else if (!held_.isActive())
-    held_.start();
+// When the user releases a key that we pressed again, it is still down on the XTest keyboard.
+void KeystrokePoster::releaseWithUser() {
+  const ServerKeySet left =
+      hasServer() ? pressedAgain_ & ~server_->physicallyDown() : pressedAgain_;
+  pressedAgain_ &= ~left;
+  if (pressedAgain_.none())
+    releasePoll_.stop();
+  else if (!releasePoll_.isActive())
+    releasePoll_.start();
   if (left.none() || !server_)
     return;
   const bool isOwnPhase = own_.areBeingPosted();
   if (!isOwnPhase)
     own_.begin();
-  server_->send(keysGoing(left, KeyDirection::up));
+  server_->send(keyEvents(left, KeyDirection::up));
   server_->roundTrip();
   if (!isOwnPhase)
     own_.end();
@@ -185,7 +188,7 @@ bool KeystrokePoster::isInFront() {
   return facts && facts->pid == process_;
 }
 
-// A process without a window of its own may still have the keys that whoever is in front gets.
+// For a process without a window the keys go to whatever is in front.
 void KeystrokePoster::bringToFront() {
   if (process_ <= 0 || isInFront())
     return;
@@ -198,7 +201,7 @@ void KeystrokePoster::bringToFront() {
     waiting.start();
     if (!windows_.activate(*window))
       return;
-    while (!isInFront() && waiting.elapsed() < longestActivation)
+    while (!isInFront() && waiting.elapsed() < activationTimeout)
       std::this_thread::sleep_for(1ms);
     return;
   }

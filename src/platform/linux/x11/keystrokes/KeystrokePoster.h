@@ -16,19 +16,21 @@ namespace tavrel {
 class ApplicationRegistry;
 class DesktopWindows;
 
-/// Types for the person. Key events are gathered until every key of the chord is up again, then the
-/// chord goes to the focused client at once: our hot key's grab is let go, the modifiers that the
-/// person holds are lifted and, where they are still held, put back after. A chord that is not
-/// finished within a tenth of a second goes as it is, its keys lifted.
+/// Posts keystrokes to the focused client (XTest). Key events are gathered until every key of the
+/// chord is up again; then the chord is posted at once. Around it our own keyboard grab is
+/// released, the modifiers that the user holds are released, too, and pressed again afterwards if
+/// the user still holds them. A chord that is not complete within a tenth of a second is posted as
+/// it is.
 class KeystrokePoster {
 public:
   KeystrokePoster(ApplicationRegistry& registry, DesktopWindows& windows, OwnKeystrokes& own);
 
   /// False without a server to post to.
   bool post(std::int32_t process, const KeyboardEvent& event);
-  /// What the person typed while we held the keyboard, to whoever has the focus now. A key that is
-  /// still held is not held for the receiver; a modifier is.
-  void retype(const RecordedKeyEvents& typed);
+  /// Types what the user typed during our keyboard grab once more, for the client that has the
+  /// focus now. A key that the user still holds arrives as pressed and released; a modifier stays
+  /// down.
+  void retype(const RecordedKeyEvents& events);
 
 private:
   bool hasServer();
@@ -37,19 +39,19 @@ private:
   [[nodiscard]] bool isInFront();
   [[nodiscard]] KeyReceiver receiver();
   void typeChord(const KeyChord& chord, const ServerKeySet& modifiers, std::uint32_t group);
-  ServerKeySet holdAgain(PhysicalKeyboards& pressed);
-  void putBack(const ServerKeySet& lifted);
-  void liftWhatThePersonLeft();
+  ServerKeySet grabAgain(PhysicalKeyboards& pressed);
+  void pressAgain(const ServerKeySet& released);
+  void releaseWithUser();
 
   ApplicationRegistry& registry_;
   DesktopWindows& windows_;
   OwnKeystrokes& own_;
   std::unique_ptr<KeystrokeServer> server_;
   std::int32_t process_ = 0;
-  std::vector<KeyboardEvent> gathered_;
-  ServerKeySet putBack_; ///< keys that we hold down for as long as the person does
-  QTimer unfinished_;
-  QTimer held_;
+  std::vector<KeyboardEvent> pendingEvents_;
+  ServerKeySet pressedAgain_; ///< by our posting, for as long as the user holds them
+  QTimer chordTimeout_;
+  QTimer releasePoll_;
 };
 
 } // namespace tavrel

@@ -28,7 +28,7 @@ struct KeystrokeServer::Connection {
   bool open() {
     if (context == nullptr || xcb_connection_has_error(xcb) != 0)
       return false;
-    xkb_context_set_log_level(context, XKB_LOG_LEVEL_CRITICAL); // we speak for ourselves
+    xkb_context_set_log_level(context, XKB_LOG_LEVEL_CRITICAL); // failures are logged by us
     const int ready = xkb_x11_setup_xkb_extension(
         xcb, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
         XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr);

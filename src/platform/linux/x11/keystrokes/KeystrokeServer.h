@@ -10,10 +10,10 @@ struct xcb_connection_t;
 
 namespace tavrel {
 
-/// The server's keyboard as one who types on it sees it, over a connection of its own.
+/// Posts keys (XTest) and reads the state of the keyboard, over an X connection of its own.
 class KeystrokeServer {
 public:
-  /// Null without a server that lets keys be posted.
+  /// Null without an X server that has XKB, XInput 2 and XTest.
   [[nodiscard]] static std::unique_ptr<KeystrokeServer> create();
   ~KeystrokeServer();
   KeystrokeServer(const KeystrokeServer&) = delete;
@@ -24,19 +24,19 @@ public:
   [[nodiscard]] XkbKeymap keymap();
   [[nodiscard]] std::uint32_t group();
   [[nodiscard]] bool capsLockIsOn();
-  /// What the server counts as down, from whatever source.
+  /// The keys that the server counts as down, pressed by the user or posted.
   [[nodiscard]] ServerKeySet down();
-  /// What is down on the keyboards themselves, whoever lifted it meanwhile.
+  /// The keys that are down on the physical keyboards, also those that a program has released.
   [[nodiscard]] ServerKeySet physicallyDown();
-  /// The keys that act as modifiers while they are held; none that locks.
+  /// The keys that act as modifiers while they are down, without those that lock.
   [[nodiscard]] ServerKeySet modifierKeys(xkb_keymap& keymap);
 
-  /// Those that switch something on or off, or to another layout, for more than one key.
+  /// The keys that lock something (Caps Lock and the like) or switch to another group.
   [[nodiscard]] static ServerKeySet lockKeys(xkb_keymap& keymap);
 
   void lockGroup(std::uint32_t group);
   void send(const std::vector<ServerKey>& keys);
-  /// Returns when the server has done all that was asked of it.
+  /// Returns when the server has carried out all requests.
   void roundTrip();
 
 private:

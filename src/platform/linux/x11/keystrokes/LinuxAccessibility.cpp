@@ -27,7 +27,7 @@ struct ElementAtPoint final : AXUIElement {
   std::string role;
 };
 
-constexpr int longestSearch = 100; // in milliseconds
+constexpr int searchTimeout = 100; // in milliseconds
 
 std::int16_t pixelOf(double value) {
   constexpr double farthest = 32767; // of the protocol
@@ -36,7 +36,7 @@ std::int16_t pixelOf(double value) {
              : static_cast<std::int16_t>(std::lround(std::clamp(value, -farthest, farthest)));
 }
 
-// The lowest row of points of the main screen is 0 for the ports.
+// The ports count from the lowest row of points of the main screen upwards.
 ScreenPixel pixelAt(Point point) {
   const QScreen& main = *QGuiApplication::primaryScreen();
   const QRect area = main.geometry(); // its corner is in pixels, its size in points
@@ -45,7 +45,7 @@ ScreenPixel pixelAt(Point point) {
           pixelOf(area.top() + (area.height() - 1 - point.y) * scale)};
 }
 
-// No application element asks for another's: the system-wide one asks for everybody's.
+// An application element stands for its own process only, the system-wide one for all.
 bool covers(const AXUIElement* root, std::int32_t process) {
   const auto* application = dynamic_cast<const ProcessElement*>(root);
   return application ? application->process == process
@@ -66,11 +66,11 @@ AXUIElementRef LinuxAccessibility::systemWideElement() {
   return std::make_shared<SystemWideElement>();
 }
 
-// Our own menus are left out: nobody would answer while we wait for the answer.
+// Our own windows are left out: this thread would have to answer while it waits for the answer.
 AXUIElementRef LinuxAccessibility::elementAt(const AXUIElementRef& root, Point point) {
   if (!QGuiApplication::primaryScreen())
     return nullptr;
-  const QDeadlineTimer deadline(longestSearch);
+  const QDeadlineTimer deadline(searchTimeout);
   const ScreenPixel pixel = pixelAt(point);
   const WindowId window = windowAt(pixel, windows_);
   const auto facts = window != 0 ? windows_.facts(window) : std::nullopt;

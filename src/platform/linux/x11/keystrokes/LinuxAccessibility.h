@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// Keys by XTest, to the focused client; elements and roles by AT-SPI, where its bus is on.
+/// Keystrokes by XTest, to the focused client; elements and roles by AT-SPI, where its bus is on.
 class LinuxAccessibility final : public Accessibility {
 public:
   /// All must outlive this.
@@ -19,8 +19,8 @@ public:
   std::optional<PropertyList> role(const AXUIElementRef& element) override;
   bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
 
-  /// Types once more what the person typed while we held the keyboard.
-  void retype(const RecordedKeyEvents& typed) { poster_.retype(typed); }
+  /// See KeystrokePoster.
+  void retype(const RecordedKeyEvents& events) { poster_.retype(events); }
 
 private:
   DesktopWindows& windows_;

@@ -5,33 +5,33 @@
 
 namespace tavrel {
 
-/// Tells what this program types from what a person types. Whoever posts key events encloses them
-/// in `begin` and `end`; by `end` the server must have done them (a round trip on the connection
-/// that posted them).
+/// Separates keystrokes that this program posts from those of the user and of other programs. Code
+/// that posts key events encloses them in `begin` and `end`; before `end` the server must have
+/// carried them out (a round trip on the connection that posted them).
 class OwnKeystrokes {
 public:
   void begin() {
-    tellBoundary();
+    notifyBoundary();
     ++depth_;
   }
   void end() {
-    tellBoundary();
+    notifyBoundary();
     --depth_;
   }
   [[nodiscard]] bool areBeingPosted() const { return depth_ > 0; }
 
-  /// Called at each boundary, before the answer of `areBeingPosted` changes: what the server has
-  /// told of so far is to be seen in the light of the old answer.
-  void setBoundaryListener(std::function<void()> listener) { boundary_ = std::move(listener); }
+  /// Called at each boundary, before the answer of `areBeingPosted` changes, to read the events
+  /// that the old answer holds for.
+  void setBoundaryListener(std::function<void()> listener) { listener_ = std::move(listener); }
 
 private:
-  void tellBoundary() const {
-    if (boundary_)
-      boundary_();
+  void notifyBoundary() const {
+    if (listener_)
+      listener_();
   }
 
   int depth_ = 0;
-  std::function<void()> boundary_;
+  std::function<void()> listener_;
 };
 
 } // namespace tavrel

@@ -1,5 +1,7 @@
 #include "platform/linux/x11/server/QtConnection.h"
 
+#include "platform/linux/x11/server/XcbReply.h"
+
 #include <QGuiApplication>
 
 #include <xcb/xcb.h>
@@ -14,6 +16,21 @@ xcb_connection_t* qtConnection() {
 
 std::uint32_t rootWindow(xcb_connection_t& connection) {
   return xcb_setup_roots_iterator(xcb_get_setup(&connection)).data->root;
+}
+
+void waitForServer() {
+  if (xcb_connection_t* server = qtConnection())
+    xcbReply(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+}
+
+bool pointerButtonIsDown() {
+  xcb_connection_t* server = qtConnection();
+  if (!server)
+    return false;
+  constexpr auto buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+  const auto reply = xcbReply(
+      xcb_query_pointer_reply(server, xcb_query_pointer(server, rootWindow(*server)), nullptr));
+  return reply && (reply->mask & buttons) != 0;
 }
 
 } // namespace tavrel

@@ -12,4 +12,11 @@ namespace tavrel {
 /// The root window of the first screen.
 [[nodiscard]] std::uint32_t rootWindow(xcb_connection_t& connection);
 
+/// A round trip on the toolkit's connection: returns when the server has carried out every request
+/// sent before, the release of grabs for example.
+void waitForServer();
+
+/// Whether a pointer button is down anywhere on the desktop.
+[[nodiscard]] bool pointerButtonIsDown();
+
 } // namespace tavrel

@@ -2,7 +2,7 @@
 
 #include <xcb/xcb.h>
 
-// A member of the C header bears the name of a C++ keyword.
+// xcb/xkb.h has a member named `explicit`, which is a keyword in C++.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpragmas"
 #pragma GCC diagnostic ignored "-Wunknown-warning-option"
