@@ -1,7 +1,7 @@
 #include "base/Modifiers.h"
 #include "platform/linux/images/LinuxImages.h"
 #include "platform/linux/menus/LinuxPresenter.h"
-#include "platform/linux/x11/server/ServerRoundTrip.h"
+#include "platform/linux/x11/server/QtConnection.h"
 
 #include <QApplication>
 #include <QDir>
@@ -119,7 +119,7 @@ void measure(Figures& figures, int entries) {
   }
   for (int turn = 0; turn < turns; ++turn)
     figures.following.push_back(watch.milliseconds(
-        [&] { level()->follow(turn % 2 == 0 ? OptionKey::down : OptionKey::up); }));
+        [&] { level()->showRowsFor(turn % 2 == 0 ? OptionKey::down : OptionKey::up); }));
   while (level())
     key(Qt::Key_Escape);
 }

@@ -48,7 +48,7 @@ private:
   Localize localize_;
   MenuStyle style_;
   MenuPopup root_;
-  std::vector<MenuPopup*> levels_; ///< open ones, outermost first
+  std::vector<MenuPopup*> levels_;                 ///< open ones, outermost first
   std::vector<std::shared_ptr<Menu>> closedMenus_; ///< delegates to notify, innermost first
   std::shared_ptr<MenuItem> chosen_;
   TypeAhead typeAhead_;

@@ -50,8 +50,8 @@ int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
   }
 }
 
-/// Styles read this size to draw the icon of an entry, with the entry as option. Menus read it, too,
-/// for the height of rows and without an entry: there it stays as it is.
+/// Styles read this size to draw the icon of an entry, with the entry as option. Menus read it,
+/// too, for the height of rows and without an entry: there it stays as it is.
 int MenuStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
   const int usual = QProxyStyle::pixelMetric(metric, option, widget);
