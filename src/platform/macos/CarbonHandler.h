@@ -7,8 +7,8 @@
 
 namespace tavrel {
 
-/// Calls for events of some kinds that reach a target, for as long as it lives; the event goes on.
-/// Every call has an autorelease pool of its own.
+/// Calls `handle` for events of some kinds that reach a target, for as long as it lives. The events
+/// are passed on. Every call has an autorelease pool of its own.
 class CarbonHandler {
 public:
   explicit CarbonHandler(std::function<void(EventRef)> handle) : handle_(std::move(handle)) {}

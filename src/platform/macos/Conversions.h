@@ -48,7 +48,8 @@ namespace tavrel {
 [[nodiscard]] std::optional<PropertyList> propertyListOf(id object);
 [[nodiscard]] PropertyList::Dictionary dictionaryOf(NSDictionary* dictionary);
 
-/// The file URL of a path; nil for one that is not absolute or holds a zero, which would raise.
+/// The file URL of a path; nil for one that is not absolute or contains a NUL, which would raise an
+/// exception.
 [[nodiscard]] NSURL* fileUrl(const std::string& path);
 /// Nil for a text that is no URL, whatever the system would make of it.
 [[nodiscard]] NSURL* nsUrl(const std::string& url);

@@ -54,7 +54,8 @@ Bytes bytesOf(NSData* data) {
   return {bytes, bytes + data.length};
 }
 
-// Told that it is none, the system neither looks for a folder nor ends a link to one in a slash.
+// With isDirectory:NO the system neither checks the file system nor appends a slash to a link to a
+// folder.
 NSURL* fileUrl(const std::string& path) {
   if (!path.starts_with('/') || path.find('\0') != std::string::npos)
     return nil;

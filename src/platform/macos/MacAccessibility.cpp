@@ -76,7 +76,7 @@ std::optional<PropertyList> MacAccessibility::role(const AXUIElementRef& element
   return propertyListOf(owned.get());
 }
 
-// Deprecated without another call that types into one application as the person would.
+// Deprecated, but there is no other call that types into one application as the user would.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wdeprecated-declarations"
 bool MacAccessibility::postKeyboardEvent(const AXUIElementRef& application,

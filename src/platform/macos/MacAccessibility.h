@@ -4,8 +4,8 @@
 
 namespace tavrel {
 
-/// The system's accessibility, which the person has to allow: until then elements answer nothing
-/// and keys do not arrive.
+/// The accessibility API of the system. The user has to permit it: until then elements have no
+/// properties and posted keys do not arrive.
 class MacAccessibility final : public Accessibility {
 public:
   AXUIElementRef applicationElement(std::int32_t processIdentifier) override;
@@ -14,7 +14,7 @@ public:
   std::optional<PropertyList> role(const AXUIElementRef& element) override;
   bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
 
-  /// Has the system ask the person, unless it is allowed already.
+  /// Has the system prompt the user for the permission, unless it is granted.
   static void askForPermission();
 };
 

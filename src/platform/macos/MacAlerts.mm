@@ -11,7 +11,7 @@ namespace {
 
 constexpr unsigned short escapeKey = 53;
 
-// A panel of the system's minds the key only where a button is called "Cancel".
+// A panel handles the Escape key by itself only when a button is titled "Cancel".
 id escapeEndsPanel() {
   return [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
                                                handler:^NSEvent*(NSEvent* event) {

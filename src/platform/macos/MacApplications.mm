@@ -5,7 +5,7 @@
 #import <AppKit/AppKit.h>
 #import <Carbon/Carbon.h>
 
-// Nothing took the place of serial numbers and of what is known of a process by them.
+// Deprecated, but nothing has replaced process serial numbers and what is known by them.
 #pragma clang diagnostic ignored "-Wdeprecated-declarations"
 
 namespace tavrel {

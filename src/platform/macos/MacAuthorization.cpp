@@ -25,7 +25,7 @@ std::vector<char*> argumentPointers(const std::vector<std::string>& arguments) {
   return pointers;
 }
 
-/// Closes the pipe once it is drained, or when nobody can read on.
+/// Closes the pipe once it is drained, or when the reader is destroyed.
 ToolOutput outputOf(FILE* pipe) {
   return [open = std::shared_ptr<FILE>(pipe, std::fclose)](std::size_t size) mutable {
     std::string bytes(open ? size : 0, '\0');

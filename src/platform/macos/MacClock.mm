@@ -15,7 +15,7 @@ using Seconds = std::chrono::duration<double>;
 // Nothing here waits that long, and no clock counts further than it can.
 constexpr double longestSpan = 24 * 86400.0;
 
-// In this order the comparisons make none of what is no number, too.
+// In this order the comparisons turn NaN into 0, too.
 double boundedSpan(double seconds) {
   return std::min(longestSpan, std::max(0.0, seconds));
 }

@@ -77,8 +77,8 @@ MacDistributedNotificationCenter::~MacDistributedNotificationCenter() {
     removeObserver(deliveries_->observers.begin()->first);
 }
 
-// Whoever names no name may hear nothing, or everything: what is listened for by name, too, is
-// heard by name alone.
+// An observer without a name gets nothing or everything, depending on the system: so a notification
+// that is observed by name, too, is delivered by name only.
 ObserverId MacDistributedNotificationCenter::addObserver(NotificationFilter filter,
                                                          NotificationHandler handler) {
   const ObserverId id = ++deliveries_->last;

@@ -53,7 +53,7 @@ OSStatus MacEventMonitor::installButtonHandler(std::function<void(ButtonChange)>
                                                     {kEventClassMouse, kEventMouseWheelMoved}});
 }
 
-// A handler may run the event loop: what changes meanwhile is told once it has returned.
+// A handler may run the event loop: what changes meanwhile is reported once it has returned.
 void MacEventMonitor::tellModifiers() {
   isBehind_ = true;
   if (std::exchange(isTelling_, true))

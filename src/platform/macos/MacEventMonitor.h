@@ -5,8 +5,8 @@
 
 namespace tavrel {
 
-/// The system's monitor target: it tells nothing while this application is the active one, nor
-/// while a password is typed.
+/// The monitor target of the system: it reports nothing while this application is active, nor while
+/// a password field has the keyboard.
 class MacEventMonitor final : public EventMonitor {
 public:
   OSStatus installModifierHandler(std::function<void()> changed) override;

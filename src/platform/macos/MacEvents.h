@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// What the system tells of an event, without asking it for what its kind does not have.
+/// Converts an event. Only properties that its type has are read: others raise an exception.
 [[nodiscard]] Event eventOf(NSEvent* event);
 
 } // namespace tavrel

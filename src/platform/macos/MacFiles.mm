@@ -43,7 +43,7 @@ NSURL* linkedFile(const std::string& path) {
   return real ? fileUrl(*real) : nil;
 }
 
-// Only what it takes: every file of a long menu is asked.
+// Reads no more than needed, because it is called for every file of a long menu.
 bool holdsAlias(NSURL* url) {
   return isAliasFile(
       {.isSymlink = fact(url, NSURLIsSymbolicLinkKey), .isAlias = fact(url, NSURLIsAliasFileKey)});

@@ -16,7 +16,7 @@ std::optional<Image> wholeImage(NSImage* image) {
   return Image{{{std::make_shared<MacImageContent>(image), size}}, size};
 }
 
-// Most entries of a long menu are never drawn: the icon is asked for when this one is.
+// The icon is read when it is drawn first: most entries of a long menu are never drawn.
 NSImage* lateIcon(NSString* path) {
   return [NSImage imageWithSize:nsSize(menuIconSize)
                         flipped:NO

@@ -28,7 +28,7 @@ CFDataRef layoutData(const InputSource& source) {
                 : nullptr;
 }
 
-// An input method has no tables of its own: then the layout for Latin letters stands in.
+// An input method has no tables of its own: the layout for Latin letters is used instead.
 InputSource currentLayout() {
   InputSource source(TISCopyCurrentKeyboardLayoutInputSource());
   if (layoutData(source))

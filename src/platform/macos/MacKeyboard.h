@@ -4,8 +4,7 @@
 
 namespace tavrel {
 
-/// The keys as the system sees them, and the person's layout by the layout's own tables. Main
-/// thread only.
+/// The state of the keys, and the user's layout from its own tables. Main thread only.
 class MacKeyboard final : public Keyboard {
 public:
   KeyMap keyMap() override;

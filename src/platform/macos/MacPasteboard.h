@@ -10,7 +10,7 @@ namespace tavrel {
 /// other name is the system's. A pasteboard whose owner does not answer counts as one without data.
 class MacPasteboard final : public Pasteboard {
 public:
-  /// Nil: a pasteboard that holds nothing and takes nothing.
+  /// Nil: a pasteboard that is always empty.
   explicit MacPasteboard(NSPasteboard* pasteboard) : pasteboard_(pasteboard) {}
 
   [[nodiscard]] NSPasteboard* nsPasteboard() const { return pasteboard_; }

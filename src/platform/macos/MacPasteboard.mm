@@ -6,7 +6,7 @@ namespace tavrel {
 
 namespace {
 
-// Deprecated, and still what plain copying programs and the services menu speak.
+// Deprecated, but simple copying programs and the services menu still use these names.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wdeprecated-declarations"
 NSArray<NSString*>* systemTypeNames() {
@@ -47,7 +47,7 @@ id answerOf(id (^question)(void)) {
   }
 }
 
-// Each name of old is listed beside the identifier that the system made of it: one of them will do.
+// Each old name is listed beside the uniform type identifier for it: one of them is enough.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wdeprecated-declarations"
 bool isListedByOldName(NSString* type, NSArray<NSString*>* types) {

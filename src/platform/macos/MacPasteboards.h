@@ -8,8 +8,8 @@
 
 namespace tavrel {
 
-/// The pasteboards of the session. Named ones are seen by whoever knows the name, as the services
-/// of other programs must.
+/// The pasteboards of the session. Other programs can open named ones by the name, as services need
+/// to.
 class MacPasteboards final : public Pasteboards {
 public:
   MacPasteboards();

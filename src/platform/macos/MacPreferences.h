@@ -8,7 +8,7 @@
 
 namespace tavrel {
 
-/// The person's domains, on any host, without what other domains would answer in their place.
+/// The preference domains of the user for any host, without the fallback to other domains.
 class MacPreferences final : public Preferences {
 public:
   MacPreferences() = default;

@@ -9,7 +9,7 @@ namespace tavrel {
 class MacScripting final : public Scripting {
 public:
   void setApplication(ScriptableApplication* application) override { answering_ = application; }
-  /// Null while nobody answers.
+  /// Null before it is set.
   [[nodiscard]] static ScriptableApplication* application() { return answering_; }
 
 private:

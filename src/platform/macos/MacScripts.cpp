@@ -76,7 +76,7 @@ OSAError MacScripts::dispose(ComponentInstance component, OSAID id) {
   return id == 0 ? osaError::none : OSADispose(instance, id);
 }
 
-// Whoever edits a script while it runs wants what was edited.
+// A script that the user edits while it runs keeps the edited contents.
 OSAError MacScripts::store(ComponentInstance component, OSAID script, const std::string& path) {
   ::ComponentInstance const instance = components_->find(component);
   if (!instance)

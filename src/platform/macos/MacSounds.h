@@ -4,8 +4,8 @@
 
 namespace tavrel {
 
-/// The bundle's sounds and the system's by name, whatever ending they are asked for with. Where the
-/// system does not tell the loudness of the beep there is no volume.
+/// Sounds of the bundle and of the system by name; the ending is ignored. There is no volume where
+/// the system does not expose that of the alert sound.
 class MacSounds final : public Sounds {
 public:
   bool play(const std::string& name) override;

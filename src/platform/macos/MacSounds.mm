@@ -13,7 +13,7 @@ namespace {
 constexpr AudioServicesPropertyID alertLoudness = 0x7373766C; // 'ssvl', in no header
 }
 
-// One that is heard already begins again: the system refuses to play it twice at once.
+// A sound that is playing is restarted: the system does not play one twice at the same time.
 bool MacSounds::play(const std::string& name) {
   const std::string plain = deletingPathExtension(name);
   if (plain.empty() || plain.find('/') != std::string::npos)

@@ -3,7 +3,7 @@
 #import "platform/macos/MacImage.h"
 #import "platform/macos/NativeMenu.h"
 
-/// Finishes the tracking once the system has told all it has to tell of a click.
+/// Finishes the tracking once the system has sent all events of a click.
 @interface TVTrackingEnd : NSObject
 @property(nonatomic) tavrel::MenuTracking* tracking;
 - (void)finishLater;
@@ -11,8 +11,8 @@
 
 @implementation TVTrackingEnd
 
-// Only in the default mode: what was chosen is told after the menu has closed, from where it was
-// tracked.
+// In the default run loop mode only: the chosen entry is reported after the menu has closed, in the
+// mode in which it was tracked.
 - (void)finishLater {
   [self performSelector:@selector(finish)
              withObject:nil

@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// The encodings of the system.
+/// The text encodings that the system converts from and to.
 class MacTextEncodings final : public TextEncodings {
 public:
   std::vector<StringEncoding> available() override;

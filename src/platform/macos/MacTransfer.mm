@@ -16,7 +16,7 @@ namespace tavrel {
 
 namespace {
 
-/// One file on its way, and how far it has come.
+/// One file of a transfer, and how far it has come.
 struct Transfer {
   std::string from;
   std::string to;
@@ -51,7 +51,8 @@ bool refusesInOneStep(NSURL* file) {
          does.boolValue;
 }
 
-// Some volumes cannot refuse in one step: there the system looks first.
+// Some volumes have no atomic rename that fails when the target exists: there the system checks
+// first.
 bool renameExclusively(const std::string& from, const std::string& to) {
   if (refusesInOneStep(fileUrl(from)))
     return ::renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0;
@@ -68,7 +69,8 @@ bool onOneVolume(const std::string& one, const std::string& other) {
   return ::lstat(one.c_str(), &a) == 0 && ::stat(other.c_str(), &b) == 0 && a.st_dev == b.st_dev;
 }
 
-// A copy grows where nobody looks for it, so that a broken one is never taken for the file.
+// A copy is written to a hidden folder first, so that an incomplete one is never taken for the
+// file.
 bool stageCopies(std::vector<Transfer>& transfers, const ReplacementFolder& folder) {
   for (Transfer& transfer : transfers)
     if ((transfer.staged = folder.copyOf(transfer.from)).empty())
@@ -122,7 +124,7 @@ bool place(const std::vector<Transfer>& transfers) {
   return true;
 }
 
-/// The sources of what was moved by copying; false when something of them stays.
+/// Removes the sources of files that were moved by copying; false when some could not be removed.
 bool removeCopiedSources(const std::vector<Transfer>& transfers) {
   bool all = true;
   for (const Transfer& transfer : transfers)

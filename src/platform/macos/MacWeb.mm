@@ -7,7 +7,7 @@ constexpr NSUInteger longestAnswer = 1000000;
 constexpr NSTimeInterval longestWait = 10;
 } // namespace
 
-/// Collects an answer, and gives it up when it grows too long.
+/// Collects an answer, and aborts it when it becomes too long.
 @interface TVWebAnswer : NSObject <NSURLSessionDataDelegate>
 @property(nonatomic, readonly) NSMutableData* data;
 @property(nonatomic, readonly) dispatch_semaphore_t ended;
@@ -48,7 +48,7 @@ namespace tavrel {
 
 namespace {
 
-/// Nil when nothing whole came in good time.
+/// Nil when the answer was not complete before the timeout.
 NSData* dataFrom(NSURL* url) {
   TVWebAnswer* const answer = [[TVWebAnswer alloc] init];
   NSURLSession* const session =

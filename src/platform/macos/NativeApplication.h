@@ -8,14 +8,14 @@ namespace tavrel {
 class MacHotKeys;
 }
 
-/// The application object of the process: it hands its events to the head of our event stream, and
-/// scripts ask it for what the scripting definition names.
+/// The application object of the process: it passes its events to the head of our event stream, and
+/// has the properties that the scripting definition names.
 @interface TVApplication : NSApplication
 /// Not owned; null: events go the system's way alone.
 @property(nonatomic) tavrel::EventTarget* head;
-/// Not owned; knows what a release of a hot key is of.
+/// Not owned; finds the hot key that a release belongs to.
 @property(nonatomic) tavrel::MacHotKeys* hotKeys;
-/// The system's own handling of an event, where it is the one that the head was told last.
+/// The system's own handling of an event, if it is the one that was passed to the head last.
 - (void)handleEvent:(const tavrel::Event&)event;
 @end
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// An event on its way through our stream, and what the stream was told of it.
+/// An event that our event stream handles now, and its converted form.
 struct EventOnItsWay {
   NSEvent* event;
   const tavrel::Event* told;

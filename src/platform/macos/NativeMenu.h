@@ -12,6 +12,6 @@
 + (instancetype)menuOf:(std::shared_ptr<tavrel::Menu>)menu tracking:(tavrel::MenuTracking*)tracking;
 /// What is to be done when this menu, an outermost one, has closed.
 @property(nonatomic, copy) void (^whenClosed)(void);
-/// Lets go of our menu: from now on nothing is told.
+/// Drops the reference to our menu: its delegate is not called any more.
 - (void)detach;
 @end

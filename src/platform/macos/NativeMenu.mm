@@ -36,7 +36,7 @@
   _menu = nullptr;
 }
 
-// The system asks anew when it only looks at an open menu.
+// The system calls this once more for a menu that is open already.
 - (void)menuNeedsUpdate:(NSMenu*)menu {
   (void)menu;
   const auto ours = _menu;
@@ -68,7 +68,7 @@
   }
 }
 
-// Keys count in an open menu alone: a search must not fill one.
+// Key equivalents work in an open menu only: the system's search for one must not fill a menu.
 - (BOOL)menuHasKeyEquivalent:(NSMenu*)menu
                     forEvent:(NSEvent*)event
                       target:(id*)target

@@ -30,7 +30,7 @@ Notification notificationOf(NSNotification* notification) {
 
 } // namespace
 
-// An agent is never the active application: by the other behaviours it would hear nothing.
+// An agent is never the active application, and the other behaviours deliver to that one only.
 TVNotificationReceiver* listenFor(const NotificationFilter& filter,
                                   void (^hear)(const Notification&)) {
   TVNotificationReceiver* const receiver = [[TVNotificationReceiver alloc] init];

@@ -4,7 +4,7 @@ namespace tavrel {
 
 namespace {
 
-// What nests deeper is no data of anybody's, and would cost the stack.
+// Lists nested deeper than any real data are refused: converting them would overflow the stack.
 constexpr int deepest = 512;
 
 std::optional<PropertyList> convertedObject(id object, int depth);

@@ -13,7 +13,7 @@ namespace tavrel {
 /// Storing was refused, or the file is not the one that was loaded.
 inline constexpr OSAError cannotWriteScript = -61;
 
-/// Which contents a file holds; they are others once somebody wrote to it.
+/// Identifies the contents of a file: it differs once the file has been written to.
 struct FileState {
   std::int64_t seconds = 0;
   std::int64_t nanoseconds = 0;
