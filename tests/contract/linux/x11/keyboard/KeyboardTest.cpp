@@ -49,19 +49,28 @@ private:
     const std::map<std::uint16_t, std::string> names{{0, "a"},
                                                      {keyCode::option, "Alt_L"},
                                                      {keyCode::command, "Control_L"},
-                                                     {keyCode::control, "Super_L"}};
+                                                     {keyCode::control, "Super_L"},
+                                                     {keyCode::shift, "Shift_L"}};
     return names.at(key);
   }
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, KeyboardContract, LinuxWorld);
 
-TEST(LinuxKeyboard, SuperIsTheControlKey) {
+// Ctrl is Command and Super is Control.
+TEST(LinuxKeyboard, EachModifierKeyHasItsCodeAndItsModifier) {
+  const std::map<std::uint16_t, std::uint32_t> modifiers{
+      {keyCode::command, eventModifier::command},
+      {keyCode::shift, eventModifier::shift},
+      {keyCode::option, eventModifier::option},
+      {keyCode::control, eventModifier::control}};
   LinuxWorld world;
-  world.press(keyCode::control);
-  EXPECT_TRUE(world.adapter.keyMap().isDown(keyCode::control));
-  EXPECT_EQ(world.adapter.eventModifiers(), eventModifier::control);
-  world.release(keyCode::control);
+  for (const auto& [key, modifier] : modifiers) {
+    world.press(key);
+    EXPECT_TRUE(world.adapter.keyMap().isDown(key)) << key;
+    EXPECT_EQ(world.adapter.eventModifiers(), modifier) << key;
+    world.release(key);
+  }
 }
 
 TEST(LinuxKeyboard, AltAndSuperAreWhateverBitsTheyHave) {
