@@ -169,7 +169,7 @@ BENCHMARK(reloadTree)->Unit(benchmark::kMillisecond);
 void statxEach(benchmark::State& state) {
   for (auto _ : state)
     for (const std::string& path : scratch().paths()) {
-      struct statx status {};
+      struct statx status = {};
       benchmark::DoNotOptimize(::statx(AT_FDCWD, path.c_str(), 0, STATX_BASIC_STATS, &status));
     }
 }

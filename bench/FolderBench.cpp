@@ -72,7 +72,7 @@ void listAndStatxEach(benchmark::State& state) {
   for (auto _ : state) {
     DIR* stream = ::opendir(folder.c_str());
     while (const dirent* entry = ::readdir(stream)) {
-      struct statx status {};
+      struct statx status = {};
       benchmark::DoNotOptimize(
           ::statx(::dirfd(stream), entry->d_name, 0, STATX_BASIC_STATS, &status));
     }

@@ -213,6 +213,11 @@ Trial menuTrial(Display& display, std::function<void()> begin) {
           [&display, menu] { display.close(*menu); }};
 }
 
+Trial copyTrial(Display& display) {
+  const auto copy = [&display] { chord(display, {XK_Control_L, XK_c}); };
+  return {copy, [&display] { return display.waitForOwner(); }, [] {}};
+}
+
 Trial trialOf(Display& display, const std::string& what, char** arguments) {
   if (what == "hotkey")
     return menuTrial(display, [&] { chord(display, {XK_Control_L, XK_Alt_L, XK_1}); });
@@ -221,10 +226,7 @@ Trial trialOf(Display& display, const std::string& what, char** arguments) {
   if (what == "command" && arguments[0])
     return menuTrial(display, [=] { started(arguments); });
   if (what == "copy")
-    return {[&] {
-              chord(display, {XK_Control_L, XK_c});
-            },
-            [&] { return display.waitForOwner(); }, [] {}};
+    return copyTrial(display);
   if (what == "run" && arguments[0])
     return {[=] { started(arguments); }, [] { return wait(nullptr) > 0; }, [] {}};
   giveUp("usage: measure_gesture TURNS hotkey|signal|command|copy|keys|run [ARGUMENT...]");

@@ -44,7 +44,7 @@ std::string placeOf(const std::string& source, const script::Span& range) {
 }
 
 bool isThere(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   return ::stat(path.c_str(), &status) == 0;
 }
 

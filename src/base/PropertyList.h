@@ -14,6 +14,9 @@ namespace tavrel {
 
 using Bytes = std::vector<std::uint8_t>;
 
+template <typename Number>
+concept IntegerOfAList = std::integral<Number> && !std::same_as<Number, bool>;
+
 /// One value of a property list: immutable, cheap to copy. Copies of an array, a dictionary or data
 /// share one object, so that a menu entry can hold the very record it was built from.
 /// Booleans and integers are different values: true is not 1.
@@ -31,8 +34,7 @@ public:
   enum class Kind { boolean, integer, real, string, data, date, array, dictionary };
 
   PropertyList(std::same_as<bool> auto value) : value_(value) {}
-  PropertyList(std::integral auto value) requires(!std::same_as<decltype(value), bool>)
-      : value_(static_cast<std::int64_t>(value)) {}
+  PropertyList(IntegerOfAList auto value) : value_(static_cast<std::int64_t>(value)) {}
   PropertyList(std::floating_point auto value) : value_(static_cast<double>(value)) {}
   PropertyList(std::string value) : value_(std::move(value)) {}
   PropertyList(std::string_view value) : value_(std::string(value)) {}

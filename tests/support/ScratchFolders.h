@@ -97,7 +97,7 @@ inline std::map<std::string, std::string> listing(const std::filesystem::path& f
                                                   Compare compare = Compare::everything) {
   std::map<std::string, std::string> result;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-    struct stat status {};
+    struct stat status = {};
     ::lstat(entry.path().c_str(), &status);
     std::string line = std::to_string(status.st_mode) + " " +
                        std::to_string(status.st_mtim.tv_sec) + "." +

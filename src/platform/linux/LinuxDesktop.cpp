@@ -62,6 +62,11 @@ bool writeLoginWindow(const PropertyList::Dictionary& values) {
 } // namespace
 
 struct LinuxDesktop::Adapters {
+  void tellOfSaving() {
+    if (preferences.hasChangedElsewhere(preferenceDomain))
+      distributedNotifications.deliver({"saved", preferenceDomain, {}});
+  }
+
   std::string resources = resourceFolder();
   ApplicationRegistry registry{xdgFolders()};
   DesktopWindows windows;
@@ -117,11 +122,7 @@ struct LinuxDesktop::Adapters {
         return runSelectedScript(path, {applications, pasteboards, log, longRunningScripts});
       }};
 
-  PreferenceWatch preferenceWatch{
-      preferences.pathOf(preferenceDomain), [this] {
-        if (preferences.hasChangedElsewhere(preferenceDomain))
-          distributedNotifications.deliver({"saved", preferenceDomain, {}});
-      }};
+  PreferenceWatch preferenceWatch{preferences.pathOf(preferenceDomain), [this] { tellOfSaving(); }};
 
   Platform ports{accessibility, alerts,
                  applications,  authorization,

@@ -24,7 +24,7 @@ struct Transfer {
 };
 
 bool standsAt(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   return ::lstat(path.c_str(), &status) == 0;
 }
 
@@ -40,7 +40,7 @@ bool isPlainName(const std::string& name) {
 
 /// A folder cannot go into itself; a link to it can.
 bool wouldHoldItself(const std::string& what, const std::string& destination) {
-  struct stat status {};
+  struct stat status = {};
   return ::lstat(what.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
          (realPath(destination) + '/').starts_with(realPath(what) + '/');
 }
@@ -64,8 +64,8 @@ bool removeTree(const std::string& path) {
 }
 
 bool onOneVolume(const std::string& one, const std::string& other) {
-  struct stat a {};
-  struct stat b {};
+  struct stat a = {};
+  struct stat b = {};
   return ::lstat(one.c_str(), &a) == 0 && ::stat(other.c_str(), &b) == 0 && a.st_dev == b.st_dev;
 }
 

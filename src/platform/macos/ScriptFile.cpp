@@ -36,7 +36,7 @@ OSAError storeThroughCopy(::ComponentInstance component, ::OSAID script, const s
 } // namespace
 
 std::optional<FileState> stateOf(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   if (path.find('\0') != std::string::npos || ::stat(path.c_str(), &status) != 0)
     return std::nullopt;
   return FileState{status.st_mtimespec.tv_sec, status.st_mtimespec.tv_nsec, status.st_size,
@@ -53,7 +53,7 @@ std::optional<FSRef> referenceTo(const std::string& path) {
 // A script bundle is a folder of many files, which the component itself replaces.
 OSAError storeScript(::ComponentInstance component, ::OSAID script, const std::string& path) {
   const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr), std::free);
-  struct stat status {};
+  struct stat status = {};
   if (!real || ::access(path.c_str(), W_OK) != 0 || ::stat(real.get(), &status) != 0)
     return cannotWriteScript;
   return S_ISREG(status.st_mode) ? storeThroughCopy(component, script, real.get())

@@ -162,7 +162,7 @@ TEST_F(DoubleTap, ARemovedClientHearsNothing) {
 }
 
 TEST_F(DoubleTap, AHandlerThatIsGoneIsNotCalled) {
-  { const NTModifierKeyActionHandler another; }
+  (void)NTModifierKeyActionHandler{};
   desktop.eventMonitor.modifiersChanged();
 }
 

@@ -78,11 +78,12 @@ TEST_F(ScriptCapture, OfAnApplicationWithoutAScriptTouchesNothing) {
 }
 
 TEST_F(ScriptCapture, OfOneFileIsItsPathAsTextAndAsAList) {
-  returnPaths({"/docs/Größe 😀.txt"});
+  const std::string path = "/docs/Größe 😀.txt";
+  returnPaths({path});
   controller.setSelectionToPasteboardWithScript("Finder");
   EXPECT_THAT(selection.types(), ElementsAre("NSStringPboardType", "NSFilenamesPboardType"));
-  EXPECT_THAT(selection.string(pasteboardType::string), Optional(std::string("/docs/Größe 😀.txt")));
-  EXPECT_THAT(capturedFiles(), Optional(ElementsAre("/docs/Größe 😀.txt")));
+  EXPECT_THAT(selection.string(pasteboardType::string), Optional(path));
+  EXPECT_THAT(capturedFiles(), Optional(ElementsAre(path)));
   expectTheClipboardUntouched();
 }
 

@@ -62,7 +62,7 @@ void ApplicationRegistry::refresh() {
 }
 
 ApplicationRegistry::CachedEntry ApplicationRegistry::readEntry(const std::string& path) const {
-  struct stat status {};
+  struct stat status = {};
   if (::stat(path.c_str(), &status) != 0)
     return {};
   const Stamp stamp{status.st_ino, status.st_size,

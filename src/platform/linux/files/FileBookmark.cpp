@@ -119,7 +119,7 @@ private:
 };
 
 std::optional<BookmarkedIdentity> identityNow(const std::string& path) {
-  struct statx status {};
+  struct statx status = {};
   constexpr unsigned int wanted = STATX_INO | STATX_BTIME;
   if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0)
     return std::nullopt;

@@ -39,7 +39,7 @@ std::string lowerCaseExtension(std::string_view path) {
 }
 
 std::optional<FileStatus> statusNow(const std::string& path, FinalLink link) {
-  struct statx status {};
+  struct statx status = {};
   const int flags = link == FinalLink::keep ? AT_SYMLINK_NOFOLLOW : 0;
   constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
   if (::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)

@@ -119,7 +119,7 @@ bool fileSystemAnswers(const std::string& path) {
   if (!point || mountHealth().wasWellLately(*point))
     return true;
   return isAnsweredInTime(*point, [point = *point] {
-    struct statvfs status {};
+    struct statvfs status = {};
     (void)::statvfs(point.c_str(), &status); // any answer will do
   });
 }

@@ -51,7 +51,7 @@ const std::vector<RecentUse>& CachedRecentUses::read(const std::string& path) {
 /// Nothing for a file that changed within the last 0.1 s: the time stamps of file systems are
 /// coarse, so that another change could leave them as they are.
 std::optional<CachedRecentUses::Version> CachedRecentUses::stableVersion(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   if (::stat(path.c_str(), &status) != 0)
     return std::nullopt;
   const std::int64_t changed = inNanoseconds(status.st_ctim);

@@ -49,7 +49,7 @@ std::variant<Bytes, PropertyListFile> readBytes(const std::string& path) {
   const FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!descriptor.isOpen())
     return errno == ENOENT ? PropertyListFile() : unreadable(errnoText());
-  struct stat status {};
+  struct stat status = {};
   if (::fstat(descriptor.get(), &status) != 0)
     return unreadable(errnoText());
   if (!S_ISREG(status.st_mode))

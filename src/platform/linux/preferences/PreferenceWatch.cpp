@@ -79,7 +79,7 @@ void PreferenceWatch::report() {
 }
 
 std::string PreferenceWatch::stamp() const {
-  struct stat status {};
+  struct stat status = {};
   if (::stat(path_.c_str(), &status) != 0)
     return {};
   std::string stamp = std::to_string(status.st_dev);

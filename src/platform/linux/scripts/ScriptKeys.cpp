@@ -78,10 +78,10 @@ HostAnswer pressAll(ScriptDesktop& desktop, const std::vector<KeyboardEvent>& ke
   const auto modifiers = modifiersOf(event);
   if (!modifiers)
     return HostError{errors::cannotCoerce, "What is held is no modifier key."};
-  const bool isTyped = std::ranges::all_of(keys, [&](const KeyboardEvent& key) {
+  const auto type = [&](const KeyboardEvent& key) {
     return pressInFront(desktop, {key, *modifiers});
-  });
-  if (!isTyped)
+  };
+  if (!std::ranges::all_of(keys, type))
     return HostError{errors::notRunning, "There is no keyboard to type on."};
   return HostValue{};
 }

@@ -13,9 +13,9 @@ namespace {
 
 // Called on the player's thread; the display belongs to the main thread.
 void ringBell() {
+  const auto ring = [] { QApplication::beep(); };
   if (qApp)
-    QMetaObject::invokeMethod(
-        qApp, [] { QApplication::beep(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(qApp, ring, Qt::QueuedConnection);
 }
 
 } // namespace

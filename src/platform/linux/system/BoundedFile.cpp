@@ -11,7 +11,7 @@ namespace tavrel {
 namespace {
 
 bool isRegular(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   return path.find('\0') == std::string::npos && ::stat(path.c_str(), &status) == 0 &&
          S_ISREG(status.st_mode);
 }
@@ -19,7 +19,7 @@ bool isRegular(const std::string& path) {
 /// The size of an open file; nothing when it is no regular one. Checked again after opening,
 /// because the file may have been replaced between stat and open.
 std::optional<std::size_t> regularSize(const FileDescriptor& file) {
-  struct stat status {};
+  struct stat status = {};
   if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
     return std::nullopt;
   return static_cast<std::size_t>(status.st_size);

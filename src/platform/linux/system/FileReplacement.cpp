@@ -32,7 +32,7 @@ bool makeFolders(const std::string& folder) {
 
 /// The mode for the new file; nothing when a pipe or a device is there, which cannot be replaced.
 std::optional<mode_t> modeFor(const std::string& path) {
-  struct stat status {};
+  struct stat status = {};
   if (::stat(path.c_str(), &status) != 0)
     return newFileMode;
   return S_ISREG(status.st_mode) ? std::optional(status.st_mode & 07777) : std::nullopt;

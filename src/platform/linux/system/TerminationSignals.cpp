@@ -36,7 +36,7 @@ TerminationSignals::TerminationSignals() {
     QCoreApplication::exit(0);
   });
   for (Handler& each : handlers_) {
-    struct sigaction action {};
+    struct sigaction action = {};
     action.sa_handler = handleSignal;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     ::sigaction(each.signal, nullptr, &each.previous);

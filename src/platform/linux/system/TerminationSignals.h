@@ -24,7 +24,7 @@ public:
 private:
   struct Handler {
     int signal;
-    struct sigaction previous {};
+    struct sigaction previous = {};
   };
 
   FileDescriptor pipeReadEnd_;

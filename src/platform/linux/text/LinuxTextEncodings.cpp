@@ -26,7 +26,9 @@ const std::vector<EncodingRow>& convertibleEncodings() {
   return rows;
 }
 
-const EncodingRow* rowOf(StringEncoding encoding, StringEncoding EncodingRow::*number) {
+using NumberOfARow = StringEncoding EncodingRow::*;
+
+const EncodingRow* rowOf(StringEncoding encoding, NumberOfARow number) {
   const auto& rows = convertibleEncodings();
   const auto found = std::ranges::find(rows, encoding, number);
   return found == rows.end() ? nullptr : &*found;

@@ -36,7 +36,7 @@ private:
   }
 
   std::error_code visit(const std::string& name) {
-    struct stat status {};
+    struct stat status = {};
     if (::fstatat(current_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
       return lastError();
     return S_ISDIR(status.st_mode) ? descend(name)
@@ -96,7 +96,7 @@ public:
 } // namespace
 
 FileIdentity identityOf(int descriptor) {
-  struct stat status {};
+  struct stat status = {};
   return ::fstat(descriptor, &status) == 0 ? identityOf(status) : FileIdentity();
 }
 

@@ -45,7 +45,7 @@ std::error_code renameExclusively(NameInFolder from, NameInFolder to) {
 }
 
 std::error_code renameWithoutKernelHelp(NameInFolder from, NameInFolder to) {
-  struct stat status {};
+  struct stat status = {};
   if (::fstatat(from.folder, from.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
     return lastError();
   return S_ISDIR(status.st_mode) ? renameFolder(from, to) : renameFile(from, to);

@@ -113,7 +113,7 @@ std::error_code copyContents(int from, int to, off_t size) {
 /// Besides the blocks, whether there is more to read than was copied: the file may have grown, or
 /// report a size of 0, as files in /proc do.
 std::error_code verifyContents(int from, int to, const struct stat& before) {
-  struct stat after {};
+  struct stat after = {};
   char beyond = 0;
   if (::fstat(from, &after) != 0)
     return lastError();
@@ -128,7 +128,7 @@ std::error_code copyFile(NameInFolder from, NameInFolder to) {
   // O_NONBLOCK, for the file may have been replaced by a pipe, whose opening would block.
   const FileDescriptor source(
       ::openat(from.folder, from.name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-  struct stat status {};
+  struct stat status = {};
   if (!source.isOpen() || ::fstat(source.get(), &status) != 0)
     return lastError();
   if (!S_ISREG(status.st_mode))

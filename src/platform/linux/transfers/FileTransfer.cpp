@@ -72,7 +72,7 @@ std::set<FileIdentity> withAncestors(int folder) {
 std::error_code renameCopy(NameInFolder from, NameInFolder to) {
   const FileDescriptor folder(
       ::openat(from.folder, from.name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-  struct stat status {};
+  struct stat status = {};
   const bool isReadOnly =
       folder.isOpen() && ::fstat(folder.get(), &status) == 0 && (status.st_mode & S_IWUSR) == 0;
   if (isReadOnly)
@@ -106,7 +106,7 @@ private:
   Failure checkPlaces(const std::vector<std::string>& names) const {
     const std::set<FileIdentity> inside = withAncestors(destination_.get());
     for (const std::string& name : names) {
-      struct stat status {};
+      struct stat status = {};
       if (::fstatat(source_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
         return failureOf(name, lastError());
       if (S_ISDIR(status.st_mode) && inside.contains(identityOf(status)))
@@ -156,7 +156,7 @@ private:
 
   Failure placeAll(const std::vector<std::string>& names) {
     for (const std::string& name : names) {
-      struct stat status {};
+      struct stat status = {};
       if (::fstatat(copiesFolder_->folder(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
         return failureOf(name, lastError());
       if (const auto error =
@@ -227,7 +227,7 @@ private:
 
   /// Takes a copy away again, unless somebody put something else in its place.
   void withdraw(const Placed& copy) {
-    struct stat status {};
+    struct stat status = {};
     if (::fstatat(destination_.get(), copy.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
         identityOf(status) == copy.identity)
       (void)renameCopy({destination_.get(), copy.name}, {copiesFolder_->folder(), copy.name});

@@ -128,7 +128,7 @@ public:
 
 private:
   static std::error_code check(int parent, const std::string& name, const struct stat& status) {
-    struct statx more {};
+    struct statx more = {};
     if (::statx(parent, name.c_str(), AT_SYMLINK_NOFOLLOW, 0, &more) == 0 &&
         (more.stx_attributes & (STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND)) != 0)
       return std::make_error_code(std::errc::operation_not_permitted);
@@ -138,7 +138,7 @@ private:
 
   /// The owner can make a folder writable first; in a sticky one only owners may remove.
   static bool mayRemove(int parent, const struct stat& status) {
-    struct stat folder {};
+    struct stat folder = {};
     const uid_t user = ::geteuid();
     if (user == 0)
       return true;

@@ -47,7 +47,7 @@ protected:
 TEST_F(PreferenceFiles, ANewFileIsXmlForItsOwnerAlone) {
   ASSERT_TRUE(storeOne());
   EXPECT_TRUE(stored().starts_with("<?xml"));
-  struct stat status {};
+  struct stat status = {};
   ASSERT_EQ(::stat(folder.path("d.plist").c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
   EXPECT_THAT(names(), ::testing::ElementsAre("d.plist")) << "no temporary file is left";
@@ -130,7 +130,7 @@ TEST_F(PreferenceFiles, ADomainThatCannotNameAFileHoldsNothing) {
 }
 
 TEST_F(PreferenceFiles, WhatIsPendingIsWrittenAtTheEnd) {
-  { LinuxPreferences(folder.path()).setValue("d", "key", 1); }
+  LinuxPreferences(folder.path()).setValue("d", "key", 1);
   EXPECT_EQ(preferences.value("d", "key"), PropertyList(1));
 }
 

@@ -12,7 +12,7 @@ namespace {
 TEST(LongRunningScripts, AShortRunIsNotMentioned) {
   FakeNotifications service;
   LongRunningScripts runs(1000);
-  { const LongRunningScripts::RunningScript run(runs, "Short"); }
+  (void)LongRunningScripts::RunningScript(runs, "Short");
   EXPECT_EQ(service.shown, 0);
   EXPECT_EQ(service.closed, 0);
 }
@@ -55,7 +55,7 @@ TEST(LongRunningScripts, AScriptInsideAScriptIsPartOfIt) {
   LongRunningScripts runs(0.01);
   const LongRunningScripts::RunningScript outer(runs, "Outer");
   EXPECT_TRUE(waitFor([&] { return service.shown == 1; }));
-  { const LongRunningScripts::RunningScript inner(runs, "Inner"); }
+  (void)LongRunningScripts::RunningScript(runs, "Inner");
   EXPECT_EQ(service.closed, 0);
 }
 

@@ -111,7 +111,7 @@ TEST_F(ScriptFileTest, StoringKeepsModeFormAndExtendedAttributes) {
   ::chmod(path.c_str(), 0640);
   const bool hasAttributes = ::setxattr(path.c_str(), "user.note", "kept", 4, 0) == 0;
   EXPECT_EQ(runAndStore(path), osaError::none);
-  struct stat status {};
+  struct stat status = {};
   ::stat(path.c_str(), &status);
   EXPECT_EQ(status.st_mode & 07777U, 0640U);
   EXPECT_TRUE(textIn(path).starts_with("<?xml"));

@@ -18,7 +18,7 @@ protected:
     return replaceFile(folder.path(name), Bytes(text.begin(), text.end()));
   }
   [[nodiscard]] mode_t modeOf(const std::string& name) const {
-    struct stat status {};
+    struct stat status = {};
     EXPECT_EQ(::stat(folder.path(name).c_str(), &status), 0);
     return status.st_mode & 07777;
   }

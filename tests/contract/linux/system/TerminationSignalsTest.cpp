@@ -37,7 +37,7 @@ protected:
 };
 
 bool isSignalHandled(int signal) {
-  struct sigaction action {};
+  struct sigaction action = {};
   ::sigaction(signal, nullptr, &action);
   return action.sa_handler != SIG_DFL && action.sa_handler != SIG_IGN;
 }
@@ -81,7 +81,7 @@ TEST_F(TerminationSignalsTest, OneThatIsIgnoredStaysIgnored) {
 }
 
 TEST_F(TerminationSignalsTest, WhatWasThereBeforeComesBack) {
-  { const TerminationSignals signals; }
+  (void)TerminationSignals{};
   for (const int signal : {SIGTERM, SIGINT, SIGHUP})
     EXPECT_FALSE(isSignalHandled(signal)) << signal;
 }

@@ -189,7 +189,7 @@ TEST_F(FileTransferBetweenDisks, HolesStayHoles) {
   std::fstream(from / "sparse", std::ios::in | std::ios::out).seekp(500'000'000) << "middle";
   EXPECT_EQ(transfer(move, {"sparse"}), "");
   EXPECT_EQ(fs::file_size(to / "sparse"), 1'000'000'000U);
-  struct stat status {};
+  struct stat status = {};
   ::stat((to / "sparse").c_str(), &status);
   EXPECT_LT(status.st_blocks * 512, 1'000'000);
   std::string middle(6, ' ');

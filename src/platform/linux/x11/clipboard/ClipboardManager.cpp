@@ -38,6 +38,7 @@ bool saveToClipboardManager(SelectionConnection& connection,
     return false;
   requestSaving(connection, targets);
   std::optional<xcb_atom_t> answer;
+  const auto isAnswered = [&] { return answer.has_value(); };
   const auto isAnswer = [&](const xcb_generic_event_t& event) {
     const auto& notice = reinterpret_cast<const xcb_selection_notify_event_t&>(event);
     if (kindOf(event) != XCB_SELECTION_NOTIFY ||
@@ -53,8 +54,7 @@ bool saveToClipboardManager(SelectionConnection& connection,
        now = std::chrono::steady_clock::now()) {
     if (isBeingRead())
       lastRead = now;
-    connection.wait(
-        isAnswer, [&] { return answer.has_value(); }, now + managerPollInterval);
+    connection.wait(isAnswer, isAnswered, now + managerPollInterval);
   }
   return answer.value_or(XCB_ATOM_NONE) != XCB_ATOM_NONE;
 }

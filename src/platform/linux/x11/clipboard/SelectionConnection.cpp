@@ -142,8 +142,8 @@ xcb_timestamp_t SelectionConnection::now() {
     time = notice.time;
     return true;
   };
-  wait(
-      isNotice, [&] { return time != 0; }, std::chrono::steady_clock::now() + timeStampTimeout);
+  const auto isTold = [&] { return time != 0; };
+  wait(isNotice, isTold, std::chrono::steady_clock::now() + timeStampTimeout);
   return time;
 }
 

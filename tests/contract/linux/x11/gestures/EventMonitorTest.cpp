@@ -101,9 +101,8 @@ TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatGoesUpTwiceIsReportedOnce) {
 }
 
 TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatTheLayoutMakesAModifierIsReported) {
-  const auto restore = qScopeGuard([] {
-    handleLayout({QStringLiteral("us"), QStringLiteral("-option"), {}});
-  });
+  const QStringList plainLayout{QStringLiteral("us"), QStringLiteral("-option"), {}};
+  const auto restore = qScopeGuard([&] { handleLayout(plainLayout); });
   handleLayout(
       {QStringLiteral("us"), QStringLiteral("-option"), QStringLiteral("ctrl:menu_rctrl")});
   EXPECT_TRUE(eventually([&] {

@@ -205,10 +205,8 @@ TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesReachesTheApplication) {
         keyboard.tap(key);
     });
     ASSERT_THAT(diary.lines, Contains("chosen Alpha")) << round;
-    ASSERT_TRUE(eventually([&] {
-      return counts() == std::vector{round, round, round};
-    })) << round
-        << ::testing::PrintToString(counts());
+    const auto allHeard = [&] { return counts() == std::vector{round, round, round}; };
+    ASSERT_TRUE(eventually(allHeard)) << round << ::testing::PrintToString(counts());
   }
   EXPECT_EQ(window.keys(keyDown) + window.keys(keyReturn), 0);
 }
