@@ -53,6 +53,14 @@ PlistNode parsed(const Bytes& bytes, PropertyListForm form) {
   return PlistNode(node);
 }
 
+// From 2.3 on the library has one function that frees what it wrote, and in time no other.
+template <typename Output> void release(Output* output) {
+  if constexpr (requires { plist_mem_free(output); })
+    plist_mem_free(output);
+  else
+    plist_to_xml_free(output);
+}
+
 } // namespace
 
 DecodedPropertyList decodePropertyList(const Bytes& bytes) {
@@ -83,7 +91,7 @@ std::optional<Bytes> encodePropertyList(const PropertyList& value, PropertyListF
   if (!output)
     return std::nullopt;
   Bytes bytes(output, output + length);
-  plist_to_xml_free(output);
+  release(output);
   return bytes;
 }
 
