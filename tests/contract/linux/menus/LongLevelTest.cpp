@@ -298,7 +298,7 @@ TEST_F(LongLevel, OnlySubmenusOfVisibleRowsAreCreated) {
     for (int page = 0; page < 30; ++page)
       press("Next");
     EXPECT_TRUE(eventually([] { return *openLevel()->currentRow() > 700; }));
-    EXPECT_LT(openLevel()->findChildren<MenuPopup*>(Qt::FindDirectChildrenOnly).size(), 150);
+    EXPECT_LT(openLevel()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly).size(), 150);
   });
 }
 
