@@ -2,51 +2,64 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: help run test build deb check bench bench-desktop asan format clean packages-build packages-run packages-test packages-bench
+.PHONY: help run test build with-tests deb check bench bench-desktop asan fresh format clean
 
 help:
 	@echo "make run     installs what is missing, builds, starts Tavrel (on a virtual desktop without a display)"
 	@echo "make test    installs what is missing, builds, runs every test"
-	@echo "make build   builds into $(BUILD)/"
+	@echo "make build   builds the program into $(BUILD)/"
 	@echo "make deb     makes a Debian package, build-deb/tavrel_*.deb"
 	@echo "make check   runs the checks of style and structure"
 	@echo "make asan    runs the tests that need no display under the sanitizers"
 	@echo "make bench   measures, and prints the ratios"
 	@echo "make bench-desktop  measures gestures beside other launchers"
+	@echo "make fresh SUITE=trixie  tries both on a fresh Debian 13 (SUITE=bookworm: 12), as root"
 	@echo "make format  lays the sources out"
 	@echo "make clean   removes what was built"
 
-packages-build packages-run packages-test packages-bench: packages-%:
-	@tools/install-packages $*
+run:
+	@tools/install-packages build run
+	@tools/run $(BUILD)
 
-# Configured every time: a build folder made by `make run` on a display knows no tests yet.
-build: packages-build packages-test
+# The program, and the tests where the folder knows them already.
+build:
+	@tools/install-packages build
+	[ -f $(BUILD)/build.ninja ] || cmake --preset default -B $(BUILD) -DTAVREL_TESTS=OFF >/dev/null
+	cmake --build $(BUILD) -j $(JOBS)
+
+# Configured every time: a build folder made by `make run` or `make build` knows no tests yet.
+with-tests:
+	@tools/install-packages build run demo deb test
 	cmake --preset default -B $(BUILD) >/dev/null
 	cmake --build $(BUILD) -j $(JOBS)
 
-run: packages-build packages-run
-	@tools/run $(BUILD)
-
-test: packages-build packages-run packages-test build
+test: with-tests
 	ctest --test-dir $(BUILD) --no-tests=error --output-on-failure -j $(JOBS)
 
 # Packages bring newer versions themselves.
-deb: packages-build packages-run packages-test
+deb:
+	@tools/install-packages build deb
 	cmake --preset default -B build-deb -DTAVREL_TESTS=OFF -DTAVREL_UPDATE_CHECK=OFF >/dev/null
 	cmake --build build-deb -j $(JOBS)
 	@tools/deb build-deb
 
-check: build
+check: with-tests
 	ctest --test-dir $(BUILD) --no-tests=error --output-on-failure -L check
 
-asan: build
+asan: with-tests
 	ctest --test-dir $(BUILD) --no-tests=error --output-on-failure -L sanitizers
 
-bench: packages-build packages-run packages-test
+bench:
+	@tools/install-packages build run demo bench
 	@tools/bench
 
-bench-desktop: packages-build packages-run packages-test packages-bench
+bench-desktop:
+	@tools/install-packages build run demo test bench
 	@tools/bench-desktop
+
+fresh:
+	@tools/install-packages fresh
+	@tools/fresh $(SUITE)
 
 format:
 	git ls-files '*.h' '*.cpp' '*.mm' | xargs clang-format -i
