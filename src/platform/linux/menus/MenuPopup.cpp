@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QActionEvent>
 #include <QApplication>
+#include <QCursor>
 #include <QScopedValueRollback>
 #include <QStyleOptionMenuItem>
 
@@ -47,6 +48,7 @@ void MenuPopup::fill(OptionKey option) {
   isLong_ = rows_.size() > longestPlain_;
   firstRow_ = 0;
   scrolledOutRow_.reset();
+  pointerAtOpening_ = QCursor::pos();
   setProperty(markWidthProperty, markWidth(rows_.columns()));
   setMinimumWidth(0);
   setContentsMargins(0, 0, 0, 0);

@@ -121,6 +121,10 @@ private:
   void pressKey(int key);
   void step(RowStep step);
   bool choose(const QAction* action);
+  void followPointer(QMouseEvent& motion);
+  void bringPointer(const QMouseEvent& press);
+  [[nodiscard]] bool hasMoved(const QMouseEvent& pointer) const;
+  [[nodiscard]] bool isLeftBehind(const QMouseEvent& pointer) const;
 
   MenuPopupOwner& owner_;
   std::shared_ptr<Menu> menu_;
@@ -129,7 +133,8 @@ private:
   std::vector<Slot> slots_;
   std::map<const Menu*, MenuPopup*> submenus_;
   const QAction* pressedAction_ = nullptr;
-  int openingKey_ = 0;       ///< the key that opens the submenu when it goes up
+  int openingKey_ = 0; ///< the key that opens the submenu when it goes up
+  QPoint pointerAtOpening_;
   bool isMirroring_ = false; ///< actions change one by one, and are laid out once at the end
 
   bool isLong_ = false;

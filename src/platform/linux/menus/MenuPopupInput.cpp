@@ -1,5 +1,6 @@
 #include "platform/linux/menus/MenuPopup.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QStyle>
 
@@ -8,6 +9,9 @@
 namespace tavrel {
 
 namespace {
+/// As the toolkit has it, with the one that it leaves out.
+constexpr int motionsOfAMovingPointer = 8;
+
 std::optional<RowStep> stepForKey(int key) {
   switch (key) {
   case Qt::Key_Up:
@@ -50,7 +54,7 @@ void MenuPopup::mouseMoveEvent(QMouseEvent* event) {
   scrolling_ = arrowAt(event->position().toPoint());
   if (!scrolling_) {
     scrollTimer_.stop();
-    QMenu::mouseMoveEvent(event);
+    followPointer(*event);
     if (activeAction())
       scrolledOutRow_.reset();
     return;
@@ -63,7 +67,39 @@ void MenuPopup::mousePressEvent(QMouseEvent* event) {
   if (arrowAt(event->position().toPoint()))
     return;
   pressedAction_ = actionAt(event->position().toPoint());
+  bringPointer(*event);
   QMenu::mousePressEvent(event);
+}
+
+/// The toolkit takes the pointer for one at rest, whose click closes the menu, until it is away
+/// from where it was at the opening or has moved some times. That place is a guess: newer versions
+/// know only where the pointer was last over a window of ours.
+void MenuPopup::followPointer(QMouseEvent& motion) {
+  QMenu::mouseMoveEvent(&motion);
+  for (int times = 1; times < motionsOfAMovingPointer && isLeftBehind(motion); ++times)
+    QMenu::mouseMoveEvent(&motion);
+}
+
+/// A finger comes without a motion.
+void MenuPopup::bringPointer(const QMouseEvent& press) {
+  QMouseEvent motion(QEvent::MouseMove, press.position(), press.globalPosition(), Qt::NoButton,
+                     Qt::NoButton, press.modifiers());
+  for (int times = 0; times < motionsOfAMovingPointer && hasMoved(press); ++times)
+    QMenu::mouseMoveEvent(&motion);
+}
+
+bool MenuPopup::hasMoved(const QMouseEvent& pointer) const {
+  const QPoint way = pointer.globalPosition().toPoint() - pointerAtOpening_;
+  return way.manhattanLength() > QApplication::startDragDistance();
+}
+
+/// An open submenu keeps the highlight while the pointer is on its way there.
+bool MenuPopup::isLeftBehind(const QMouseEvent& pointer) const {
+  const QAction* current = activeAction();
+  const QAction* under = actionAt(pointer.position().toPoint());
+  const bool isSubmenuOpen = current && current->menu() && current->menu()->isVisible();
+  return hasMoved(pointer) && under && under != current && under->isEnabled() &&
+         !under->isSeparator() && !isSubmenuOpen;
 }
 
 /// In QMenu an entry with a submenu cannot be chosen; here folders can.
