@@ -29,8 +29,9 @@ std::string decimalText(double number, DecimalForm form) {
 
 std::optional<double> decimalNumber(std::string_view text) {
   double number = 0;
-  const char* const last = text.data() + text.size();
-  const auto read = std::from_chars(text.data(), last, number);
+  const char* const first = text.data();
+  const char* const last = first + text.size();
+  const auto read = std::from_chars(first, last, number);
   if (read.ec != std::errc() || read.ptr != last || !std::isfinite(number))
     return std::nullopt;
   return number;
