@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <utility>
+
 namespace tavrel {
 
 bool isAlternateOf(const MenuItem& alternate, const MenuItem& partner) {
