@@ -1,8 +1,10 @@
 # The front door: `make run` and `make test` do all the set-up themselves.
 BUILD ?= build
 JOBS ?= $(shell nproc)
+SAMPLE ?= 200
+SEED ?= 1
 
-.PHONY: help run test build with-tests deb check bench bench-desktop asan fresh format clean
+.PHONY: help run test build with-tests deb check bench bench-desktop asan mutate fresh format clean
 
 help:
 	@echo "make run     installs what is missing, builds, starts Tavrel (on a virtual desktop without a display)"
@@ -11,6 +13,7 @@ help:
 	@echo "make deb     makes a Debian package, build-deb/tavrel_*.deb"
 	@echo "make check   runs the checks of style and structure"
 	@echo "make asan    runs the tests that need no display under the sanitizers"
+	@echo "make mutate  changes the core in $(SAMPLE) places, one at a time, and tells what no unit test notices"
 	@echo "make bench   measures, and prints the ratios"
 	@echo "make bench-desktop  measures gestures beside other launchers"
 	@echo "make fresh SUITE=trixie  tries both on a fresh Debian 13 (SUITE=bookworm: 12), as root"
@@ -29,7 +32,7 @@ build:
 
 # Configured every time: a build folder made by `make run` or `make build` knows no tests yet.
 with-tests:
-	@tools/install-packages build run demo deb test
+	@tools/install-packages build run demo deb test mutate
 	cmake --preset default -B $(BUILD) >/dev/null
 	cmake --build $(BUILD) -j $(JOBS)
 
@@ -48,6 +51,10 @@ check: with-tests
 
 asan: with-tests
 	ctest --test-dir $(BUILD) --no-tests=error --output-on-failure -L sanitizers
+
+mutate:
+	@tools/install-packages build test mutate
+	@tools/mutate --sample $(SAMPLE) --seed $(SEED) --jobs $(JOBS)
 
 bench:
 	@tools/install-packages build run demo bench
