@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 namespace tavrel {
 namespace {
 
@@ -21,6 +24,33 @@ TEST(RtfText, EscapedBracesAndBackslashesAreText) {
 
 TEST(RtfText, BytesAreWindows1252) {
   EXPECT_EQ(textOfRtf("{\\rtf1 caf\\'e9 \\'80\\'81}"), "caf\u00E9 \u20AC\uFFFD");
+}
+
+TEST(RtfText, TheBytesBelowLatin1HaveCharactersOfTheirOwn) {
+  const std::string_view digits = "0123456789abcdef";
+  std::string bytes = "{\\rtf1 ";
+  for (const char high : {'8', '9'})
+    for (const char low : digits)
+      bytes.append("\\'").append({high, low});
+  EXPECT_EQ(textOfRtf(bytes + "\\'a0\\'7f}"), "€\uFFFD‚ƒ„…†‡ˆ‰Š‹Œ\uFFFDŽ\uFFFD"
+                                              "\uFFFD‘’“”•–—˜™š›œ\uFFFDžŸ\u00A0\x7F");
+}
+
+TEST(RtfText, WordsForBreaksAndSignsBecomeThem) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 a\\par b\\line c\\sect d\\page e\\row f\\tab g\\cell h}"),
+            "a\nb\nc\nd\ne\nf\tg\th");
+  EXPECT_EQ(textOfRtf("{\\rtf1\\lquote a\\rquote\\ldblquote b\\rdblquote\\emdash\\endash\\bullet}"),
+            "‘a’“b”—–•");
+}
+
+TEST(RtfText, SymbolsForSpacesAndHyphensBecomeThem) {
+  EXPECT_EQ(textOfRtf("{\\rtf1 a\\~b\\_c\\-d\\:e\\|f\\\rg}"), "a\u00A0b\u2011cdef\ng");
+}
+
+TEST(RtfText, GroupsThatDescribeTheDocumentAreNoText) {
+  for (const char* word : {"fonttbl", "colortbl", "stylesheet", "info", "pict", "object", "header",
+                           "footer", "footnote", "listtable", "rsidtbl", "generator"})
+    EXPECT_EQ(textOfRtf("{\\rtf1 a{\\" + std::string(word) + " hidden\\par}b}"), "ab") << word;
 }
 
 TEST(RtfText, UnicodeCharactersReplaceWhatStandsInForThem) {
