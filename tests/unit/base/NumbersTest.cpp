@@ -46,6 +46,34 @@ TEST(Numbers, ADoubleIsTheNearestFloatOrAnInfinity) {
   EXPECT_TRUE(std::isnan(floatFromDouble(std::nan(""))));
 }
 
+TEST(Numbers, ATextCountsAsTheNumberThatItBeginsWith) {
+  EXPECT_EQ(leadingNumber("1.5x"), 1.5);
+  EXPECT_EQ(leadingNumber("1.2.3"), 1.2);
+  EXPECT_EQ(leadingNumber("-2 "), -2);
+  EXPECT_EQ(leadingNumber("+.5"), 0.5);
+  EXPECT_EQ(leadingNumber(" \t\n\r\f\v7"), 7);
+  EXPECT_EQ(leadingNumber("0x10"), 0);
+}
+
+TEST(Numbers, AnExponentBelongsToTheNumberWhenItHasDigits) {
+  EXPECT_EQ(leadingNumber("2e3"), 2000);
+  EXPECT_EQ(leadingNumber("2E-1z"), 0.2);
+  EXPECT_EQ(leadingNumber("2e+1"), 20);
+  EXPECT_EQ(leadingNumber("2.5e"), 2.5);
+  EXPECT_EQ(leadingNumber("2.5e+"), 2.5);
+  EXPECT_EQ(leadingNumber("2.5e+x"), 2.5);
+}
+
+TEST(Numbers, ATextThatBeginsWithNoNumberCountsAsNought) {
+  for (const char* text : {"", " ", "-", "+", ".", "e5", "--1", "x1"})
+    EXPECT_EQ(leadingNumber(text), 0) << text;
+}
+
+TEST(Numbers, ATextBeyondAllNumbersCountsAsTheLargest) {
+  EXPECT_EQ(leadingNumber("1e400"), std::numeric_limits<double>::max());
+  EXPECT_EQ(leadingNumber("-1e400"), std::numeric_limits<double>::lowest());
+}
+
 TEST(Numbers, ABooleanAndAStringAreNoNumbers) {
   EXPECT_EQ(int32Value(true), std::nullopt);
   EXPECT_EQ(int32Value("5"), std::nullopt);

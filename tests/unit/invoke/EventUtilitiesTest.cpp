@@ -71,7 +71,8 @@ TEST(EventPredicates, ModifiersAreReadFromTheEvent) {
   EXPECT_TRUE(controlKeyDown(withModifiers(0x40000)));
   EXPECT_TRUE(optionKeyDown(withModifiers(0x80000)));
   EXPECT_TRUE(commandKeyDown(withModifiers(0x100000)));
-  EXPECT_TRUE(modifierIsDown(withModifiers(0x40000)));
+  for (const std::uint32_t each : {0x20000, 0x40000, 0x80000, 0x100000})
+    EXPECT_TRUE(modifierIsDown(withModifiers(each))) << each;
   EXPECT_FALSE(modifierIsDown(withModifiers(0x10000 | 0x800000)));
 }
 
@@ -101,6 +102,20 @@ TEST_F(LiveInputTest, IsReadFromTheKeyboardAndTheMouse) {
   EXPECT_TRUE(isMouseButtonDown() && capsLockDownNow() && shiftKeyDownNow() &&
               commandKeyDownNow() && optionKeyDownNow() && controlKeyDownNow() &&
               spaceKeyDownNow());
+}
+
+TEST_F(LiveInputTest, EachModifierIsReadByItself) {
+  using Answer = bool (*)();
+  const std::vector<std::pair<std::uint32_t, Answer>> keys{{0x100, commandKeyDownNow},
+                                                           {0x200, shiftKeyDownNow},
+                                                           {0x400, capsLockDownNow},
+                                                           {0x800, optionKeyDownNow},
+                                                           {0x1000, controlKeyDownNow}};
+  for (const auto& held : keys) {
+    desktop.keyboard.control.eventModifiers = held.first;
+    for (const auto& [mask, isDown] : keys)
+      EXPECT_EQ(isDown(), mask == held.first) << mask << " while " << held.first;
+  }
 }
 
 TEST_F(LiveInputTest, TheOtherButtonsAreNotThePrimaryOne) {
