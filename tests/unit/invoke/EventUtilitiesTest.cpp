@@ -192,6 +192,13 @@ TEST_F(Drag, TheEdgeBelongsToTheSquareOnTheSideWhereTheViewBegins) {
   EXPECT_TRUE(dragTo({100, 105}, Flippedness::downwards));
   EXPECT_TRUE(dragTo({100, 95}, Flippedness::upwards));
   EXPECT_FALSE(dragTo({100, 95}, Flippedness::downwards));
+  for (const auto view : {Flippedness::upwards, Flippedness::downwards}) {
+    EXPECT_FALSE(dragTo({95, 100}, view));
+    EXPECT_TRUE(dragTo({105, 100}, view));
+    EXPECT_TRUE(dragTo({94, 100}, view));
+    EXPECT_TRUE(dragTo({100, 106}, view));
+    EXPECT_TRUE(dragTo({100, 94}, view));
+  }
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "invoke/ModifierMasks.h"
 
-#include "base/LetterCase.h"
 #include "base/Modifiers.h"
 
 #include <gtest/gtest.h>
@@ -27,21 +26,6 @@ TEST(ModifierMasks, ShiftComesFromTheMaskOrFromACapital) {
   EXPECT_EQ(hotKeyModifiers(u'A', 0), 0x300U);
   EXPECT_EQ(hotKeyModifiers(u'Ä', 0), 0x300U);
   EXPECT_EQ(hotKeyModifiers(u'1', modifier::shift | modifier::option), 0xB00U);
-}
-
-TEST(LetterCase, LettersOfKeyboardsHaveTwoCases) {
-  EXPECT_EQ(upperCase(u'z'), u'Z');
-  EXPECT_EQ(upperCase(u'é'), u'É');
-  EXPECT_EQ(lowerCase(u'Ж'), u'ж');
-  EXPECT_EQ(lowerCase(u'Ё'), u'ё');
-  EXPECT_EQ(lowerCase(u'Ω'), u'ω');
-}
-
-TEST(LetterCase, EveryOtherCharacterIsItself) {
-  for (const char16_t each : {u'1', u'[', u'{', u'×', u'÷', u'ß', u'ς'}) {
-    EXPECT_EQ(upperCase(each), each);
-    EXPECT_EQ(lowerCase(each), each);
-  }
 }
 
 } // namespace

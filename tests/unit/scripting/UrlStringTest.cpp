@@ -110,6 +110,33 @@ TEST_F(UrlString, EveryByteComesOutAsPlainlySaid) {
   }
 }
 
+TEST_F(UrlString, ALongTextWithNothingToEscapeIsItself) {
+  for (const std::size_t size : {63, 64, 65, 127, 128, 4095, 4096, 4097, 10000})
+    EXPECT_EQ(escapedForUrl(std::string(size, 'a'), LineEndings::lineFeed), std::string(size, 'a'));
+}
+
+TEST_F(UrlString, OneCharacterIsEscapedWhereverItStandsInALongText) {
+  for (std::size_t place = 0; place < 200; ++place)
+    for (const char character : {' ', '\n', '{', '>'}) {
+      std::string text(200, 'a');
+      text[place] = character;
+      EXPECT_EQ(escapedForUrl(text, LineEndings::carriageReturnLineFeed),
+                slowlyEscaped(text, LineEndings::carriageReturnLineFeed));
+    }
+}
+
+TEST_F(UrlString, AnEscapedTextTakesNoMoreRoomThanItsLength) {
+  const std::string pattern = "plain {words}\nand\nlines<>";
+  std::string text;
+  for (int i = 0; i < 1000; ++i)
+    text += pattern;
+  for (const auto endings :
+       {LineEndings::carriageReturn, LineEndings::carriageReturnLineFeed, LineEndings::lineFeed}) {
+    const std::string escaped = escapedForUrl(text, endings);
+    EXPECT_LT(escaped.capacity(), escaped.size() + 32);
+  }
+}
+
 TEST_F(UrlString, ANameInAnotherCaseIsNoEncoding) {
   EXPECT_EQ(encodingFromName("Unicode (utf-8)"), invalidEncoding);
   EXPECT_EQ(encodingFromName(""), invalidEncoding);
