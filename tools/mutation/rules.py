@@ -14,6 +14,7 @@ OPERATORS = {
     b"&=": [b"|="], b"|=": [b"&="], b"^=": [b"|="], b"<<=": [b">>="], b">>=": [b"<<="],
 }  # fmt: skip
 NOTHING = (b"{}", b"nullptr", b"std::nullopt", b"0", b"false", b"true", b'""')
+ASSERT = b"assert("
 LOG = b"platform().log.write("
 
 
@@ -32,7 +33,7 @@ def operators(cursor, source):
     if cursor.kind in (Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR):
         left, right = list(cursor.get_children())[:2]
         start, end = extent(left)[1], extent(right)[0]
-    elif cursor.kind == Kind.DECL_REF_EXPR and cursor.spelling.startswith("operator"):
+    elif cursor.kind == Kind.DECL_REF_EXPR and cursor.spelling.startswith("operator") and cursor.spelling != "operator*":
         start, end = extent(cursor)
     sign = source[start:end].strip()
     start = source.find(sign, start)
@@ -94,7 +95,8 @@ def statements(cursor, source):
         return
     for child in children:
         start, end = extent(child)
-        if child.kind.is_expression() and start < end and source[end : end + 1] == b";":
+        ends = source[end : end + 1] == b";" and not source.startswith(ASSERT, start)
+        if child.kind.is_expression() and start < end and ends:
             yield (start, end), b""
 
 

@@ -10,9 +10,16 @@ from pathlib import Path
 from clang.cindex import CursorKind, Index
 
 from mutation.change import Change, named
-from mutation.rules import LOG, RULES, text
+from mutation.rules import ASSERT, LOG, RULES, text
 
 CORE = re.compile(r"src/(base|menu|invoke|selection|exec|bridge|scripting|maint|app)/(?!main_)")
+
+
+def is_none_of_ours(cursor, source):
+    """A check by the compiler or the debugger, and the body that the compiler writes for `= default`."""
+    if cursor.kind == CursorKind.COMPOUND_STMT:
+        return not text(source, cursor).startswith(b"{")
+    return cursor.kind == CursorKind.STATIC_ASSERT or text(source, cursor).startswith(ASSERT)
 
 
 class Walk:
@@ -36,7 +43,7 @@ class Walk:
 
     def visit(self, cursor, file):
         source = self.sources[file]
-        if cursor.kind in (CursorKind.STATIC_ASSERT, CursorKind.MACRO_INSTANTIATION):
+        if is_none_of_ours(cursor, source):
             return
         for rule in RULES:
             for (start, end), new in rule(cursor, source):
