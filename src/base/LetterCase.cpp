@@ -13,7 +13,7 @@ struct LetterRange {
   char16_t distance;
 };
 
-constexpr std::array<LetterRange, 7> letterRanges{{
+constexpr auto letterRanges = std::to_array<LetterRange>({
     {u'A', u'Z', 0x20},
     {0x00C0, 0x00D6, 0x20},
     {0x00D8, 0x00DE, 0x20},
@@ -21,7 +21,7 @@ constexpr std::array<LetterRange, 7> letterRanges{{
     {0x03A3, 0x03AB, 0x20},
     {0x0400, 0x040F, 0x50},
     {0x0410, 0x042F, 0x20},
-}};
+});
 } // namespace
 
 char16_t upperCase(char16_t character) {

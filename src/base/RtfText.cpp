@@ -20,28 +20,28 @@ constexpr std::array<char16_t, 32> windows1252{
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 // Groups whose text is not the document's.
-constexpr std::array<std::string_view, 12> silentDestinations{
-    "fonttbl", "colortbl", "stylesheet", "info",      "pict",    "object",
-    "header",  "footer",   "footnote",   "listtable", "rsidtbl", "generator"};
+constexpr auto silentDestinations = std::to_array<std::string_view>(
+    {"fonttbl", "colortbl", "stylesheet", "info", "pict", "object", "header", "footer", "footnote",
+     "listtable", "rsidtbl", "generator"});
 
 struct NamedText {
   std::string_view word;
   std::string_view text;
 };
-constexpr std::array<NamedText, 14> namedTexts{{{"par", "\n"},
-                                                {"line", "\n"},
-                                                {"sect", "\n"},
-                                                {"page", "\n"},
-                                                {"row", "\n"},
-                                                {"tab", "\t"},
-                                                {"cell", "\t"},
-                                                {"emdash", "\u2014"},
-                                                {"endash", "\u2013"},
-                                                {"bullet", "\u2022"},
-                                                {"lquote", "\u2018"},
-                                                {"rquote", "\u2019"},
-                                                {"ldblquote", "\u201C"},
-                                                {"rdblquote", "\u201D"}}};
+constexpr auto namedTexts = std::to_array<NamedText>({{"par", "\n"},
+                                                      {"line", "\n"},
+                                                      {"sect", "\n"},
+                                                      {"page", "\n"},
+                                                      {"row", "\n"},
+                                                      {"tab", "\t"},
+                                                      {"cell", "\t"},
+                                                      {"emdash", "\u2014"},
+                                                      {"endash", "\u2013"},
+                                                      {"bullet", "\u2022"},
+                                                      {"lquote", "\u2018"},
+                                                      {"rquote", "\u2019"},
+                                                      {"ldblquote", "\u201C"},
+                                                      {"rdblquote", "\u201D"}});
 
 struct Group {
   bool silent = false;

@@ -7,14 +7,14 @@
 namespace tavrel {
 
 namespace {
-constexpr std::array<std::pair<const char*, BridgeMessage>, 6> messages{{
+constexpr auto messages = std::to_array<std::pair<const char*, BridgeMessage>>({
     {"execScript", BridgeMessage::execScript},
     {"quitProcess", BridgeMessage::quitProcess},
     {"execServices", BridgeMessage::execServices},
     {"openWithPathFinder", BridgeMessage::openWithPathFinder},
     {"revealInFinder", BridgeMessage::revealInFinder},
     {"showMessage", BridgeMessage::showMessage},
-}};
+});
 }
 
 BridgeMessage bridgeMessage(const std::string& name) {

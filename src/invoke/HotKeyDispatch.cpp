@@ -28,12 +28,12 @@ struct ModifierKey {
   std::uint16_t code;
 };
 
-constexpr std::array<ModifierKey, 4> modifierKeys{{
+constexpr auto modifierKeys = std::to_array<ModifierKey>({
     {eventModifier::command, keyCode::command},
     {eventModifier::shift, keyCode::shift},
     {eventModifier::option, keyCode::option},
     {eventModifier::control, keyCode::control},
-}};
+});
 
 void postKey(const AXUIElementRef& application, const KeyboardEvent& event) {
   platform().accessibility.postKeyboardEvent(application, event);

@@ -19,7 +19,7 @@ struct KeyName {
 
 // By ascending key code. The extra key of ISO keyboards has no name, and "*" and "+" are the
 // keypad's: both are meant so.
-constexpr std::array<KeyName, 80> keyNames{{
+constexpr auto keyNames = std::to_array<KeyName>({
     {0, "a", "a"},
     {1, "s", "o"},
     {2, "d", "e"},
@@ -100,7 +100,7 @@ constexpr std::array<KeyName, 80> keyNames{{
     {124, "RIGHT", "RIGHT"},
     {125, "DOWN", "DOWN"},
     {126, "UP", "UP"},
-}};
+});
 
 using Column = std::string_view KeyName::*;
 

@@ -13,13 +13,13 @@ struct MaskPair {
   std::uint32_t interfaceForm;
 };
 
-constexpr std::array<MaskPair, 5> maskPairs{{
+constexpr auto maskPairs = std::to_array<MaskPair>({
     {eventModifier::command, modifier::command},
     {eventModifier::shift, modifier::shift},
     {eventModifier::option, modifier::option},
     {eventModifier::control, modifier::control},
     {eventModifier::function, modifier::function},
-}};
+});
 } // namespace
 
 std::uint32_t carbonModifierFlagsToCocoaModifierFlags(std::uint32_t modifiers) {

@@ -26,14 +26,14 @@ struct KeyMask {
   std::uint32_t mask;
 };
 
-constexpr std::array<KeyMask, 6> keyMasks{{
+constexpr auto keyMasks = std::to_array<KeyMask>({
     {keyCode::command, modifier::command},
     {keyCode::shift, modifier::shift},
     {keyCode::capsLock, modifier::capsLock},
     {keyCode::option, modifier::option},
     {keyCode::control, modifier::control},
     {keyCode::function, modifier::function},
-}};
+});
 
 bool isOneModifier(std::uint32_t flags) {
   return std::any_of(keyMasks.begin(), keyMasks.end(),

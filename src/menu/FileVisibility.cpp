@@ -12,11 +12,9 @@
 namespace tavrel {
 
 namespace {
-constexpr std::array<std::string_view, 10> systemPaths{
-    "/var",      "/tmp",         "/dev",
-    "/etc",      "/mach",        "/automount",
-    "/mach.sym", "/mach_kernel", "/Desktop Folder",
-    "/Network"};
+constexpr auto systemPaths =
+    std::to_array<std::string_view>({"/var", "/tmp", "/dev", "/etc", "/mach", "/automount",
+                                     "/mach.sym", "/mach_kernel", "/Desktop Folder", "/Network"});
 } // namespace
 
 // Looking at a link instead of through it came with 10.4, as recent items did.

@@ -8,7 +8,7 @@
 namespace tavrel {
 
 namespace {
-constexpr std::array<std::pair<ItemType, std::string_view>, 9> typeNames{{
+constexpr auto typeNames = std::to_array<std::pair<ItemType, std::string_view>>({
     {ItemType::application, "application"},
     {ItemType::documentFile, "document file"},
     {ItemType::package, "package"},
@@ -18,7 +18,7 @@ constexpr std::array<std::pair<ItemType, std::string_view>, 9> typeNames{{
     {ItemType::services, "services"},
     {ItemType::group, "group"},
     {ItemType::spacer, "spacer"},
-}};
+});
 } // namespace
 
 ItemType itemTypeFromName(std::string_view name) {
