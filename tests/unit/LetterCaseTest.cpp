@@ -17,7 +17,7 @@ constexpr std::u16string_view smallLetters = u"abcdefghijklmnopqrstuvwxyz"
                                              u"αβγδεζηθικλμνξοπρστυφχψωϊϋ"
                                              u"ѐёђѓєѕіїјљњћќѝўџ"
                                              u"абвгдежзийклмнопрстуфхцчшщъыьэюя";
-constexpr std::u16string_view caseless = u"@[`{0 ×÷ß¿ÿΐ\u03A2ςάϐѠѡ漢\uFFFF";
+constexpr std::u16string_view caseless = u"@[`{0 ×÷ß¿ÿΐ\u03A2ςάΰόϐϿѠѡ漢\uFFFF";
 
 TEST(LetterCase, EveryCapitalHasItsSmallLetter) {
   ASSERT_EQ(capitals.size(), smallLetters.size());

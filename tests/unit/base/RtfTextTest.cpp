@@ -60,6 +60,15 @@ TEST(RtfText, UnicodeCharactersReplaceWhatStandsInForThem) {
   EXPECT_EQ(textOfRtf("{\\rtf1\\uc0 \\u-8704 x}"), "\uFFFDx");
 }
 
+TEST(RtfText, HalvesOfACharacterPairUpFromTheFirstToTheLast) {
+  EXPECT_EQ(textOfRtf("{\\rtf1\\uc0 \\u-10240\\u-9216 \\u-9217\\u-8193 }"), "\U00010000\U0010FFFF");
+  EXPECT_EQ(textOfRtf("{\\rtf1\\uc0 \\u-10241\\u-8192 }"), "\uD7FF\uE000");
+}
+
+TEST(RtfText, ASecondHalfAfterAWholeCharacterStandsAlone) {
+  EXPECT_EQ(textOfRtf("{\\rtf1\\uc0 \\u-10179\\u-8704\\u-8704 x}"), "\U0001F600\uFFFDx");
+}
+
 TEST(RtfText, IgnoredGroupsAndBinaryDataAreSkipped) {
   EXPECT_EQ(textOfRtf("{\\rtf1 a{\\*\\unknown hidden}{\\pict\\bin3 }}}}b}"), "ab");
 }

@@ -48,6 +48,12 @@ TEST_F(UrlString, APercentSignStays) {
   EXPECT_EQ(converted("100%"), PropertyList("100%"));
 }
 
+TEST_F(UrlString, TheModesOfALineFeedAreNumberedFromOne) {
+  EXPECT_EQ(LineEndings{1}, LineEndings::carriageReturn);
+  EXPECT_EQ(LineEndings{2}, LineEndings::carriageReturnLineFeed);
+  EXPECT_EQ(LineEndings{3}, LineEndings::lineFeed);
+}
+
 TEST_F(UrlString, ALineFeedGoesByTheMode) {
   EXPECT_EQ(converted("x\ny", utf8, LineEndings::carriageReturn), PropertyList("x%0Dy"));
   EXPECT_EQ(converted("x\ny", utf8, LineEndings::carriageReturnLineFeed), PropertyList("x%0D%0Ay"));
