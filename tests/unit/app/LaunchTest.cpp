@@ -17,6 +17,28 @@ TEST_F(Launch, AnEmptyStoreYieldsEveryDefault) {
   EXPECT_FALSE(controller.menuRootArray);
 }
 
+TEST_F(Launch, SettingsThatNobodyHasReadAreThoseOfAnEmptyStore) {
+  const Settings unread;
+  const Settings empty = readSettings();
+  for (const auto& field :
+       {&Settings::browseFolder, &Settings::browsePackage, &Settings::showProcessMenu,
+        &Settings::showRecentItems, &Settings::enablePopupMenu, &Settings::enableContextMenu,
+        &Settings::enableStatusMenuBar})
+    EXPECT_EQ(unread.*field, empty.*field);
+  EXPECT_EQ(unread.popupSartType, empty.popupSartType);
+  EXPECT_EQ(unread.popupShortcutString, empty.popupShortcutString);
+  EXPECT_EQ(unread.popupShortcutModifier, empty.popupShortcutModifier);
+  EXPECT_EQ(unread.popupShortcutKeyCode, empty.popupShortcutKeyCode);
+  EXPECT_EQ(unread.longPressInterval, empty.longPressInterval);
+}
+
+TEST_F(Launch, AHotKeyLeftFromBeforeIsForgottenAndNotTakenBack) {
+  gHotkeyArray.emplace_back().HotKeyRef = 7;
+  controller.applicationWillFinishLaunching();
+  EXPECT_THAT(desktop.log.control.lines, ::testing::IsEmpty());
+  EXPECT_TRUE(gHotkeyArray.empty());
+}
+
 TEST_F(Launch, EverySettingIsReadUnderItsName) {
   for (const char* key :
        {"TVR_DoFolderBrowsing", "TVR_ShowRunningMenu", "TVR_DisplayIcons", "TVR_ShowRecentItems",

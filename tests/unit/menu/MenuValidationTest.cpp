@@ -250,6 +250,15 @@ TEST_F(MenuValidation, AMenuBelowTheTopHasNoSelectedFolder) {
   EXPECT_EQ(menuText(menu, MenuTextDetail::everything), "first [hidden]\nsecond [hidden]\n");
 }
 
+TEST_F(MenuValidation, AMenuThatEndsWithASeparatorHidesItsFirstEntry) {
+  Menu menu;
+  for (const char* title : {"first", "second"})
+    menu.add({.title = title});
+  menu.addSeparator();
+  controller.validateContextMenu(menu, {}, 1);
+  EXPECT_EQ(menuText(menu, MenuTextDetail::everything), "first [hidden]\nsecond\n----\n");
+}
+
 TEST_F(MenuValidation, AnEmptyMenuStaysEmpty) {
   capture({"/docs"});
   EXPECT_EQ(validated(), "");
