@@ -6,6 +6,8 @@
 #include "menu/ItemRecord.h"
 #include "menu/MenuTitles.h"
 #include "menu/RecentItems.h"
+#include "selection/PasteboardCopy.h"
+#include "selection/PrivatePasteboard.h"
 
 #include <gtest/gtest.h>
 
@@ -79,6 +81,8 @@ TEST(StoredNames, OtherProgramsAreHeardByTheirNames) {
   EXPECT_STREQ(doubleTapName, "TVR_TheKeyDoubleTapped");
   EXPECT_STREQ(NTModifierKeyActionHandler::sender, "NTModifierKeyActionHandler");
   EXPECT_STREQ(recentItemsDomain, "com.apple.recentitems");
+  EXPECT_STREQ(TVRMenuPboardType, "TVRMenuPboardType");
+  EXPECT_STREQ(TVRBackupPboard, "TVRBackupPboard");
 }
 
 } // namespace
