@@ -2,10 +2,10 @@
 // reading its bytes, files are classified beside one statx each.
 
 #include "FilesPorts.h"
-#include "app/PreferenceStore.h"
-#include "app/SettingKeys.h"
-#include "app/TVApplication.h"
-#include "app/TVController.h"
+#include "controller/PreferenceStore.h"
+#include "controller/SettingKeys.h"
+#include "controller/TVApplication.h"
+#include "controller/TVController.h"
 #include "menu/ItemRecord.h"
 #include "menu/PathHelpers.h"
 #include "platform/linux/files/LinuxFiles.h"

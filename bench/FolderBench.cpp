@@ -2,8 +2,8 @@
 // folder and one statx each.
 
 #include "FilesPorts.h"
-#include "app/TVApplication.h"
-#include "app/TVController.h"
+#include "controller/TVApplication.h"
+#include "controller/TVController.h"
 #include "menu/NumericOrder.h"
 #include "platform/linux/files/LinuxFiles.h"
 #include "platform/linux/images/LinuxImages.h"

@@ -1,7 +1,10 @@
 #include "app/DoubleTapName.h"
-#include "app/PreferenceStore.h"
-#include "app/SettingKeys.h"
-#include "app/TVController.h"
+#include "controller/PreferenceStore.h"
+#include "controller/SettingKeys.h"
+#include "controller/TVController.h"
+#include "invoke/LongPress.h"
+#include "invoke/NTModifierKeyActionHandler.h"
+#include "menu/MenuIcons.h"
 #include "platform/Platform.h"
 #include "platform/Preferences.h"
 

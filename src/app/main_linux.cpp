@@ -1,6 +1,6 @@
 #include "app/CommandLine.h"
-#include "app/TVApplication.h"
-#include "app/TVController.h"
+#include "controller/TVApplication.h"
+#include "controller/TVController.h"
 #include "platform/Services.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/dbus/SingleInstance.h"

@@ -1,6 +1,6 @@
 #include "app/CommandLine.h"
-#include "app/TVApplication.h"
-#include "app/TVController.h"
+#include "controller/TVApplication.h"
+#include "controller/TVController.h"
 #include "platform/macos/MacAccessibility.h"
 #include "platform/macos/MacDesktop.h"
 #import "platform/macos/NativeApplication.h"

@@ -1,5 +1,5 @@
-#include "app/TVController.h"
 #include "base/PathString.h"
+#include "controller/TVController.h"
 #include "exec/FileActions.h"
 #include "exec/ScriptRunner.h"
 #include "platform/Applications.h"

@@ -1,10 +1,10 @@
 #include "exec/FileActions.h"
 
-#include "app/PreferenceStore.h"
-#include "app/SettingKeys.h"
 #include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/PathString.h"
+#include "controller/PreferenceStore.h"
+#include "controller/SettingKeys.h"
 #include "exec/ScriptRunner.h"
 #include "invoke/KeyState.h"
 #include "menu/ItemRecord.h"

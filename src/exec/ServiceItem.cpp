@@ -1,5 +1,5 @@
-#include "app/TVApplication.h"
-#include "app/TVController.h"
+#include "controller/TVApplication.h"
+#include "controller/TVController.h"
 #include "exec/ScriptRunner.h"
 #include "platform/Applications.h"
 #include "platform/Clock.h"

@@ -1,4 +1,4 @@
-#include "app/TVController.h"
+#include "controller/TVController.h"
 #include "exec/ScriptRunner.h"
 #include "platform/Platform.h"
 #include "platform/Sounds.h"

@@ -1,6 +1,6 @@
-#include "app/TVApplication.h"
-#include "app/TVController.h"
 #include "base/PathString.h"
+#include "controller/TVApplication.h"
+#include "controller/TVController.h"
 #include "exec/ExecutingScript.h"
 #include "exec/OptionKeyFlag.h"
 #include "invoke/KeyState.h"

@@ -1,8 +1,8 @@
 #include "maint/UpdateCheck.h"
 
-#include "app/PreferenceStore.h"
-#include "app/SettingKeys.h"
 #include "base/Numbers.h"
+#include "controller/PreferenceStore.h"
+#include "controller/SettingKeys.h"
 #include "maint/UpdateAlerts.h"
 #include "platform/Bundle.h"
 #include "platform/Clock.h"

@@ -1,7 +1,7 @@
 #include "menu/FileVisibility.h"
 
-#include "app/SystemVersion.h"
 #include "base/PathString.h"
+#include "controller/SystemVersion.h"
 #include "platform/Platform.h"
 
 #include <algorithm>

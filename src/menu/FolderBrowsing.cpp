@@ -1,4 +1,4 @@
-#include "app/TVController.h"
+#include "controller/TVController.h"
 #include "menu/FolderContents.h"
 #include "menu/MenuTitles.h"
 #include "menu/RecentItems.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/MenuImages.h"
 #include "platform/Files.h"
 #include "platform/Image.h"
 #include "platform/Menu.h"
@@ -15,16 +16,6 @@ extern bool showIcon;
 /// Icons shared by the submenus, 16 by 16 points.
 extern std::optional<Image> serverIcon;
 extern std::optional<Image> blankIcon;
-
-/// The controller's own icons: four of 16 by 16 points, two badges at their natural size.
-struct MenuImages {
-  std::optional<Image> servicesIcon;
-  std::optional<Image> urlIcon;
-  std::optional<Image> prefIcon;
-  std::optional<Image> addToTVRMIcon;
-  std::optional<Image> service_mark_image;
-  std::optional<Image> move_badge_image;
-};
 
 /// Loads what is still missing, by name from the resources; a missing image stays missing.
 void loadMenuImages(MenuImages& images);

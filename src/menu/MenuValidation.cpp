@@ -1,4 +1,4 @@
-#include "app/TVController.h"
+#include "controller/TVController.h"
 #include "menu/ItemOffer.h"
 #include "menu/ItemRecord.h"
 #include "menu/MenuEntryState.h"

@@ -1,8 +1,8 @@
 #include "menu/PathHelpers.h"
 
-#include "app/SystemVersion.h"
 #include "base/PathString.h"
 #include "base/Url.h"
+#include "controller/SystemVersion.h"
 #include "menu/ItemRecord.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"

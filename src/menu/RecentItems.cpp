@@ -1,7 +1,7 @@
 #include "menu/RecentItems.h"
 
-#include "app/SystemVersion.h"
 #include "base/LocalUrl.h"
+#include "controller/SystemVersion.h"
 #include "menu/MenuEntryState.h"
 #include "menu/MenuIcons.h"
 #include "platform/Bundle.h"

@@ -1,8 +1,8 @@
 #include "menu/RecordEntry.h"
 
-#include "app/SystemVersion.h"
 #include "base/Modifiers.h"
 #include "base/Numbers.h"
+#include "controller/SystemVersion.h"
 #include "menu/FolderContents.h"
 #include "menu/ItemRecord.h"
 #include "menu/PathHelpers.h"

@@ -1,8 +1,8 @@
 #include "menu/RunningApplications.h"
 
-#include "app/TVController.h"
 #include "base/Format.h"
 #include "base/PathString.h"
+#include "controller/TVController.h"
 #include "exec/FileActions.h"
 #include "exec/ScriptRunner.h"
 #include "invoke/KeyState.h"

@@ -1,9 +1,10 @@
-#include "app/TVApplication.h"
 #include "base/Numbers.h"
+#include "controller/TVApplication.h"
 #include "maint/Uninstaller.h"
 #include "scripting/EncodingNames.h"
 #include "scripting/UrlString.h"
 #include "selection/PasteboardCopy.h"
+#include "selection/SelectionValue.h"
 
 namespace tavrel {
 
@@ -30,6 +31,10 @@ LineEndings lineEndings(const ScriptArguments& arguments) {
 }
 
 } // namespace
+
+std::optional<PropertyList> TVApplication::contextObject() const {
+  return selectionValue();
+}
 
 void TVApplication::handleCopyToClipboardScriptCommand() {
   copyPrivateToGeneralPasteboard();

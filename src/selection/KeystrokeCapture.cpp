@@ -1,6 +1,6 @@
-#include "app/TVController.h"
 #include "base/Description.h"
 #include "base/Format.h"
+#include "controller/TVController.h"
 #include "invoke/AlertVolume.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"

@@ -1,4 +1,4 @@
-#include "app/TVController.h"
+#include "controller/TVController.h"
 #include "platform/Bundle.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"

@@ -1,6 +1,6 @@
 #include "platform/common/NotificationNames.h"
-#include "app/PreferenceStore.h"
 #include "bridge/BridgeMessage.h"
+#include "controller/PreferenceStore.h"
 
 #include <gmock/gmock.h>
 

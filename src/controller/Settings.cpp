@@ -1,9 +1,9 @@
-#include "app/Settings.h"
+#include "controller/Settings.h"
 
-#include "app/PreferenceStore.h"
-#include "app/SettingKeys.h"
-#include "app/SystemVersion.h"
 #include "base/Modifiers.h"
+#include "controller/PreferenceStore.h"
+#include "controller/SettingKeys.h"
+#include "controller/SystemVersion.h"
 
 namespace tavrel {
 

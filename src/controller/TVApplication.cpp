@@ -1,8 +1,7 @@
-#include "app/TVApplication.h"
+#include "controller/TVApplication.h"
 
 #include "platform/Bundle.h"
 #include "platform/Platform.h"
-#include "selection/SelectionValue.h"
 
 #include <utility>
 
@@ -38,10 +37,6 @@ std::string TVApplication::currentLocalization() const {
 std::optional<std::string> TVApplication::longVersion() {
   longVersion_ = platform().bundle.informationValue("CFBundleGetInfoString");
   return longVersion_;
-}
-
-std::optional<PropertyList> TVApplication::contextObject() const {
-  return selectionValue();
 }
 
 void TVApplication::setContextObject(std::optional<PropertyList> object) {

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "app/PopupPanel.h"
-#include "app/Settings.h"
-#include "invoke/HotKeyRecord.h"
-#include "invoke/LongPress.h"
-#include "invoke/NTModifierKeyActionHandler.h"
-#include "menu/MenuIcons.h"
+#include "controller/HotKeyRecord.h"
+#include "controller/MenuImages.h"
+#include "controller/PopupPanel.h"
+#include "controller/Settings.h"
 #include "platform/Accessibility.h"
 #include "platform/MenuActionTarget.h"
 #include "platform/NotificationCenter.h"
@@ -19,6 +17,8 @@
 
 namespace tavrel {
 
+class LongPress;
+class NTModifierKeyActionHandler;
 class TVApplication;
 
 /// The central controller: it owns every long-lived object of the application and answers what

@@ -33,12 +33,12 @@ public:
   /// The bundle's long version text, read anew each time; nothing when the bundle names none.
   [[nodiscard]] std::optional<std::string> longVersion() override;
 
-  /// The captured selection as one value: an array of paths, a string or image data.
-  [[nodiscard]] std::optional<PropertyList> contextObject() const override;
   /// Kept, and deliberately never answered: the selection is what was captured.
   void setContextObject(std::optional<PropertyList> object);
 
-  // Commands (scripting/)
+  // What scripts ask for, and their commands (scripting/)
+  /// The captured selection as one value: an array of paths, a string or image data.
+  [[nodiscard]] std::optional<PropertyList> contextObject() const override;
   void handleCopyToClipboardScriptCommand() override;
   [[nodiscard]] PropertyList handleConvertScriptCommand(const ScriptArguments& arguments) override;
   void handleUninstallScriptCommand() override;

@@ -1,4 +1,4 @@
-#include "app/SystemVersion.h"
+#include "controller/SystemVersion.h"
 
 namespace tavrel {
 

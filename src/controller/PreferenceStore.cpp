@@ -1,7 +1,7 @@
-#include "app/PreferenceStore.h"
+#include "controller/PreferenceStore.h"
 
-#include "app/SettingKeys.h"
 #include "base/Numbers.h"
+#include "controller/SettingKeys.h"
 #include "platform/Platform.h"
 #include "platform/Preferences.h"
 
