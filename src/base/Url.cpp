@@ -1,6 +1,7 @@
 #include "base/Url.h"
 
 #include "base/Ascii.h"
+#include "base/PercentEscapes.h"
 #include "base/Utf8.h"
 
 #include <cstdint>
@@ -9,20 +10,9 @@ namespace tavrel {
 
 namespace {
 
-int hexValue(char c) {
-  if (isDigit(c))
-    return c - '0';
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 bool isUrlCharacter(char c) {
   return isLetter(c) || isDigit(c) ||
          std::string_view("-._~:/?#[]@!$&'()*+,;=").find(c) != std::string_view::npos;
-}
-
-bool isEscape(std::string_view text) {
-  return text.size() >= 3 && text[0] == '%' && hexValue(text[1]) >= 0 && hexValue(text[2]) >= 0;
 }
 
 std::size_t schemeLength(std::string_view url) {
@@ -35,19 +25,6 @@ std::size_t schemeLength(std::string_view url) {
       return 0;
   }
   return 0;
-}
-
-std::string decoded(std::string_view text) {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '%') {
-      bytes += text[i];
-      continue;
-    }
-    bytes += static_cast<char>(hexValue(text[i + 1]) * 16 + hexValue(text[i + 2]));
-    i += 2;
-  }
-  return bytes;
 }
 
 // What stands behind the scheme and the authority, without query and fragment.
@@ -73,7 +50,7 @@ bool isUrl(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (isUrlCharacter(text[i]))
       continue;
-    if (!isEscape(text.substr(i)))
+    if (!startsWithEscape(text.substr(i)))
       return false;
     i += 2;
   }
@@ -95,7 +72,7 @@ std::optional<std::string> pathOfUrl(std::string_view url) {
   const std::string_view rest = scheme == 0 ? url : url.substr(scheme + 1);
   if (scheme != 0 && !rest.starts_with('/'))
     return std::nullopt;
-  std::string path = decoded(rawPath(rest));
+  std::string path = percentDecoded(rawPath(rest));
   if (!isUtf8(path))
     return std::nullopt;
   if (path.size() > 1 && path.back() == '/')

@@ -1,30 +1,12 @@
 #include "platform/linux/files/LinkEntry.h"
 
-#include <cctype>
+#include "base/PercentEscapes.h"
 
 namespace tavrel {
 
 namespace {
 constexpr std::string_view fileScheme = "file:";
 constexpr std::string_view localhost = "localhost/";
-
-std::optional<char> escapedByte(std::string_view digits) {
-  const auto isHex = [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; };
-  if (digits.size() < 2 || !isHex(digits[0]) || !isHex(digits[1]))
-    return std::nullopt;
-  return static_cast<char>(std::stoi(std::string(digits.substr(0, 2)), nullptr, 16));
-}
-
-/// Any bytes may come out, as file names may hold any; a broken escape stays as written.
-std::string percentDecoded(std::string_view text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = text[i] == '%' ? escapedByte(text.substr(i + 1)) : std::nullopt;
-    result += byte.value_or(text[i]);
-    i += byte ? 2 : 0;
-  }
-  return result;
-}
 
 /// The path of a file URL, still encoded; empty for a URL of another machine.
 std::string_view encodedPath(std::string_view url) {
