@@ -1,5 +1,7 @@
 #include "app/CommandLine.h"
 
+#include "platform/Preferences.h"
+
 #include <string_view>
 
 namespace tavrel {
@@ -19,7 +21,9 @@ std::string helpText() {
   return "Usage: tavrel [--help | --version]\n"
          "\n"
          "Shows your own launcher menu in the desktop's status area. The menu and all\n"
-         "settings are read from qorvane.tavrel.pref.plist in the folder $XDG_CONFIG_HOME\n"
+         "settings are read from " +
+         std::string(preferenceDomain) +
+         ".plist in the folder $XDG_CONFIG_HOME\n"
          "(~/.config when it is not set).\n"
          "\n"
          "  --help     prints this text\n"

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "base/PropertyList.h"
+#include "platform/Preferences.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
 namespace tavrel {
-
-/// The domain that holds every setting and the menu tree.
-inline constexpr const char* preferenceDomain = "qorvane.tavrel.pref";
 
 /// The stored value when it is a boolean; a number is none.
 [[nodiscard]] bool TVR_BoolForKey(const std::string& key, bool defaultValue);

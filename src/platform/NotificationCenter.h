@@ -9,6 +9,10 @@
 
 namespace tavrel {
 
+/// Who the contextual-menu plug-in says it is: the object of its notifications. Those of the
+/// preference program name `preferenceDomain` (platform/Preferences.h).
+inline constexpr const char* contextMenuSender = "qorvane.tavrel.cm";
+
 struct Notification {
   std::string name;
   std::optional<std::string> object; ///< identifies the sender

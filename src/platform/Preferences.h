@@ -7,6 +7,10 @@
 
 namespace tavrel {
 
+/// The domain that holds every setting and the menu tree, shared with the preference program. Its
+/// notifications name it as their sender.
+inline constexpr const char* preferenceDomain = "qorvane.tavrel.pref";
+
 /// Application values kept in named domains. Reads are answered from a copy of the domain that is
 /// taken at its first use and renewed by `synchronize`: what another program writes is not seen
 /// before. Writes are seen by later reads at once and by other programs after `synchronize`, or

@@ -1,11 +1,14 @@
 #include "platform/common/NotificationNames.h"
 
+#include "platform/NotificationCenter.h"
+#include "platform/Preferences.h"
+
 namespace tavrel {
 
 std::vector<std::string> knownNotificationNames(const std::string& sender) {
-  if (sender == "qorvane.tavrel.pref")
+  if (sender == preferenceDomain)
     return {sender};
-  if (sender == "qorvane.tavrel.cm")
+  if (sender == contextMenuSender)
     return {"execScript",         "quitProcess",    "execServices",
             "openWithPathFinder", "revealInFinder", "showMessage"};
   return {};

@@ -47,7 +47,6 @@
 namespace tavrel {
 
 namespace {
-constexpr const char* preferenceDomain = "qorvane.tavrel.pref";
 constexpr const char* loginItemsKey = "AutoLaunchedApplicationDictionary";
 
 PropertyList::Dictionary readLoginWindow() {

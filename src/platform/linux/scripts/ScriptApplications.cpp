@@ -2,6 +2,7 @@
 
 #include "base/PathString.h"
 #include "base/Url.h"
+#include "platform/Preferences.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/files/DesktopEntry.h"
 #include "platform/linux/scripts/ScriptArguments.h"
@@ -232,8 +233,8 @@ HostAnswer askPreferences(ScriptDesktop& desktop, const HostEvent& event) {
   if (findInstalled(desktop, program))
     return launchWith(desktop, program, {});
   if (event.command == "reveal")
-    desktop.log.write("no preference program is installed; the preferences are in the file "
-                      "qorvane.tavrel.pref.plist in the person's folder of settings");
+    desktop.log.write("no preference program is installed; the preferences are in the file " +
+                      std::string(preferenceDomain) + ".plist in the person's folder of settings");
   return HostValue{};
 }
 

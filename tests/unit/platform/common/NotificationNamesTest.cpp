@@ -1,6 +1,7 @@
 #include "platform/common/NotificationNames.h"
 #include "bridge/BridgeMessage.h"
-#include "controller/PreferenceStore.h"
+#include "platform/NotificationCenter.h"
+#include "platform/Preferences.h"
 
 #include <gmock/gmock.h>
 
