@@ -17,9 +17,8 @@ namespace tavrel {
 
 namespace {
 constexpr std::uint32_t modifierBits = 0xFFFE0000; // without caps lock and what is below it
-constexpr double longestBetweenTaps = 0.25;        // seconds, from press to press
-constexpr double longestTap = 0.2;
-constexpr double betweenLooks = 0.01;
+constexpr double longestTap = 0.2;                 // seconds
+constexpr double pollInterval = 0.01;
 
 struct KeyMask {
   std::uint32_t code;
@@ -102,7 +101,7 @@ void NTModifierKeyActionHandler::handleModifierEvent(const Event& event) {
   const double time = event.timestamp;
   if (!isOneModifier(flags) || !checkForModifierRelease(keyCodeForKeyMask(flags)))
     return remember(0, time);
-  if (lastModifierFlags_ != flags || time - lastModifierDownTime_ >= longestBetweenTaps)
+  if (lastModifierFlags_ != flags || time - lastModifierDownTime_ >= doubleTapInterval)
     return remember(flags, time);
   lastModifierDownTime_ = time;
   post(std::set(clients->second)); // a copy: who is told may take clients away
@@ -133,7 +132,7 @@ bool NTModifierKeyActionHandler::checkForModifierRelease(std::uint32_t keyCode) 
       return false;
     if (!now.isDown(keyCode))
       return true;
-    clock.sleep(betweenLooks);
+    clock.sleep(pollInterval);
   }
   return false;
 }

@@ -6,6 +6,11 @@
 
 namespace tavrel {
 
+/// Two taps of one modifier key are a double tap when less than this lies between their presses, in
+/// seconds. The core decides by it (invoke/NTModifierKeyActionHandler.cpp); an adapter that must
+/// know a double tap as its second press comes may allow for its own delay on top.
+inline constexpr double doubleTapInterval = 0.25;
+
 /// What became of the buttons of the pointer, in whatever application it is.
 enum class ButtonChange {
   primaryPressed,
