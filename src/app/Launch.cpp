@@ -1,8 +1,6 @@
 #include "app/DoubleTapName.h"
-#include "base/Modifiers.h"
 #include "bridge/BridgeMessage.h"
 #include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
 #include "controller/SystemVersion.h"
 #include "controller/TVApplication.h"
 #include "controller/TVController.h"
@@ -51,8 +49,8 @@ void TVController::applicationWillFinishLaunching() {
   InitAscii2KeyCodeTable(gKeycodeTable);
   popupPanel = {.origin = popupPanel.origin, .alpha = 0.0, .opaque = false, .visible = false};
   loadMenuImages(images);
-  showIcon = TVR_BoolForKey(TVR_DisplayIcons, true);
   settings = readSettings();
+  showIcon = settings.displayIcons;
   installDefaultPopupShortcut(settings);
   menuRootArray = copyMenuRootArray();
   createStatusMenu();
@@ -92,10 +90,8 @@ void TVController::armDoubleTap() {
       settings.popupSartType == static_cast<std::int32_t>(PopupStart::doubleTap);
   if (!settings.enablePopupMenu || !byDoubleTap)
     return;
-  const std::int32_t chosen = TVR_IntForKey(TVR_DoubleTapKeyCode, 0);
-  const auto key =
-      chosen == 0 ? std::uint32_t{keyCode::command} : static_cast<std::uint32_t>(chosen);
-  const std::uint32_t mask = NTModifierKeyActionHandler::keyMaskForKeyCode(key);
+  const std::uint32_t mask =
+      NTModifierKeyActionHandler::keyMaskForKeyCode(settings.doubleTapKeyCode);
   doubleTapActionHandler->addClient(doubleTapName, static_cast<std::int32_t>(mask));
 }
 

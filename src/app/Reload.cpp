@@ -1,6 +1,5 @@
 #include "app/DoubleTapName.h"
 #include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
 #include "controller/TVController.h"
 #include "invoke/LongPress.h"
 #include "invoke/NTModifierKeyActionHandler.h"
@@ -14,8 +13,8 @@ namespace tavrel {
 // none.
 void TVController::receiveNotificationFromPrefrences(const Notification&) {
   platform().preferences.synchronize(preferenceDomain);
-  showIcon = TVR_BoolForKey(TVR_DisplayIcons, true);
   settings = readSettings();
+  showIcon = settings.displayIcons;
   menuRootArray = copyMenuRootArray();
   createStatusMenu();
   if (settings.enableStatusMenuBar)

@@ -10,6 +10,11 @@ namespace tavrel {
 namespace {
 constexpr std::int32_t keyCodeOfOne = 18;
 
+std::uint32_t readDoubleTapKeyCode() {
+  const std::int32_t chosen = TVR_IntForKey(TVR_DoubleTapKeyCode, 0);
+  return chosen == 0 ? keyCode::command : static_cast<std::uint32_t>(chosen);
+}
+
 float readLongPressInterval(const Settings& settings) {
   const bool used = settings.enablePopupMenu &&
                     settings.popupSartType == static_cast<std::int32_t>(PopupStart::longPress);
@@ -19,6 +24,7 @@ float readLongPressInterval(const Settings& settings) {
 
 Settings readSettings() {
   Settings settings;
+  settings.displayIcons = TVR_BoolForKey(TVR_DisplayIcons, true);
   settings.browseFolder = TVR_BoolForKey(TVR_DoFolderBrowsing, true);
   settings.browsePackage = TVR_BoolForKey(TVR_DoBrowsePackage, false);
   settings.showProcessMenu = TVR_BoolForKey(TVR_ShowRunningMenu, true);
@@ -29,6 +35,7 @@ Settings readSettings() {
   settings.popupShortcutString = TVR_StringForKey(TVR2_PopupShortcutString);
   settings.popupShortcutModifier = TVR_IntForKey(TVR2_PopupShortcutModifier, 0);
   settings.popupShortcutKeyCode = TVR_IntForKey(TVR2_PopupShortcutKeyCode, 0);
+  settings.doubleTapKeyCode = readDoubleTapKeyCode();
   settings.longPressInterval = readLongPressInterval(settings);
   settings.showRecentItems = hasRecentItems() && TVR_BoolForKey(TVR_ShowRecentItems, true);
   return settings;

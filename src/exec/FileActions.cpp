@@ -3,8 +3,7 @@
 #include "base/Format.h"
 #include "base/Numbers.h"
 #include "base/PathString.h"
-#include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
+#include "controller/SettingsNow.h"
 #include "exec/ScriptRunner.h"
 #include "invoke/KeyState.h"
 #include "menu/ItemRecord.h"
@@ -62,7 +61,7 @@ bool moveSelectedFiles(const std::string& destination) {
 }
 
 void showInFinder(const std::string& path) {
-  const char* browser = TVR_BoolForKey(TVR_OpenWithPathFinder, false) ? "Path Finder" : "Finder";
+  const char* browser = settingsNow::openWithPathFinder() ? "Path Finder" : "Finder";
   runOwnSource(filledInOrder("tell application \"%@\" to reveal \"%@\" as POSIX file",
                              {browser, cleanedUpPath(path)}));
 }

@@ -1,8 +1,7 @@
 #include "base/LetterCase.h"
 #include "base/Modifiers.h"
 #include "controller/HotKeyRecord.h"
-#include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
+#include "controller/SettingsNow.h"
 #include "controller/TVController.h"
 #include "exec/ExecutingScript.h"
 #include "exec/OptionKeyFlag.h"
@@ -72,7 +71,7 @@ bool TVController::performHotkey(EventHotKeyRef reference) {
 }
 
 bool TVController::performHotkeyItem(const HotKeyRecord& record) {
-  if (TVR_BoolForKey(TVR_OnlyWithFinder, false) && hostName != "Finder")
+  if (settingsNow::onlyWithFinder() && hostName != "Finder")
     return handOnKeystroke();
   if (!isHideItem(*record.HotKeyItem)) {
     executeItem(*record.HotKeyItem, true, nullptr);

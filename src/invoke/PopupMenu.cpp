@@ -1,5 +1,4 @@
-#include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
+#include "controller/SettingsNow.h"
 #include "controller/TVController.h"
 #include "invoke/AlertVolume.h"
 #include "platform/Clock.h"
@@ -18,12 +17,12 @@ constexpr const char* gestureSound = "Pop.aiff";
 void TVController::doubleTapNotification() {
   if (popupPanel.visible) // called up again while it is open
     return;
-  if (TVR_BoolForKey(TVR_OnlyWithFinder, false)) {
+  if (settingsNow::onlyWithFinder()) {
     (void)recordFrontApplication();
     if (hostName != "Finder")
       return;
   }
-  if (TVR_BoolForKey(TVR_LongPressSound, true))
+  if (settingsNow::longPressSound())
     platform().sounds.play(gestureSound);
   performContextMenu();
 }
@@ -33,7 +32,7 @@ void TVController::performContextMenu() {
     return;
   popupPanel.origin = platform().presenter.pointerLocation();
   popupPanel.visible = true;
-  const bool small = TVR_BoolForKey(TVR_SmallFontSize, false);
+  const bool small = settingsNow::smallFontSize();
   platform().presenter.popUp(statusMenu, popupPanel.origin,
                              small ? MenuFont::small : MenuFont::standard);
   popupPanel.visible = false;

@@ -1,6 +1,6 @@
 #include "maint/Uninstaller.h"
 
-#include "maint/Localized.h"
+#include "controller/Localized.h"
 #include "maint/NTLoginItemMgr.h"
 #include "platform/Alerts.h"
 #include "platform/Authorization.h"

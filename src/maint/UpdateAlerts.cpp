@@ -1,7 +1,7 @@
 #include "maint/UpdateAlerts.h"
 
 #include "base/Format.h"
-#include "maint/Localized.h"
+#include "controller/Localized.h"
 #include "platform/Alerts.h"
 #include "platform/Platform.h"
 #include "platform/Workspace.h"

@@ -1,8 +1,8 @@
 #include "maint/UpdateCheck.h"
 
 #include "base/Numbers.h"
-#include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
+#include "controller/Localized.h"
+#include "controller/SettingsNow.h"
 #include "maint/UpdateAlerts.h"
 #include "platform/Bundle.h"
 #include "platform/Clock.h"
@@ -16,16 +16,9 @@ namespace {
 constexpr double tenDays = 864000.0;
 constexpr const char* productLine = "qorvane.Tavrel2";
 
-// A distributor who brings updates by another way builds with the check off.
-#ifdef TAVREL_UPDATE_CHECK_OFF
-constexpr bool checksByDefault = false;
-#else
-constexpr bool checksByDefault = true;
-#endif
-
 bool isDue() {
-  return TVR_BoolForKey(TVR_OnlineUpdateCheck, checksByDefault) &&
-         platform().clock.now() - TVR_DoubleForKey(TVR_LastUpdateCheck) > tenDays;
+  return settingsNow::onlineUpdateCheck() &&
+         platform().clock.now() - settingsNow::lastUpdateCheck() > tenDays;
 }
 
 float numberOf(const std::string* version) {
@@ -33,7 +26,7 @@ float numberOf(const std::string* version) {
 }
 
 float installedNumber() {
-  const auto installed = TVR_StringForKey(TVR_VersionString);
+  const auto installed = settingsNow::versionString();
   return numberOf(installed ? &*installed : nullptr);
 }
 
@@ -42,7 +35,7 @@ float installedNumber() {
 void recordInstalledVersion() {
   const auto version = platform().bundle.informationValue("CFBundleShortVersionString");
   if (version && numberOf(&*version) > installedNumber())
-    TVR_SetObjectForKey(*version, TVR_VersionString);
+    storeVersionString(*version);
 }
 
 } // namespace
@@ -52,11 +45,11 @@ void doCheckUpdates() {
     return;
   recordInstalledVersion();
   checkForUpdatesAndNotifyIfUnsuccessful(NotifyIfUnsuccessful::no);
-  TVR_SetObjectForKey(platform().clock.now(), TVR_LastUpdateCheck);
+  storeLastUpdateCheck(platform().clock.now());
 }
 
 bool checkForUpdatesAndNotifyIfUnsuccessful(NotifyIfUnsuccessful notify) {
-  const std::string url = platform().bundle.localizedString("UPDATE_PLIST_URL");
+  const std::string url = localized("UPDATE_PLIST_URL");
   const auto list = platform().web.dictionaryAt(url);
   if (list && checkForTavrelUpdatesAndNotifyIfUnsuccessful(notify, *list))
     return true;

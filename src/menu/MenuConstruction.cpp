@@ -1,20 +1,15 @@
 #include "base/Modifiers.h"
-#include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
+#include "controller/Localized.h"
+#include "controller/SettingsNow.h"
 #include "controller/TVController.h"
 #include "menu/MenuBuilder.h"
 #include "menu/MenuTitles.h"
-#include "platform/Bundle.h"
 #include "platform/Platform.h"
 #include "platform/SystemLog.h"
 
 namespace tavrel {
 
 namespace {
-
-std::string localized(const char* key) {
-  return platform().bundle.localizedString(key);
-}
 
 void addHidden(Menu& menu, MenuItem item) {
   menu.add(std::move(item)).hidden = true;
@@ -46,7 +41,7 @@ void TVController::addFixedTop(Menu& menu) {
 }
 
 void TVController::addFixedBottom(Menu& menu) {
-  if (!TVR_BoolForKey(TVR_DoTavrelSetting, true))
+  if (!settingsNow::doTavrelSetting())
     return;
   MenuItem& entry =
       menu.add({.title = localized("Tavrel Setting"), .action = MenuAction::openTavrelPref});
