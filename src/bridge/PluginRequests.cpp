@@ -1,5 +1,3 @@
-#include "base/Format.h"
-#include "base/PathString.h"
 #include "bridge/BridgeMessage.h"
 #include "controller/TVApplication.h"
 #include "controller/TVController.h"
@@ -21,11 +19,6 @@ void runScriptFile(const std::string& path) {
     platform().workspace.openFile(path);
   else
     execScript(path);
-}
-
-void quitProcess(const std::string& path) {
-  const std::string name = deletingPathExtension(lastPathComponent(path));
-  runOwnSource(filled("tell application \"%@\" to quit", name));
 }
 
 void openPath(const std::string& path, TVController& controller) {
@@ -53,7 +46,7 @@ void TVController::receiveNotificationFromContextMenu(const Notification& notifi
   case BridgeMessage::execScript:
     return execScriptFor(userInfo);
   case BridgeMessage::quitProcess:
-    return quitProcess(orNone(path));
+    return askToQuit(orNone(path));
   case BridgeMessage::execServices:
     return execServices(orNone(stringFor(userInfo, "serviceName")));
   case BridgeMessage::openWithPathFinder:

@@ -71,9 +71,38 @@ ItemAction actionForBrowsedFile(const ItemChoice& choice) {
     return scriptAction(choice);
   case ItemType::application:
     return applicationAction(choice);
-  default:
+  case ItemType::unknown:
+  case ItemType::url:
+  case ItemType::services:
+  case ItemType::group:
+  case ItemType::spacer:
     return ItemAction::nothing;
   }
+  return ItemAction::nothing;
+}
+
+ItemAction actionForApplication(const ItemChoice& choice) {
+  if (choice.optionHeld)
+    return ItemAction::quit;
+  return choice.commandHeld ? ItemAction::showInFinder : ItemAction::bringToFront;
+}
+
+ItemAction actionForRecentItem(const ItemChoice& choice) {
+  if (choice.isServer)
+    return ItemAction::openServer;
+  return choice.commandHeld ? ItemAction::showInFinder : ItemAction::openFile;
+}
+
+EntryEffects effectsOf(ItemAction (*decide)(const ItemChoice&), ItemChoice choice) {
+  EntryEffects effects{.withoutFiles = decide(choice)};
+  choice.filesCaptured = true;
+  effects.plain = decide(choice);
+  choice.commandHeld = true;
+  effects.withCommand = decide(choice);
+  choice.commandHeld = false;
+  choice.optionHeld = true;
+  effects.withOption = decide(choice);
+  return effects;
 }
 
 } // namespace tavrel

@@ -1,22 +1,9 @@
 #pragma once
 
 #include "menu/ItemRecord.h"
+#include "platform/EntryEffects.h"
 
 namespace tavrel {
-
-/// What a chosen item does.
-enum class ItemAction {
-  nothing,
-  openFile,          ///< with its default application; launches an application alone
-  openFolder,        ///< in the file manager
-  openSelectedFiles, ///< the captured files, with this application
-  moveSelectedFiles, ///< the captured files, into this folder
-  openUrl,
-  showInFinder,
-  openFolderWithTerminal,
-  execScript,
-  performService,
-};
 
 /// The circumstances in which an item was chosen.
 struct ItemChoice {
@@ -28,14 +15,23 @@ struct ItemChoice {
   bool plainFolder = false;         ///< the path is a folder and no package
   bool filesCaptured = false;       ///< a file list that is not empty
   bool terminalWithCommand = false; ///< the setting `TVR2_OpenTerminalWithCmdKey`
+  bool isServer = false;            ///< a recent entry that stands for no file
 };
 
-/// For an item of the person's own tree.
+/// For an item of the user's own tree.
 [[nodiscard]] ItemAction actionForItem(const ItemChoice& choice);
 
 /// For an entry of a browsed folder: `filesCaptured` is whether there is a file list at all for
 /// folders, whether it holds files for applications; `plainFolder` does not count, and `fromHotKey`
 /// is false, since no hot key leads here.
 [[nodiscard]] ItemAction actionForBrowsedFile(const ItemChoice& choice);
+
+/// For a running application, and for a recent item.
+[[nodiscard]] ItemAction actionForApplication(const ItemChoice& choice);
+[[nodiscard]] ItemAction actionForRecentItem(const ItemChoice& choice);
+
+/// What one of these functions decides under each of the circumstances that users may bring about
+/// as they choose the entry.
+[[nodiscard]] EntryEffects effectsOf(ItemAction (*decide)(const ItemChoice&), ItemChoice choice);
 
 } // namespace tavrel

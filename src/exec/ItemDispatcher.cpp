@@ -1,10 +1,9 @@
 #include "base/Format.h"
-#include "controller/PreferenceStore.h"
-#include "controller/SettingKeys.h"
+#include "controller/SettingsNow.h"
 #include "controller/TVController.h"
-#include "exec/FileActions.h"
 #include "exec/ItemAction.h"
 #include "exec/OptionKeyFlag.h"
+#include "exec/PerformAction.h"
 #include "exec/ScriptRunner.h"
 #include "invoke/KeyState.h"
 #include "maint/UpdateCheck.h"
@@ -17,13 +16,6 @@ namespace tavrel {
 
 namespace {
 
-// What the chosen item names.
-struct Target {
-  std::string path;
-  std::string url;
-  std::int32_t openMask = 0;
-};
-
 bool hasCapturedFiles() {
   const auto files = capturedFiles();
   return files && !files->empty();
@@ -34,46 +26,19 @@ std::string itemPath(const PropertyList& item, ItemType type) {
   return path ? cleanedUpPath(*path) : std::string();
 }
 
-Target targetOf(const PropertyList& item, ItemType type) {
+ActionTarget targetOf(const PropertyList& item, ItemType type) {
   const std::string* url = item.stringFor(TVR_MenuItemURL);
-  return {itemPath(item, type), url ? *url : std::string(), openTypeMask(item)};
+  return {.path = itemPath(item, type),
+          .url = url ? *url : std::string(),
+          .openMask = openTypeMask(item)};
 }
 
 ItemChoice choiceNow(ItemType type) {
   ItemChoice choice{.type = type};
   choice.commandHeld = CheckCommandKey();
   choice.optionHeld = sOptionKeyPressed;
-  choice.terminalWithCommand = TVR_BoolForKey(TVR2_OpenTerminalWithCmdKey, false);
+  choice.terminalWithCommand = settingsNow::openTerminalWithCmdKey();
   return choice;
-}
-
-void perform(ItemAction action, const Target& target, TVController& controller) {
-  switch (action) {
-  case ItemAction::nothing:
-    return;
-  case ItemAction::openFile:
-    platform().workspace.openFile(target.path);
-    return;
-  case ItemAction::openFolder:
-    return controller.openFolder(target.path);
-  case ItemAction::openSelectedFiles:
-    openFiles(capturedFiles().value_or(std::vector<std::string>()), target.path, target.openMask);
-    return;
-  case ItemAction::moveSelectedFiles:
-    moveSelectedFiles(target.path);
-    return;
-  case ItemAction::openUrl:
-    platform().workspace.openUrl(target.url);
-    return;
-  case ItemAction::showInFinder:
-    return showInFinder(target.path);
-  case ItemAction::openFolderWithTerminal:
-    return openFolderWithTerminal(target.path);
-  case ItemAction::execScript:
-    return execScript(target.path);
-  case ItemAction::performService:
-    return controller.performServiceItem(target.url);
-  }
 }
 
 } // namespace
@@ -81,7 +46,7 @@ void perform(ItemAction action, const Target& target, TVController& controller) 
 void TVController::executeItem(const PropertyList& item, bool fromHotKey,
                                const MenuItem* menuItem) {
   const ItemType type = itemType(item);
-  const Target target = targetOf(item, type);
+  const ActionTarget target = targetOf(item, type);
   ItemChoice choice = choiceNow(type);
   choice.fromHotKey = fromHotKey;
   choice.alternate = menuItem != nullptr && menuItem->isAlternate;
@@ -97,7 +62,7 @@ void TVController::fileItemDidSelected(MenuItem& menuItem) {
   if (!path)
     return;
   const ItemType type = itemTypeFromName(itemTypeFromPath(*path));
-  const Target target{cleanedUpPath(*path), {}, 0};
+  const ActionTarget target{.path = cleanedUpPath(*path)};
   sOptionKeyPressed = CheckOptionKey();
   ItemChoice choice = choiceNow(type);
   choice.alternate = menuItem.isAlternate;
@@ -107,7 +72,7 @@ void TVController::fileItemDidSelected(MenuItem& menuItem) {
 }
 
 void TVController::openFolder(const std::string& path) {
-  if (TVR_BoolForKey(TVR_OpenWithPathFinder, false) &&
+  if (settingsNow::openWithPathFinder() &&
       runOwnSource(filled("tell application \"Path Finder\" to open \"%@\" as POSIX file", path)))
     return;
   platform().workspace.openFile(path);

@@ -2,6 +2,7 @@
 
 #include "base/Description.h"
 #include "base/Format.h"
+#include "base/PathString.h"
 #include "exec/ExecutingScript.h"
 #include "exec/TVAppleScript.h"
 #include "platform/Platform.h"
@@ -31,6 +32,11 @@ bool runOwnSource(const std::string& source) {
 
 void activateApplication(const std::string& name) {
   runOwnSource(filled("tell application \"%@\" to activate", name));
+}
+
+void askToQuit(const std::string& path) {
+  const std::string name = deletingPathExtension(lastPathComponent(path));
+  runOwnSource(filled("tell application \"%@\" to quit", name));
 }
 
 void launchTavrelPref() {

@@ -20,6 +20,9 @@ bool runOwnSource(const std::string& source);
 /// Brings the application of that name to the front.
 void activateApplication(const std::string& name);
 
+/// Asks the application at a path to quit, by the name of its file.
+void askToQuit(const std::string& path);
+
 /// Shows the preference pane.
 void launchTavrelPref();
 

@@ -2,6 +2,8 @@
 
 #include "base/Modifiers.h"
 #include "base/PathString.h"
+#include "controller/SettingsNow.h"
+#include "exec/ItemAction.h"
 #include "menu/FileVisibility.h"
 #include "menu/NumericOrder.h"
 #include "platform/Platform.h"
@@ -12,6 +14,29 @@ namespace tavrel {
 
 namespace {
 
+// What choosing the entries of a folder does. To ask each file for its type would take too long:
+// a script or an application counts as a document, which does the same as far as it is told.
+struct ListingEffects {
+  EntryEffects file;
+  EntryEffects folder;
+  EntryEffects movingAlternate;
+};
+
+ListingEffects listingEffects() {
+  ItemChoice folder{.type = ItemType::folder};
+  folder.terminalWithCommand = settingsNow::openTerminalWithCmdKey();
+  ItemChoice alternate = folder;
+  alternate.alternate = true;
+  return {effectsOf(actionForBrowsedFile, {.type = ItemType::documentFile}),
+          effectsOf(actionForBrowsedFile, folder), effectsOf(actionForBrowsedFile, alternate)};
+}
+
+struct Listing {
+  Menu& menu;
+  const MenuBuild& build;
+  ListingEffects effects = listingEffects();
+};
+
 MenuItem& addFileEntry(Menu& menu, const ListedFile& file, const std::string& path) {
   MenuItem& item = menu.add({.title = file.displayName});
   item.action = MenuAction::fileItemDidSelected;
@@ -19,26 +44,26 @@ MenuItem& addFileEntry(Menu& menu, const ListedFile& file, const std::string& pa
   return item;
 }
 
-void addMovingAlternate(Menu& menu, const ListedFile& file, const std::string& path,
-                        const MenuBuild& build) {
-  MenuItem& alternate = addFileEntry(menu, file, path);
+void addMovingAlternate(const Listing& listing, const ListedFile& file, const std::string& path) {
+  MenuItem& alternate = addFileEntry(listing.menu, file, path);
   alternate.keyEquivalentModifierMask = modifier::option;
   alternate.isAlternate = true;
-  setListedFileIcon(alternate, path, file.kind, build.images.move_badge_image);
+  alternate.effects = listing.effects.movingAlternate;
+  setListedFileIcon(alternate, path, file.kind, listing.build.images.move_badge_image);
 }
 
-void addListedFile(Menu& menu, const ListedFile& file, const std::string& path,
-                   const MenuBuild& build) {
-  MenuItem& item = addFileEntry(menu, file, path);
+void addListedFile(const Listing& listing, const ListedFile& file, const std::string& path) {
+  MenuItem& item = addFileEntry(listing.menu, file, path);
   setListedFileIcon(item, path, file.kind, std::nullopt);
   const DirectoryKind kind = directoryKind(file.kind);
-  if (build.browseFolder) {
-    if (!isBrowsable(kind, build))
+  item.effects = kind == DirectoryKind::folder ? listing.effects.folder : listing.effects.file;
+  if (listing.build.browseFolder) {
+    if (!isBrowsable(kind, listing.build))
       return;
-    item.submenu = browsingSubmenu(path, build);
+    item.submenu = browsingSubmenu(path, listing.build);
   }
   if (kind == DirectoryKind::folder)
-    addMovingAlternate(menu, file, path, build);
+    addMovingAlternate(listing, file, path);
 }
 
 std::vector<std::string_view> namesOf(const std::vector<ListedFile>& files) {
@@ -64,11 +89,12 @@ std::shared_ptr<Menu> browsingSubmenu(const std::string& path, const MenuBuild& 
 void addFolderContents(Menu& menu, const std::string& folder, const MenuBuild& build) {
   const std::vector<ListedFile> files = platform().files.browse(folder, visibilityLink());
   menu.items.reserve(files.size());
+  const Listing listing{menu, build};
   for (const std::size_t place : numericOrder(namesOf(files))) {
     const ListedFile& file = files[place];
     const std::string path = appendingPathComponent(folder, file.name);
     if (!file.invisible && !isHiddenSystemFile(path))
-      addListedFile(menu, file, path, build);
+      addListedFile(listing, file, path);
   }
 }
 

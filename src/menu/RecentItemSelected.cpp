@@ -2,11 +2,11 @@
 #include "base/LocalUrl.h"
 #include "controller/SystemVersion.h"
 #include "controller/TVController.h"
-#include "exec/FileActions.h"
+#include "exec/ItemAction.h"
+#include "exec/PerformAction.h"
 #include "invoke/KeyState.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
-#include "platform/Workspace.h"
 
 namespace tavrel {
 
@@ -28,19 +28,19 @@ std::optional<std::string> recentFile(const Bytes& data) {
              : platform().files.resolveAliasRecord(data, AliasResolution::fileIdentifierFirst);
 }
 
+std::optional<std::string> serverVolume(const std::string& name) {
+  return hasBookmarks() ? std::optional(filled("/Volumes/%@/", name)) : std::nullopt;
+}
+
 } // namespace
 
 void TVController::recentItemSelected(MenuItem& menuItem) {
   const Bytes* data = dataOf(menuItem);
-  if (!data && hasBookmarks())
-    platform().workspace.openFile(filled("/Volumes/%@/", menuItem.title));
-  const auto path = data ? recentFile(*data) : std::nullopt;
+  const auto path = data ? recentFile(*data) : serverVolume(menuItem.title);
   if (!path)
     return;
-  if (CheckCommandKey())
-    showInFinder(*path);
-  else
-    platform().workspace.openFile(*path);
+  const ItemChoice choice{.commandHeld = CheckCommandKey(), .isServer = data == nullptr};
+  perform(actionForRecentItem(choice), {.path = *path}, *this);
 }
 
 } // namespace tavrel

@@ -1,10 +1,11 @@
 #include "menu/RecentItems.h"
 
 #include "base/LocalUrl.h"
+#include "controller/Localized.h"
 #include "controller/SystemVersion.h"
+#include "exec/ItemAction.h"
 #include "menu/MenuEntryState.h"
 #include "menu/MenuIcons.h"
-#include "platform/Bundle.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/Preferences.h"
@@ -76,7 +77,7 @@ std::size_t attachRecentItems(Menu& menu, const std::string& key, std::size_t in
   const PropertyList::Array* items = customItems(section);
   if (!items)
     return index;
-  menu.add({.title = platform().bundle.localizedString(key)});
+  menu.add({.title = localized(key)});
   ++index;
   for (const PropertyList& record : *items) {
     const std::string* name = record.stringFor(itemName);
@@ -84,6 +85,7 @@ std::size_t attachRecentItems(Menu& menu, const std::string& key, std::size_t in
     item.action = MenuAction::recentItemSelected;
     setMenuItemIndent(menu, index++, 1);
     fitRecentItem(item, record, key);
+    item.effects = effectsOf(actionForRecentItem, {.isServer = !item.representedObject});
   }
   if (isServers(key))
     return index;

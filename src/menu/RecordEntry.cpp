@@ -3,6 +3,7 @@
 #include "base/Modifiers.h"
 #include "base/Numbers.h"
 #include "controller/SystemVersion.h"
+#include "exec/ItemAction.h"
 #include "menu/FolderContents.h"
 #include "menu/ItemRecord.h"
 #include "menu/PathHelpers.h"
@@ -49,6 +50,9 @@ void addFolderAlternate(Menu& menu, const MenuItem& folder, const std::string& t
   alternate.keyEquivalentModifierMask = modifier::option;
   alternate.isAlternate = true;
   alternate.hidden = true;
+  alternate.effects = effectsOf(
+      actionForItem,
+      {.type = itemType(*folder.representedObject), .alternate = true, .plainFolder = true});
   setMenuItemIconWithBadge(alternate, path, build.images.move_badge_image);
   menu.add(std::move(alternate));
 }
@@ -87,13 +91,23 @@ void addRecordEntry(Menu& menu, const PropertyList& record, const std::string& t
   item.action = MenuAction::statusMenuDidSelected;
   item.representedObject = record;
   setShortcut(item, record);
-  const ItemType type = itemType(record);
-  if (type == ItemType::services && showIcon)
-    setServiceIcon(item, record, build.images);
-  else if (type == ItemType::url && showIcon)
-    setUrlIcon(item, record, build.images);
-  else
-    addFileParts(menu, item, title, build);
+  switch (itemType(record)) {
+  case ItemType::services:
+    return showIcon ? setServiceIcon(item, record, build.images)
+                    : addFileParts(menu, item, title, build);
+  case ItemType::url:
+    return showIcon ? setUrlIcon(item, record, build.images)
+                    : addFileParts(menu, item, title, build);
+  case ItemType::unknown:
+  case ItemType::application:
+  case ItemType::documentFile:
+  case ItemType::package:
+  case ItemType::folder:
+  case ItemType::appleScript:
+  case ItemType::group:
+  case ItemType::spacer:
+    return addFileParts(menu, item, title, build);
+  }
 }
 
 } // namespace tavrel

@@ -1,10 +1,8 @@
 #include "menu/RunningApplications.h"
 
-#include "base/Format.h"
-#include "base/PathString.h"
 #include "controller/TVController.h"
-#include "exec/FileActions.h"
-#include "exec/ScriptRunner.h"
+#include "exec/ItemAction.h"
+#include "exec/PerformAction.h"
 #include "invoke/KeyState.h"
 #include "platform/Applications.h"
 #include "platform/Platform.h"
@@ -27,20 +25,17 @@ std::optional<RunningApplication> firstNamed(const std::string& name) {
   return found == launched.end() ? std::nullopt : std::optional(*found);
 }
 
-void askToQuit(const std::string& path) {
-  runOwnSource(
-      filled("tell application \"%@\" to quit", deletingPathExtension(lastPathComponent(path))));
-}
-
 } // namespace
 
 void addRunningApplications(Menu& menu) {
   const std::string inFront = nameInFront();
+  const EntryEffects effects = effectsOf(actionForApplication, {});
   for (const RunningApplication& application : platform().applications.launched()) {
     if (!application.name)
       continue;
     MenuItem& item = menu.add({.title = *application.name});
     item.action = MenuAction::processItemSelected;
+    item.effects = effects;
     item.state = *application.name == inFront ? MenuItemState::on : MenuItemState::off;
     setMenuItemIcon(item, application.path);
   }
@@ -50,13 +45,11 @@ void TVController::processItemSelected(MenuItem& menuItem) {
   const auto application = firstNamed(menuItem.title);
   if (!application)
     return;
-  const std::string path = application->path.value_or("");
-  if (CheckOptionKey())
-    askToQuit(path);
-  else if (CheckCommandKey())
-    showInFinder(path);
-  else
-    platform().applications.bringToFront(application->serialNumber);
+  ItemChoice choice;
+  choice.optionHeld = CheckOptionKey();
+  choice.commandHeld = CheckCommandKey();
+  perform(actionForApplication(choice),
+          {.path = application->path.value_or(""), .process = application->serialNumber}, *this);
 }
 
 } // namespace tavrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/PropertyList.h"
+#include "platform/EntryEffects.h"
 #include "platform/Image.h"
 
 #include <cstddef>
@@ -42,6 +43,7 @@ struct MenuItem {
   bool enabled = true;
   bool isAlternate = false;
   bool isSeparator = false;
+  EntryEffects effects{}; ///< all `nothing` where the title says all there is to say
 };
 
 /// Told about the life of a menu on the screen, on the main thread.

@@ -270,11 +270,11 @@ TEST_F(FolderBrowsing, AFolderThatMayNotBeSearchedHasEntriesThatDoNothing) {
 }
 
 TEST_F(FolderBrowsing, AFileThatBecameAFolderMeanwhileOpensAsOne) {
+  set(TVR2_OpenTerminalWithCmdKey, true);
   files.addFile("/docs/a");
   opened();
   files.addFolder("/docs/a");
   hold(keyCode::command);
-  set(TVR2_OpenTerminalWithCmdKey, true);
   controller.menuItemChosen(*menu.items[0]);
   ASSERT_THAT(desktop.scripts.control.sources, SizeIs(1));
   EXPECT_THAT(desktop.scripts.control.sources[0].text, ::testing::HasSubstr("cd '/docs/a'"));

@@ -19,6 +19,11 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 
+constexpr EntryEffects opensOrShows{.plain = ItemAction::openFile,
+                                    .withoutFiles = ItemAction::openFile,
+                                    .withCommand = ItemAction::showInFinder,
+                                    .withOption = ItemAction::openFile};
+
 std::vector<std::string>& focused() {
   static std::vector<std::string> names;
   return names;
@@ -111,6 +116,7 @@ protected:
     MenuItem& item = menu.add({});
     item.title = std::move(title);
     item.action = action;
+    item.effects = opensOrShows;
     return item;
   }
   void addMany(int count) {
@@ -213,6 +219,10 @@ TEST_F(AccessibleLevels, ADescriptionTellsWhatChoosingDoes) {
   MenuItem& alternate = add("Folder");
   alternate.isAlternate = true;
   alternate.keyEquivalentModifierMask = modifier::option;
+  alternate.effects = {.plain = ItemAction::moveSelectedFiles,
+                       .withoutFiles = ItemAction::openFolder,
+                       .withCommand = ItemAction::moveSelectedFiles,
+                       .withOption = ItemAction::moveSelectedFiles};
   add("Group", MenuAction::none).submenu = std::make_shared<Menu>();
   popUp([](MenuHands& hands) {
     const auto description = [](int row) {
@@ -229,8 +239,11 @@ TEST_F(AccessibleLevels, ADescriptionTellsWhatChoosingDoes) {
 
 TEST_F(AccessibleLevels, ADescriptionTellsWhatBecomesOfARecentItemAServerAndAnApplication) {
   add("Letter", MenuAction::recentItemSelected).representedObject = PropertyList(Bytes{1});
-  add("nas", MenuAction::recentItemSelected);
-  add("Mail", MenuAction::processItemSelected);
+  add("nas", MenuAction::recentItemSelected).effects.plain = ItemAction::openServer;
+  add("Mail", MenuAction::processItemSelected).effects = {.plain = ItemAction::bringToFront,
+                                                          .withoutFiles = ItemAction::bringToFront,
+                                                          .withCommand = ItemAction::showInFinder,
+                                                          .withOption = ItemAction::quit};
   popUp([](MenuHands&) {
     const auto description = [](int row) {
       return accessibleLevel()->child(row)->text(QAccessible::Description).toStdString();
