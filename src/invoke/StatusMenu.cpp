@@ -108,16 +108,20 @@ std::optional<std::int32_t> TVController::recordFrontApplication() {
 
 void TVController::menuItemChosen(MenuItem& item) {
   popupPanel.visible = false; // its menu has closed, and may be called up again while the item runs
-  if (item.action == MenuAction::statusMenuDidSelected)
-    statusMenuDidSelected(item);
-  else if (item.action == MenuAction::fileItemDidSelected)
-    fileItemDidSelected(item);
-  else if (item.action == MenuAction::recentItemSelected)
-    recentItemSelected(item);
-  else if (item.action == MenuAction::processItemSelected)
-    processItemSelected(item);
-  else if (item.action == MenuAction::openTavrelPref)
-    openTavrelPref(item);
+  switch (item.action) {
+  case MenuAction::none:
+    return;
+  case MenuAction::statusMenuDidSelected:
+    return statusMenuDidSelected(item);
+  case MenuAction::fileItemDidSelected:
+    return fileItemDidSelected(item);
+  case MenuAction::recentItemSelected:
+    return recentItemSelected(item);
+  case MenuAction::processItemSelected:
+    return processItemSelected(item);
+  case MenuAction::openTavrelPref:
+    return openTavrelPref(item);
+  }
 }
 
 void TVController::statusMenuDidSelected(MenuItem& menuItem) {

@@ -2,37 +2,46 @@
 
 #include "base/Numbers.h"
 
-#include <array>
-#include <utility>
-
 namespace tavrel {
 
 namespace {
-constexpr auto typeNames = std::to_array<std::pair<ItemType, std::string_view>>({
-    {ItemType::application, "application"},
-    {ItemType::documentFile, "document file"},
-    {ItemType::package, "package"},
-    {ItemType::folder, "folder"},
-    {ItemType::appleScript, "applescript"},
-    {ItemType::url, "url"},
-    {ItemType::services, "services"},
-    {ItemType::group, "group"},
-    {ItemType::spacer, "spacer"},
-});
+std::string_view nameOf(ItemType type) {
+  switch (type) {
+  case ItemType::unknown:
+    return {};
+  case ItemType::application:
+    return "application";
+  case ItemType::documentFile:
+    return "document file";
+  case ItemType::package:
+    return "package";
+  case ItemType::folder:
+    return "folder";
+  case ItemType::appleScript:
+    return "applescript";
+  case ItemType::url:
+    return "url";
+  case ItemType::services:
+    return "services";
+  case ItemType::group:
+    return "group";
+  case ItemType::spacer:
+    return "spacer";
+  }
+  return {};
+}
 } // namespace
 
+// Through all types by their numbers: the first number without a name is behind the last type.
 ItemType itemTypeFromName(std::string_view name) {
-  for (const auto& [type, text] : typeNames)
-    if (text == name)
-      return type;
+  for (int number = 1; !nameOf(ItemType{number}).empty(); ++number)
+    if (nameOf(ItemType{number}) == name)
+      return ItemType{number};
   return ItemType::unknown;
 }
 
 std::string itemTypeName(ItemType type) {
-  for (const auto& [candidate, text] : typeNames)
-    if (candidate == type)
-      return std::string(text);
-  return {};
+  return std::string(nameOf(type));
 }
 
 ItemType itemType(const PropertyList& record) {
@@ -41,8 +50,21 @@ ItemType itemType(const PropertyList& record) {
 }
 
 bool isFileType(ItemType type) {
-  return type == ItemType::application || type == ItemType::documentFile ||
-         type == ItemType::package || type == ItemType::folder || type == ItemType::appleScript;
+  switch (type) {
+  case ItemType::application:
+  case ItemType::documentFile:
+  case ItemType::package:
+  case ItemType::folder:
+  case ItemType::appleScript:
+    return true;
+  case ItemType::unknown:
+  case ItemType::url:
+  case ItemType::services:
+  case ItemType::group:
+  case ItemType::spacer:
+    return false;
+  }
+  return false;
 }
 
 std::int32_t openTypeMask(const PropertyList& record) {

@@ -32,18 +32,29 @@ Menu& addGroup(Menu& menu, const std::string& title, const PropertyList& record,
   return *menu.add(std::move(group)).submenu;
 }
 
+void openGroup(std::vector<Level>& levels, Menu& submenu, const PropertyList& record) {
+  if (const auto* children = record.arrayFor(TVR_MenuItemTree))
+    levels.push_back({&submenu, children});
+}
+
 void addRecord(std::vector<Level>& levels, const PropertyList& record, const std::string& title,
                const MenuBuild& build) {
   Menu& menu = *levels.back().menu;
-  const ItemType type = itemType(record);
-  if (type == ItemType::spacer) {
+  switch (itemType(record)) {
+  case ItemType::spacer:
     menu.addSeparator().representedObject = record;
-  } else if (type == ItemType::group) {
-    Menu& submenu = addGroup(menu, title, record, build);
-    if (const auto* children = record.arrayFor(TVR_MenuItemTree))
-      levels.push_back({&submenu, children});
-  } else {
-    addRecordEntry(menu, record, title, build);
+    return;
+  case ItemType::group:
+    return openGroup(levels, addGroup(menu, title, record, build), record);
+  case ItemType::unknown:
+  case ItemType::application:
+  case ItemType::documentFile:
+  case ItemType::package:
+  case ItemType::folder:
+  case ItemType::appleScript:
+  case ItemType::url:
+  case ItemType::services:
+    return addRecordEntry(menu, record, title, build);
   }
 }
 
