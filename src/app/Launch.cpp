@@ -1,7 +1,7 @@
 #include "app/DoubleTapName.h"
 #include "bridge/BridgeMessage.h"
 #include "controller/PreferenceStore.h"
-#include "controller/SystemVersion.h"
+#include "controller/ProcessState.h"
 #include "controller/TVApplication.h"
 #include "controller/TVController.h"
 #include "invoke/KeycodeTable.h"

@@ -1,5 +1,6 @@
 #include "app/DoubleTapName.h"
 #include "controller/PreferenceStore.h"
+#include "controller/ProcessState.h"
 #include "controller/TVController.h"
 #include "invoke/LongPress.h"
 #include "invoke/NTModifierKeyActionHandler.h"

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 namespace tavrel {
 
@@ -16,14 +15,5 @@ struct HotKeyRecord {
   std::uint32_t HotKeyMod = 0;            ///< event-manager form, as registered
   std::uint16_t HotKeyChar = 0;           ///< as the tree gives it, upper or lower case
 };
-
-/// All hot keys registered now, in the order they were registered.
-extern std::vector<HotKeyRecord> gHotkeyArray;
-
-/// The keystroke that is handed on to the application in front. Never reset: a hand-on overwrites
-/// what it needs and takes the rest from the one before.
-extern std::uint16_t gAppCharCode;
-extern std::uint16_t gAppKeyCode;   ///< virtual key code
-extern std::uint32_t gAppModifiers; ///< event-manager form
 
 } // namespace tavrel

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <cstdint>
+#include "controller/ProcessState.h"
 
 namespace tavrel {
-
-/// The system's version as a BCD number, asked once at launch.
-extern std::int32_t gOsVersion;
 
 /// 10.4: recent items exist, links can be looked at without being followed.
 [[nodiscard]] inline bool hasRecentItems() {

@@ -3,7 +3,7 @@
 #include "base/Description.h"
 #include "base/Format.h"
 #include "base/PathString.h"
-#include "exec/ExecutingScript.h"
+#include "controller/ProcessState.h"
 #include "exec/TVAppleScript.h"
 #include "platform/Platform.h"
 #include "platform/SystemLog.h"

@@ -1,10 +1,9 @@
 #include "exec/TVAppleScript.h"
 
+#include "controller/ProcessState.h"
 #include "platform/Platform.h"
 
 namespace tavrel {
-
-ComponentInstance sComponent = 0;
 
 namespace {
 

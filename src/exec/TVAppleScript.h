@@ -4,9 +4,6 @@
 
 namespace tavrel {
 
-/// The component instance of all compiled scripts: opened by the first, never closed. 0 before.
-extern ComponentInstance sComponent;
-
 /// A compiled script in a file, for one run. Main thread only.
 struct TVAppleScript {
   /// Opens the component if need be; the file is not read yet.

@@ -1,11 +1,10 @@
 #include "invoke/AlertVolume.h"
 
+#include "controller/ProcessState.h"
 #include "platform/Platform.h"
 #include "platform/Sounds.h"
 
 namespace tavrel {
-
-std::int32_t beepLevel = 0;
 
 void muteVolume(bool mute) {
   Sounds& sounds = platform().sounds;

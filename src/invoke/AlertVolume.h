@@ -1,11 +1,6 @@
 #pragma once
 
-#include <cstdint>
-
 namespace tavrel {
-
-/// How loud the beep was before it was silenced.
-extern std::int32_t beepLevel;
 
 /// Silences the beep and keeps its volume, or gives the kept volume back. A beep that is silent
 /// already gets the kept volume back when it is to be silenced, too.

@@ -1,10 +1,8 @@
 #include "base/LetterCase.h"
 #include "base/Modifiers.h"
-#include "controller/HotKeyRecord.h"
+#include "controller/ProcessState.h"
 #include "controller/SettingsNow.h"
 #include "controller/TVController.h"
-#include "exec/ExecutingScript.h"
-#include "exec/OptionKeyFlag.h"
 #include "invoke/KeyNames.h"
 #include "platform/Accessibility.h"
 #include "platform/Applications.h"
@@ -16,10 +14,6 @@
 #include <array>
 
 namespace tavrel {
-
-std::uint16_t gAppCharCode = 0;
-std::uint16_t gAppKeyCode = 0;
-std::uint32_t gAppModifiers = 0;
 
 namespace {
 struct ModifierKey {

@@ -1,7 +1,7 @@
 #include "base/LetterCase.h"
 #include "base/Numbers.h"
 #include "base/Utf8.h"
-#include "controller/HotKeyRecord.h"
+#include "controller/ProcessState.h"
 #include "controller/TVController.h"
 #include "invoke/KeycodeTable.h"
 #include "invoke/ModifierMasks.h"
@@ -12,8 +12,6 @@
 #include <algorithm>
 
 namespace tavrel {
-
-std::vector<HotKeyRecord> gHotkeyArray;
 
 namespace {
 constexpr std::uint32_t hotKeySignature = 0x5456524D; // 'TVRM'

@@ -7,8 +7,6 @@
 
 namespace tavrel {
 
-Ascii2KeyCodeTable gKeycodeTable;
-
 namespace {
 
 void setName(Ascii2KeyCodeTable& table, const std::string& name) {

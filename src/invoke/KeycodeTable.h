@@ -1,20 +1,11 @@
 #pragma once
 
-#include <array>
+#include "controller/Ascii2KeyCodeTable.h"
+
 #include <cstdint>
 #include <string>
 
 namespace tavrel {
-
-/// Which key types a character, for one keyboard layout.
-struct Ascii2KeyCodeTable {
-  std::int16_t layoutId = 0;
-  std::array<std::uint8_t, 256> layoutName{};     ///< Pascal string: a length byte, then the name
-  std::array<std::int16_t, 256> keyCodeForChar{}; ///< by character code; -1: no key types it
-};
-
-/// The table of the layout that was current at launch.
-extern Ascii2KeyCodeTable gKeycodeTable;
 
 /// The answer of the table's makers when the layout's characters cannot be had.
 inline constexpr std::int16_t resourceNotFound = -192;

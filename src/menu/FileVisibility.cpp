@@ -1,7 +1,7 @@
 #include "menu/FileVisibility.h"
 
 #include "base/PathString.h"
-#include "controller/SystemVersion.h"
+#include "controller/ProcessState.h"
 #include "platform/Platform.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "base/Modifiers.h"
 #include "controller/Localized.h"
+#include "controller/ProcessState.h"
 #include "controller/SettingsNow.h"
 #include "controller/TVController.h"
 #include "menu/MenuBuilder.h"

@@ -1,14 +1,11 @@
 #include "menu/MenuIcons.h"
 
 #include "base/Format.h"
+#include "controller/ProcessState.h"
 #include "platform/Images.h"
 #include "platform/Platform.h"
 
 namespace tavrel {
-
-bool showIcon = true;
-std::optional<Image> serverIcon;
-std::optional<Image> blankIcon;
 
 namespace {
 

@@ -10,13 +10,6 @@
 
 namespace tavrel {
 
-/// Whether menus show icons; the setting `TVR_DisplayIcons`.
-extern bool showIcon;
-
-/// Icons shared by the submenus, 16 by 16 points.
-extern std::optional<Image> serverIcon;
-extern std::optional<Image> blankIcon;
-
 /// Loads what is still missing, by name from the resources; a missing image stays missing.
 void loadMenuImages(MenuImages& images);
 

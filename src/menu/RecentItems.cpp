@@ -2,6 +2,7 @@
 
 #include "base/LocalUrl.h"
 #include "controller/Localized.h"
+#include "controller/ProcessState.h"
 #include "controller/SystemVersion.h"
 #include "exec/ItemAction.h"
 #include "menu/MenuEntryState.h"

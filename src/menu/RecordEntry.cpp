@@ -2,6 +2,7 @@
 
 #include "base/Modifiers.h"
 #include "base/Numbers.h"
+#include "controller/ProcessState.h"
 #include "controller/SystemVersion.h"
 #include "exec/ItemAction.h"
 #include "menu/FolderContents.h"

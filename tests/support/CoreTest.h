@@ -1,14 +1,12 @@
 #pragma once
 
 #include "base/Modifiers.h"
-#include "controller/HotKeyRecord.h"
 #include "controller/PreferenceStore.h"
+#include "controller/ProcessState.h"
 #include "controller/SettingKeys.h"
 #include "controller/SystemVersion.h"
 #include "controller/TVApplication.h"
 #include "controller/TVController.h"
-#include "exec/ExecutingScript.h"
-#include "exec/OptionKeyFlag.h"
 #include "exec/TVAppleScript.h"
 #include "invoke/LongPress.h"
 #include "invoke/NTModifierKeyActionHandler.h"
@@ -33,17 +31,8 @@ struct RecordedEvents final : EventTarget {
 class CoreTest : public ::testing::Test {
 protected:
   CoreTest() {
+    resetProcessState();
     gOsVersion = 0x1068;
-    showIcon = true;
-    serverIcon.reset();
-    blankIcon.reset();
-    gExecutingScript = false;
-    sOptionKeyPressed = false;
-    sComponent = 0;
-    gHotkeyArray.clear();
-    gAppCharCode = 0;
-    gAppKeyCode = 0;
-    gAppModifiers = 0;
   }
 
   void set(const std::string& key, PropertyList value) {

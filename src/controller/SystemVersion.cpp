@@ -1,7 +1,0 @@
-#include "controller/SystemVersion.h"
-
-namespace tavrel {
-
-std::int32_t gOsVersion = 0;
-
-} // namespace tavrel
