@@ -11,6 +11,7 @@
 #include "platform/linux/files/LinuxFiles.h"
 #include "platform/linux/preferences/LinuxPreferences.h"
 #include "platform/memory/MemoryDesktop.h"
+#include "support/ControllerState.h"
 
 #include <benchmark/benchmark.h>
 
@@ -110,7 +111,7 @@ void buildMenu(benchmark::State& state) {
   NoEvents events;
   TVApplication application(events);
   TVController controller(application);
-  controller.menuRootArray =
+  ControllerState(controller).menuRootArray =
       LinuxPreferences(scratch().folder()).value(preferenceDomain, TVR_MenuTree);
   for (auto _ : state)
     controller.createStatusMenu();
@@ -125,7 +126,7 @@ void loadAndBuild(benchmark::State& state) {
   TVController controller(application);
   for (auto _ : state) {
     LinuxPreferences preferences(scratch().folder());
-    controller.menuRootArray = preferences.value(preferenceDomain, TVR_MenuTree);
+    ControllerState(controller).menuRootArray = preferences.value(preferenceDomain, TVR_MenuTree);
     controller.createStatusMenu();
   }
 }

@@ -25,7 +25,7 @@ TVController::TVController(TVApplication& application) : application_(applicatio
 
 // The item goes first: its menu, a member, must outlive it.
 TVController::~TVController() {
-  statusItem.reset();
+  launcher_.statusItem.reset();
   platform().presenter.setActionTarget(nullptr);
   platform().services.setServicesProvider(nullptr);
   platform().hotKeys.setEventTarget(nullptr);
@@ -35,32 +35,32 @@ TVController::~TVController() {
   platform().scripting.setApplication(nullptr);
   for (const ObserverId observer : distributedObservers_)
     platform().distributedNotifications.removeObserver(observer);
-  if (doubleTapObserver_)
-    platform().notifications.removeObserver(*doubleTapObserver_);
-  if (beepStopped_)
+  if (gestures_.doubleTapObserver)
+    platform().notifications.removeObserver(*gestures_.doubleTapObserver);
+  if (gestures_.beepStopped)
     startBeepSound();
 }
 
 void TVController::applicationWillFinishLaunching() {
   gOsVersion = platform().workspace.systemVersion();
   gHotkeyArray.clear();
-  excludeUIElements = {"AXValueIndicator", "AXDockItem", "AXButton",
-                       "AXToolbar",        "AXMenuItem", "AXMenuBarItem"};
+  gestures_.excludeUIElements = {"AXValueIndicator", "AXDockItem", "AXButton",
+                                 "AXToolbar",        "AXMenuItem", "AXMenuBarItem"};
   InitAscii2KeyCodeTable(gKeycodeTable);
-  popupPanel = {.origin = popupPanel.origin, .alpha = 0.0, .opaque = false, .visible = false};
-  loadMenuImages(images);
-  settings = readSettings();
-  showIcon = settings.displayIcons;
-  installDefaultPopupShortcut(settings);
-  menuRootArray = copyMenuRootArray();
+  popupPanel_ = {.origin = popupPanel_.origin, .alpha = 0.0, .opaque = false, .visible = false};
+  loadMenuImages(images_);
+  settings_ = readSettings();
+  showIcon = settings_.displayIcons;
+  installDefaultPopupShortcut(settings_);
+  launcher_.menuRootArray = copyMenuRootArray();
   createStatusMenu();
-  if (settings.enableStatusMenuBar)
+  if (settings_.enableStatusMenuBar)
     activateStatusMenu();
   registerHotkeys();
   observeOtherPrograms();
-  statusMenu.delegate = this;
-  doubleTapActionHandler = std::make_unique<NTModifierKeyActionHandler>();
-  doubleTapObserver_ = platform().notifications.addObserver(
+  launcher_.statusMenu.delegate = this;
+  gestures_.doubleTapActionHandler = std::make_unique<NTModifierKeyActionHandler>();
+  gestures_.doubleTapObserver = platform().notifications.addObserver(
       {doubleTapName, NTModifierKeyActionHandler::sender},
       [this](const Notification&) { doubleTapNotification(); });
   armDoubleTap();
@@ -87,23 +87,23 @@ void TVController::observeOtherPrograms() {
 // The name is added for the key that the settings name now.
 void TVController::armDoubleTap() {
   const bool byDoubleTap =
-      settings.popupSartType == static_cast<std::int32_t>(PopupStart::doubleTap);
-  if (!settings.enablePopupMenu || !byDoubleTap)
+      settings_.popupSartType == static_cast<std::int32_t>(PopupStart::doubleTap);
+  if (!settings_.enablePopupMenu || !byDoubleTap)
     return;
   const std::uint32_t mask =
-      NTModifierKeyActionHandler::keyMaskForKeyCode(settings.doubleTapKeyCode);
-  doubleTapActionHandler->addClient(doubleTapName, static_cast<std::int32_t>(mask));
+      NTModifierKeyActionHandler::keyMaskForKeyCode(settings_.doubleTapKeyCode);
+  gestures_.doubleTapActionHandler->addClient(doubleTapName, static_cast<std::int32_t>(mask));
 }
 
 void TVController::armLongPress() {
-  longPress.reset();
-  if (settings.longPressInterval <= 0)
+  gestures_.longPress.reset();
+  if (settings_.longPressInterval <= 0)
     return;
-  longPress = std::make_unique<LongPress>(LongPressActions{
-      [this] { return settings.longPressInterval; },
+  gestures_.longPress = std::make_unique<LongPress>(LongPressActions{
+      [this] { return settings_.longPressInterval; },
       [this](Point where) { return targetUIElementAt(where).has_value(); },
       [this](float seconds) { stopBeepSoundFor(seconds); }, [this] { doubleTapNotification(); }});
-  (void)longPress->watch();
+  (void)gestures_.longPress->watch();
 }
 
 } // namespace tavrel

@@ -14,16 +14,16 @@ namespace tavrel {
 // none.
 void TVController::receiveNotificationFromPrefrences(const Notification&) {
   platform().preferences.synchronize(preferenceDomain);
-  settings = readSettings();
-  showIcon = settings.displayIcons;
-  menuRootArray = copyMenuRootArray();
+  settings_ = readSettings();
+  showIcon = settings_.displayIcons;
+  launcher_.menuRootArray = copyMenuRootArray();
   createStatusMenu();
-  if (settings.enableStatusMenuBar)
+  if (settings_.enableStatusMenuBar)
     activateStatusMenu();
   else
     deactivateStatusMenu();
   registerHotkeys();
-  doubleTapActionHandler->removeClient(doubleTapName);
+  gestures_.doubleTapActionHandler->removeClient(doubleTapName);
   armDoubleTap();
   armLongPress();
 }

@@ -63,7 +63,7 @@ void TVController::receiveNotificationFromContextMenu(const Notification& notifi
 // The host is stored even when nothing runs: items run next see what the menu was shown over.
 void TVController::execScriptFor(const PropertyList::Dictionary& userInfo) {
   const std::string* host = stringFor(userInfo, "hostName");
-  hostName = orNone(host);
+  host_.hostName = orNone(host);
   application_.setHostName(host ? std::optional(*host) : std::nullopt);
   if (const std::string* path = stringFor(userInfo, "path"))
     runScriptFile(*path);

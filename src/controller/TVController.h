@@ -1,6 +1,9 @@
 #pragma once
 
+#include "controller/Gestures.h"
+#include "controller/HostContext.h"
 #include "controller/HotKeyRecord.h"
+#include "controller/LauncherMenu.h"
 #include "controller/MenuImages.h"
 #include "controller/PopupPanel.h"
 #include "controller/Settings.h"
@@ -17,12 +20,11 @@
 
 namespace tavrel {
 
-class LongPress;
-class NTModifierKeyActionHandler;
 class TVApplication;
 
 /// The central controller: it owns every long-lived object of the application and answers what
-/// the desktop tells it. Each folder defines its own group of operations.
+/// the desktop tells it. Each folder defines its own group of operations; the state that they share
+/// is private, a struct for each matter.
 class TVController final : public MenuDelegate, public MenuActionTarget, public ServicesProvider {
 public:
   explicit TVController(TVApplication& application);
@@ -114,21 +116,9 @@ public:
   /// Carries out what the plug-in asks for; a name it does not know is ignored.
   void receiveNotificationFromContextMenu(const Notification& notification);
 
-  Settings settings;
-  MenuImages images;
-  std::optional<PropertyList> menuRootArray; ///< an array of item records; nothing: empty menu
-  Menu statusMenu;                           ///< emptied and refilled, never replaced
-  std::unique_ptr<StatusItem> statusItem;    ///< null while none is shown
-  PopupPanel popupPanel;
-  std::string hostName; ///< of the application in front when the menu was called up
-  std::vector<std::string> excludeUIElements; ///< roles that are no target
-  AXUIElementRef systemWideElement;           ///< made when first used
-  std::unique_ptr<NTModifierKeyActionHandler> doubleTapActionHandler;
-  std::unique_ptr<LongPress> longPress; ///< null unless a long press is the way in
-  bool needToRecreateMenu = false;      ///< the tree changed behind the menu's back
-  bool filesSelected = false;           ///< the captured selection holds files
-
 private:
+  friend struct ControllerState; // the tests' view
+
   void addFixedTop(Menu& menu);
   void addFixedBottom(Menu& menu);
   /// Takes over the name of the application in front; its process, nothing when none is.
@@ -148,9 +138,13 @@ private:
   void execServices(const std::string& serviceName);
 
   TVApplication& application_;
-  std::optional<ObserverId> doubleTapObserver_;
+  Settings settings_;
+  MenuImages images_;
+  LauncherMenu launcher_;
+  PopupPanel popupPanel_;
+  HostContext host_;
+  Gestures gestures_;
   std::vector<ObserverId> distributedObservers_;
-  bool beepStopped_ = false;
   std::shared_ptr<const char> alive_ = std::make_shared<const char>(); ///< timers ask for it
 };
 

@@ -7,7 +7,7 @@
 namespace tavrel {
 
 void TVController::openTavrelPref(MenuItem& menuItem) {
-  if (filesSelected && menuItem.isAlternate) {
+  if (host_.filesSelected && menuItem.isAlternate) {
     insertFileItemsToPlist(capturedFiles().value_or(std::vector<std::string>()));
     platform().sounds.play("copy");
   }

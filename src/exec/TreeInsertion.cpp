@@ -26,12 +26,13 @@ PropertyList recordOfFile(const std::string& path) {
 } // namespace
 
 void TVController::insertFileItemsToPlist(const std::vector<std::string>& paths) {
-  PropertyList::Array tree = menuRootArray ? *menuRootArray->array() : PropertyList::Array{};
+  const std::optional<PropertyList>& root = launcher_.menuRootArray;
+  PropertyList::Array tree = root ? *root->array() : PropertyList::Array{};
   for (const std::string& path : paths)
     tree.push_back(recordOfFile(path));
   TVR_SetObjectForKey(tree, TVR_MenuTree);
   platform().preferences.synchronize(preferenceDomain);
-  needToRecreateMenu = true;
+  launcher_.needToRecreateMenu = true;
 }
 
 } // namespace tavrel

@@ -65,7 +65,7 @@ bool TVController::performHotkey(EventHotKeyRef reference) {
 }
 
 bool TVController::performHotkeyItem(const HotKeyRecord& record) {
-  if (settingsNow::onlyWithFinder() && hostName != "Finder")
+  if (settingsNow::onlyWithFinder() && host_.hostName != "Finder")
     return handOnKeystroke();
   if (!isHideItem(*record.HotKeyItem)) {
     executeItem(*record.HotKeyItem, true, nullptr);

@@ -49,13 +49,13 @@ void unregister(const HotKeyRecord& record) {
 
 void TVController::registerHotkeys() {
   unregisterAllHotkeys();
-  if (menuRootArray && menuRootArray->array())
-    registerHotkeysForMenuArray(*menuRootArray->array());
-  const bool byHotKey = settings.popupSartType == static_cast<std::int32_t>(PopupStart::hotKey);
-  const std::string shortcut = settings.popupShortcutString.value_or("");
-  if (settings.enablePopupMenu && byHotKey && !shortcut.empty())
-    addHotKey(firstCharacter(shortcut), static_cast<std::uint32_t>(settings.popupShortcutModifier),
-              static_cast<std::uint32_t>(settings.popupShortcutKeyCode), std::nullopt);
+  if (launcher_.menuRootArray && launcher_.menuRootArray->array())
+    registerHotkeysForMenuArray(*launcher_.menuRootArray->array());
+  const bool byHotKey = settings_.popupSartType == static_cast<std::int32_t>(PopupStart::hotKey);
+  const std::string shortcut = settings_.popupShortcutString.value_or("");
+  if (settings_.enablePopupMenu && byHotKey && !shortcut.empty())
+    addHotKey(firstCharacter(shortcut), static_cast<std::uint32_t>(settings_.popupShortcutModifier),
+              static_cast<std::uint32_t>(settings_.popupShortcutKeyCode), std::nullopt);
 }
 
 // Depth first, in the tree's order; without recursion, since a tree may nest as deep as it likes.

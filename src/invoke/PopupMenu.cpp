@@ -15,11 +15,11 @@ constexpr const char* gestureSound = "Pop.aiff";
 }
 
 void TVController::doubleTapNotification() {
-  if (popupPanel.visible) // called up again while it is open
+  if (popupPanel_.visible) // called up again while it is open
     return;
   if (settingsNow::onlyWithFinder()) {
     (void)recordFrontApplication();
-    if (hostName != "Finder")
+    if (host_.hostName != "Finder")
       return;
   }
   if (settingsNow::longPressSound())
@@ -28,14 +28,14 @@ void TVController::doubleTapNotification() {
 }
 
 void TVController::performContextMenu() {
-  if (popupPanel.visible) // by the service, too
+  if (popupPanel_.visible) // by the service, too
     return;
-  popupPanel.origin = platform().presenter.pointerLocation();
-  popupPanel.visible = true;
+  popupPanel_.origin = platform().presenter.pointerLocation();
+  popupPanel_.visible = true;
   const bool small = settingsNow::smallFontSize();
-  platform().presenter.popUp(statusMenu, popupPanel.origin,
+  platform().presenter.popUp(launcher_.statusMenu, popupPanel_.origin,
                              small ? MenuFont::small : MenuFont::standard);
-  popupPanel.visible = false;
+  popupPanel_.visible = false;
 }
 
 void TVController::invokeTavrelPopup(Pasteboard*, const std::string&, std::string*) {
@@ -44,22 +44,23 @@ void TVController::invokeTavrelPopup(Pasteboard*, const std::string&, std::strin
 
 std::optional<std::string> TVController::targetUIElementAt(Point point) {
   Accessibility& accessibility = platform().accessibility;
-  if (!systemWideElement)
-    systemWideElement = accessibility.systemWideElement();
-  const AXUIElementRef element = accessibility.elementAt(systemWideElement, point);
+  AXUIElementRef& root = gestures_.systemWideElement;
+  if (!root)
+    root = accessibility.systemWideElement();
+  const AXUIElementRef element = accessibility.elementAt(root, point);
   if (!element)
     return std::nullopt;
   const auto value = accessibility.role(element);
   const std::string* role = value ? value->string() : nullptr;
-  if (!role || std::find(excludeUIElements.begin(), excludeUIElements.end(), *role) !=
-                   excludeUIElements.end())
+  const std::vector<std::string>& excluded = gestures_.excludeUIElements;
+  if (!role || std::find(excluded.begin(), excluded.end(), *role) != excluded.end())
     return std::nullopt;
   return *role;
 }
 
 void TVController::stopBeepSoundFor(float seconds) {
   muteVolume(true);
-  beepStopped_ = true;
+  gestures_.beepStopped = true;
   (void)platform().clock.schedule(seconds, [this, alive = std::weak_ptr(alive_)] {
     if (!alive.expired())
       startBeepSound();
@@ -67,7 +68,7 @@ void TVController::stopBeepSoundFor(float seconds) {
 }
 
 void TVController::startBeepSound() {
-  beepStopped_ = false;
+  gestures_.beepStopped = false;
   muteVolume(false);
 }
 

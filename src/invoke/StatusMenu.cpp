@@ -33,34 +33,34 @@ void setIcon(StatusItem& item, const char* name) {
 } // namespace
 
 void TVController::createStatusMenu() {
-  needToRecreateMenu = false;
-  statusMenu.removeAll();
-  createContextMenu(statusMenu, rootRecords(menuRootArray), 0);
+  launcher_.needToRecreateMenu = false;
+  launcher_.statusMenu.removeAll();
+  createContextMenu(launcher_.statusMenu, rootRecords(launcher_.menuRootArray), 0);
 }
 
 void TVController::activateStatusMenu() {
-  if (statusItem)
+  if (launcher_.statusItem)
     return;
-  statusItem = platform().statusBar.addItem(variableLength);
-  setIcon(*statusItem, normalIcon);
-  statusItem->setHighlightMode(true);
-  statusItem->setMenu(&statusMenu);
+  launcher_.statusItem = platform().statusBar.addItem(variableLength);
+  setIcon(*launcher_.statusItem, normalIcon);
+  launcher_.statusItem->setHighlightMode(true);
+  launcher_.statusItem->setMenu(&launcher_.statusMenu);
 }
 
 void TVController::deactivateStatusMenu() {
-  statusItem.reset();
+  launcher_.statusItem.reset();
 }
 
 void TVController::menuWillOpen(Menu& menu) {
-  if (&menu == &statusMenu && statusItem)
-    setIcon(*statusItem, popupPanel.visible ? popupIcon : openIcon);
+  if (&menu == &launcher_.statusMenu && launcher_.statusItem)
+    setIcon(*launcher_.statusItem, popupPanel_.visible ? popupIcon : openIcon);
 }
 
 void TVController::menuDidClose(Menu& menu) {
-  if (&menu != &statusMenu)
+  if (&menu != &launcher_.statusMenu)
     return;
-  if (statusItem)
-    setIcon(*statusItem, normalIcon);
+  if (launcher_.statusItem)
+    setIcon(*launcher_.statusItem, normalIcon);
   if (!gExecutingScript) // else the script is at work on the selection still
     forgetConcealedSelection();
 }
@@ -68,7 +68,7 @@ void TVController::menuDidClose(Menu& menu) {
 void TVController::menuNeedsUpdate(Menu& menu) {
   if (gExecutingScript)
     return;
-  if (&menu == &statusMenu)
+  if (&menu == &launcher_.statusMenu)
     prepareStatusMenu();
   else if (menu.title != groupMenuTitle && !isKeyPreessed())
     attachFolderContentsFor(menu);
@@ -76,10 +76,10 @@ void TVController::menuNeedsUpdate(Menu& menu) {
 
 void TVController::prepareStatusMenu() {
   captureFrontSelection();
-  filesSelected = isSelectionFiles();
-  if (needToRecreateMenu)
+  host_.filesSelected = isSelectionFiles();
+  if (launcher_.needToRecreateMenu)
     createStatusMenu();
-  validateContextMenu(statusMenu, rootRecords(menuRootArray), 0);
+  validateContextMenu(launcher_.statusMenu, rootRecords(launcher_.menuRootArray), 0);
 }
 
 void TVController::captureFrontSelection() {
@@ -87,10 +87,10 @@ void TVController::captureFrontSelection() {
   if (!process)
     return clearPasteboard(privatePasteboard()); // nobody to wait for
   const AXUIElementRef applicationRef = platform().accessibility.applicationElement(*process);
-  if (hostName == ownName)
+  if (host_.hostName == ownName)
     return;
-  if (captureScriptFor(hostName))
-    setSelectionToPasteboardWithScript(hostName);
+  if (captureScriptFor(host_.hostName))
+    setSelectionToPasteboardWithScript(host_.hostName);
   else
     setSelectionToPasteboard(applicationRef);
 }
@@ -100,13 +100,14 @@ std::optional<std::int32_t> TVController::recordFrontApplication() {
   std::optional<std::string> name;
   if (front && front->path)
     name = deletingPathExtension(lastPathComponent(*front->path));
-  hostName = name.value_or("");
+  host_.hostName = name.value_or("");
   application_.setHostName(std::move(name));
   return front ? std::optional(front->processIdentifier) : std::nullopt;
 }
 
 void TVController::menuItemChosen(MenuItem& item) {
-  popupPanel.visible = false; // its menu has closed, and may be called up again while the item runs
+  popupPanel_.visible =
+      false; // its menu has closed, and may be called up again while the item runs
   switch (item.action) {
   case MenuAction::none:
     return;

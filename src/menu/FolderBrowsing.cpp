@@ -16,7 +16,7 @@ void TVController::attachFolderContentsFor(Menu& menu) {
     addRecentItems(menu);
   else
     addFolderContents(menu, cleanedUpPath(menu.title),
-                      {settings.browseFolder, settings.browsePackage, images, this});
+                      {settings_.browseFolder, settings_.browsePackage, images_, this});
 }
 
 } // namespace tavrel

@@ -33,11 +33,11 @@ std::optional<Image> settingsAlternateIcon(const MenuImages& images) {
 void TVController::addFixedTop(Menu& menu) {
   addHidden(menu, {.title = localized("Selected Folder")});
   addHidden(menu, {.isSeparator = true});
-  if (settings.showProcessMenu)
+  if (settings_.showProcessMenu)
     addLiveSubmenu(menu, "Running Applications", processMenuTitle, this);
-  if (settings.showRecentItems)
+  if (settings_.showRecentItems)
     addLiveSubmenu(menu, "Recent Items", recentMenuTitle, this);
-  if (settings.showProcessMenu || settings.showRecentItems)
+  if (settings_.showProcessMenu || settings_.showRecentItems)
     menu.addSeparator();
 }
 
@@ -47,18 +47,18 @@ void TVController::addFixedBottom(Menu& menu) {
   MenuItem& entry =
       menu.add({.title = localized("Tavrel Setting"), .action = MenuAction::openTavrelPref});
   if (showIcon)
-    entry.image = images.prefIcon;
+    entry.image = images_.prefIcon;
   MenuItem alternate{.title = localized("Add to Tavrel"), .action = MenuAction::openTavrelPref};
   alternate.keyEquivalentModifierMask = modifier::option;
   alternate.isAlternate = true;
-  alternate.image = settingsAlternateIcon(images);
+  alternate.image = settingsAlternateIcon(images_);
   addHidden(menu, std::move(alternate));
 }
 
 void TVController::createContextMenu(Menu& menu, const PropertyList::Array& array, int level) {
   if (level == 0)
     addFixedTop(menu);
-  const MenuBuild build{settings.browseFolder, settings.browsePackage, images, this};
+  const MenuBuild build{settings_.browseFolder, settings_.browsePackage, images_, this};
   if (const auto place = buildRecords(menu, array, build)) {
     platform().log.write("menu: item " + recordPlaceText(*place) +
                          " of TVR_MenuTree has no title; the menu ends before it");

@@ -42,10 +42,9 @@ void showSelectedFolder(MenuItem& entry, const std::string& path, MenuDelegate* 
   entry.representedObject = selectedFolderRecord(folder);
 }
 
-void fitSelectedFolder(Menu& menu, TVController& controller) {
-  const auto path = controller.settings.browseFolder ? singleSelectedFolder() : std::nullopt;
+void fitSelectedFolder(Menu& menu, const std::optional<std::string>& path, MenuDelegate* delegate) {
   if (path && !menu.items.empty())
-    showSelectedFolder(*menu.items[selectedFolderIndex], *path, &controller);
+    showSelectedFolder(*menu.items[selectedFolderIndex], *path, delegate);
   hideMenuItem(menu, selectedFolderIndex, !path);
   hideMenuItem(menu, selectedFolderSeparatorIndex, !path);
 }
@@ -65,14 +64,14 @@ void fitEntries(Menu& menu, std::size_t first, const TVController& controller,
 } // namespace
 
 bool TVController::isHideItem(const PropertyList& item) const {
-  return !isOfferedIn(hostName, item) || !isOfferedForSelection(item);
+  return !isOfferedIn(host_.hostName, item) || !isOfferedForSelection(item);
 }
 
 void TVController::validateContextMenu(Menu& menu, const PropertyList::Array& /*array*/,
                                        int level) {
   validateSeparator(menu, 0);
   if (level == 0)
-    fitSelectedFolder(menu, *this);
+    fitSelectedFolder(menu, settings_.browseFolder ? singleSelectedFolder() : std::nullopt, this);
   // Groups wait in a list, not on the stack: a tree may be of any depth.
   std::vector<Menu*> groups;
   fitEntries(menu, level == 0 ? selectedFolderSeparatorIndex + 1 : 0, *this, groups);

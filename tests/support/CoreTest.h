@@ -15,6 +15,7 @@
 #include "platform/memory/MemoryDesktop.h"
 #include "platform/memory/MenuText.h"
 #include "selection/PrivatePasteboard.h"
+#include "support/ControllerState.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -59,6 +60,7 @@ protected:
   RecordedEvents base;
   TVApplication application{base};
   TVController controller{application};
+  ControllerState state{controller};
 };
 
 /// A record of the tree, with whatever other keys it has.

@@ -7,14 +7,14 @@ using Launch = ControllerTest;
 
 TEST_F(Launch, AnEmptyStoreYieldsEveryDefault) {
   controller.applicationWillFinishLaunching();
-  const Settings& settings = controller.settings;
+  const Settings& settings = state.settings;
   EXPECT_TRUE(settings.browseFolder && settings.showProcessMenu && settings.showRecentItems);
   EXPECT_TRUE(settings.enablePopupMenu && settings.enableContextMenu);
   EXPECT_TRUE(settings.enableStatusMenuBar && showIcon);
   EXPECT_FALSE(settings.browsePackage);
   EXPECT_EQ(settings.popupSartType, 1);
   EXPECT_EQ(settings.longPressInterval, 0.0F);
-  EXPECT_FALSE(controller.menuRootArray);
+  EXPECT_FALSE(state.menuRootArray);
 }
 
 TEST_F(Launch, SettingsThatNobodyHasReadAreThoseOfAnEmptyStore) {
@@ -50,7 +50,7 @@ TEST_F(Launch, EverySettingIsReadUnderItsName) {
   set("TVR2_PopupShortcutModifier", 0x20000);
   set("TVR2_PopupShortcutKeyCode", 7);
   controller.applicationWillFinishLaunching();
-  const Settings& settings = controller.settings;
+  const Settings& settings = state.settings;
   EXPECT_FALSE(settings.browseFolder || settings.showProcessMenu || settings.showRecentItems);
   EXPECT_FALSE(settings.enablePopupMenu || settings.enableContextMenu);
   EXPECT_FALSE(settings.enableStatusMenuBar || showIcon);
@@ -81,30 +81,30 @@ TEST_F(Launch, ASwitchChangesNothingButItself) {
 
 TEST_F(Launch, WithoutAStoredShortcutThePopupIsCommandOptionOne) {
   controller.applicationWillFinishLaunching();
-  EXPECT_EQ(controller.settings.popupShortcutString, "1");
-  EXPECT_EQ(controller.settings.popupShortcutModifier, 0x180000);
-  EXPECT_EQ(controller.settings.popupShortcutKeyCode, 18);
+  EXPECT_EQ(state.settings.popupShortcutString, "1");
+  EXPECT_EQ(state.settings.popupShortcutModifier, 0x180000);
+  EXPECT_EQ(state.settings.popupShortcutKeyCode, 18);
 }
 
 TEST_F(Launch, AStoredShortcutStaysWithTheModifiersThatAreThere) {
   set(TVR2_PopupShortcutString, "x");
   controller.applicationWillFinishLaunching();
-  EXPECT_EQ(controller.settings.popupShortcutString, "x");
-  EXPECT_EQ(controller.settings.popupShortcutModifier, 0);
+  EXPECT_EQ(state.settings.popupShortcutString, "x");
+  EXPECT_EQ(state.settings.popupShortcutModifier, 0);
 }
 
 TEST_F(Launch, ALongPressIntervalCountsOnlyForALongPress) {
   set(TVR_LongPressInterval, 0.8);
   set(TVR2_PopupStartType, 1);
   controller.applicationWillFinishLaunching();
-  EXPECT_EQ(controller.settings.longPressInterval, 0.0F);
+  EXPECT_EQ(state.settings.longPressInterval, 0.0F);
 }
 
 TEST_F(Launch, ALongPressKeepsItsInterval) {
   set(TVR_LongPressInterval, 0.8);
   set(TVR2_PopupStartType, 2);
   controller.applicationWillFinishLaunching();
-  EXPECT_EQ(controller.settings.longPressInterval, 0.8F);
+  EXPECT_EQ(state.settings.longPressInterval, 0.8F);
 }
 
 TEST_F(Launch, ALongPressOfADisabledPopupHasNoInterval) {
@@ -112,55 +112,55 @@ TEST_F(Launch, ALongPressOfADisabledPopupHasNoInterval) {
   set(TVR2_PopupStartType, 2);
   set(TVR2_EnablePopupMenu, false);
   controller.applicationWillFinishLaunching();
-  EXPECT_EQ(controller.settings.longPressInterval, 0.0F);
+  EXPECT_EQ(state.settings.longPressInterval, 0.0F);
 }
 
 TEST_F(Launch, RecentItemsAreOffBeforeTenFourWhateverTheSettingSays) {
   set(TVR_ShowRecentItems, true);
   desktop.workspace.control.systemVersion = 0x1039;
   controller.applicationWillFinishLaunching();
-  EXPECT_FALSE(controller.settings.showRecentItems);
+  EXPECT_FALSE(state.settings.showRecentItems);
 }
 
 TEST_F(Launch, RecentItemsAreOnFromTenFourOn) {
   desktop.workspace.control.systemVersion = 0x1040;
   controller.applicationWillFinishLaunching();
-  EXPECT_TRUE(controller.settings.showRecentItems);
+  EXPECT_TRUE(state.settings.showRecentItems);
 }
 
 TEST_F(Launch, RecentItemsFollowTheSetting) {
   set(TVR_ShowRecentItems, false);
   desktop.workspace.control.systemVersion = 0x1040;
   controller.applicationWillFinishLaunching();
-  EXPECT_FALSE(controller.settings.showRecentItems);
+  EXPECT_FALSE(state.settings.showRecentItems);
 }
 
 TEST_F(Launch, ADisabledStatusItemStillHasItsMenu) {
   set(TVR2_EnableStatusMenuBar, false);
   controller.applicationWillFinishLaunching();
   EXPECT_TRUE(desktop.statusBar.control.items.empty());
-  EXPECT_FALSE(controller.statusMenu.items.empty());
+  EXPECT_FALSE(state.statusMenu.items.empty());
 }
 
 TEST_F(Launch, TheStatusItemShowsTheMenuThatTheControllerPrepares) {
   controller.applicationWillFinishLaunching();
   ASSERT_EQ(desktop.statusBar.control.items.size(), 1U);
-  EXPECT_EQ(desktop.statusBar.control.items[0]->menu, &controller.statusMenu);
+  EXPECT_EQ(desktop.statusBar.control.items[0]->menu, &state.statusMenu);
   EXPECT_EQ(desktop.statusBar.control.items[0]->length, -1.0);
   EXPECT_TRUE(desktop.statusBar.control.items[0]->highlight);
-  EXPECT_EQ(controller.statusMenu.delegate, &controller);
+  EXPECT_EQ(state.statusMenu.delegate, &controller);
 }
 
 TEST_F(Launch, ThePanelIsUnseen) {
   controller.applicationWillFinishLaunching();
-  EXPECT_FALSE(controller.popupPanel.visible);
-  EXPECT_FALSE(controller.popupPanel.opaque);
-  EXPECT_EQ(controller.popupPanel.alpha, 0.0);
+  EXPECT_FALSE(state.popupPanel.visible);
+  EXPECT_FALSE(state.popupPanel.opaque);
+  EXPECT_EQ(state.popupPanel.alpha, 0.0);
 }
 
 TEST_F(Launch, TheRolesThatCountAsNoTargetAreListedInOrder) {
   controller.applicationWillFinishLaunching();
-  EXPECT_THAT(controller.excludeUIElements,
+  EXPECT_THAT(state.excludeUIElements,
               ::testing::ElementsAre("AXValueIndicator", "AXDockItem", "AXButton", "AXToolbar",
                                      "AXMenuItem", "AXMenuBarItem"));
 }
@@ -171,16 +171,16 @@ TEST_F(Launch, IconsAreSizedForMenusAndBadgesAreNot) {
     desktop.images.control.resources[name] = {32, 32};
   controller.applicationWillFinishLaunching();
   for (const auto* icon :
-       {&controller.images.servicesIcon, &controller.images.urlIcon, &controller.images.prefIcon,
-        &controller.images.addToTVRMIcon, &serverIcon, &blankIcon})
+       {&state.images.servicesIcon, &state.images.urlIcon, &state.images.prefIcon,
+        &state.images.addToTVRMIcon, &serverIcon, &blankIcon})
     EXPECT_EQ(icon->value().size, menuIconSize);
-  EXPECT_EQ(controller.images.move_badge_image.value().size, (Size{32, 32}));
-  EXPECT_EQ(controller.images.service_mark_image.value().size, (Size{32, 32}));
+  EXPECT_EQ(state.images.move_badge_image.value().size, (Size{32, 32}));
+  EXPECT_EQ(state.images.service_mark_image.value().size, (Size{32, 32}));
 }
 
 TEST_F(Launch, AMissingImageLeavesItsPlaceEmpty) {
   controller.applicationWillFinishLaunching();
-  EXPECT_FALSE(controller.images.prefIcon);
+  EXPECT_FALSE(state.images.prefIcon);
   EXPECT_FALSE(blankIcon);
 }
 

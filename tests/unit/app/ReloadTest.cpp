@@ -42,7 +42,7 @@ TEST_F(Reload, EverySettingIsReadAnew) {
   set("TVR_DoBrowsePackage", true);
   set("TVR2_PopupStartType", 0);
   notify();
-  const Settings& settings = controller.settings;
+  const Settings& settings = state.settings;
   EXPECT_FALSE(settings.browseFolder || settings.showProcessMenu || settings.showRecentItems);
   EXPECT_FALSE(settings.enablePopupMenu || settings.enableContextMenu || showIcon);
   EXPECT_TRUE(settings.browsePackage);
@@ -54,8 +54,8 @@ TEST_F(Reload, AMissingValueComesToItsDefaultAgain) {
   launch();
   desktop.preferences.control.store[preferenceDomain].clear();
   notify();
-  EXPECT_TRUE(controller.settings.browseFolder);
-  EXPECT_FALSE(controller.menuRootArray);
+  EXPECT_TRUE(state.settings.browseFolder);
+  EXPECT_FALSE(state.menuRootArray);
 }
 
 TEST_F(Reload, TheDomainIsSynchronisedOnceBeforeAnythingIsRead) {
@@ -70,7 +70,7 @@ TEST_F(Reload, RecentItemsStayOffBeforeTenFour) {
   launch();
   set(TVR_ShowRecentItems, true);
   notify();
-  EXPECT_FALSE(controller.settings.showRecentItems);
+  EXPECT_FALSE(state.settings.showRecentItems);
 }
 
 TEST_F(Reload, ALongPressKeepsItsIntervalOnlyWhileItIsTheWayIn) {
@@ -78,21 +78,20 @@ TEST_F(Reload, ALongPressKeepsItsIntervalOnlyWhileItIsTheWayIn) {
   set(TVR_LongPressInterval, 0.8);
   set(TVR2_PopupStartType, 2);
   notify();
-  EXPECT_EQ(controller.settings.longPressInterval, 0.8F);
+  EXPECT_EQ(state.settings.longPressInterval, 0.8F);
   set(TVR2_EnablePopupMenu, false);
   notify();
-  EXPECT_EQ(controller.settings.longPressInterval, 0.0F);
+  EXPECT_EQ(state.settings.longPressInterval, 0.0F);
 }
 
 TEST_F(Reload, TheMenuIsBuiltAnewAtOnce) {
   launch();
   setTree({record("url", "New", {{TVR_MenuItemURL, "http://a.b"}})});
-  controller.needToRecreateMenu = true;
+  state.needToRecreateMenu = true;
   notify();
-  EXPECT_FALSE(controller.needToRecreateMenu);
-  EXPECT_THAT(menuText(controller.statusMenu, MenuTextDetail::visibleRows),
-              ::testing::HasSubstr("New"));
-  EXPECT_EQ(&controller.statusMenu, desktop.statusBar.control.items[0]->menu);
+  EXPECT_FALSE(state.needToRecreateMenu);
+  EXPECT_THAT(menuText(state.statusMenu, MenuTextDetail::visibleRows), ::testing::HasSubstr("New"));
+  EXPECT_EQ(&state.statusMenu, desktop.statusBar.control.items[0]->menu);
 }
 
 TEST_F(Reload, TurningTheStatusItemOffRemovesItAtOnceAndOnMakesANewOne) {
@@ -138,9 +137,9 @@ TEST_F(Reload, WithoutAStoredShortcutThereIsNoPopupHotKeyAlthoughALaunchInstalls
   EXPECT_EQ(gHotkeyArray.size(), 1U);
   notify();
   EXPECT_THAT(gHotkeyArray, IsEmpty());
-  EXPECT_FALSE(controller.settings.popupShortcutString);
-  EXPECT_EQ(controller.settings.popupShortcutModifier, 0);
-  EXPECT_EQ(controller.settings.popupShortcutKeyCode, 0);
+  EXPECT_FALSE(state.settings.popupShortcutString);
+  EXPECT_EQ(state.settings.popupShortcutModifier, 0);
+  EXPECT_EQ(state.settings.popupShortcutKeyCode, 0);
 }
 
 TEST_F(Reload, TheHotKeysOfTheOldTreeAreGone) {
@@ -189,7 +188,7 @@ TEST_F(Reload, InTheMiddleOfAnItemsScriptItLeavesTheItemWhole) {
   desktop.statusBar.click();
   EXPECT_THAT(desktop.scripts.control.ran, ElementsAre("/s.scpt"));
   EXPECT_EQ(statusItems(), 0U);
-  EXPECT_EQ(controller.settings.enableStatusMenuBar, false);
+  EXPECT_EQ(state.settings.enableStatusMenuBar, false);
 }
 
 TEST_F(Reload, InTheMiddleOfAHotKeysScriptItLeavesTheKeysInOrder) {

@@ -38,7 +38,7 @@ protected:
 TEST_F(PluginRequests, AScriptFileIsRun) {
   post("execScript", {{"path", "/s.scpt"}, {"hostName", "Editor"}});
   EXPECT_THAT(desktop.scripts.control.ran, ElementsAre("/s.scpt"));
-  EXPECT_EQ(controller.hostName, "Editor");
+  EXPECT_EQ(state.hostName, "Editor");
   EXPECT_EQ(application.hostAppName(), "Editor");
 }
 
@@ -93,10 +93,10 @@ TEST_F(PluginRequests, WithNeitherFileNorSourceTheHostIsStoredAllTheSame) {
 
 TEST_F(PluginRequests, AMissingHostIsStoredAsNone) {
   application.setHostName("Before");
-  controller.hostName = "Before";
+  state.hostName = "Before";
   post("execScript", {});
   EXPECT_EQ(application.hostAppName(), std::nullopt);
-  EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(state.hostName, "");
 }
 
 TEST_F(PluginRequests, AnApplicationIsQuitByItsFileName) {

@@ -49,7 +49,7 @@ TEST_F(EntryEffectsTest, TheAlternateOfAFolderOfTheTreeMovesFilesAndThatOfADocum
   files.addFolder("/docs");
   const PropertyList::Array records{fileRecord("folder", "Docs", "file:///docs"),
                                     fileRecord("document file", "Docs", "file:///docs")};
-  controller.settings.browseFolder = false;
+  state.settings.browseFolder = false;
   controller.createContextMenu(menu, records, 1);
   ASSERT_EQ(menu.items.size(), 4U);
   EXPECT_EQ(menu.items[1]->effects.plain, ItemAction::moveSelectedFiles);

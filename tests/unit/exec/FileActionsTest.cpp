@@ -202,8 +202,8 @@ TEST_F(TreeInsertion, TheDomainIsSynchronisedAndTheMenuIsRebuiltLater) {
   controller.applicationWillFinishLaunching();
   controller.insertFileItemsToPlist({"/docs/a.txt"});
   EXPECT_THAT(desktop.preferences.control.synchronized, ElementsAre(preferenceDomain));
-  EXPECT_TRUE(controller.needToRecreateMenu);
-  EXPECT_FALSE(controller.menuRootArray) << "the tree in memory stays until it is read again";
+  EXPECT_TRUE(state.needToRecreateMenu);
+  EXPECT_FALSE(state.menuRootArray) << "the tree in memory stays until it is read again";
 }
 
 } // namespace

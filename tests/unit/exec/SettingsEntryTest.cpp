@@ -17,7 +17,7 @@ protected:
 
   // As the menu is left when it is chosen from.
   void choose(bool alternate) {
-    controller.filesSelected = isSelectionFiles();
+    state.filesSelected = isSelectionFiles();
     MenuItem entry{.action = MenuAction::openTavrelPref};
     entry.isAlternate = alternate;
     controller.menuItemChosen(entry);
@@ -56,7 +56,7 @@ TEST_F(SettingsEntry, ItsAlternateAddsTheCapturedFilesFirst) {
   EXPECT_EQ(inTree, 3U) << "the pane shows what was added";
   EXPECT_THAT(titlesInTree(), ElementsAre("First", "a.txt", "folder"));
   EXPECT_THAT(played, ElementsAre("copy"));
-  EXPECT_TRUE(controller.needToRecreateMenu);
+  EXPECT_TRUE(state.needToRecreateMenu);
 }
 
 TEST_F(SettingsEntry, ItsAlternateTakesTheOtherFileListAsWell) {
@@ -70,7 +70,7 @@ TEST_F(SettingsEntry, ItsAlternateWithoutCapturedFilesJustOpensThePane) {
   expectThePane();
   EXPECT_THAT(titlesInTree(), ElementsAre("First"));
   EXPECT_THAT(played, IsEmpty());
-  EXPECT_FALSE(controller.needToRecreateMenu);
+  EXPECT_FALSE(state.needToRecreateMenu);
 }
 
 TEST_F(SettingsEntry, FilesCapturedAfterTheMenuOpenedDoNotCount) {

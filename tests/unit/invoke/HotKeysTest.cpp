@@ -164,7 +164,7 @@ TEST_F(HotKeysOfTree, TheSelectionIsCopiedByAKeystrokeEvenInTheFinder) {
   EXPECT_EQ(posted(), "55 down, 8 'c' down, 8 'c' up, 55 up");
   EXPECT_EQ(desktop.accessibility.control.posted.front().processIdentifier,
             finder.processIdentifier);
-  EXPECT_EQ(controller.hostName, "Finder");
+  EXPECT_EQ(state.hostName, "Finder");
 }
 
 TEST_F(HotKeysOfTree, NoHotKeyIsRegisteredWhileAKeystrokeIsHandedOn) {

@@ -99,7 +99,7 @@ TEST_F(KeycodeTable, TheProcessWideTableStaysThatOfTheLayoutAtLaunch) {
   desktop.keyboard.control.layoutId = 8;
   desktop.keyboard.control.tables->tables[0][7] = 'q';
   controller.createStatusMenu();
-  controller.menuNeedsUpdate(controller.statusMenu);
+  controller.menuNeedsUpdate(ControllerState(controller).statusMenu);
   EXPECT_EQ(AsciiToKeyCode(gKeycodeTable, 'x'), 7);
   EXPECT_EQ(AsciiToKeyCode(gKeycodeTable, 'q'), -1);
   EXPECT_EQ(gKeycodeTable.layoutId, 7);

@@ -16,15 +16,15 @@ protected:
 TEST_F(Popup, OpensAtThePointerWithASound) {
   launch();
   desktop.presenter.control.person = [this](OpenMenu&) {
-    EXPECT_TRUE(controller.popupPanel.visible);
-    EXPECT_EQ(controller.popupPanel.origin, (Point{0, 0}));
+    EXPECT_TRUE(state.popupPanel.visible);
+    EXPECT_EQ(state.popupPanel.origin, (Point{0, 0}));
   };
   controller.doubleTapNotification();
   ASSERT_EQ(shown.size(), 1U);
   EXPECT_EQ(shown[0].where, (Point{0, 0}));
   EXPECT_EQ(shown[0].font, MenuFont::standard);
   EXPECT_THAT(played, ::testing::ElementsAre("Pop.aiff"));
-  EXPECT_FALSE(controller.popupPanel.visible);
+  EXPECT_FALSE(state.popupPanel.visible);
 }
 
 TEST_F(Popup, OverAnotherApplicationThanTheFinderNeitherSoundsNorOpens) {
@@ -74,7 +74,7 @@ TEST_F(Popup, OpensAgainWhileWhatWasChosenInItIsStillAtWork) {
   desktop.presenter.control.person = [](OpenMenu& open) { EXPECT_TRUE(open.choose({"Run"})); };
   controller.doubleTapNotification();
   EXPECT_EQ(shown.size(), 2U);
-  EXPECT_FALSE(controller.popupPanel.visible);
+  EXPECT_FALSE(state.popupPanel.visible);
 }
 
 TEST_F(Popup, HasTheSmallFontAndTheMenuBarKeepsItsOwn) {
@@ -98,7 +98,7 @@ TEST_F(Popup, TheServiceOpensIt) {
 TEST_F(Popup, ExcludedRolesAreNoTarget) {
   launch();
   auto& control = desktop.accessibility.control;
-  for (const std::string& role : controller.excludeUIElements) {
+  for (const std::string& role : state.excludeUIElements) {
     control.roleAtPoint = role;
     EXPECT_EQ(controller.targetUIElementAt({1, 2}), std::nullopt);
   }

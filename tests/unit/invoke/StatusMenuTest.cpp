@@ -39,8 +39,8 @@ TEST_F(StatusMenu, DeactivatingWithoutAnItemIsHarmless) {
   controller.deactivateStatusMenu();
   controller.deactivateStatusMenu();
   EXPECT_TRUE(desktop.statusBar.control.items.empty());
-  controller.menuWillOpen(controller.statusMenu);
-  controller.menuDidClose(controller.statusMenu);
+  controller.menuWillOpen(state.statusMenu);
+  controller.menuDidClose(state.statusMenu);
   controller.activateStatusMenu();
   EXPECT_EQ(desktop.statusBar.control.items.size(), 1U);
 }
@@ -50,20 +50,20 @@ TEST_F(StatusMenu, ASwitchedOffItemLeavesThePreparedMenuToThePopup) {
   desktop.preferences.synchronize(preferenceDomain);
   controller.deactivateStatusMenu();
   controller.applicationWillFinishLaunching();
-  ASSERT_FALSE(controller.statusItem);
+  ASSERT_FALSE(state.statusItem);
   desktop.applications.control.start("Editor", "/Applications/Editor.app");
   answerCopy(desktop, copyFiles({"/docs/a.txt"}));
-  controller.needToRecreateMenu = true;
-  const std::shared_ptr<MenuItem> before = controller.statusMenu.items[0];
+  state.needToRecreateMenu = true;
+  const std::shared_ptr<MenuItem> before = state.statusMenu.items[0];
   bool opened = false;
   desktop.presenter.control.person = [&](OpenMenu& open) {
     opened = open.row("Letter") != nullptr;
   };
-  desktop.presenter.popUp(controller.statusMenu, {10, 10}, MenuFont::standard);
+  desktop.presenter.popUp(state.statusMenu, {10, 10}, MenuFont::standard);
   EXPECT_TRUE(opened);
-  EXPECT_EQ(controller.hostName, "Editor");
-  EXPECT_TRUE(controller.filesSelected);
-  EXPECT_NE(controller.statusMenu.items[0], before);
+  EXPECT_EQ(state.hostName, "Editor");
+  EXPECT_TRUE(state.filesSelected);
+  EXPECT_NE(state.statusMenu.items[0], before);
 }
 
 TEST_F(StatusMenu, TheIconShowsTheMenuOpenAndClosed) {
@@ -75,11 +75,11 @@ TEST_F(StatusMenu, TheIconShowsTheMenuOpenAndClosed) {
 }
 
 TEST_F(StatusMenu, TheIconTellsAPopUpFromAMenuBarOpening) {
-  controller.popupPanel.visible = true;
+  state.popupPanel.visible = true;
   desktop.presenter.control.person = [this](OpenMenu&) {
     EXPECT_EQ(iconsShown().back(), "resource TavrelBarIcon3");
   };
-  desktop.presenter.popUp(controller.statusMenu, {10, 10}, MenuFont::standard);
+  desktop.presenter.popUp(state.statusMenu, {10, 10}, MenuFont::standard);
   EXPECT_EQ(iconsShown().back(), "resource TavrelBarIcon");
 }
 
@@ -93,14 +93,14 @@ TEST_F(StatusMenu, ASubmenuLeavesTheIconAlone) {
 TEST_F(StatusMenu, OpeningRecordsTheFrontApplicationByItsFileName) {
   desktop.applications.control.start("Editor", "/Applications/Text Edit.app");
   clickWith(nullptr);
-  EXPECT_EQ(controller.hostName, "Text Edit");
+  EXPECT_EQ(state.hostName, "Text Edit");
   EXPECT_EQ(application.hostAppName(), "Text Edit");
 }
 
 TEST_F(StatusMenu, WithoutAFrontApplicationThereIsNoHostName) {
   application.setHostName("Editor");
   clickWith(nullptr);
-  EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(state.hostName, "");
   EXPECT_EQ(application.hostAppName(), std::nullopt);
 }
 
@@ -109,29 +109,29 @@ TEST_F(StatusMenu, AFrontApplicationWithoutAPathHasNoHostName) {
   desktop.applications.control.active->path.reset();
   application.setHostName("Before");
   clickWith(nullptr);
-  EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(state.hostName, "");
   EXPECT_EQ(application.hostAppName(), std::nullopt);
 }
 
 TEST_F(StatusMenu, OpeningNoticesCapturedFiles) {
   answerCopy(desktop, copyFiles({"/docs/a.txt"}, pasteboardType::pathFinderFilenames));
   clickWith(nullptr);
-  EXPECT_TRUE(controller.filesSelected);
+  EXPECT_TRUE(state.filesSelected);
   answerCopy(desktop, copyText("words"));
   clickWith(nullptr);
-  EXPECT_FALSE(controller.filesSelected);
+  EXPECT_FALSE(state.filesSelected);
 }
 
 TEST_F(StatusMenu, WhileAScriptRunsNothingIsPrepared) {
   desktop.applications.control.start("Editor", "/Applications/Editor.app");
   capture({"/docs/a.txt"});
   gExecutingScript = true;
-  controller.needToRecreateMenu = true;
+  state.needToRecreateMenu = true;
   clickWith(nullptr);
-  EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(state.hostName, "");
   EXPECT_EQ(application.hostAppName(), std::nullopt);
-  EXPECT_FALSE(controller.filesSelected);
-  EXPECT_TRUE(controller.needToRecreateMenu);
+  EXPECT_FALSE(state.filesSelected);
+  EXPECT_TRUE(state.needToRecreateMenu);
 }
 
 TEST_F(StatusMenu, AMenuOpenedByARunningScriptIsNotPrepared) {
@@ -143,26 +143,26 @@ TEST_F(StatusMenu, AMenuOpenedByARunningScriptIsNotPrepared) {
   };
   controller.executeItem(fileRecord("applescript", "Run", "file:///run.scpt"), true, nullptr);
   EXPECT_EQ(desktop.presenter.control.shown.size(), 1U);
-  EXPECT_EQ(controller.hostName, "");
+  EXPECT_EQ(state.hostName, "");
   clickWith(nullptr);
-  EXPECT_EQ(controller.hostName, "Editor");
+  EXPECT_EQ(state.hostName, "Editor");
 }
 
 TEST_F(StatusMenu, AChangedTreeIsRebuiltOnceWhenTheMenuNextOpens) {
-  controller.needToRecreateMenu = true;
-  const std::shared_ptr<MenuItem> before = controller.statusMenu.items[0];
+  state.needToRecreateMenu = true;
+  const std::shared_ptr<MenuItem> before = state.statusMenu.items[0];
   clickWith(nullptr);
-  const std::shared_ptr<MenuItem> rebuilt = controller.statusMenu.items[0];
+  const std::shared_ptr<MenuItem> rebuilt = state.statusMenu.items[0];
   EXPECT_NE(rebuilt, before);
-  EXPECT_FALSE(controller.needToRecreateMenu);
+  EXPECT_FALSE(state.needToRecreateMenu);
   clickWith(nullptr);
-  EXPECT_EQ(controller.statusMenu.items[0], rebuilt);
+  EXPECT_EQ(state.statusMenu.items[0], rebuilt);
 }
 
 TEST_F(StatusMenu, RebuildingReplacesEveryEntry) {
-  const std::string before = menuText(controller.statusMenu, MenuTextDetail::everything);
+  const std::string before = menuText(state.statusMenu, MenuTextDetail::everything);
   controller.createStatusMenu();
-  EXPECT_EQ(menuText(controller.statusMenu, MenuTextDetail::everything), before);
+  EXPECT_EQ(menuText(state.statusMenu, MenuTextDetail::everything), before);
 }
 
 TEST_F(StatusMenu, AChosenEntryReachesTheDispatcher) {
@@ -175,7 +175,7 @@ class ChosenApplication : public StatusMenu {
 protected:
   ChosenApplication() {
     desktop.files.control.addApplication("/apps/Edit.app");
-    controller.menuRootArray =
+    state.menuRootArray =
         PropertyList::Array{fileRecord("application", "Edit", "file:///apps/Edit.app")};
     controller.createStatusMenu();
     answerCopy(desktop, copyFiles({"/docs/a.txt"}));

@@ -16,7 +16,7 @@ protected:
     return shown();
   }
 
-  std::string shown() { return menuText(controller.statusMenu, MenuTextDetail::everything); }
+  std::string shown() { return menuText(state.statusMenu, MenuTextDetail::everything); }
 };
 
 TEST_F(FixedEntries, AnEmptyTreeHasThemAll) {
@@ -63,8 +63,8 @@ Recent Items (TVRM_RecentMenu)
 TEST_F(FixedEntries, LiveSubmenusAreFilledByTheController) {
   built();
   for (std::size_t place : {2U, 3U}) {
-    EXPECT_EQ(controller.statusMenu.items.at(place)->submenu->delegate, &controller);
-    EXPECT_TRUE(controller.statusMenu.items[place]->submenu->items.empty());
+    EXPECT_EQ(state.statusMenu.items.at(place)->submenu->delegate, &controller);
+    EXPECT_TRUE(state.statusMenu.items[place]->submenu->items.empty());
   }
 }
 

@@ -38,7 +38,7 @@ TEST_F(FolderBrowsing, NamesAreListedAsPeopleCountAndHiddenOnesAreLeftOut) {
 }
 
 TEST_F(FolderBrowsing, AFolderIsBrowsedFurtherAndHasAnAlternateThatShowsWithOption) {
-  controller.images.move_badge_image = Image{{{nullptr, {8, 8}}}, {8, 8}};
+  state.images.move_badge_image = Image{{{nullptr, {8, 8}}}, {8, 8}};
   showIcon = true;
   files.addFolder("/docs/inner");
   EXPECT_EQ(openedInFull(), R"(inner <fileItemDidSelected> {icon of /docs/inner 16x16} (/docs/inner)
@@ -61,7 +61,7 @@ TEST_F(FolderBrowsing, SubmenusGoOnAsDeepAsThereAreFolders) {
 }
 
 TEST_F(FolderBrowsing, WithFolderBrowsingOffAFolderHasNoSubmenuButItsAlternate) {
-  controller.settings.browseFolder = false;
+  state.settings.browseFolder = false;
   files.addFolder("/docs/inner");
   files.addApplication("/docs/Edit.app");
   EXPECT_EQ(openedInFull(), "Edit.app <fileItemDidSelected>\ninner <fileItemDidSelected>\n"
@@ -72,7 +72,7 @@ TEST_F(FolderBrowsing, AnApplicationIsBrowsedOnlyWhenAskedForAndNeverHasAnAltern
   files.addApplication("/docs/Edit.app");
   files.addPackage("/docs/Notes.rtfd");
   EXPECT_EQ(openedInFull(), "Edit.app <fileItemDidSelected>\nNotes.rtfd <fileItemDidSelected>\n");
-  controller.settings.browsePackage = true;
+  state.settings.browsePackage = true;
   EXPECT_EQ(openedInFull(), "Edit.app <fileItemDidSelected> (/docs/Edit.app)\n"
                             "Notes.rtfd <fileItemDidSelected> (/docs/Notes.rtfd)\n");
 }

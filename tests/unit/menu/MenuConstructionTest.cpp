@@ -19,7 +19,7 @@ protected:
   std::string built(PropertyList::Array records) {
     setTree(std::move(records));
     controller.applicationWillFinishLaunching();
-    return menuText(controller.statusMenu, MenuTextDetail::everything);
+    return menuText(state.statusMenu, MenuTextDetail::everything);
   }
 
   // The entries of the tree alone, as a submenu would hold them.
@@ -94,7 +94,7 @@ Documents ⌥ [hidden] [alternate] <statusMenuDidSelected> {icon of /docs+resour
 TEST_F(MenuConstruction, APackageIsBrowsedOnlyWhenAskedForAndNeverGetsAnAlternate) {
   const PropertyList::Array records{fileRecord("application", "Edit", "file:///apps/Edit.app")};
   EXPECT_EQ(builtRecords(records), "Edit <statusMenuDidSelected> {icon of /apps/Edit.app 16x16}\n");
-  controller.settings.browsePackage = true;
+  state.settings.browsePackage = true;
   EXPECT_EQ(rebuiltRecords(records),
             "Edit <statusMenuDidSelected> {icon of /apps/Edit.app 16x16} (/apps/Edit.app)\n");
 }
@@ -104,7 +104,7 @@ TEST_F(MenuConstruction, WithFolderBrowsingOffAPackageIsAPlainEntry) {
   const std::string plain = "Edit <statusMenuDidSelected> {icon of /apps/Edit.app 16x16}\n";
   set(TVR_DoFolderBrowsing, false);
   EXPECT_EQ(builtRecords(records), plain);
-  controller.settings.browsePackage = true;
+  state.settings.browsePackage = true;
   EXPECT_EQ(rebuiltRecords(records), plain);
 }
 

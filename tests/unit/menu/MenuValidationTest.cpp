@@ -19,12 +19,12 @@ protected:
   }
 
   std::string validated() {
-    controller.validateContextMenu(controller.statusMenu, {}, 0);
+    controller.validateContextMenu(state.statusMenu, {}, 0);
     return shown();
   }
 
-  std::string shown() { return menuText(controller.statusMenu, MenuTextDetail::everything); }
-  MenuItem& selectedFolder() { return *controller.statusMenu.items.at(0); }
+  std::string shown() { return menuText(state.statusMenu, MenuTextDetail::everything); }
+  MenuItem& selectedFolder() { return *state.statusMenu.items.at(0); }
 
   static PropertyList offered(const char* title, PropertyList::Array invokers,
                               PropertyList::Array kinds = {}) {
@@ -127,7 +127,7 @@ TEST_F(MenuValidation, EntriesAreOfferedByApplicationAndKindOfSelection) {
   build({offered("for Finder", {"Finder"}), offered("for editors", {"/Applications/TextEdit.app"}),
          offered("for text", {}, {"text"}), offered("for files", {}, {"file/folder"}),
          offered("for text in Finder", {"Finder"}, {"text"}), record("url", "always")});
-  controller.hostName = "TextEdit";
+  state.hostName = "TextEdit";
   privatePasteboard().declareTypes({pasteboardType::string});
   EXPECT_EQ(validated(), R"(Selected Folder [hidden]
 ---- [hidden]
@@ -138,7 +138,7 @@ for files [hidden] <statusMenuDidSelected>
 for text in Finder [hidden] <statusMenuDidSelected>
 always <statusMenuDidSelected>
 )");
-  controller.hostName = "Finder";
+  state.hostName = "Finder";
   privatePasteboard().declareTypes({pasteboardType::pathFinderFilenames});
   EXPECT_EQ(validated(), R"(Selected Folder [hidden]
 ---- [hidden]
@@ -152,7 +152,7 @@ always <statusMenuDidSelected>
 }
 
 TEST_F(MenuValidation, ItemsForAnotherApplicationAreHiddenWhateverIsSelected) {
-  controller.hostName = "TextEdit";
+  state.hostName = "TextEdit";
   privatePasteboard().declareTypes({pasteboardType::string});
   EXPECT_TRUE(controller.isHideItem(offered("A", {"Finder"}, {"text"})));
   EXPECT_TRUE(controller.isHideItem(offered("A", {"Finder"}, {})));
@@ -186,7 +186,7 @@ TEST_F(MenuValidation, AHiddenGroupIsValidatedInside) {
                 {{TVR_MenuItemInvokers, PropertyList::Array{"Finder"}},
                  {TVR_MenuItemTree,
                   PropertyList::Array{record("group", "Inner", {{TVR_MenuItemTree, inner}})}}})});
-  controller.hostName = "TextEdit";
+  state.hostName = "TextEdit";
   EXPECT_EQ(validated(), R"(Selected Folder [hidden]
 ---- [hidden]
 Outer [hidden] (group)
@@ -202,7 +202,7 @@ TEST_F(MenuValidation, FixedEntriesStayAsTheyAre) {
   build({});
   const std::string before = shown();
   EXPECT_EQ(validated(), before);
-  controller.statusMenu.items.at(2)->hidden = true;
+  state.statusMenu.items.at(2)->hidden = true;
   const std::string changed = shown();
   EXPECT_EQ(validated(), changed);
 }
@@ -235,7 +235,7 @@ Group (group)
 TEST_F(MenuValidation, ASeparatorFollowsItsRecord) {
   build({record("spacer", "", {{TVR_MenuItemInvokers, PropertyList::Array{"Finder"}}})});
   EXPECT_EQ(validated(), "Selected Folder [hidden]\n---- [hidden]\n---- [hidden]\n");
-  controller.hostName = "Finder";
+  state.hostName = "Finder";
   EXPECT_EQ(validated(), "Selected Folder [hidden]\n---- [hidden]\n----\n");
 }
 
@@ -269,8 +269,8 @@ TEST_F(MenuValidation, ATreeOfAnyDepthIsValidated) {
   for (int depth = 0; depth < 100000; ++depth)
     tree = record("group", "G", {{TVR_MenuItemTree, PropertyList::Array{std::move(tree)}}});
   build({std::move(tree)});
-  controller.validateContextMenu(controller.statusMenu, {}, 0);
-  const Menu* level = &controller.statusMenu;
+  controller.validateContextMenu(state.statusMenu, {}, 0);
+  const Menu* level = &state.statusMenu;
   while (level->items.back()->submenu)
     level = level->items.back()->submenu.get();
   EXPECT_TRUE(level->items.back()->hidden);

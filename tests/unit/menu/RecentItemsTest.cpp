@@ -16,7 +16,7 @@ protected:
   RecentItems() {
     for (const char* name : {"blankIcon", "serverIcon"})
       desktop.images.control.resources[name] = {16, 16};
-    loadMenuImages(controller.images);
+    loadMenuImages(state.images);
     files.addFile("/docs/a.txt");
     files.addApplication("/apps/Edit.app");
   }

@@ -37,8 +37,8 @@ protected:
   }
 
   std::string opened() {
-    controller.menuNeedsUpdate(controller.statusMenu);
-    return menuText(controller.statusMenu, MenuTextDetail::visibleRows);
+    controller.menuNeedsUpdate(state.statusMenu);
+    return menuText(state.statusMenu, MenuTextDetail::visibleRows);
   }
 
   void expectEveryElementReleased(int made) {
@@ -84,7 +84,7 @@ TEST_F(MenuPreparation, OverTheApplicationItselfTheCaptureBeforeIsKept) {
   capture({"/docs"});
   front("Tavrel");
   EXPECT_EQ(opened(), "docs (/docs)\n----\nfor files\n");
-  EXPECT_TRUE(controller.filesSelected);
+  EXPECT_TRUE(state.filesSelected);
   EXPECT_THAT(scriptsRun, IsEmpty());
   EXPECT_THAT(accessibility.posted, IsEmpty());
   expectEveryElementReleased(1);
@@ -101,7 +101,7 @@ TEST_F(MenuPreparation, WithoutAnApplicationInFrontNothingIsSelectedAndNobodyIsW
   capture({"/docs"});
   const double before = desktop.clock.now();
   EXPECT_EQ(opened(), "");
-  EXPECT_FALSE(controller.filesSelected);
+  EXPECT_FALSE(state.filesSelected);
   EXPECT_EQ(privatePasteboard().types(), std::vector<std::string>{pasteboardType::string});
   EXPECT_THAT(accessibility.posted, IsEmpty());
   EXPECT_EQ(desktop.clock.now(), before);
@@ -122,25 +122,25 @@ TEST_F(MenuPreparation, WhileAScriptRunsTheMenuShowsAsItWasLast) {
 
 TEST_F(MenuPreparation, AChangedTreeIsRebuiltBeforeItIsFitted) {
   front("Finder");
-  controller.menuRootArray = PropertyList::Array{
+  state.menuRootArray = PropertyList::Array{
       record("url", "new for Finder", {{TVR_MenuItemInvokers, PropertyList::Array{"Finder"}}}),
       record("url", "new for Mail", {{TVR_MenuItemInvokers, PropertyList::Array{"Mail"}}})};
   EXPECT_EQ(opened(), "for Finder\n") << "nobody has told yet";
-  controller.needToRecreateMenu = true;
+  state.needToRecreateMenu = true;
   EXPECT_EQ(opened(), "new for Finder\n");
-  EXPECT_FALSE(controller.needToRecreateMenu);
+  EXPECT_FALSE(state.needToRecreateMenu);
 }
 
 TEST_F(MenuPreparation, TheSelectionIsThatOfBeforeTheRebuild) {
   front("Editor");
-  controller.needToRecreateMenu = true;
-  const std::size_t builtWith = controller.statusMenu.items.size();
+  state.needToRecreateMenu = true;
+  const std::size_t builtWith = state.statusMenu.items.size();
   desktop.accessibility.control.onPost = [&](const auto&) {
-    EXPECT_TRUE(controller.needToRecreateMenu);
-    EXPECT_EQ(controller.statusMenu.items.size(), builtWith);
+    EXPECT_TRUE(state.needToRecreateMenu);
+    EXPECT_EQ(state.statusMenu.items.size(), builtWith);
   };
   opened();
-  EXPECT_FALSE(controller.needToRecreateMenu);
+  EXPECT_FALSE(state.needToRecreateMenu);
 }
 
 TEST_F(MenuPreparation, ASubmenuCapturesNothing) {
@@ -152,8 +152,8 @@ TEST_F(MenuPreparation, ASubmenuCapturesNothing) {
 }
 
 TEST_F(MenuPreparation, WithoutATreeTheMenuStaysEmpty) {
-  controller.menuRootArray.reset();
-  controller.needToRecreateMenu = true;
+  state.menuRootArray.reset();
+  state.needToRecreateMenu = true;
   EXPECT_EQ(opened(), "");
 }
 
