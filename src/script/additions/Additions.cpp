@@ -1,11 +1,11 @@
 #include "script/additions/Additions.h"
 
-#include "script/values/CaseFold.h"
+#include "script/values/CodePoints.h"
 #include "script/values/Coercion.h"
 #include "script/values/Elements.h"
 #include "script/values/HostValues.h"
 #include "script/values/Operators.h"
-#include "script/values/SpecifierObject.h"
+#include "script/values/Specifier.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "script/running/Code.h"
-#include "script/syntax/Syntax.h"
+#include "script/running/Expression.h"
+#include "script/syntax/SyntaxTree.h"
 
 namespace tavrel::script {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "script/running/Actions.h"
-#include "script/running/Codes.h"
-#include "script/syntax/Syntax.h"
+#include "script/running/BlockStatements.h"
+#include "script/running/ValueExpressions.h"
+#include "script/syntax/SyntaxTree.h"
 
 #include <map>
 #include <set>
@@ -44,7 +44,7 @@ private:
   void scopeOf(const Node& block);
   void noteGlobals(const Node& node);
 
-  // BindStatements.cpp
+  // BinderStatements.cpp
   [[nodiscard]] Sequence sequence(const Node& block);
   [[nodiscard]] ActionPtr statement(const Node& node);
   [[nodiscard]] ActionPtr plainStatement(const Node& node);
@@ -55,7 +55,7 @@ private:
   [[nodiscard]] ActionPtr consider(const Node& node);
   [[nodiscard]] ActionPtr innerScript(const Node& node);
 
-  // BindExpressions.cpp
+  // BinderExpressions.cpp
   [[nodiscard]] CodePtr expression(const Node& node);
   [[nodiscard]] CodePtr plainExpression(const Node& node);
   [[nodiscard]] CodePtr optional(const Node& node);

@@ -2,10 +2,10 @@
 
 #include "base/Utf8.h"
 #include "script/binding/Bind.h"
-#include "script/running/Calls.h"
-#include "script/running/Codes.h"
+#include "script/running/HandlerCalls.h"
+#include "script/running/ValueExpressions.h"
 #include "script/storage/StoredValues.h"
-#include "script/storage/SyntaxCodec.h"
+#include "script/storage/SyntaxTreeCodec.h"
 #include "script/values/Coercion.h"
 #include "script/values/HostValues.h"
 

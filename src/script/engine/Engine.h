@@ -2,7 +2,7 @@
 
 #include "base/PropertyList.h"
 #include "script/Host.h"
-#include "script/syntax/Syntax.h"
+#include "script/syntax/SyntaxTree.h"
 #include "script/values/Runtime.h"
 #include "script/values/ScriptObject.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/running/Calls.h"
+#include "script/running/HandlerCalls.h"
 
 namespace tavrel::script {
 

@@ -1,4 +1,4 @@
-#include "script/running/PartCode.h"
+#include "script/running/MemberExpression.h"
 #include "script/values/Coercion.h"
 #include "script/values/Reference.h"
 

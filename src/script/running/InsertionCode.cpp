@@ -1,6 +1,6 @@
-#include "script/running/PartCode.h"
+#include "script/running/MemberExpression.h"
+#include "script/values/AccessErrors.h"
 #include "script/values/Elements.h"
-#include "script/values/Parts.h"
 #include "script/values/Reference.h"
 
 namespace tavrel::script {

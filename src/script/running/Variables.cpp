@@ -1,4 +1,4 @@
-#include "script/running/Codes.h"
+#include "script/running/ValueExpressions.h"
 
 #include "script/values/Coercion.h"
 #include "script/values/Properties.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/syntax/Syntax.h"
+#include "script/syntax/SyntaxTree.h"
 #include "script/syntax/Terminology.h"
 #include "script/syntax/Token.h"
 
@@ -66,7 +66,7 @@ private:
   /// Counts the height of a node whose children were put in one by one.
   void grow(Node& node) const;
 
-  // ParseStatements.cpp
+  // ParserStatements.cpp
   using Enders = std::initializer_list<std::string_view>;
   [[nodiscard]] Node block(Enders enders);
   [[nodiscard]] Node statement();
@@ -81,7 +81,7 @@ private:
   [[nodiscard]] Node usingTerms();
   void endBlock(std::string_view word);
 
-  // ParseControl.cpp
+  // ParserControl.cpp
   [[nodiscard]] Node branch();
   [[nodiscard]] Node exitRepeat();
   [[nodiscard]] Node loopBody();
@@ -94,7 +94,7 @@ private:
   [[nodiscard]] Node considering(NodeKind kind);
   [[nodiscard]] Node withClause();
 
-  // ParseHandlers.cpp
+  // ParserDeclarations.cpp
   [[nodiscard]] Node use();
   [[nodiscard]] Node handler();
   void handlerParameters(Node& handler);
@@ -105,7 +105,7 @@ private:
   [[nodiscard]] Node declaration(NodeKind kind);
   void noteLabelledHandlers();
 
-  // ParseExpressions.cpp
+  // ParserExpressions.cpp
   [[nodiscard]] Node expression();
   [[nodiscard]] Node expression(Stops stops);
   [[nodiscard]] Node binaryChain(int level);
@@ -125,14 +125,14 @@ private:
   [[nodiscard]] bool startsIndex() const;
   [[nodiscard]] Node index();
 
-  // ParseReferences.cpp
+  // ParserReferences.cpp
   [[nodiscard]] Node reference();
   [[nodiscard]] Node withOwners(Node head);
   [[nodiscard]] Node ownedBy(Node owner);
   void attach(Node& reference, Node container) const;
   [[nodiscard]] Node filtered(Node reference);
 
-  // ParseElements.cpp
+  // ParserElements.cpp
   [[nodiscard]] const TypeTerm* typeAt(bool& plural, std::size_t& length) const;
   [[nodiscard]] std::string elementType();
   [[nodiscard]] bool seesOrdinalEnding() const;
@@ -141,7 +141,7 @@ private:
   [[nodiscard]] Node elements(std::string_view type, bool plural);
   [[nodiscard]] std::optional<Node> pickedElements();
 
-  // ParseNames.cpp
+  // ParserNames.cpp
   [[nodiscard]] Node head();
   [[nodiscard]] Node literal();
   [[nodiscard]] Node named();
@@ -150,7 +150,7 @@ private:
   [[nodiscard]] const NameTerm* termAt(std::span<const NameTerm> terms) const;
   [[nodiscard]] std::optional<Node> term();
 
-  // ParseCommands.cpp
+  // ParserCommands.cpp
   [[nodiscard]] const CommandTerm* commandAt() const;
   [[nodiscard]] Node command(const CommandTerm& term);
   void commandLabels(const CommandTerm& term, Node& command, Stops stops);

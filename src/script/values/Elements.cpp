@@ -1,7 +1,7 @@
 #include "script/values/Elements.h"
 
 #include "script/values/Coercion.h"
-#include "script/values/TextParts.h"
+#include "script/values/TextSplitting.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "script/values/Coercion.h"
 #include "script/values/Reference.h"
-#include "script/values/SpecifierObject.h"
+#include "script/values/Specifier.h"
 
 namespace tavrel::script {
 namespace {

@@ -1,6 +1,6 @@
 #include "script/values/Properties.h"
 
-#include "script/values/CaseFold.h"
+#include "script/values/CodePoints.h"
 #include "script/values/Coercion.h"
 #include "script/values/Dates.h"
 #include "script/values/ScriptObject.h"

@@ -1,6 +1,6 @@
 #include "script/values/Reference.h"
 
-#include "script/values/Parts.h"
+#include "script/values/AccessErrors.h"
 
 namespace tavrel::script {
 namespace {

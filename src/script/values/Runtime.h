@@ -2,7 +2,7 @@
 
 #include "script/Host.h"
 #include "script/ScriptError.h"
-#include "script/values/Objects.h"
+#include "script/values/ValueObjects.h"
 
 #include <memory>
 #include <random>

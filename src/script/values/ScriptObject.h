@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/values/Objects.h"
+#include "script/values/ValueObjects.h"
 
 #include <memory>
 

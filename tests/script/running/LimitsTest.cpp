@@ -1,5 +1,5 @@
 #include "script/ScriptTest.h"
-#include "script/syntax/Syntax.h"
+#include "script/syntax/SyntaxTree.h"
 
 #include <type_traits>
 

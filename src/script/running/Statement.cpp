@@ -1,4 +1,4 @@
-#include "script/running/Code.h"
+#include "script/running/Expression.h"
 
 #include <algorithm>
 

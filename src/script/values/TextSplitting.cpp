@@ -1,6 +1,6 @@
-#include "script/values/TextParts.h"
+#include "script/values/TextSplitting.h"
 
-#include "script/values/CaseFold.h"
+#include "script/values/CodePoints.h"
 #include "script/values/Coercion.h"
 
 #include <algorithm>

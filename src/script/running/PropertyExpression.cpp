@@ -1,5 +1,5 @@
-#include "script/running/PartCode.h"
-#include "script/values/Parts.h"
+#include "script/running/MemberExpression.h"
+#include "script/values/AccessErrors.h"
 #include "script/values/Reference.h"
 
 namespace tavrel::script {

@@ -1,4 +1,4 @@
-#include "script/values/CaseFold.h"
+#include "script/values/CodePoints.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
-#include "script/running/Actions.h"
+#include "script/running/BlockStatements.h"
 
-#include "script/running/Calls.h"
-#include "script/running/Codes.h"
+#include "script/running/HandlerCalls.h"
+#include "script/running/ValueExpressions.h"
 #include "script/values/Coercion.h"
 #include "script/values/HostValues.h"
 #include "script/values/Operators.h"

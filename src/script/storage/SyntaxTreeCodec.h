@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/PropertyList.h"
-#include "script/syntax/Syntax.h"
+#include "script/syntax/SyntaxTree.h"
 
 #include <optional>
 

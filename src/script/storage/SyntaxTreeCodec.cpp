@@ -1,4 +1,4 @@
-#include "script/storage/SyntaxCodec.h"
+#include "script/storage/SyntaxTreeCodec.h"
 
 #include "base/Utf8.h"
 

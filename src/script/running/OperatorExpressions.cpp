@@ -1,6 +1,6 @@
-#include "script/running/Codes.h"
+#include "script/running/ValueExpressions.h"
 
-#include "script/running/Calls.h"
+#include "script/running/HandlerCalls.h"
 #include "script/values/Coercion.h"
 #include "script/values/Dates.h"
 #include "script/values/Operators.h"

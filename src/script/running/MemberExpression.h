@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/running/Codes.h"
+#include "script/running/ValueExpressions.h"
 
 namespace tavrel::script {
 

@@ -1,9 +1,9 @@
-#include "script/running/PartCode.h"
+#include "script/running/MemberExpression.h"
 
+#include "script/values/AccessErrors.h"
 #include "script/values/Coercion.h"
 #include "script/values/Elements.h"
 #include "script/values/HostValues.h"
-#include "script/values/Parts.h"
 #include "script/values/Reference.h"
 
 #include <algorithm>

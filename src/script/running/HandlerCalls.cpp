@@ -1,4 +1,4 @@
-#include "script/running/Calls.h"
+#include "script/running/HandlerCalls.h"
 
 #include "base/Utf8.h"
 #include "script/values/HostValues.h"

@@ -1,4 +1,4 @@
-#include "script/values/Objects.h"
+#include "script/values/ValueObjects.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include "base/Decimal.h"
 #include "script/values/Dates.h"
 #include "script/values/ScriptObject.h"
-#include "script/values/SpecifierObject.h"
+#include "script/values/Specifier.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "script/running/Code.h"
+#include "script/running/Expression.h"
 
 namespace tavrel::script {
 

@@ -1,7 +1,7 @@
-#include "script/running/Codes.h"
+#include "script/running/ValueExpressions.h"
 
 #include "script/values/Coercion.h"
-#include "script/values/SpecifierObject.h"
+#include "script/values/Specifier.h"
 
 namespace tavrel::script {
 namespace {

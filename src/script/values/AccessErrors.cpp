@@ -1,4 +1,4 @@
-#include "script/values/Parts.h"
+#include "script/values/AccessErrors.h"
 
 #include "script/values/Coercion.h"
 #include "script/values/Elements.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "script/running/AdditionCall.h"
-#include "script/running/Code.h"
+#include "script/running/Expression.h"
 
 namespace tavrel::script {
 

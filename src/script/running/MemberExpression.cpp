@@ -1,9 +1,9 @@
-#include "script/running/PartCode.h"
+#include "script/running/MemberExpression.h"
 
-#include "script/running/Calls.h"
+#include "script/running/HandlerCalls.h"
 #include "script/values/HostValues.h"
 #include "script/values/Reference.h"
-#include "script/values/SpecifierObject.h"
+#include "script/values/Specifier.h"
 
 namespace tavrel::script {
 namespace {

@@ -1,12 +1,12 @@
-#include "script/running/Codes.h"
+#include "script/running/ValueExpressions.h"
 
 #include "script/running/AdditionCall.h"
-#include "script/running/Calls.h"
+#include "script/running/HandlerCalls.h"
 #include "script/syntax/Terminology.h"
 #include "script/values/Coercion.h"
 #include "script/values/HostValues.h"
 #include "script/values/Reference.h"
-#include "script/values/SpecifierObject.h"
+#include "script/values/Specifier.h"
 
 namespace tavrel::script {
 namespace {

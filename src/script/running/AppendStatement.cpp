@@ -1,4 +1,4 @@
-#include "script/running/Actions.h"
+#include "script/running/BlockStatements.h"
 
 #include "script/values/Coercion.h"
 #include "script/values/Operators.h"

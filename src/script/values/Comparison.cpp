@@ -1,8 +1,8 @@
 #include "script/values/Operators.h"
 
-#include "script/values/CaseFold.h"
+#include "script/values/CodePoints.h"
 #include "script/values/Coercion.h"
-#include "script/values/SpecifierObject.h"
+#include "script/values/Specifier.h"
 
 #include <algorithm>
 
