@@ -32,7 +32,7 @@ template <typename T> T sound(std::variant<T, ErrorReport> outcome) {
 void runSource(benchmark::State& state, const char* source, const char* expected) {
   SilentHost host;
   Engine engine(host);
-  const ScriptId script = sound(engine.loadSource(source, Author::person));
+  const ScriptId script = sound(engine.loadSource(source, Author::user));
   for (auto _ : state)
     if (engine.run(script).description != expected)
       std::abort();
@@ -93,7 +93,7 @@ repeat with each in names
   greeting(each)
 end repeat
 runs)",
-                                                  Author::person));
+                                                  Author::user));
   return *encodePropertyList(*engine.container(script), PropertyListForm::binary);
 }
 

@@ -8,7 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string source(reinterpret_cast<const char*>(data), size);
   RefusingHost host;
   Engine engine(host);
-  const Engine::Loaded loaded = engine.loadSource(source, Author::person);
+  const Engine::Loaded loaded = engine.loadSource(source, Author::user);
   if (const auto* error = std::get_if<ErrorReport>(&loaded)) {
     (void)errorDictionary(*error, source);
     return 0;

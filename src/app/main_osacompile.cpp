@@ -54,7 +54,7 @@ int compile(const std::string& from, const std::string& to) {
     return complain(from, "cannot be read");
   NoHost host;
   script::Engine engine(host);
-  const auto loaded = engine.loadSource(*source, script::Author::person);
+  const auto loaded = engine.loadSource(*source, script::Author::user);
   if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
     return complain(from, placeOf(*source, error->range) + error->message + " (" +
                               std::to_string(error->number) + ")");

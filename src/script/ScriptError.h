@@ -50,8 +50,8 @@ constexpr int notPermitted = -10004;
 struct ScriptError {
   int number = errors::general;
   std::string message{};
-  Span span{};           ///< where in the source; of length 0 while not known
-  std::string culprit{}; ///< the application that answered with the error, if one did
+  Span span{};               ///< where in the source; of length 0 while not known
+  std::string application{}; ///< the application that answered with the error, if one did
 };
 
 } // namespace tavrel::script

@@ -11,12 +11,12 @@ namespace tavrel::script {
 class ScriptTest : public ::testing::Test {
 protected:
   /// What the source's run gives, as a script would write it; "error N: message" when it fails.
-  std::string result(const std::string& source, Author author = Author::person) {
+  std::string result(const std::string& source, Author author = Author::user) {
     const RunResult run = outcome(source, author);
     return run.error ? "error " + std::to_string(run.error->number) + ": " + run.error->message
                      : run.description;
   }
-  RunResult outcome(const std::string& source, Author author = Author::person) {
+  RunResult outcome(const std::string& source, Author author = Author::user) {
     const Engine::Loaded loaded = engine.loadSource(source, author);
     if (const auto* error = std::get_if<ErrorReport>(&loaded))
       return {*error, {}, {}};

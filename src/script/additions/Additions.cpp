@@ -1,11 +1,14 @@
 #include "script/additions/Additions.h"
 
+#include "script/running/HostEvents.h"
+#include "script/running/ScriptInstances.h"
 #include "script/values/CodePoints.h"
 #include "script/values/Coercion.h"
+#include "script/values/Description.h"
 #include "script/values/Elements.h"
 #include "script/values/HostValues.h"
-#include "script/values/Operators.h"
 #include "script/values/Specifier.h"
+#include "script/values/TextComparison.h"
 
 #include <algorithm>
 #include <array>
@@ -38,7 +41,7 @@ Value exists(const AdditionCall& call) {
     return askAbout(call, *object, "exists");
   if (whole.is(ValueKind::file))
     return performEvent(call.frame.runtime,
-                        {"Finder", "exists", hostValueOf(call.frame.runtime, whole), {}});
+                        {"Finder", "exists", valueForHost(call.frame.runtime, whole), {}});
   return Value::boolean(!whole.is(ValueKind::undefined) && !whole.is(ValueKind::missing));
 }
 
@@ -63,11 +66,11 @@ Value runText(const AdditionCall& call) {
   if (call.direct.is(ValueKind::file))
     throw ScriptError{errors::cannotCoerce,
                       std::string("Can’t run ").append(described(call.direct)).append(".")};
-  const auto shape = runtime.bindSource(runtime.heap, textOf(runtime, call.direct));
+  const auto definition = runtime.bindSource(runtime.heap, textOf(runtime, call.direct));
   const Value given = call.parameter("with parameters");
   const bool isGiven = !given.is(ValueKind::undefined);
   const Value arguments = isGiven ? coerced(runtime, given, "list") : runtime.list({});
-  const Ref<ScriptObject> script = instantiate(runtime, shape, {});
+  const Ref<ScriptObject> script = instantiate(runtime, definition, {});
   return runScript(runtime, *script, {arguments});
 }
 
@@ -79,8 +82,8 @@ Value currentDate(const AdditionCall& call) {
 // In characters, from 1; 0 when it is not there.
 Value offset(const AdditionCall& call) {
   Runtime& runtime = call.frame.runtime;
-  const std::u32string part = comparable(runtime, textOf(runtime, call.parameter("of")));
-  const std::u32string whole = comparable(runtime, textOf(runtime, call.parameter("in")));
+  const std::u32string part = comparisonKey(runtime, textOf(runtime, call.parameter("of")));
+  const std::u32string whole = comparisonKey(runtime, textOf(runtime, call.parameter("in")));
   const std::size_t at = part.empty() ? std::u32string::npos : whole.find(part);
   return Value::integer(at == std::u32string::npos ? 0 : static_cast<std::int64_t>(at) + 1);
 }
@@ -134,7 +137,7 @@ Value characterId(const AdditionCall& call) {
   const Value codes = coerced(runtime, call.direct, "list");
   std::string text;
   for (const Value& each : codes.as<List>()->values())
-    appendCharacter(text, static_cast<std::uint32_t>(
+    appendCodePoint(text, static_cast<std::uint32_t>(
                               std::clamp<std::int64_t>(integerOf(runtime, each), -1, 0x110000)));
   return runtime.text(std::move(text));
 }
@@ -145,27 +148,27 @@ Value asciiNumber(const AdditionCall& call) {
   std::size_t at = 0;
   if (text.empty())
     throw ScriptError{errors::cannotCoerce, "An empty text has no number."};
-  return Value::integer(takeCharacter(text, at));
+  return Value::integer(takeCodePoint(text, at));
 }
 
-constexpr auto additions =
-    std::to_array<std::pair<std::string_view, Addition>>({{"count", count},
-                                                          {"exists", exists},
-                                                          {"run", run},
-                                                          {"run script", runText},
-                                                          {"current date", currentDate},
-                                                          {"offset", offset},
-                                                          {"random number", randomNumber},
-                                                          {"round", roundNumber},
-                                                          {"character id", characterId},
-                                                          {"string id", characterId},
-                                                          {"text id", characterId},
-                                                          {"ascii character", asciiCharacter},
-                                                          {"ascii number", asciiNumber}});
+constexpr auto additions = std::to_array<std::pair<std::string_view, ScriptingAddition>>(
+    {{"count", count},
+     {"exists", exists},
+     {"run", run},
+     {"run script", runText},
+     {"current date", currentDate},
+     {"offset", offset},
+     {"random number", randomNumber},
+     {"round", roundNumber},
+     {"character id", characterId},
+     {"string id", characterId},
+     {"text id", characterId},
+     {"ascii character", asciiCharacter},
+     {"ascii number", asciiNumber}});
 
 } // namespace
 
-Addition additionNamed(std::string_view command) {
+ScriptingAddition additionNamed(std::string_view command) {
   for (const auto& [name, addition] : additions)
     if (name == command)
       return addition;

@@ -5,6 +5,6 @@
 namespace tavrel::script {
 
 /// Null for the commands of applications and of the desktop.
-[[nodiscard]] Addition additionNamed(std::string_view command);
+[[nodiscard]] ScriptingAddition additionNamed(std::string_view command);
 
 } // namespace tavrel::script

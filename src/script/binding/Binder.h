@@ -1,87 +1,97 @@
 #pragma once
 
+#include "script/binding/AssignedNames.h"
 #include "script/running/BlockStatements.h"
-#include "script/running/ValueExpressions.h"
+#include "script/running/ScriptDefinition.h"
+#include "script/running/SimpleStatements.h"
 #include "script/syntax/SyntaxTree.h"
 
 #include <map>
-#include <set>
 
 namespace tavrel::script {
 
-using Names = std::set<const std::string*>;
+/// Makes a script that can run of a syntax tree; its texts live on the heap. Throws ScriptError:
+/// `syntax` for what the parser lets through but has no meaning, `corruptScript` for a tree that no
+/// parser makes.
+[[nodiscard]] std::shared_ptr<const ScriptDefinition> bindScript(Heap& heap, const Node& script);
 
-/// The names that the statements assign to, those of inner handlers and scripts left out.
-[[nodiscard]] Names assignedNames(const Node& block);
-
-/// What a name means by itself, as `pi`, `linefeed` or `January`; null for all others.
-[[nodiscard]] CodePtr predefined(Heap& heap, const std::string& name);
-
-/// Binds the names of one script: its fields, and while a handler is bound that handler's
-/// variables.
+/// Binds one script: turns each node of its tree into an expression or statement, and each name
+/// into a variable of the handler, a field of the script, or one of a script around it. While a
+/// handler is bound the binder knows that handler's variables.
 class Binder {
 public:
+  /// `outer` binds the script that this one stands in; null for the outermost.
   Binder(Heap& heap, Binder* outer) : heap_(heap), outer_(outer) {}
 
-  [[nodiscard]] std::shared_ptr<Shape> script(const Node& block, const std::string& name);
+  [[nodiscard]] std::shared_ptr<ScriptDefinition> bindScriptBlock(const Node& block,
+                                                                  const std::string& name);
 
 private:
-  // Binder.cpp
-  static void refuseStatements(const Node& block);
+  // Binder.cpp: properties and handlers
   void declareFields(const Node& block);
-  std::size_t field(const std::string* name);
+  void bindInitialValue(const Node& property);
   void addHandler(const Node& node);
   void declarePattern(const Node& pattern);
   void addParameter(Handler& handler, const Node& node);
   void addRunHandler(const Node& block);
-  [[nodiscard]] CodePtr place(const Node& variable);
-  [[nodiscard]] bool hasLocal(const std::string* name);
-  [[nodiscard]] bool captures(const std::string* name);
-  [[nodiscard]] CodePtr variable(const std::string* name);
-  [[nodiscard]] CodePtr fieldNamed(const std::string* name, bool alsoVariables);
-  [[nodiscard]] CodePtr global(const std::string* name);
-  [[nodiscard]] std::size_t local(const std::string* name);
-  void scopeOf(const Node& block);
-  void noteGlobals(const Node& node);
-
-  // BinderStatements.cpp
-  [[nodiscard]] Sequence sequence(const Node& block);
-  [[nodiscard]] ActionPtr statement(const Node& node);
-  [[nodiscard]] ActionPtr plainStatement(const Node& node);
-  [[nodiscard]] ActionPtr assignment(const Node& node, Keeping keeping);
-  [[nodiscard]] ActionPtr branch(const Node& node);
-  [[nodiscard]] ActionPtr each(const Node& node);
-  [[nodiscard]] ActionPtr attempt(const Node& node);
-  [[nodiscard]] ActionPtr consider(const Node& node);
-  [[nodiscard]] ActionPtr innerScript(const Node& node);
-
-  // BinderExpressions.cpp
-  [[nodiscard]] CodePtr expression(const Node& node);
-  [[nodiscard]] CodePtr plainExpression(const Node& node);
-  [[nodiscard]] CodePtr optional(const Node& node);
-  [[nodiscard]] CodePtr comparison(const Node& node);
-  [[nodiscard]] CodePtr element(const Node& node);
-  [[nodiscard]] CodePtr range(const Node& node);
-  [[nodiscard]] CodePtr call(const Node& node);
-  [[nodiscard]] std::vector<CodePtr> expressions(const Node& node, std::size_t from);
-  [[nodiscard]] std::vector<LabelledCode> entries(const Node& node, std::size_t from);
-  [[nodiscard]] std::vector<LabelledCode> labelled(const Node& call);
-  [[nodiscard]] CodePtr assignable(const Node& node);
-
+  static void refuseStatements(const Node& block);
   /// The child, or the error of a tree that no parser makes.
   static const Node& child(const Node& node, std::size_t index);
   [[noreturn]] static void corrupt();
 
+  // BinderNames.cpp: what a name stands for
+  void beginScope(const Node& block);
+  void collectGlobals(const Node& node);
+  std::size_t fieldIndex(const std::string* name);
+  std::size_t localSlot(const std::string* name);
+  [[nodiscard]] ExpressionPtr findVariable(const std::string* name);
+  [[nodiscard]] ExpressionPtr findField(const std::string* name, bool alsoRunVariables);
+  [[nodiscard]] ExpressionPtr globalVariable(const std::string* name);
+  [[nodiscard]] bool hasLocal(const std::string* name);
+  [[nodiscard]] bool capture(const std::string* name);
+  [[nodiscard]] ExpressionPtr bindAssignedVariable(const Node& variable);
+
+  // BinderStatements.cpp
+  [[nodiscard]] Block bindBlock(const Node& block);
+  [[nodiscard]] StatementPtr bindStatement(const Node& node);
+  [[nodiscard]] StatementPtr bindStatementKind(const Node& node);
+  [[nodiscard]] StatementPtr bindAssignment(const Node& node, Assignment assignment);
+  [[nodiscard]] StatementPtr bindIf(const Node& node);
+  [[nodiscard]] StatementPtr bindRepeatIn(const Node& node);
+  [[nodiscard]] StatementPtr bindTry(const Node& node);
+  [[nodiscard]] StatementPtr bindConsidering(const Node& node);
+  [[nodiscard]] StatementPtr bindInnerScript(const Node& node);
+
+  // BinderExpressions.cpp
+  [[nodiscard]] ExpressionPtr bindExpression(const Node& node);
+  [[nodiscard]] ExpressionPtr bindExpressionKind(const Node& node);
+  /// Null for a node of kind `none`.
+  [[nodiscard]] ExpressionPtr bindOptional(const Node& node);
+  [[nodiscard]] ExpressionPtr bindName(const std::string& name);
+  [[nodiscard]] ExpressionPtr bindComparison(const Node& node);
+  [[nodiscard]] ExpressionPtr bindElement(const Node& node);
+  [[nodiscard]] ExpressionPtr bindRange(const Node& node);
+  [[nodiscard]] ExpressionPtr bindCall(const Node& node);
+  /// The children from that index on.
+  [[nodiscard]] std::vector<ExpressionPtr> bindExpressions(const Node& node, std::size_t from);
+  [[nodiscard]] std::vector<LabelledExpression> bindEntries(const Node& node, std::size_t from);
+  [[nodiscard]] std::vector<LabelledExpression> bindArguments(const Node& call);
+  [[nodiscard]] ExpressionPtr bindTarget(const Node& node);
+
   Heap& heap_;
   Binder* outer_;
-  std::shared_ptr<Shape> shape_;
-  std::map<const std::string*, std::size_t> fields_; ///< of the shape, by name
-  std::set<const std::string*> variables_;           ///< fields that only the run handler sees
-  Names globals_;
-  std::map<const std::string*, std::size_t> locals_;
-  Names assigned_;
-  bool bindsValues_ = false; ///< in the initial value of a property
-  bool runsFree_ = false;    ///< in a run handler without a name: its variables are fields
+  std::shared_ptr<ScriptDefinition> definition_;
+  std::map<const std::string*, std::size_t> fields_; ///< of the definition, by name
+  Names runVariables_; ///< fields that are variables of the implicit run handler: others see them
+                       ///< only when they declare them as global
+  bool bindsInitialValue_ = false; ///< now, of a property
+  bool inImplicitRun_ = false; ///< now, in the statements outside of all handlers: their variables
+                               ///< are fields
+
+  // Of the handler that is bound now:
+  Names globals_;                                    ///< that it declares as global
+  Names assigned_;                                   ///< that it assigns to
+  std::map<const std::string*, std::size_t> locals_; ///< slots by name
 };
 
 } // namespace tavrel::script

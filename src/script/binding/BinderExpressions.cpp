@@ -1,5 +1,12 @@
 #include "script/additions/Additions.h"
 #include "script/binding/Binder.h"
+#include "script/binding/Predefined.h"
+#include "script/running/CallExpressions.h"
+#include "script/running/ElementExpressions.h"
+#include "script/running/OperatorExpressions.h"
+#include "script/running/PropertyExpression.h"
+#include "script/running/ValueExpressions.h"
+#include "script/running/Variables.h"
 
 #include <algorithm>
 
@@ -15,176 +22,184 @@ bool isRunningTest(const Node& node) {
 
 } // namespace
 
-CodePtr Binder::expression(const Node& node) {
-  CodePtr code = plainExpression(node);
-  const_cast<Code&>(*code).span = node.span;
-  return code;
-}
-
-CodePtr Binder::optional(const Node& node) {
-  return node.kind == NodeKind::none ? nullptr : expression(node);
-}
-
-std::vector<CodePtr> Binder::expressions(const Node& node, std::size_t from) {
-  std::vector<CodePtr> result;
-  for (std::size_t i = from; i < node.children.size(); ++i)
-    result.push_back(expression(node.children[i]));
+ExpressionPtr Binder::bindExpression(const Node& node) {
+  ExpressionPtr result = bindExpressionKind(node);
+  const_cast<Expression&>(*result).span = node.span;
   return result;
 }
 
-std::vector<LabelledCode> Binder::entries(const Node& node, std::size_t from) {
-  std::vector<LabelledCode> result;
+ExpressionPtr Binder::bindOptional(const Node& node) {
+  return node.kind == NodeKind::none ? nullptr : bindExpression(node);
+}
+
+std::vector<ExpressionPtr> Binder::bindExpressions(const Node& node, std::size_t from) {
+  std::vector<ExpressionPtr> result;
+  for (std::size_t i = from; i < node.children.size(); ++i)
+    result.push_back(bindExpression(node.children[i]));
+  return result;
+}
+
+std::vector<LabelledExpression> Binder::bindEntries(const Node& node, std::size_t from) {
+  std::vector<LabelledExpression> result;
   for (std::size_t i = from; i < node.children.size(); ++i) {
     if (node.children[i].kind != NodeKind::entry)
       corrupt();
-    result.emplace_back(symbol(node.children[i].text), expression(child(node.children[i], 0)));
+    result.emplace_back(symbol(node.children[i].text), bindExpression(child(node.children[i], 0)));
   }
   return result;
 }
 
-CodePtr Binder::plainExpression(const Node& node) {
+ExpressionPtr Binder::bindExpressionKind(const Node& node) {
   const auto text = [&] { return Value(Ref(new Text(heap_, node.text))); };
   const auto container = [&] {
-    return node.children.empty() ? nullptr : optional(node.children[0]);
+    return node.children.empty() ? nullptr : bindOptional(node.children[0]);
   };
   switch (node.kind) {
   case NodeKind::missing:
-    return constantCode(Value::missing());
+    return constantExpression(Value::missing());
   case NodeKind::boolean:
-    return constantCode(Value::boolean(node.integer != 0));
+    return constantExpression(Value::boolean(node.integer != 0));
   case NodeKind::integer:
-    return constantCode(Value::integer(node.integer));
+    return constantExpression(Value::integer(node.integer));
   case NodeKind::real:
-    return constantCode(Value::real(node.real));
+    return constantExpression(Value::real(node.real));
   case NodeKind::text:
-    return constantCode(text());
+    return constantExpression(text());
   case NodeKind::constant:
-    return constantCode(node.text == "missing value" ? Value::missing()
-                                                     : Value::constant(node.text));
+    return constantExpression(node.text == "missing value" ? Value::missing()
+                                                           : Value::constant(node.text));
   case NodeKind::typeName:
-    return constantCode(Value::typeName(node.text));
+    return constantExpression(Value::typeName(node.text));
   case NodeKind::list:
-    return listCode(expressions(node, 0));
+    return listExpression(bindExpressions(node, 0));
   case NodeKind::record:
-    return recordCode(entries(node, 0));
+    return recordExpression(bindEntries(node, 0));
   case NodeKind::date:
-    return dateCode(expression(child(node, 0)));
-  case NodeKind::variable: {
-    CodePtr code = variable(symbol(node.text));
-    code = code ? std::move(code) : predefined(heap_, node.text);
-    return code ? std::move(code) : unknownCode(symbol(node.text));
-  }
+    return dateExpression(bindExpression(child(node, 0)));
+  case NodeKind::variable:
+    return bindName(node.text);
   case NodeKind::me:
-    return meCode();
+    return meExpression();
   case NodeKind::it:
-    return itCode();
+    return itExpression();
   case NodeKind::result:
-    return resultCode();
+    return resultExpression();
   case NodeKind::currentApplication:
-    return applicationCode(constantCode(Value(Ref(new Text(heap_, "Tavrel")))));
+    return applicationExpression(constantExpression(Value(Ref(new Text(heap_, "Tavrel")))));
   case NodeKind::negate:
-    return negationCode(expression(child(node, 0)));
-  case NodeKind::invert:
-    return inversionCode(expression(child(node, 0)));
+    return negationExpression(bindExpression(child(node, 0)));
+  case NodeKind::logicalNot:
+    return notExpression(bindExpression(child(node, 0)));
   case NodeKind::binary:
-    return comparison(node);
+    return bindComparison(node);
   case NodeKind::cast:
-    return castCode(expression(child(node, 0)), expression(child(node, 1)));
-  case NodeKind::refer:
-    return referenceCode(expression(child(node, 0)));
+    return castExpression(bindExpression(child(node, 0)), bindExpression(child(node, 1)));
+  case NodeKind::reference:
+    return referenceExpression(bindExpression(child(node, 0)));
   case NodeKind::property:
-    return propertyCode(symbol(node.text), container());
+    return propertyExpression(symbol(node.text), container());
   case NodeKind::element:
-    return element(node);
+    return bindElement(node);
   case NodeKind::elementRange:
-    return range(node);
+    return bindRange(node);
   case NodeKind::everyElement:
-    return everyCode(node.text, container());
+    return everyElementExpression(node.text, container());
   case NodeKind::middleElement:
-    return pickCode(Pick::middle, node.text, container());
+    return pickedElementExpression(PickedElement::middle, node.text, container());
   case NodeKind::someElement:
-    return pickCode(Pick::some, node.text, container());
+    return pickedElementExpression(PickedElement::some, node.text, container());
   case NodeKind::filter:
-    return filterCode(node.text, container(), expression(child(node, 1)));
+    return filterExpression(node.text, container(), bindExpression(child(node, 1)));
   case NodeKind::insertionPoint:
-    return insertionCode(node.text == "end" ? Place::end : Place::beginning, container());
+    return insertionPointExpression(
+        node.text == "end" ? InsertionPoint::end : InsertionPoint::beginning, container());
   case NodeKind::call:
   case NodeKind::labelledCall:
-  case NodeKind::resume:
-    return call(node);
+  case NodeKind::continueCall:
+    return bindCall(node);
   case NodeKind::command:
-    return commandCode(node.text, additionNamed(node.text), optional(child(node, 0)),
-                       entries(node, 1));
+    return commandExpression(node.text, additionNamed(node.text), bindOptional(child(node, 0)),
+                             bindEntries(node, 1));
   default:
     throw ScriptError{errors::syntax, "Expected expression.", node.span};
   }
 }
 
+ExpressionPtr Binder::bindName(const std::string& name) {
+  if (ExpressionPtr result = findVariable(symbol(name)))
+    return result;
+  Value value = predefinedValue(heap_, name);
+  return value.is(ValueKind::undefined) ? undeclaredName(symbol(name))
+                                        : constantExpression(std::move(value));
+}
+
 // `application "X" is running` asks for a property.
-CodePtr Binder::comparison(const Node& node) {
-  CodePtr left = expression(child(node, 0));
+ExpressionPtr Binder::bindComparison(const Node& node) {
+  ExpressionPtr left = bindExpression(child(node, 0));
   if (!isRunningTest(node))
-    return operatorCode(node.text, std::move(left), expression(child(node, 1)));
-  CodePtr running = propertyCode(symbol("running"), std::move(left));
-  return node.text == "=" ? std::move(running) : inversionCode(std::move(running));
+    return operatorExpression(node.text, std::move(left), bindExpression(child(node, 1)));
+  ExpressionPtr running = propertyExpression(symbol("running"), std::move(left));
+  return node.text == "=" ? std::move(running) : notExpression(std::move(running));
 }
 
-CodePtr Binder::element(const Node& node) {
-  CodePtr key = expression(child(node, 1));
+ExpressionPtr Binder::bindElement(const Node& node) {
+  ExpressionPtr key = bindExpression(child(node, 1));
   if (node.text == "application")
-    return applicationCode(std::move(key));
+    return applicationExpression(std::move(key));
   if (node.text == "date" && node.children[0].kind == NodeKind::none)
-    return dateCode(std::move(key));
+    return dateExpression(std::move(key));
   if (node.text == "posix file" || node.text == "alias")
-    return fileCode(node.text, std::move(key));
-  return elementCode(node.text, optional(node.children[0]), std::move(key));
+    return fileExpression(node.text, std::move(key));
+  return elementExpression(node.text, bindOptional(node.children[0]), std::move(key));
 }
 
-// In `text from word 1 to word 3` the bounds say which elements they count.
-CodePtr Binder::range(const Node& node) {
+// In `text from word 1 to word 3` each bound names the class that it counts.
+ExpressionPtr Binder::bindRange(const Node& node) {
   const auto bound = [&](const Node& end) {
     if (end.kind == NodeKind::element)
-      return BoundCode{end.text, expression(child(end, 1))};
-    return BoundCode{node.text == "text" ? "character" : node.text, expression(end)};
+      return BoundExpression{end.text, bindExpression(child(end, 1))};
+    return BoundExpression{node.text == "text" ? "character" : node.text, bindExpression(end)};
   };
-  BoundCode first = bound(child(node, 1));
-  BoundCode last = bound(child(node, 2));
-  return rangeCode(node.text, optional(node.children[0]), std::move(first), std::move(last));
+  BoundExpression first = bound(child(node, 1));
+  BoundExpression last = bound(child(node, 2));
+  return elementRangeExpression(node.text, bindOptional(node.children[0]), std::move(first),
+                                std::move(last));
 }
 
-CodePtr Binder::call(const Node& node) {
-  if (node.kind == NodeKind::resume) {
+ExpressionPtr Binder::bindCall(const Node& node) {
+  if (node.kind == NodeKind::continueCall) {
     const Node& inner = child(node, 0);
     if (inner.kind == NodeKind::labelledCall)
-      return labelledResumeCode(symbol(inner.text), labelled(inner));
+      return labelledContinueExpression(symbol(inner.text), bindArguments(inner));
     const bool isCall = inner.kind == NodeKind::call;
-    return resumeCode(symbol(isCall || inner.kind == NodeKind::variable ? inner.text : "run"),
-                      isCall ? expressions(inner, 1) : std::vector<CodePtr>());
+    return continueExpression(
+        symbol(isCall || inner.kind == NodeKind::variable ? inner.text : "run"),
+        isCall ? bindExpressions(inner, 1) : std::vector<ExpressionPtr>());
   }
   const std::string* name = symbol(node.text);
-  CodePtr target = optional(child(node, 0));
+  ExpressionPtr target = bindOptional(child(node, 0));
   if (node.kind == NodeKind::call)
-    return callCode(name, std::move(target), expressions(node, 1));
-  return labelledCallCode(name, std::move(target), labelled(node));
+    return callExpression(name, std::move(target), bindExpressions(node, 1));
+  return labelledCallExpression(name, std::move(target), bindArguments(node));
 }
 
 // The arguments of a labelled call, the direct one under "of".
-std::vector<LabelledCode> Binder::labelled(const Node& call) {
-  std::vector<LabelledCode> arguments = entries(call, 2);
-  if (CodePtr direct = optional(child(call, 1)))
+std::vector<LabelledExpression> Binder::bindArguments(const Node& call) {
+  std::vector<LabelledExpression> arguments = bindEntries(call, 2);
+  if (ExpressionPtr direct = bindOptional(child(call, 1)))
     arguments.emplace_back(symbol("of"), std::move(direct));
   return arguments;
 }
 
-CodePtr Binder::assignable(const Node& node) {
+ExpressionPtr Binder::bindTarget(const Node& node) {
   if (node.kind == NodeKind::variable)
-    return place(node);
+    return bindAssignedVariable(node);
   if (node.kind != NodeKind::list)
-    return expression(node);
-  std::vector<CodePtr> places;
+    return bindExpression(node);
+  std::vector<ExpressionPtr> targets;
   for (const Node& each : node.children)
-    places.push_back(assignable(each));
-  return patternCode(std::move(places));
+    targets.push_back(bindTarget(each));
+  return patternExpression(std::move(targets));
 }
 
 } // namespace tavrel::script

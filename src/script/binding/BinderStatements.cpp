@@ -1,11 +1,15 @@
 #include "script/binding/Binder.h"
+#include "script/running/AppendStatement.h"
+#include "script/running/LoopStatements.h"
+#include "script/running/ValueExpressions.h"
 
 #include <algorithm>
 
 namespace tavrel::script {
 namespace {
 
-// Whether the statements write through the loop variable, as `set contents of x to 1` does.
+// Whether the statements set the item that the loop variable stands for, as
+// `set contents of x to 1` does.
 bool writesThrough(const Node& node, const std::string& variable) {
   const bool writes = node.kind == NodeKind::set || node.kind == NodeKind::copy;
   const Node* target = writes && !node.children.empty() ? &node.children[0] : nullptr;
@@ -28,172 +32,175 @@ bool usesResult(const Node& node) {
 // Whether the expression may run a handler, and so may change a variable on its way.
 bool mayRunHandlers(const Node& node) {
   if (node.kind == NodeKind::call || node.kind == NodeKind::labelledCall ||
-      node.kind == NodeKind::resume || (node.kind == NodeKind::command && node.text == "run"))
+      node.kind == NodeKind::continueCall || (node.kind == NodeKind::command && node.text == "run"))
     return true;
   return std::any_of(node.children.begin(), node.children.end(), mayRunHandlers);
 }
 
-// The pieces of `x & a & b`, in order, when the value begins with the target; else none.
-std::vector<const Node*> appendedPieces(const Node& target, const Node& value) {
-  std::vector<const Node*> pieces;
+// The operands a and b of `x & a & b`, in order, when x is the target and no operand can change it;
+// else none.
+std::vector<const Node*> appendedOperands(const Node& target, const Node& value) {
+  std::vector<const Node*> operands;
   const Node* whole = &value;
   while (whole->kind == NodeKind::binary && whole->text == "&" && whole->children.size() == 2) {
     if (mayRunHandlers(whole->children[1]))
       return {};
-    pieces.push_back(&whole->children[1]);
+    operands.push_back(&whole->children[1]);
     whole = &whole->children[0];
   }
   if (!isSameVariable(target, *whole))
     return {};
-  std::reverse(pieces.begin(), pieces.end());
-  return pieces;
+  std::reverse(operands.begin(), operands.end());
+  return operands;
 }
 
 } // namespace
 
-Sequence Binder::sequence(const Node& block) {
+Block Binder::bindBlock(const Node& block) {
   if (block.kind != NodeKind::block)
     corrupt();
-  Sequence result;
+  Block result;
   for (const Node& each : block.children)
     if (each.kind != NodeKind::global)
-      result.add(statement(each));
+      result.add(bindStatement(each));
   return result;
 }
 
-ActionPtr Binder::statement(const Node& node) {
-  ActionPtr action = plainStatement(node);
-  const_cast<Action&>(*action).span = node.span;
-  return action;
+StatementPtr Binder::bindStatement(const Node& node) {
+  StatementPtr statement = bindStatementKind(node);
+  const_cast<Statement&>(*statement).span = node.span;
+  return statement;
 }
 
-ActionPtr Binder::plainStatement(const Node& node) {
+StatementPtr Binder::bindStatementKind(const Node& node) {
   switch (node.kind) {
   case NodeKind::block: {
-    std::vector<Branch> none;
-    return branchAction(std::move(none), sequence(node));
+    std::vector<ConditionalBlock> none;
+    return ifStatement(std::move(none), bindBlock(node));
   }
   case NodeKind::expression:
-    return expressionAction(expression(child(node, 0)),
-                            usesResult(node) ? PriorResult::used : PriorResult::unused);
+    return expressionStatement(bindExpression(child(node, 0)),
+                               usesResult(node) ? PriorResult::used : PriorResult::unused);
   case NodeKind::set:
-    return assignment(node, Keeping::shares);
+    return bindAssignment(node, Assignment::shareValue);
   case NodeKind::copy:
-    return assignment(node, Keeping::copies);
-  case NodeKind::branch:
-    return branch(node);
+    return bindAssignment(node, Assignment::copyValue);
+  case NodeKind::ifStatement:
+    return bindIf(node);
   case NodeKind::repeatForever:
-    return foreverAction(sequence(child(node, 0)));
+    return repeatForeverStatement(bindBlock(child(node, 0)));
   case NodeKind::repeatTimes:
-    return timesAction(expression(child(node, 0)), sequence(child(node, 1)));
+    return repeatTimesStatement(bindExpression(child(node, 0)), bindBlock(child(node, 1)));
   case NodeKind::repeatWhile:
-    return conditionAction(Until::conditionFails, expression(child(node, 0)),
-                           sequence(child(node, 1)));
+    return conditionalRepeatStatement(LoopEnd::conditionFails, bindExpression(child(node, 0)),
+                                      bindBlock(child(node, 1)));
   case NodeKind::repeatUntil:
-    return conditionAction(Until::conditionHolds, expression(child(node, 0)),
-                           sequence(child(node, 1)));
+    return conditionalRepeatStatement(LoopEnd::conditionHolds, bindExpression(child(node, 0)),
+                                      bindBlock(child(node, 1)));
   case NodeKind::repeatWith: {
-    Counting counting{place(node), expression(child(node, 0)), expression(child(node, 1)),
-                      optional(child(node, 2))};
-    return countingAction(std::move(counting), sequence(child(node, 3)));
+    CountingLoop counting{bindAssignedVariable(node), bindExpression(child(node, 0)),
+                          bindExpression(child(node, 1)), bindOptional(child(node, 2))};
+    return repeatWithStatement(std::move(counting), bindBlock(child(node, 3)));
   }
   case NodeKind::repeatIn:
-    return each(node);
+    return bindRepeatIn(node);
   case NodeKind::exitRepeat:
-    return exitAction();
-  case NodeKind::giveBack:
-    return returnAction(optional(child(node, 0)));
-  case NodeKind::attempt:
-    return attempt(node);
-  case NodeKind::fail:
-    return failAction(optional(child(node, 0)), optional(child(node, 1)));
+    return exitStatement();
+  case NodeKind::returnStatement:
+    return returnStatement(bindOptional(child(node, 0)));
+  case NodeKind::tryStatement:
+    return bindTry(node);
+  case NodeKind::errorStatement:
+    return errorStatement(bindOptional(child(node, 0)), bindOptional(child(node, 1)));
   case NodeKind::tell:
-    return tellAction(expression(child(node, 0)), sequence(child(node, 1)));
+    return tellStatement(bindExpression(child(node, 0)), bindBlock(child(node, 1)));
   case NodeKind::considering:
   case NodeKind::ignoring:
-    return consider(node);
+    return bindConsidering(node);
   case NodeKind::log:
-    return logAction(expression(child(node, 0)));
+    return logStatement(bindExpression(child(node, 0)));
   case NodeKind::local:
     for (const Node& name : node.children)
-      (void)local(symbol(name.text));
-    return branchAction({}, {});
+      (void)localSlot(symbol(name.text));
+    return ifStatement({}, {});
   case NodeKind::script:
-    return innerScript(node);
+    return bindInnerScript(node);
   default:
     throw ScriptError{errors::syntax, "That can’t stand here.", node.span};
   }
 }
 
-ActionPtr Binder::assignment(const Node& node, Keeping keeping) {
+StatementPtr Binder::bindAssignment(const Node& node, Assignment assignment) {
   const Node& target = child(node, 0);
   const Node& value = child(node, 1);
-  if (keeping == Keeping::shares)
-    if (const auto pieces = appendedPieces(target, value); !pieces.empty()) {
-      std::vector<CodePtr> codes;
-      for (const Node* each : pieces)
-        codes.push_back(expression(*each));
-      return appendAction(assignable(target), std::move(codes));
+  if (assignment == Assignment::shareValue)
+    if (const auto operands = appendedOperands(target, value); !operands.empty()) {
+      std::vector<ExpressionPtr> appended;
+      for (const Node* each : operands)
+        appended.push_back(bindExpression(*each));
+      return appendStatement(bindTarget(target), std::move(appended));
     }
-  CodePtr code = expression(value);
-  return setAction(assignable(target), std::move(code), keeping);
+  ExpressionPtr source = bindExpression(value);
+  return setStatement(bindTarget(target), std::move(source), assignment);
 }
 
-ActionPtr Binder::branch(const Node& node) {
-  std::vector<Branch> branches;
+StatementPtr Binder::bindIf(const Node& node) {
+  std::vector<ConditionalBlock> branches;
   for (std::size_t i = 0; i + 1 < node.children.size(); i += 2)
-    branches.push_back({expression(node.children[i]), sequence(node.children[i + 1])});
-  Sequence otherwise;
+    branches.push_back({bindExpression(node.children[i]), bindBlock(node.children[i + 1])});
+  Block otherwise;
   if (node.children.size() % 2 == 1)
-    otherwise = sequence(node.children.back());
-  return branchAction(std::move(branches), std::move(otherwise));
+    otherwise = bindBlock(node.children.back());
+  return ifStatement(std::move(branches), std::move(otherwise));
 }
 
-ActionPtr Binder::each(const Node& node) {
-  CodePtr list = expression(child(node, 0));
+StatementPtr Binder::bindRepeatIn(const Node& node) {
+  ExpressionPtr list = bindExpression(child(node, 0));
   const Node& body = child(node, 1);
-  const Item item = writesThrough(body, node.text) ? Item::reference : Item::value;
-  CodePtr variable = place(node);
-  return eachAction(std::move(variable), std::move(list), item, sequence(body));
+  const LoopItem item = writesThrough(body, node.text) ? LoopItem::reference : LoopItem::value;
+  ExpressionPtr variable = bindAssignedVariable(node);
+  return repeatInStatement(std::move(variable), std::move(list), item, bindBlock(body));
 }
 
-ActionPtr Binder::attempt(const Node& node) {
-  Attempt result;
-  result.body = sequence(child(node, 0));
+StatementPtr Binder::bindTry(const Node& node) {
+  TryClauses result;
+  result.body = bindBlock(child(node, 0));
   const Node& message = child(node, 2);
   const Node& number = child(node, 3);
   if (message.kind == NodeKind::variable)
-    result.message = place(message);
+    result.messageVariable = bindAssignedVariable(message);
   if (number.kind == NodeKind::variable)
-    result.number = place(number);
+    result.numberVariable = bindAssignedVariable(number);
   else if (number.kind == NodeKind::integer)
-    result.only = number.integer;
+    result.caughtNumber = number.integer;
   if (child(node, 1).kind != NodeKind::none)
-    result.rescue = sequence(node.children[1]);
-  return attemptAction(std::move(result));
+    result.errorBlock = bindBlock(node.children[1]);
+  return tryStatement(std::move(result));
 }
 
-ActionPtr Binder::consider(const Node& node) {
+StatementPtr Binder::bindConsidering(const Node& node) {
   if (node.children.empty())
     corrupt();
   std::vector<std::string> what;
   for (std::size_t i = 0; i + 1 < node.children.size(); ++i)
     what.push_back(node.children[i].text);
-  const Attention attention =
-      node.kind == NodeKind::considering ? Attention::considering : Attention::ignoring;
+  const Consideration consideration =
+      node.kind == NodeKind::considering ? Consideration::considering : Consideration::ignoring;
   const Node& last = node.children.back();
   if (last.kind == NodeKind::block)
-    return considerAction(attention, std::move(what), sequence(last));
-  Sequence inner;
-  inner.add(consider(last));
-  return considerAction(attention, std::move(what), std::move(inner));
+    return consideringStatement(consideration, std::move(what), bindBlock(last));
+  Block inner;
+  inner.add(bindConsidering(last));
+  return consideringStatement(consideration, std::move(what), std::move(inner));
 }
 
-// A script object inside a handler is made each time the handler comes by.
-ActionPtr Binder::innerScript(const Node& node) {
-  CodePtr script = scriptCode(Binder(heap_, this).script(child(node, 0), node.text));
-  return node.text.empty() ? expressionAction(std::move(script), PriorResult::used)
-                           : setAction(place(node), std::move(script), Keeping::shares);
+// A script object inside a handler is made anew each time the statement runs.
+StatementPtr Binder::bindInnerScript(const Node& node) {
+  ExpressionPtr script =
+      newScriptExpression(Binder(heap_, this).bindScriptBlock(child(node, 0), node.text));
+  return node.text.empty()
+             ? expressionStatement(std::move(script), PriorResult::used)
+             : setStatement(bindAssignedVariable(node), std::move(script), Assignment::shareValue);
 }
 
 } // namespace tavrel::script

@@ -1,4 +1,4 @@
-#include "script/binding/Binder.h"
+#include "script/binding/Predefined.h"
 
 #include "script/values/Dates.h"
 
@@ -39,7 +39,9 @@ Value calendarName(const std::string& name) {
   return {};
 }
 
-Value meaning(Heap& heap, const std::string& name) {
+} // namespace
+
+Value predefinedValue(Heap& heap, const std::string& name) {
   for (const auto& [each, text] : texts)
     if (name == each)
       return Value(Ref(new Text(heap, std::string(text))));
@@ -49,56 +51,6 @@ Value meaning(Heap& heap, const std::string& name) {
   if (std::find(constantNames.begin(), constantNames.end(), name) != constantNames.end())
     return Value::constant(name);
   return name == "pi" ? Value::real(std::numbers::pi) : calendarName(name);
-}
-
-void addTarget(const Node& target, Names& names) {
-  if (target.kind == NodeKind::variable)
-    names.insert(symbol(target.text));
-  if (target.kind == NodeKind::list)
-    for (const Node& each : target.children)
-      addTarget(each, names);
-}
-
-void collect(const Node& node, Names& names) {
-  switch (node.kind) {
-  case NodeKind::handler:
-    return;
-  case NodeKind::script:
-    names.insert(symbol(node.text));
-    return;
-  case NodeKind::set:
-  case NodeKind::copy:
-    if (!node.children.empty())
-      addTarget(node.children[0], names);
-    break;
-  case NodeKind::repeatWith:
-  case NodeKind::repeatIn:
-    names.insert(symbol(node.text));
-    break;
-  case NodeKind::attempt:
-    for (std::size_t i = 2; i < node.children.size(); ++i)
-      addTarget(node.children[i], names);
-    break;
-  default:
-    break;
-  }
-  if (node.kind >= NodeKind::block)
-    for (const Node& each : node.children)
-      collect(each, names);
-}
-
-} // namespace
-
-Names assignedNames(const Node& block) {
-  Names names;
-  for (const Node& each : block.children)
-    collect(each, names);
-  return names;
-}
-
-CodePtr predefined(Heap& heap, const std::string& name) {
-  Value value = meaning(heap, name);
-  return value.is(ValueKind::undefined) ? nullptr : constantCode(std::move(value));
 }
 
 } // namespace tavrel::script

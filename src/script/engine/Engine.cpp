@@ -1,15 +1,15 @@
 #include "script/engine/Engine.h"
 
 #include "base/Utf8.h"
-#include "script/binding/Bind.h"
-#include "script/running/HandlerCalls.h"
-#include "script/running/ValueExpressions.h"
+#include "script/binding/Binder.h"
+#include "script/running/HostEvents.h"
+#include "script/running/ScriptInstances.h"
 #include "script/storage/StoredValues.h"
 #include "script/storage/SyntaxTreeCodec.h"
-#include "script/values/Coercion.h"
+#include "script/syntax/Parser.h"
+#include "script/values/Description.h"
 #include "script/values/HostValues.h"
 
-#include <algorithm>
 #include <new>
 
 namespace tavrel::script {
@@ -20,7 +20,7 @@ constexpr const char* compiledKey = "compiled";
 constexpr const char* propertiesKey = "properties";
 
 ErrorReport reportOf(const ScriptError& error) {
-  return {error.number, error.message, error.culprit, error.span};
+  return {error.number, error.message, error.application, error.span};
 }
 
 // Errors leave the engine as values.
@@ -35,32 +35,14 @@ template <typename Work> std::optional<ErrorReport> attempted(Work work) {
   return std::nullopt;
 }
 
-std::size_t unitsIn(const std::string& source, std::size_t from, std::size_t length) {
-  const std::size_t start = std::min(from, source.size());
-  return utf16FromUtf8(std::string_view(source).substr(start, length)).size();
+std::shared_ptr<const ScriptDefinition> bindSource(Heap& heap, const std::string& source) {
+  return bindScript(heap, parseScript(source));
 }
 
 } // namespace
 
-PropertyList errorDictionary(const ErrorReport& error, const std::string& source) {
-  PropertyList::Dictionary result{{"NSAppleScriptErrorNumber", error.number},
-                                  {"NSAppleScriptErrorMessage", error.message},
-                                  {"NSAppleScriptErrorBriefMessage", error.message}};
-  std::string range = "{";
-  range.append(std::to_string(unitsIn(source, 0, error.range.start))).append(", ");
-  range.append(std::to_string(unitsIn(source, error.range.start, error.range.length))).append("}");
-  result.emplace("NSAppleScriptErrorRange", std::move(range));
-  if (!error.application.empty())
-    result.emplace("NSAppleScriptErrorAppName", error.application);
-  return result;
-}
-
-/// Scripts that know the script they stand in hold each other; after the outermost run nobody needs
-/// them any more.
-std::shared_ptr<const Shape> bindSource(Heap& heap, const std::string& source) {
-  return bindScript(heap, parseScript(source));
-}
-
+/// Counts the runs inside one another. After the outermost one the host is told, and the scripts
+/// are freed that hold each other, as one and the script it stands in do.
 class Engine::Running {
 public:
   explicit Running(Engine& engine) : engine_(engine) { ++engine_.runs_; }
@@ -95,7 +77,7 @@ Engine::Loaded Engine::loadContainer(const PropertyList& container) {
   auto tree = compiled ? decodeTree(*compiled) : std::nullopt;
   if (!tree)
     return ErrorReport{errors::corruptScript, "The compiled script is damaged.", {}, {}};
-  Script script{std::nullopt, Author::person, *std::move(tree), nullptr, {}};
+  Script script{std::nullopt, Author::user, *std::move(tree), nullptr, {}};
   if (const std::string* source = container.stringFor(sourceKey))
     script.source = *source;
   const PropertyList* properties = container.find(propertiesKey);
@@ -105,7 +87,7 @@ Engine::Loaded Engine::loadContainer(const PropertyList& container) {
 }
 
 Engine::Loaded Engine::add(Script script) {
-  if (auto error = attempted([&] { script.shape = bindScript(heap_, script.tree); }))
+  if (auto error = attempted([&] { script.definition = bindScript(heap_, script.tree); }))
     return *std::move(error);
   const ScriptId id = ++last_;
   scripts_.emplace(id, std::move(script));
@@ -113,9 +95,9 @@ Engine::Loaded Engine::add(Script script) {
 }
 
 void Engine::restore(Runtime& runtime, ScriptObject& object, const Script& script) const {
-  const Shape& shape = object.shape();
-  for (std::size_t i = 0; i < shape.propertyCount; ++i) {
-    const auto kept = script.properties.find(*shape.fields[i]);
+  const ScriptDefinition& definition = object.definition();
+  for (std::size_t i = 0; i < definition.propertyCount; ++i) {
+    const auto kept = script.properties.find(*definition.fields[i]);
     if (kept == script.properties.end())
       continue;
     if (auto value = restoredValue(runtime, kept->second))
@@ -124,10 +106,10 @@ void Engine::restore(Runtime& runtime, ScriptObject& object, const Script& scrip
 }
 
 void Engine::keep(const ScriptObject& object, Script& script) {
-  const Shape& shape = object.shape();
-  for (std::size_t i = 0; i < shape.propertyCount && i < object.fields.size(); ++i)
+  const ScriptDefinition& definition = object.definition();
+  for (std::size_t i = 0; i < definition.propertyCount && i < object.fields.size(); ++i)
     if (auto value = storedValue(object.fields[i]))
-      script.properties.insert_or_assign(*shape.fields[i], *std::move(value));
+      script.properties.insert_or_assign(*definition.fields[i], *std::move(value));
 }
 
 RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Limits limits) {
@@ -140,7 +122,7 @@ RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Li
   const Running running(*this);
   result.error = attempted([&] {
     Runtime runtime(heap_, host_, bindSource, script.author, limits);
-    const Ref<ScriptObject> object = instantiate(runtime, script.shape, {});
+    const Ref<ScriptObject> object = instantiate(runtime, script.definition, {});
     restore(runtime, *object, script);
     std::vector<Value> values;
     for (const std::string& each : arguments)
@@ -149,7 +131,7 @@ RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Li
     result.description = described(value);
     keep(*object, script);
     // What the desktop cannot take, as a script or a list that holds itself, is no result.
-    (void)attempted([&] { result.value = hostValueOf(runtime, value); });
+    (void)attempted([&] { result.value = valueForHost(runtime, value); });
   });
   return result;
 }

@@ -2,6 +2,7 @@
 
 #include "base/PropertyList.h"
 #include "script/Host.h"
+#include "script/engine/ErrorReport.h"
 #include "script/syntax/SyntaxTree.h"
 #include "script/values/Runtime.h"
 #include "script/values/ScriptObject.h"
@@ -13,19 +14,6 @@ namespace tavrel::script {
 
 /// A script that is loaded; 0 is none.
 using ScriptId = std::uint32_t;
-
-/// Why a script could not be loaded or did not come to its end.
-struct ErrorReport {
-  int number = 0;
-  std::string message;
-  std::string application; ///< that answered with the error; empty when none did
-  Span range;              ///< the place in the source; of length 0 when it is not known
-};
-
-/// The error as a dictionary: "NSAppleScriptErrorNumber", "NSAppleScriptErrorMessage",
-/// "NSAppleScriptErrorBriefMessage", "NSAppleScriptErrorRange" ("{start, length}" in UTF-16 units)
-/// and "NSAppleScriptErrorAppName".
-[[nodiscard]] PropertyList errorDictionary(const ErrorReport& error, const std::string& source);
 
 /// How a run ended: with a value or with an error.
 struct RunResult {
@@ -63,9 +51,9 @@ public:
 private:
   struct Script {
     std::optional<std::string> source;
-    Author author = Author::person;
+    Author author = Author::user;
     Node tree;
-    std::shared_ptr<const Shape> shape;
+    std::shared_ptr<const ScriptDefinition> definition;
     PropertyList::Dictionary properties;
   };
 

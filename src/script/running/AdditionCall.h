@@ -4,7 +4,8 @@
 
 namespace tavrel::script {
 
-/// A command with its parameters; objects of applications are not fetched.
+/// The call of a scripting addition. Its parameters may be specifiers of an application's objects,
+/// which are not fetched; references have given way to what they refer to.
 struct AdditionCall {
   Frame& frame;
   Value direct; ///< undefined when there is none
@@ -19,7 +20,7 @@ struct AdditionCall {
   }
 };
 
-/// A command that the engine itself knows how to do.
-using Addition = Value (*)(const AdditionCall&);
+/// A command that the engine itself knows how to do, as `current date`.
+using ScriptingAddition = Value (*)(const AdditionCall&);
 
 } // namespace tavrel::script

@@ -1,31 +1,31 @@
-#include "script/running/BlockStatements.h"
+#include "script/running/AppendStatement.h"
 
 #include "script/values/Coercion.h"
-#include "script/values/Operators.h"
+#include "script/values/Concatenation.h"
 
 #include <algorithm>
 
 namespace tavrel::script {
 namespace {
 
-// What a text takes as text, so that several pieces can be one.
-bool joinsText(const Value& piece) {
-  return !piece.is(ValueKind::record) && !piece.is(ValueKind::undefined);
+// Whether the operand joins a text as text; all of them can then be appended as one.
+bool joinsAsText(const Value& operand) {
+  return !operand.is(ValueKind::record) && !operand.is(ValueKind::undefined);
 }
 
-bool appendText(Runtime& runtime, Text& text, const std::vector<Value>& pieces) {
-  if (!std::all_of(pieces.begin(), pieces.end(), joinsText))
+bool appendText(Runtime& runtime, Text& text, const std::vector<Value>& operands) {
+  if (!std::all_of(operands.begin(), operands.end(), joinsAsText))
     return false;
   std::string tail;
-  for (const Value& each : pieces)
+  for (const Value& each : operands)
     tail += textOf(runtime, each);
   text.append(tail);
   return true;
 }
 
-bool appendList(Runtime& runtime, List& list, const std::vector<Value>& pieces) {
+bool appendList(Runtime& runtime, List& list, const std::vector<Value>& operands) {
   std::vector<Value> tail;
-  for (const Value& each : pieces) {
+  for (const Value& each : operands) {
     const Value more = coerced(runtime, each, "list");
     tail.insert(tail.end(), more.as<List>()->values().begin(), more.as<List>()->values().end());
   }
@@ -34,51 +34,50 @@ bool appendList(Runtime& runtime, List& list, const std::vector<Value>& pieces) 
   return true;
 }
 
-// `set x to x & a & b`: nothing is copied that nobody else sees.
-class Append final : public Action {
+class Append final : public Statement {
 public:
-  Append(CodePtr place, std::vector<CodePtr> pieces)
-      : place_(std::move(place)), pieces_(std::move(pieces)) {}
+  Append(ExpressionPtr target, std::vector<ExpressionPtr> operands)
+      : target_(std::move(target)), operands_(std::move(operands)) {}
   Flow run(Frame& frame) const override {
-    std::vector<Value> pieces;
-    pieces.reserve(pieces_.size());
-    for (const CodePtr& each : pieces_)
-      pieces.push_back(each->evaluate(frame));
+    std::vector<Value> operands;
+    operands.reserve(operands_.size());
+    for (const ExpressionPtr& each : operands_)
+      operands.push_back(each->evaluate(frame));
     frame.result = {};
-    Value whole = place_->takeOut(frame);
+    Value whole = target_->takeValue(frame);
     try {
-      join(frame.runtime, whole, pieces);
+      join(frame.runtime, whole, operands);
     } catch (...) {
-      place_->assign(frame, std::move(whole));
+      target_->assign(frame, std::move(whole));
       throw;
     }
     frame.result = whole;
-    place_->assign(frame, std::move(whole));
+    target_->assign(frame, std::move(whole));
     return Flow::next;
   }
 
 private:
-  static void join(Runtime& runtime, Value& whole, const std::vector<Value>& pieces) {
+  static void join(Runtime& runtime, Value& whole, const std::vector<Value>& operands) {
     const bool isOurs = whole.isObject() && !whole.object()->isShared();
     auto* text = isOurs ? whole.as<Text>() : nullptr;
     auto* list = isOurs ? whole.as<List>() : nullptr;
-    if ((text && appendText(runtime, *text, pieces)) ||
-        (list && appendList(runtime, *list, pieces)))
+    if ((text && appendText(runtime, *text, operands)) ||
+        (list && appendList(runtime, *list, operands)))
       return;
     Value joined = whole;
-    for (const Value& each : pieces)
-      joined = joinedValues(runtime, joined, each);
+    for (const Value& each : operands)
+      joined = concatenated(runtime, joined, each);
     whole = std::move(joined);
   }
 
-  CodePtr place_;
-  std::vector<CodePtr> pieces_;
+  ExpressionPtr target_;
+  std::vector<ExpressionPtr> operands_;
 };
 
 } // namespace
 
-ActionPtr appendAction(CodePtr place, std::vector<CodePtr> pieces) {
-  return std::make_unique<Append>(std::move(place), std::move(pieces));
+StatementPtr appendStatement(ExpressionPtr target, std::vector<ExpressionPtr> operands) {
+  return std::make_unique<Append>(std::move(target), std::move(operands));
 }
 
 } // namespace tavrel::script

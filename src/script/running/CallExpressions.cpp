@@ -1,9 +1,10 @@
-#include "script/running/ValueExpressions.h"
+#include "script/running/CallExpressions.h"
 
 #include "script/running/AdditionCall.h"
 #include "script/running/HandlerCalls.h"
+#include "script/running/HostEvents.h"
 #include "script/syntax/Terminology.h"
-#include "script/values/Coercion.h"
+#include "script/values/Description.h"
 #include "script/values/HostValues.h"
 #include "script/values/Reference.h"
 #include "script/values/Specifier.h"
@@ -18,39 +19,40 @@ namespace {
 }
 
 // A message goes to the target of the enclosing tell, else to the script itself.
-Value receiver(Frame& frame, const CodePtr& target) {
+Value receiver(Frame& frame, const ExpressionPtr& target) {
   if (target)
     return target->evaluate(frame);
   return frame.target.is(ValueKind::script) || frame.target.is(ValueKind::specifier) ? frame.target
                                                                                      : frame.me;
 }
 
-Found handlerOf(const Value& target, const std::string* name) {
+FoundHandler handlerOf(const Value& target, const std::string* name) {
   auto* script = target.as<ScriptObject>();
-  const Found found = script ? findHandler(*script, name) : Found{};
+  const FoundHandler found = script ? findHandler(*script, name) : FoundHandler{};
   if (!found.handler)
     notUnderstood(target, *name);
   return found;
 }
 
-std::vector<Value> evaluated(Frame& frame, const std::vector<CodePtr>& codes) {
+std::vector<Value> evaluated(Frame& frame, const std::vector<ExpressionPtr>& expressions) {
   std::vector<Value> values;
-  values.reserve(codes.size());
-  for (const CodePtr& each : codes)
-    values.push_back(each->hand(frame));
+  values.reserve(expressions.size());
+  for (const ExpressionPtr& each : expressions)
+    values.push_back(each->evaluateArgument(frame));
   return values;
 }
 
-std::vector<LabelledValue> evaluated(Frame& frame, const std::vector<LabelledCode>& codes) {
+std::vector<LabelledValue> evaluated(Frame& frame,
+                                     const std::vector<LabelledExpression>& expressions) {
   std::vector<LabelledValue> values;
-  for (const auto& [label, code] : codes)
-    values.push_back({label, code->hand(frame)});
+  for (const auto& [label, expression] : expressions)
+    values.push_back({label, expression->evaluateArgument(frame)});
   return values;
 }
 
-class Call final : public Code {
+class Call final : public Expression {
 public:
-  Call(const std::string* name, CodePtr target, std::vector<CodePtr> arguments)
+  Call(const std::string* name, ExpressionPtr target, std::vector<ExpressionPtr> arguments)
       : name_(name), target_(std::move(target)), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override {
     const Value target = receiver(frame, target_);
@@ -60,13 +62,14 @@ public:
 
 private:
   const std::string* name_;
-  CodePtr target_;
-  std::vector<CodePtr> arguments_;
+  ExpressionPtr target_;
+  std::vector<ExpressionPtr> arguments_;
 };
 
-class LabelledCall final : public Code {
+class LabelledCall final : public Expression {
 public:
-  LabelledCall(const std::string* name, CodePtr target, std::vector<LabelledCode> arguments)
+  LabelledCall(const std::string* name, ExpressionPtr target,
+               std::vector<LabelledExpression> arguments)
       : name_(name), target_(std::move(target)), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override {
     const Value target = receiver(frame, target_);
@@ -76,14 +79,14 @@ public:
 
 private:
   const std::string* name_;
-  CodePtr target_;
-  std::vector<LabelledCode> arguments_;
+  ExpressionPtr target_;
+  std::vector<LabelledExpression> arguments_;
 };
 
 // `continue name(...)`: the handler of that name that this script inherits, for the same `me`.
-class Resume final : public Code {
+class Resume final : public Expression {
 public:
-  Resume(const std::string* name, std::vector<CodePtr> arguments)
+  Resume(const std::string* name, std::vector<ExpressionPtr> arguments)
       : name_(name), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override {
     return callHandler(frame.runtime, handlerOf(frame.self.parent, name_), frame.me,
@@ -92,12 +95,12 @@ public:
 
 private:
   const std::string* name_;
-  std::vector<CodePtr> arguments_;
+  std::vector<ExpressionPtr> arguments_;
 };
 
-class LabelledResume final : public Code {
+class LabelledResume final : public Expression {
 public:
-  LabelledResume(const std::string* name, std::vector<LabelledCode> arguments)
+  LabelledResume(const std::string* name, std::vector<LabelledExpression> arguments)
       : name_(name), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override {
     return callLabelled(frame.runtime, handlerOf(frame.self.parent, name_), frame.me,
@@ -106,7 +109,7 @@ public:
 
 private:
   const std::string* name_;
-  std::vector<LabelledCode> arguments_;
+  std::vector<LabelledExpression> arguments_;
 };
 
 // Whether the command is asked of the desktop rather than of an application.
@@ -119,19 +122,20 @@ bool isOfDesktop(std::string_view command) {
   return false;
 }
 
-class Command final : public Code {
+class Command final : public Expression {
 public:
-  Command(const std::string& name, Addition addition, CodePtr direct,
-          std::vector<LabelledCode> parameters)
+  Command(const std::string& name, ScriptingAddition addition, ExpressionPtr direct,
+          std::vector<LabelledExpression> parameters)
       : name_(name), addition_(addition), direct_(std::move(direct)),
         parameters_(std::move(parameters)) {}
 
   Value evaluate(Frame& frame) const override {
     AdditionCall call{frame, {}, {}};
     if (direct_)
-      call.direct = behind(frame.runtime, direct_->designate(frame));
-    for (const auto& [label, code] : parameters_)
-      call.parameters.push_back({label, behind(frame.runtime, code->designate(frame))});
+      call.direct = dereferenced(frame.runtime, direct_->evaluateUnfetched(frame));
+    for (const auto& [label, expression] : parameters_)
+      call.parameters.push_back(
+          {label, dereferenced(frame.runtime, expression->evaluateUnfetched(frame))});
     if (addition_)
       return addition_(call);
     return isOfDesktop(name_) ? ask({}, call) : ask(applicationOf(frame, call), call);
@@ -150,39 +154,41 @@ private:
     Runtime& runtime = call.frame.runtime;
     HostEvent event{std::move(application), name_, std::nullopt, {}};
     if (direct_)
-      event.direct = hostValueOf(runtime, call.direct);
+      event.direct = valueForHost(runtime, call.direct);
     for (const LabelledValue& each : call.parameters)
-      event.parameters[*each.label] = hostValueOf(runtime, each.value);
+      event.parameters[*each.label] = valueForHost(runtime, each.value);
     return performEvent(runtime, event);
   }
 
   const std::string name_;
-  Addition addition_;
-  CodePtr direct_;
-  std::vector<LabelledCode> parameters_;
+  ScriptingAddition addition_;
+  ExpressionPtr direct_;
+  std::vector<LabelledExpression> parameters_;
 };
 
 } // namespace
 
-CodePtr callCode(const std::string* name, CodePtr target, std::vector<CodePtr> arguments) {
+ExpressionPtr callExpression(const std::string* name, ExpressionPtr target,
+                             std::vector<ExpressionPtr> arguments) {
   return std::make_unique<Call>(name, std::move(target), std::move(arguments));
 }
 
-CodePtr labelledCallCode(const std::string* name, CodePtr target,
-                         std::vector<LabelledCode> arguments) {
+ExpressionPtr labelledCallExpression(const std::string* name, ExpressionPtr target,
+                                     std::vector<LabelledExpression> arguments) {
   return std::make_unique<LabelledCall>(name, std::move(target), std::move(arguments));
 }
 
-CodePtr resumeCode(const std::string* name, std::vector<CodePtr> arguments) {
+ExpressionPtr continueExpression(const std::string* name, std::vector<ExpressionPtr> arguments) {
   return std::make_unique<Resume>(name, std::move(arguments));
 }
 
-CodePtr labelledResumeCode(const std::string* name, std::vector<LabelledCode> arguments) {
+ExpressionPtr labelledContinueExpression(const std::string* name,
+                                         std::vector<LabelledExpression> arguments) {
   return std::make_unique<LabelledResume>(name, std::move(arguments));
 }
 
-CodePtr commandCode(const std::string& name, Addition addition, CodePtr direct,
-                    std::vector<LabelledCode> parameters) {
+ExpressionPtr commandExpression(const std::string& name, ScriptingAddition addition,
+                                ExpressionPtr direct, std::vector<LabelledExpression> parameters) {
   return std::make_unique<Command>(name, addition, std::move(direct), std::move(parameters));
 }
 

@@ -1,5 +1,7 @@
-#include "script/running/MemberExpression.h"
+#include "script/running/ElementExpressions.h"
 
+#include "script/running/HostEvents.h"
+#include "script/running/MemberExpression.h"
 #include "script/values/AccessErrors.h"
 #include "script/values/Coercion.h"
 #include "script/values/Elements.h"
@@ -11,38 +13,38 @@
 namespace tavrel::script {
 namespace {
 
-class ElementOf final : public PartCode {
+class ElementOf final : public MemberExpression {
 public:
-  ElementOf(std::string type, CodePtr container, CodePtr key)
-      : PartCode(std::move(container)), type_(std::move(type)), key_(std::move(key)) {}
+  ElementOf(std::string type, ExpressionPtr container, ExpressionPtr key)
+      : MemberExpression(std::move(container)), type_(std::move(type)), key_(std::move(key)) {}
 
 protected:
   ObjectStep stepOf(Frame& frame) const override {
-    return {ObjectStep::Kind::element, type_, {hostValueOf(frame.runtime, key_->evaluate(frame))}};
+    return {ObjectStep::Kind::element, type_, {valueForHost(frame.runtime, key_->evaluate(frame))}};
   }
-  Value partOf(Frame& frame, const Value& whole) const override {
-    return elementPart(frame.runtime, whole, type_, key_->evaluate(frame));
+  Value memberOf(Frame& frame, const Value& whole) const override {
+    return elementOf(frame.runtime, whole, type_, key_->evaluate(frame));
   }
-  Value placeOfPart(Frame& frame, const Value& place, const Value&) const override {
+  Value referenceToMember(Frame& frame, const Value& place, const Value&) const override {
     return elementReference(frame.runtime, place, type_, key_->evaluate(frame));
   }
-  void setPart(Frame& frame, const Value& whole, Value value) const override {
-    setElementPart(frame.runtime, whole, type_, key_->evaluate(frame), std::move(value));
+  void setMember(Frame& frame, const Value& whole, Value value) const override {
+    setElement(frame.runtime, whole, type_, key_->evaluate(frame), std::move(value));
   }
 
 private:
   std::string type_;
-  CodePtr key_;
+  ExpressionPtr key_;
 };
 
-class EveryOf final : public PartCode {
+class EveryOf final : public MemberExpression {
 public:
-  EveryOf(std::string type, CodePtr container)
-      : PartCode(std::move(container)), type_(std::move(type)) {}
+  EveryOf(std::string type, ExpressionPtr container)
+      : MemberExpression(std::move(container)), type_(std::move(type)) {}
 
 protected:
   ObjectStep stepOf(Frame&) const override { return {ObjectStep::Kind::every, type_, {}}; }
-  Value partOf(Frame& frame, const Value& whole) const override {
+  Value memberOf(Frame& frame, const Value& whole) const override {
     return everyElement(frame.runtime, whole, type_);
   }
 
@@ -50,72 +52,135 @@ private:
   std::string type_;
 };
 
-class PickOf final : public PartCode {
+class PickOf final : public MemberExpression {
 public:
-  PickOf(Pick pick, std::string type, CodePtr container)
-      : PartCode(std::move(container)), pick_(pick), type_(std::move(type)) {}
+  PickOf(PickedElement pick, std::string type, ExpressionPtr container)
+      : MemberExpression(std::move(container)), pick_(pick), type_(std::move(type)) {}
 
 protected:
   ObjectStep stepOf(Frame&) const override {
     throw ScriptError{errors::noSuchObject, "Applications have no such elements."};
   }
-  Value partOf(Frame& frame, const Value& whole) const override {
+  Value memberOf(Frame& frame, const Value& whole) const override {
     const std::int64_t count = countElements(frame.runtime, whole, type_);
     const std::int64_t last = std::max<std::int64_t>(count, 1);
     std::uniform_int_distribution<std::int64_t> any(1, last);
     return elementAt(frame.runtime, whole, type_,
-                     pick_ == Pick::middle ? (last + 1) / 2 : any(frame.runtime.random));
+                     pick_ == PickedElement::middle ? (last + 1) / 2 : any(frame.runtime.random));
   }
 
 private:
-  Pick pick_;
+  PickedElement pick_;
   std::string type_;
 };
 
-class RangeOf final : public PartCode {
+class RangeOf final : public MemberExpression {
 public:
-  RangeOf(std::string type, CodePtr container, BoundCode first, BoundCode last)
-      : PartCode(std::move(container)), type_(std::move(type)), first_(std::move(first)),
+  RangeOf(std::string type, ExpressionPtr container, BoundExpression first, BoundExpression last)
+      : MemberExpression(std::move(container)), type_(std::move(type)), first_(std::move(first)),
         last_(std::move(last)) {}
 
 protected:
   ObjectStep stepOf(Frame& frame) const override {
     return {ObjectStep::Kind::range,
             type_,
-            {hostValueOf(frame.runtime, first_.index->evaluate(frame)),
-             hostValueOf(frame.runtime, last_.index->evaluate(frame))}};
+            {valueForHost(frame.runtime, first_.index->evaluate(frame)),
+             valueForHost(frame.runtime, last_.index->evaluate(frame))}};
   }
-  Value partOf(Frame& frame, const Value& whole) const override {
+  Value memberOf(Frame& frame, const Value& whole) const override {
     return elementsBetween(frame.runtime, whole, type_, bound(frame, first_), bound(frame, last_));
   }
 
 private:
-  static Bound bound(Frame& frame, const BoundCode& code) {
-    return {code.type, integerOf(frame.runtime, code.index->evaluate(frame))};
+  static Bound bound(Frame& frame, const BoundExpression& expression) {
+    return {expression.type, integerOf(frame.runtime, expression.index->evaluate(frame))};
   }
 
   std::string type_;
-  BoundCode first_;
-  BoundCode last_;
+  BoundExpression first_;
+  BoundExpression last_;
+};
+
+// `every item of L whose it > 3`: in the condition the target is each element in turn.
+class FilterOf final : public Expression {
+public:
+  FilterOf(std::string type, ExpressionPtr container, ExpressionPtr condition)
+      : all_(everyElementExpression(std::move(type), std::move(container))),
+        condition_(std::move(condition)) {}
+
+  Value evaluate(Frame& frame) const override {
+    const Value all = coerced(frame.runtime, all_->evaluate(frame), "list");
+    const std::vector<Value> values = all.as<List>()->values();
+    std::vector<Value> kept;
+    for (const Value& each : values)
+      if (holds(frame, each))
+        kept.push_back(each);
+    return frame.runtime.list(std::move(kept));
+  }
+
+private:
+  [[nodiscard]] bool holds(Frame& frame, const Value& each) const {
+    frame.runtime.step();
+    const TargetGuard guard(frame, dereferenced(frame.runtime, each));
+    return booleanOf(condition_->evaluate(frame));
+  }
+
+  ExpressionPtr all_;
+  ExpressionPtr condition_;
+};
+
+class InsertionPointExpression final : public Expression {
+public:
+  InsertionPointExpression(InsertionPoint point, ExpressionPtr container)
+      : point_(point), container_(std::move(container)) {}
+
+  Value evaluate(Frame& frame) const override {
+    const Value whole = fetched(frame.runtime, containerOf(frame, container_));
+    return elementAt(frame.runtime, whole, "item", point_ == InsertionPoint::end ? -1 : 1);
+  }
+  void assign(Frame& frame, Value value) const override {
+    const Value whole = dereferenced(frame.runtime, containerOf(frame, container_));
+    auto* list = whole.as<List>();
+    if (!list)
+      cannotGet("end", whole);
+    if (point_ == InsertionPoint::end)
+      list->append(std::move(value));
+    else
+      list->insertFirst(std::move(value));
+  }
+
+private:
+  InsertionPoint point_;
+  ExpressionPtr container_;
 };
 
 } // namespace
 
-CodePtr elementCode(std::string type, CodePtr container, CodePtr key) {
+ExpressionPtr elementExpression(std::string type, ExpressionPtr container, ExpressionPtr key) {
   return std::make_unique<ElementOf>(std::move(type), std::move(container), std::move(key));
 }
 
-CodePtr everyCode(std::string type, CodePtr container) {
+ExpressionPtr everyElementExpression(std::string type, ExpressionPtr container) {
   return std::make_unique<EveryOf>(std::move(type), std::move(container));
 }
 
-CodePtr pickCode(Pick pick, std::string type, CodePtr container) {
+ExpressionPtr pickedElementExpression(PickedElement pick, std::string type,
+                                      ExpressionPtr container) {
   return std::make_unique<PickOf>(pick, std::move(type), std::move(container));
 }
 
-CodePtr rangeCode(std::string type, CodePtr container, BoundCode first, BoundCode last) {
+ExpressionPtr elementRangeExpression(std::string type, ExpressionPtr container,
+                                     BoundExpression first, BoundExpression last) {
   return std::make_unique<RangeOf>(std::move(type), std::move(container), std::move(first),
                                    std::move(last));
+}
+
+ExpressionPtr filterExpression(std::string type, ExpressionPtr container, ExpressionPtr condition) {
+  return std::make_unique<FilterOf>(std::move(type), std::move(container), std::move(condition));
+}
+
+ExpressionPtr insertionPointExpression(InsertionPoint point, ExpressionPtr container) {
+  return std::make_unique<InsertionPointExpression>(point, std::move(container));
 }
 
 } // namespace tavrel::script

@@ -1,8 +1,9 @@
-#include "script/running/BlockStatements.h"
+#include "script/running/LoopStatements.h"
 
+#include "script/values/Arithmetic.h"
 #include "script/values/Coercion.h"
+#include "script/values/Comparison.h"
 #include "script/values/Elements.h"
-#include "script/values/Operators.h"
 #include "script/values/Reference.h"
 
 namespace tavrel::script {
@@ -23,14 +24,14 @@ Value itemsOf(Runtime& runtime, const Value& value) {
                                    : coerced(runtime, value, "list");
 }
 
-Value itemReference(Runtime& runtime, const Value& list, std::size_t place) {
+Value itemReference(Runtime& runtime, const Value& list, std::size_t position) {
   return elementReference(runtime, list, "item",
-                          Value::integer(static_cast<std::int64_t>(place) + 1));
+                          Value::integer(static_cast<std::int64_t>(position) + 1));
 }
 
-class Forever final : public Action {
+class Forever final : public Statement {
 public:
-  explicit Forever(Sequence body) : body_(std::move(body)) {}
+  explicit Forever(Block body) : body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
     Flow flow = Flow::next;
     while (!ends(flow)) {
@@ -41,12 +42,12 @@ public:
   }
 
 private:
-  Sequence body_;
+  Block body_;
 };
 
-class Times final : public Action {
+class Times final : public Statement {
 public:
-  Times(CodePtr count, Sequence body) : count_(std::move(count)), body_(std::move(body)) {}
+  Times(ExpressionPtr count, Block body) : count_(std::move(count)), body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
     const std::int64_t count = integerOf(frame.runtime, count_->evaluate(frame));
     Flow flow = Flow::next;
@@ -58,17 +59,17 @@ public:
   }
 
 private:
-  CodePtr count_;
-  Sequence body_;
+  ExpressionPtr count_;
+  Block body_;
 };
 
-class Conditional final : public Action {
+class Conditional final : public Statement {
 public:
-  Conditional(bool lasts, CodePtr condition, Sequence body)
+  Conditional(bool lasts, ExpressionPtr condition, Block body)
       : lasts_(lasts), condition_(std::move(condition)), body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
     Flow flow = Flow::next;
-    while (!ends(flow) && booleanOf(frame.runtime, condition_->evaluate(frame)) == lasts_) {
+    while (!ends(flow) && booleanOf(condition_->evaluate(frame)) == lasts_) {
       frame.runtime.step();
       flow = body_.run(frame);
     }
@@ -77,28 +78,27 @@ public:
 
 private:
   bool lasts_;
-  CodePtr condition_;
-  Sequence body_;
+  ExpressionPtr condition_;
+  Block body_;
 };
 
-class Count final : public Action {
+class CountingRepeat final : public Statement {
 public:
-  Count(Counting counting, Sequence body)
-      : counting_(std::move(counting)), body_(std::move(body)) {}
+  CountingRepeat(CountingLoop loop, Block body) : loop_(std::move(loop)), body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
     Runtime& runtime = frame.runtime;
-    const Value from = numberOf(runtime, counting_.from->evaluate(frame));
-    const Value to = numberOf(runtime, counting_.to->evaluate(frame));
+    const Value from = numberOf(runtime, loop_.from->evaluate(frame));
+    const Value to = numberOf(runtime, loop_.to->evaluate(frame));
     const Value step =
-        counting_.step ? numberOf(runtime, counting_.step->evaluate(frame)) : Value::integer(1);
+        loop_.step ? numberOf(runtime, loop_.step->evaluate(frame)) : Value::integer(1);
     if (step.number() == 0)
       throw ScriptError{errors::badIndex, "A loop can’t count by 0."};
     const int beyond = step.number() > 0 ? 1 : -1;
     Flow flow = Flow::next;
     bool runsOver = false;
-    for (Value at = from; !ends(flow) && !runsOver && order(runtime, at, to) != beyond;) {
+    for (Value at = from; !ends(flow) && !runsOver && compare(runtime, at, to) != beyond;) {
       runtime.step();
-      counting_.place->assign(frame, at);
+      loop_.variable->assign(frame, at);
       flow = body_.run(frame);
       Value next = sum(runtime, at, step);
       // Past 64 bits a counter would be real and stand still.
@@ -110,15 +110,16 @@ public:
   }
 
 private:
-  Counting counting_;
-  Sequence body_;
+  CountingLoop loop_;
+  Block body_;
 };
 
 // The list may grow while the loop runs; what it had at the start is visited.
-class Each final : public Action {
+class Each final : public Statement {
 public:
-  Each(CodePtr place, CodePtr list, Item item, Sequence body)
-      : place_(std::move(place)), list_(std::move(list)), item_(item), body_(std::move(body)) {}
+  Each(ExpressionPtr variable, ExpressionPtr list, LoopItem item, Block body)
+      : variable_(std::move(variable)), list_(std::move(list)), item_(item),
+        body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
     const Value whole = itemsOf(frame.runtime, list_->evaluate(frame));
     const Ref list(whole.as<List>());
@@ -126,41 +127,42 @@ public:
     Flow flow = Flow::next;
     for (std::size_t i = 0; i < count && i < list->size() && !ends(flow); ++i) {
       frame.runtime.step();
-      place_->assign(frame, item_ == Item::reference ? itemReference(frame.runtime, whole, i)
-                                                     : list->values()[i]);
+      variable_->assign(frame, item_ == LoopItem::reference ? itemReference(frame.runtime, whole, i)
+                                                            : list->values()[i]);
       flow = body_.run(frame);
     }
     return afterLoop(flow);
   }
 
 private:
-  CodePtr place_;
-  CodePtr list_;
-  Item item_;
-  Sequence body_;
+  ExpressionPtr variable_;
+  ExpressionPtr list_;
+  LoopItem item_;
+  Block body_;
 };
 
 } // namespace
 
-ActionPtr foreverAction(Sequence body) {
+StatementPtr repeatForeverStatement(Block body) {
   return std::make_unique<Forever>(std::move(body));
 }
 
-ActionPtr timesAction(CodePtr count, Sequence body) {
+StatementPtr repeatTimesStatement(ExpressionPtr count, Block body) {
   return std::make_unique<Times>(std::move(count), std::move(body));
 }
 
-ActionPtr conditionAction(Until until, CodePtr condition, Sequence body) {
-  return std::make_unique<Conditional>(until == Until::conditionFails, std::move(condition),
+StatementPtr conditionalRepeatStatement(LoopEnd end, ExpressionPtr condition, Block body) {
+  return std::make_unique<Conditional>(end == LoopEnd::conditionFails, std::move(condition),
                                        std::move(body));
 }
 
-ActionPtr countingAction(Counting counting, Sequence body) {
-  return std::make_unique<Count>(std::move(counting), std::move(body));
+StatementPtr repeatWithStatement(CountingLoop loop, Block body) {
+  return std::make_unique<CountingRepeat>(std::move(loop), std::move(body));
 }
 
-ActionPtr eachAction(CodePtr place, CodePtr list, Item item, Sequence body) {
-  return std::make_unique<Each>(std::move(place), std::move(list), item, std::move(body));
+StatementPtr repeatInStatement(ExpressionPtr variable, ExpressionPtr list, LoopItem item,
+                               Block body) {
+  return std::make_unique<Each>(std::move(variable), std::move(list), item, std::move(body));
 }
 
 } // namespace tavrel::script

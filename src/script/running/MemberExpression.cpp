@@ -1,7 +1,6 @@
 #include "script/running/MemberExpression.h"
 
-#include "script/running/HandlerCalls.h"
-#include "script/values/HostValues.h"
+#include "script/running/HostEvents.h"
 #include "script/values/Reference.h"
 #include "script/values/Specifier.h"
 
@@ -14,62 +13,53 @@ Value stepInto(const Specifier& container, ObjectStep step) {
   return Value(Ref(new Specifier(std::move(path))));
 }
 
-void setOfApplication(Frame& frame, const Specifier& object, const Value& value) {
-  HostEvent event{object.path.application, "set", HostValue{object.path}, {}};
-  event.parameters["to"] = hostValueOf(frame.runtime, value);
-  (void)performEvent(frame.runtime, event);
-}
-
 } // namespace
 
-Value containerOf(Frame& frame, const CodePtr& container) {
+Value containerOf(Frame& frame, const ExpressionPtr& container) {
   if (container)
-    return container->designate(frame);
+    return container->evaluateUnfetched(frame);
   return frame.target.is(ValueKind::undefined) ? frame.me : frame.target;
 }
 
-Value PartCode::designate(Frame& frame) const {
-  const Value whole = behind(frame.runtime, containerOf(frame, container_));
-  if (const auto* object = whole.as<Specifier>())
-    return stepInto(*object, stepOf(frame));
-  return partOf(frame, whole);
+Value MemberExpression::evaluate(Frame& frame) const {
+  return fetched(frame.runtime, evaluateUnfetched(frame));
 }
 
-Value PartCode::refer(Frame& frame) const {
-  const Value place = container_ ? container_->reach(frame) : containerOf(frame, container_);
-  const Value whole = behind(frame.runtime, place);
-  if (const auto* object = whole.as<Specifier>())
+Value MemberExpression::evaluateUnfetched(Frame& frame) const {
+  const Value container = dereferenced(frame.runtime, containerOf(frame, container_));
+  if (const auto* object = container.as<Specifier>())
     return stepInto(*object, stepOf(frame));
-  return placeOfPart(frame, place, whole);
+  return memberOf(frame, container);
 }
 
-void PartCode::assign(Frame& frame, Value value) const {
+Value MemberExpression::makeReference(Frame& frame) const {
+  const Value base = container_ ? container_->referenceBase(frame) : containerOf(frame, container_);
+  const Value container = dereferenced(frame.runtime, base);
+  if (const auto* object = container.as<Specifier>())
+    return stepInto(*object, stepOf(frame));
+  return referenceToMember(frame, base, container);
+}
+
+void MemberExpression::assign(Frame& frame, Value value) const {
   const Value given = containerOf(frame, container_);
   if (given.is(ValueKind::reference) && isContents()) {
     given.as<Reference>()->write(frame.runtime, std::move(value));
     return;
   }
-  const Value whole = behind(frame.runtime, given);
-  if (const auto* object = whole.as<Specifier>())
-    setOfApplication(frame, *stepInto(*object, stepOf(frame)).as<Specifier>(), value);
+  const Value container = dereferenced(frame.runtime, given);
+  if (const auto* object = container.as<Specifier>())
+    setObject(frame.runtime, *stepInto(*object, stepOf(frame)).as<Specifier>(), value);
   else
-    setPart(frame, whole, std::move(value));
+    setMember(frame, container, std::move(value));
 }
 
-Value PartCode::placeOfPart(Frame& frame, const Value&, const Value& whole) const {
-  return partOf(frame, whole);
+Value MemberExpression::referenceToMember(Frame& frame, const Value&,
+                                          const Value& container) const {
+  return memberOf(frame, container);
 }
 
-void PartCode::setPart(Frame& frame, const Value&, Value value) const {
-  Code::assign(frame, std::move(value));
-}
-
-Value fetched(Runtime& runtime, Value given) {
-  Value value = given.is(ValueKind::reference) ? behind(runtime, given) : std::move(given);
-  const auto* object = value.as<Specifier>();
-  if (!object || object->path.steps.empty())
-    return value;
-  return performEvent(runtime, {object->path.application, "get", HostValue{object->path}, {}});
+void MemberExpression::setMember(Frame& frame, const Value&, Value value) const {
+  Expression::assign(frame, std::move(value));
 }
 
 } // namespace tavrel::script

@@ -1,25 +1,27 @@
+#include "script/running/PropertyExpression.h"
+
 #include "script/running/MemberExpression.h"
-#include "script/values/AccessErrors.h"
+#include "script/values/Properties.h"
 #include "script/values/Reference.h"
 
 namespace tavrel::script {
 namespace {
 
-class PropertyOf final : public PartCode {
+class PropertyOf final : public MemberExpression {
 public:
-  PropertyOf(const std::string* name, CodePtr container)
-      : PartCode(std::move(container)), name_(name) {}
+  PropertyOf(const std::string* name, ExpressionPtr container)
+      : MemberExpression(std::move(container)), name_(name) {}
 
 protected:
   ObjectStep stepOf(Frame&) const override { return {ObjectStep::Kind::property, *name_, {}}; }
-  Value partOf(Frame& frame, const Value& whole) const override {
-    return propertyPart(frame.runtime, whole, name_);
+  Value memberOf(Frame& frame, const Value& whole) const override {
+    return propertyOf(frame.runtime, whole, name_);
   }
-  Value placeOfPart(Frame& frame, const Value& place, const Value&) const override {
+  Value referenceToMember(Frame& frame, const Value& place, const Value&) const override {
     return isContents() ? place : propertyReference(frame.runtime, place, name_);
   }
-  void setPart(Frame& frame, const Value& whole, Value value) const override {
-    setPropertyPart(frame.runtime, whole, name_, std::move(value));
+  void setMember(Frame& frame, const Value& whole, Value value) const override {
+    setProperty(frame.runtime, whole, name_, std::move(value));
   }
   bool isContents() const override { return *name_ == "contents"; }
 
@@ -29,7 +31,7 @@ private:
 
 } // namespace
 
-CodePtr propertyCode(const std::string* name, CodePtr container) {
+ExpressionPtr propertyExpression(const std::string* name, ExpressionPtr container) {
   return std::make_unique<PropertyOf>(name, std::move(container));
 }
 

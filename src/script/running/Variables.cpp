@@ -1,6 +1,9 @@
-#include "script/running/ValueExpressions.h"
+#include "script/running/Variables.h"
 
+#include "script/running/HostEvents.h"
+#include "script/running/PropertyExpression.h"
 #include "script/values/Coercion.h"
+#include "script/values/Description.h"
 #include "script/values/Properties.h"
 #include "script/values/Reference.h"
 
@@ -13,16 +16,7 @@ namespace {
   throw ScriptError{errors::notDefined, std::move(message)};
 }
 
-class Constant final : public Code {
-public:
-  explicit Constant(Value value) : value_(std::move(value)) {}
-  Value evaluate(Frame&) const override { return value_; }
-
-private:
-  Value value_;
-};
-
-class Variable : public Code {
+class Variable : public Expression {
 public:
   explicit Variable(const std::string* name) : name_(name) {}
 
@@ -30,22 +24,22 @@ public:
     const Value& value = place(frame);
     if (value.is(ValueKind::undefined))
       refuseUndefined(*name_);
-    return value.is(ValueKind::reference) ? behind(frame.runtime, value) : value;
+    return value.is(ValueKind::reference) ? dereferenced(frame.runtime, value) : value;
   }
-  Value designate(Frame& frame) const override {
+  Value evaluateUnfetched(Frame& frame) const override {
     const Value& value = place(frame);
     if (value.is(ValueKind::undefined))
       refuseUndefined(*name_);
     return value;
   }
-  Value refer(Frame&) const override {
+  Value makeReference(Frame&) const override {
     throw ScriptError{errors::cannotCoerce,
                       std::string("Can’t make ").append(*name_).append(" into type reference.")};
   }
-  Value reach(Frame& frame) const override { return designate(frame); }
-  Value hand(Frame& frame) const override { return designate(frame); }
+  Value referenceBase(Frame& frame) const override { return evaluateUnfetched(frame); }
+  Value evaluateArgument(Frame& frame) const override { return evaluateUnfetched(frame); }
   void assign(Frame& frame, Value value) const override { place(frame) = std::move(value); }
-  Value takeOut(Frame& frame) const override {
+  Value takeValue(Frame& frame) const override {
     Value& value = place(frame);
     return value.is(ValueKind::text) || value.is(ValueKind::list) ? std::move(value)
                                                                   : evaluate(frame);
@@ -82,7 +76,7 @@ private:
   std::size_t slot_;
 };
 
-class Captured final : public Code {
+class Captured final : public Expression {
 public:
   explicit Captured(std::size_t slot) : slot_(slot) {}
   Value evaluate(Frame& frame) const override { return frame.creator->locals[slot_]; }
@@ -96,10 +90,10 @@ public:
   Field(std::size_t outward, std::size_t index, const std::string* name)
       : Variable(name), outward_(outward), index_(index) {}
 
-  Value refer(Frame& frame) const override {
+  Value makeReference(Frame& frame) const override {
     return fieldReference(frame.runtime, owner(frame), index_, name());
   }
-  Value reach(Frame& frame) const override { return refer(frame); }
+  Value referenceBase(Frame& frame) const override { return makeReference(frame); }
 
 protected:
   Value& place(Frame& frame) const override { return owner(frame).fields[index_]; }
@@ -116,17 +110,19 @@ private:
   std::size_t index_;
 };
 
-class Unknown final : public Code {
+class Unknown final : public Expression {
 public:
   explicit Unknown(const std::string* name) : name_(name) {}
 
-  Value evaluate(Frame& frame) const override { return fetched(frame.runtime, designate(frame)); }
-  Value designate(Frame& frame) const override {
+  Value evaluate(Frame& frame) const override {
+    return fetched(frame.runtime, evaluateUnfetched(frame));
+  }
+  Value evaluateUnfetched(Frame& frame) const override {
     if (frame.target.is(ValueKind::undefined) || frame.target.is(ValueKind::missing))
       refuseUndefined(*name_);
     if (frame.target.is(ValueKind::specifier))
-      return code_->designate(frame);
-    auto value = propertyOf(frame.runtime, frame.target, name_);
+      return expression_->evaluateUnfetched(frame);
+    auto value = findProperty(frame.runtime, frame.target, name_);
     if (!value)
       refuseUndefined(*name_);
     return *std::move(value);
@@ -134,22 +130,22 @@ public:
 
 private:
   const std::string* name_;
-  CodePtr code_ = propertyCode(name_, nullptr);
+  ExpressionPtr expression_ = propertyExpression(name_, nullptr);
 };
 
-class Me final : public Code {
+class Me final : public Expression {
 public:
   Value evaluate(Frame& frame) const override { return frame.me; }
 };
 
-class It final : public Code {
+class It final : public Expression {
 public:
   Value evaluate(Frame& frame) const override {
     return frame.target.is(ValueKind::undefined) ? frame.me : frame.target;
   }
 };
 
-class Result final : public Code {
+class Result final : public Expression {
 public:
   Value evaluate(Frame& frame) const override {
     if (frame.result.is(ValueKind::undefined))
@@ -159,13 +155,13 @@ public:
 };
 
 // {a, b} on the left of an assignment
-class Pattern final : public Code {
+class Pattern final : public Expression {
 public:
-  explicit Pattern(std::vector<CodePtr> places) : places_(std::move(places)) {}
+  explicit Pattern(std::vector<ExpressionPtr> places) : places_(std::move(places)) {}
 
   Value evaluate(Frame& frame) const override {
     std::vector<Value> values;
-    for (const CodePtr& each : places_)
+    for (const ExpressionPtr& each : places_)
       values.push_back(each->evaluate(frame));
     return frame.runtime.list(std::move(values));
   }
@@ -183,48 +179,44 @@ public:
   }
 
 private:
-  std::vector<CodePtr> places_;
+  std::vector<ExpressionPtr> places_;
 };
 
 } // namespace
 
-CodePtr constantCode(Value value) {
-  return std::make_unique<Constant>(std::move(value));
-}
-
-CodePtr localCode(std::size_t slot, const std::string* name) {
+ExpressionPtr localVariable(std::size_t slot, const std::string* name) {
   return std::make_unique<Local>(slot, name);
 }
 
-CodePtr creatorLocalCode(std::size_t slot, const std::string* name) {
+ExpressionPtr creatorVariable(std::size_t slot, const std::string* name) {
   return std::make_unique<CreatorLocal>(slot, name);
 }
 
-CodePtr capturedCode(std::size_t slot) {
+ExpressionPtr capturedValue(std::size_t slot) {
   return std::make_unique<Captured>(slot);
 }
 
-CodePtr fieldCode(std::size_t outward, std::size_t index, const std::string* name) {
+ExpressionPtr fieldVariable(std::size_t outward, std::size_t index, const std::string* name) {
   return std::make_unique<Field>(outward, index, name);
 }
 
-CodePtr unknownCode(const std::string* name) {
+ExpressionPtr undeclaredName(const std::string* name) {
   return std::make_unique<Unknown>(name);
 }
 
-CodePtr meCode() {
+ExpressionPtr meExpression() {
   return std::make_unique<Me>();
 }
 
-CodePtr itCode() {
+ExpressionPtr itExpression() {
   return std::make_unique<It>();
 }
 
-CodePtr resultCode() {
+ExpressionPtr resultExpression() {
   return std::make_unique<Result>();
 }
 
-CodePtr patternCode(std::vector<CodePtr> places) {
+ExpressionPtr patternExpression(std::vector<ExpressionPtr> places) {
   return std::make_unique<Pattern>(std::move(places));
 }
 

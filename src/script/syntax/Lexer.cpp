@@ -1,4 +1,4 @@
-#include "script/syntax/Token.h"
+#include "script/syntax/Lexer.h"
 
 #include "base/Ascii.h"
 #include "base/Decimal.h"
@@ -255,7 +255,7 @@ private:
 
 } // namespace
 
-std::vector<Token> tokens(std::string_view source) {
+std::vector<Token> tokenize(std::string_view source) {
   return Lexer(source).run();
 }
 

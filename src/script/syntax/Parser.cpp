@@ -1,5 +1,7 @@
 #include "script/syntax/Parser.h"
 
+#include "script/syntax/Lexer.h"
+
 #include <algorithm>
 
 namespace tavrel::script {
@@ -7,7 +9,7 @@ namespace {
 
 constexpr std::size_t longestSource = 16U << 20U;
 
-std::string shown(const Token& token) {
+std::string descriptionOf(const Token& token) {
   switch (token.kind) {
   case TokenKind::lineEnd:
     return "end of line";
@@ -121,7 +123,7 @@ bool Parser::knows(Dictionary dictionary) const {
 
 void Parser::expected(std::string_view what) const {
   throw ScriptError{errors::syntax,
-                    "Expected " + std::string(what) + " but found " + shown(peek()) + ".",
+                    "Expected " + std::string(what) + " but found " + descriptionOf(peek()) + ".",
                     peek().span};
 }
 
@@ -131,11 +133,11 @@ Node Parser::node(NodeKind kind, std::string text, Children children) {
   result.span = peek().span;
   result.text = std::move(text);
   result.children = std::move(children.nodes);
-  grow(result);
+  updateHeight(result);
   return result;
 }
 
-void Parser::grow(Node& node) const {
+void Parser::updateHeight(Node& node) const {
   for (const Node& child : node.children)
     node.height =
         std::max<std::uint16_t>(node.height, static_cast<std::uint16_t>(child.height + 1));
@@ -143,7 +145,7 @@ void Parser::grow(Node& node) const {
     throw ScriptError{errors::stackOverflow, "The expression is too long.", peek().span};
 }
 
-void Parser::finish(Node& node, std::uint32_t start) const {
+void Parser::setSpan(Node& node, std::uint32_t start) const {
   const Span last = tokens_[at_ > 0 ? at_ - 1 : 0].span;
   node.span = {start, std::max(last.start + last.length, start) - start};
 }
@@ -169,7 +171,7 @@ Nesting::~Nesting() {
 Node parseScript(std::string_view source) {
   if (source.size() > longestSource)
     throw ScriptError{errors::outOfMemory, "The script is too long."};
-  return Parser(tokens(source)).script();
+  return Parser(tokenize(source)).script();
 }
 
 } // namespace tavrel::script

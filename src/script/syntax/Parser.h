@@ -7,8 +7,15 @@
 #include <initializer_list>
 #include <optional>
 #include <set>
+#include <span>
+#include <string_view>
 
 namespace tavrel::script {
+
+/// The tree of a whole script, a node of kind `block`. Throws ScriptError with a span: `syntax`
+/// when the source is not understood, `stackOverflow` when it nests deeper than `deepestNesting` or
+/// an expression grows higher than `highestExpression`, and `outOfMemory` for more than 16 MB.
+[[nodiscard]] Node parseScript(std::string_view source);
 
 /// Reads a script's tokens from front to back. One class, written in several files: its
 /// cursor (Parser.cpp), statements, control, handlers and declarations, expressions, references,
@@ -20,7 +27,7 @@ public:
 
 private:
   /// Words that would go on with an expression but now belong to an enclosing command.
-  struct Stops {
+  struct StopWords {
     bool in = false;
     bool as = false;
     bool ofType = false;
@@ -62,33 +69,33 @@ private:
   [[nodiscard]] bool knows(Dictionary dictionary) const;
   [[noreturn]] void expected(std::string_view what) const;
   [[nodiscard]] Node node(NodeKind kind, std::string text = {}, Children children = {});
-  void finish(Node& node, std::uint32_t start) const;
+  void setSpan(Node& node, std::uint32_t start) const;
   /// Counts the height of a node whose children were put in one by one.
-  void grow(Node& node) const;
+  void updateHeight(Node& node) const;
 
   // ParserStatements.cpp
-  using Enders = std::initializer_list<std::string_view>;
-  [[nodiscard]] Node block(Enders enders);
+  using BlockEndings = std::initializer_list<std::string_view>;
+  [[nodiscard]] Node block(BlockEndings endings);
   [[nodiscard]] Node statement();
   [[nodiscard]] Node simpleStatement();
   [[nodiscard]] std::optional<Node> keywordStatement();
-  [[nodiscard]] Node giveBack();
+  [[nodiscard]] Node returnStatement();
   [[nodiscard]] Node setStatement();
   [[nodiscard]] Node copyStatement();
-  [[nodiscard]] Node fail();
+  [[nodiscard]] Node errorStatement();
   [[nodiscard]] Node tell();
   void learnTerms(const Node& target);
   [[nodiscard]] Node usingTerms();
   void endBlock(std::string_view word);
 
   // ParserControl.cpp
-  [[nodiscard]] Node branch();
+  [[nodiscard]] Node ifStatement();
   [[nodiscard]] Node exitRepeat();
   [[nodiscard]] Node loopBody();
   [[nodiscard]] Node repeat();
   [[nodiscard]] Node repeatWith();
-  [[nodiscard]] Node attempt();
-  void errorVariables(Node& attempt);
+  [[nodiscard]] Node tryStatement();
+  void errorVariables(Node& tryStatement);
   [[nodiscard]] Node errorNumber();
   [[nodiscard]] std::string attribute();
   [[nodiscard]] Node considering(NodeKind kind);
@@ -107,15 +114,15 @@ private:
 
   // ParserExpressions.cpp
   [[nodiscard]] Node expression();
-  [[nodiscard]] Node expression(Stops stops);
+  [[nodiscard]] Node expression(StopWords stopWords);
   [[nodiscard]] Node binaryChain(int level);
   [[nodiscard]] Node casts(Node value, std::uint32_t start);
-  [[nodiscard]] bool goesOn(Node& value);
+  [[nodiscard]] bool continuesAfterCast(Node& value);
   [[nodiscard]] Node power();
   [[nodiscard]] Node unary(int level);
   [[nodiscard]] std::string operatorAt(int level);
   [[nodiscard]] std::string comparison();
-  [[nodiscard]] std::string isComparison();
+  [[nodiscard]] std::string comparisonPhrase();
   [[nodiscard]] Node typeExpression();
   [[nodiscard]] Node listOrRecord();
   /// Whether the label of a record's entry stands here.
@@ -127,7 +134,7 @@ private:
 
   // ParserReferences.cpp
   [[nodiscard]] Node reference();
-  [[nodiscard]] Node withOwners(Node head);
+  [[nodiscard]] Node withOwners(Node primary);
   [[nodiscard]] Node ownedBy(Node owner);
   void attach(Node& reference, Node container) const;
   [[nodiscard]] Node filtered(Node reference);
@@ -142,7 +149,7 @@ private:
   [[nodiscard]] std::optional<Node> pickedElements();
 
   // ParserNames.cpp
-  [[nodiscard]] Node head();
+  [[nodiscard]] Node primary();
   [[nodiscard]] Node literal();
   [[nodiscard]] Node named();
   [[nodiscard]] std::optional<Node> fixedWord();
@@ -153,8 +160,8 @@ private:
   // ParserCommands.cpp
   [[nodiscard]] const CommandTerm* commandAt() const;
   [[nodiscard]] Node command(const CommandTerm& term);
-  void commandLabels(const CommandTerm& term, Node& command, Stops stops);
-  bool labelledParameter(const CommandTerm& term, Node& command, Stops stops);
+  void commandLabels(const CommandTerm& term, Node& command, StopWords stopWords);
+  bool labelledParameter(const CommandTerm& term, Node& command, StopWords stopWords);
   bool switches(const CommandTerm& term, Node& command);
   [[nodiscard]] std::string_view labelAt(const CommandTerm& term) const;
   [[nodiscard]] Node call(std::string name, std::uint32_t start);
@@ -165,9 +172,9 @@ private:
   std::vector<Token> tokens_;
   std::size_t at_ = 0;
   int depth_ = 0;
-  int loops_ = 0;      ///< around the place, in its handler
-  int conditions_ = 0; ///< of elements (`whose`) around the place
-  Stops stops_;
+  int loopDepth_ = 0;      ///< around the place, in its handler
+  int conditionDepth_ = 0; ///< of elements (`whose`) around the place
+  StopWords stopWords_;
   std::vector<Dictionary> dictionaries_;
   std::set<std::string, std::less<>> labelledHandlers_;
 

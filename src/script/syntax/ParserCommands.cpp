@@ -49,30 +49,30 @@ Node Parser::command(const CommandTerm& term) {
   const auto has = [&](std::string_view name) {
     return anyLabel(term.labels, [&](std::string_view label) { return label == name; });
   };
-  const Stops stops{has("in") || stops_.in, has("as") || stops_.as,
-                    has("of type") || stops_.ofType};
+  const StopWords stopWords{has("in") || stopWords_.in, has("as") || stopWords_.as,
+                            has("of type") || stopWords_.ofType};
   Node result = node(NodeKind::command, std::string(term.name), {Node{}});
-  if (term.direct == Direct::allowed && startsExpression() && labelAt(term).empty())
-    result.children[0] = expression(stops);
-  if (term.direct == Direct::allowed && term.labels.empty() && takeWord("of"))
-    result.children[0] = expression(stops);
-  commandLabels(term, result, stops);
-  grow(result);
-  finish(result, start);
+  if (term.direct == DirectParameter::allowed && startsExpression() && labelAt(term).empty())
+    result.children[0] = expression(stopWords);
+  if (term.direct == DirectParameter::allowed && term.labels.empty() && takeWord("of"))
+    result.children[0] = expression(stopWords);
+  commandLabels(term, result, stopWords);
+  updateHeight(result);
+  setSpan(result, start);
   return result;
 }
 
-void Parser::commandLabels(const CommandTerm& term, Node& command, Stops stops) {
-  while (labelledParameter(term, command, stops) || switches(term, command)) {
+void Parser::commandLabels(const CommandTerm& term, Node& command, StopWords stopWords) {
+  while (labelledParameter(term, command, stopWords) || switches(term, command)) {
   }
 }
 
-bool Parser::labelledParameter(const CommandTerm& term, Node& command, Stops stops) {
+bool Parser::labelledParameter(const CommandTerm& term, Node& command, StopWords stopWords) {
   const std::string label(labelAt(term));
   if (label.empty())
     return false;
   at_ += lengthOf(label);
-  Node value = label == "as" ? typeExpression() : expression(stops);
+  Node value = label == "as" ? typeExpression() : expression(stopWords);
   command.children.push_back(node(NodeKind::entry, label, {std::move(value)}));
   return true;
 }
@@ -106,8 +106,8 @@ Node Parser::call(std::string name, std::uint32_t start) {
     } while (takeSymbol(","));
     expectSymbol(")");
   }
-  grow(result);
-  finish(result, start);
+  updateHeight(result);
+  setSpan(result, start);
   return result;
 }
 
@@ -146,7 +146,7 @@ Node Parser::labelledCall(std::string name, std::uint32_t start) {
         result.children.push_back(node(NodeKind::entry, std::move(given), {std::move(value)}));
       } while (takeSymbol(","));
     } else if (!label.empty() && takeWords(label)) {
-      Node value = expression(Stops{true, false, false});
+      Node value = expression(StopWords{true, false, false});
       result.children.push_back(node(NodeKind::entry, label, {std::move(value)}));
     } else if (seesWord("with") || seesWord("without")) {
       handlerSwitches(result);
@@ -154,8 +154,8 @@ Node Parser::labelledCall(std::string name, std::uint32_t start) {
       break;
     }
   }
-  grow(result);
-  finish(result, start);
+  updateHeight(result);
+  setSpan(result, start);
   return result;
 }
 

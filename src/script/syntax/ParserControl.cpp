@@ -2,8 +2,8 @@
 
 namespace tavrel::script {
 
-Node Parser::branch() {
-  Node result = node(NodeKind::branch);
+Node Parser::ifStatement() {
+  Node result = node(NodeKind::ifStatement);
   result.children.push_back(expression());
   takeWord("then");
   if (peek().kind != TokenKind::lineEnd) {
@@ -25,16 +25,16 @@ Node Parser::branch() {
 }
 
 Node Parser::exitRepeat() {
-  if (loops_ == 0)
+  if (loopDepth_ == 0)
     throw ScriptError{errors::strayExit, "Exit statement was not in a repeat loop.", peek().span};
   takeWord("repeat");
   return node(NodeKind::exitRepeat);
 }
 
 Node Parser::loopBody() {
-  ++loops_;
+  ++loopDepth_;
   Node body = block({"end"});
-  --loops_;
+  --loopDepth_;
   endBlock("repeat");
   return body;
 }
@@ -71,8 +71,8 @@ Node Parser::repeatWith() {
   return result;
 }
 
-Node Parser::attempt() {
-  Node result = node(NodeKind::attempt, {}, {block({"on error", "end"}), {}, {}, {}});
+Node Parser::tryStatement() {
+  Node result = node(NodeKind::tryStatement, {}, {block({"on error", "end"}), {}, {}, {}});
   if (takeWords("on error")) {
     errorVariables(result);
     result.children[1] = block({"end"});
@@ -81,17 +81,17 @@ Node Parser::attempt() {
   return result;
 }
 
-void Parser::errorVariables(Node& attempt) {
+void Parser::errorVariables(Node& tryStatement) {
   takeWord("the");
   if (seesIdentifier() && !seesWord("number") && !seesWord("partial"))
-    attempt.children[2] = node(NodeKind::variable, identifier());
+    tryStatement.children[2] = node(NodeKind::variable, identifier());
   while (peek().kind != TokenKind::lineEnd) {
     const bool isNumber = takeWord("number");
     if (!isNumber && !takeWord("from") && !takeWord("to") && !takeWords("partial result"))
       expected("end of line");
     takeWord("the");
     if (isNumber)
-      attempt.children[3] = errorNumber();
+      tryStatement.children[3] = errorNumber();
     else
       (void)identifier();
   }

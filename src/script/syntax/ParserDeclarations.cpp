@@ -26,9 +26,9 @@ Node Parser::handler() {
     handlerParameters(result);
   else if (peek().kind != TokenKind::lineEnd)
     labelledParameters(result);
-  const int outer = std::exchange(loops_, 0);
+  const int outer = std::exchange(loopDepth_, 0);
   result.children.push_back(block({"end"}));
-  loops_ = outer;
+  loopDepth_ = outer;
   expectWord("end");
   if (peek().kind != TokenKind::lineEnd && identifier() != result.text)
     expected("the name of the handler");
@@ -74,15 +74,15 @@ Node Parser::parameter(std::string label) {
     result.children.push_back(label.empty() ? Node{} : node(NodeKind::text, std::move(label)));
   if (isPattern)
     result.children.push_back(std::move(pattern));
-  grow(result);
+  updateHeight(result);
   return result;
 }
 
 Node Parser::scriptObject() {
   const std::string name = seesIdentifier() ? identifier() : std::string();
-  const int outer = std::exchange(loops_, 0);
+  const int outer = std::exchange(loopDepth_, 0);
   Node body = block({"end"});
-  loops_ = outer;
+  loopDepth_ = outer;
   endBlock("script");
   return node(NodeKind::script, name, {std::move(body)});
 }

@@ -7,7 +7,7 @@ namespace tavrel::script {
 namespace {
 
 // The levels of binding, loosest first; those between have operators of their own functions.
-enum Level : int {
+enum Precedence : int {
   disjunction,
   conjunction,
   inversion,
@@ -82,14 +82,14 @@ constexpr auto phrases = std::to_array<std::pair<std::string_view, std::string_v
 } // namespace
 
 Node Parser::expression() {
-  return expression(Stops{});
+  return expression(StopWords{});
 }
 
-Node Parser::expression(Stops stops) {
+Node Parser::expression(StopWords stopWords) {
   const Nesting nesting(*this);
-  const Stops outer = std::exchange(stops_, stops);
+  const StopWords outer = std::exchange(stopWords_, stopWords);
   Node result = binaryChain(disjunction);
-  stops_ = outer;
+  stopWords_ = outer;
   return result;
 }
 
@@ -108,10 +108,10 @@ std::string Parser::comparison() {
   for (std::string_view symbol : {"=", "≠", "<", ">", "≤", "≥"})
     if (takeSymbol(symbol))
       return std::string(symbol);
-  return isComparison();
+  return comparisonPhrase();
 }
 
-std::string Parser::isComparison() {
+std::string Parser::comparisonPhrase() {
   for (const auto& [words, meaning] : phrases)
     if (takeWords(words))
       return std::string(meaning);
@@ -130,7 +130,7 @@ Node Parser::binaryChain(int level) {
   for (std::string name = operatorAt(level); !name.empty(); name = operatorAt(level)) {
     Node right = level == raising ? power() : binaryChain(level + 1);
     left = node(NodeKind::binary, std::move(name), {std::move(left), std::move(right)});
-    finish(left, start);
+    setSpan(left, start);
   }
   return left;
 }
@@ -139,18 +139,18 @@ Node Parser::binaryChain(int level) {
 Node Parser::casts(Node value, std::uint32_t start) {
   bool isCast = false;
   while (true) {
-    if (!stops_.as && takeWord("as")) {
+    if (!stopWords_.as && takeWord("as")) {
       Node type = typeExpression();
       value = node(NodeKind::cast, {}, {std::move(value), std::move(type)});
       isCast = true;
-    } else if (!isCast || !goesOn(value)) {
+    } else if (!isCast || !continuesAfterCast(value)) {
       return value;
     }
-    finish(value, start);
+    setSpan(value, start);
   }
 }
 
-bool Parser::goesOn(Node& value) {
+bool Parser::continuesAfterCast(Node& value) {
   for (int level : {joining, adding, multiplying})
     if (std::string name = operatorAt(level); !name.empty()) {
       Node right = binaryChain(level + 1);
@@ -176,8 +176,8 @@ Node Parser::unary(int level) {
   if (!inverts && !negates)
     return level == inversion ? binaryChain(comparing) : reference();
   Node operand = unary(level);
-  Node result = node(inverts ? NodeKind::invert : NodeKind::negate, {}, {std::move(operand)});
-  finish(result, start);
+  Node result = node(inverts ? NodeKind::logicalNot : NodeKind::negate, {}, {std::move(operand)});
+  setSpan(result, start);
   return result;
 }
 
@@ -217,8 +217,8 @@ Node Parser::listOrRecord() {
       skipLines();
     } while (takeSymbol(","));
   expectSymbol("}");
-  grow(result);
-  finish(result, start);
+  updateHeight(result);
+  setSpan(result, start);
   return result;
 }
 
@@ -278,10 +278,10 @@ Node Parser::index() {
   if (takeSymbol("-")) {
     Node operand = index();
     Node result = node(NodeKind::negate, {}, {std::move(operand)});
-    finish(result, start);
+    setSpan(result, start);
     return result;
   }
-  return head();
+  return primary();
 }
 
 } // namespace tavrel::script

@@ -16,11 +16,11 @@ constexpr auto plainWords = std::to_array<std::pair<std::string_view, NodeKind>>
 } // namespace
 
 // What can stand before `of`.
-Node Parser::head() {
+Node Parser::primary() {
   const Nesting nesting(*this);
   const std::uint32_t start = peek().span.start;
   Node result = peek().kind == TokenKind::word ? named() : literal();
-  finish(result, start);
+  setSpan(result, start);
   return result;
 }
 
@@ -105,17 +105,17 @@ std::optional<Node> Parser::fixedWord() {
 // A word that says something about what follows.
 std::optional<Node> Parser::phrase() {
   if (takeWord("the"))
-    return head();
+    return primary();
   if (takeWord("get"))
-    return expression(stops_);
+    return expression(stopWords_);
   if (takeWord("my"))
     return ownedBy(node(NodeKind::me));
   if (takeWord("its"))
     return ownedBy(node(NodeKind::it));
   if (takeWords("a reference to") || takeWords("reference to") || takeWords("ref to"))
-    return node(NodeKind::refer, {}, {reference()});
+    return node(NodeKind::reference, {}, {reference()});
   if (takeWord("continue"))
-    return node(NodeKind::resume, {}, {head()});
+    return node(NodeKind::continueCall, {}, {primary()});
   if (takeWords("number of"))
     return node(NodeKind::command, "count", {reference()});
   if (!seesWord("beginning") && !seesWord("end"))
@@ -148,7 +148,7 @@ std::optional<Node> Parser::term() {
     return std::nullopt;
   at_ += length;
   // `whose class is text` asks each element for its class.
-  if (type->name == "class" && conditions_ > 0)
+  if (type->name == "class" && conditionDepth_ > 0)
     return node(NodeKind::property, "class", {Node{}});
   return elements(type->name, plural);
 }

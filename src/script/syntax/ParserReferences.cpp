@@ -4,7 +4,7 @@ namespace tavrel::script {
 namespace {
 
 // Whether an element of the kind stands in a container that is told after `of`.
-bool isPart(NodeKind kind) {
+bool isMember(NodeKind kind) {
   return (kind >= NodeKind::property && kind <= NodeKind::insertionPoint) ||
          kind == NodeKind::call || kind == NodeKind::labelledCall;
 }
@@ -14,35 +14,35 @@ bool isPart(NodeKind kind) {
 Node Parser::reference() {
   const Nesting nesting(*this);
   const std::uint32_t start = peek().span.start;
-  Node result = withOwners(head());
-  const bool stops = stops_.ofType && lengthOf("of type") > 0;
-  if (!stops && (takeWord("of") || (!stops_.in && takeWord("in")))) {
+  Node result = withOwners(primary());
+  const bool stopWords = stopWords_.ofType && lengthOf("of type") > 0;
+  if (!stopWords && (takeWord("of") || (!stopWords_.in && takeWord("in")))) {
     Node container = reference();
     if (result.kind == NodeKind::variable)
       result.kind = NodeKind::property;
     if (result.kind == NodeKind::typeName)
       result.kind = NodeKind::property;
-    if (!isPart(result.kind))
+    if (!isMember(result.kind))
       expected("end of line");
     attach(result, std::move(container));
   }
   result = filtered(std::move(result));
-  finish(result, start);
+  setSpan(result, start);
   return result;
 }
 
 // x's y's z
-Node Parser::withOwners(Node head) {
+Node Parser::withOwners(Node primary) {
   while (takeSymbol("'s"))
-    head = filtered(ownedBy(std::move(head)));
-  return head;
+    primary = filtered(ownedBy(std::move(primary)));
+  return primary;
 }
 
 Node Parser::ownedBy(Node owner) {
-  Node part = head();
+  Node part = primary();
   if (part.kind == NodeKind::variable || part.kind == NodeKind::typeName)
     part.kind = NodeKind::property;
-  if (!isPart(part.kind))
+  if (!isMember(part.kind))
     expected("property");
   attach(part, std::move(owner));
   return part;
@@ -55,11 +55,11 @@ void Parser::attach(Node& reference, Node container) const {
   Node& slot = reference.children.front();
   if (slot.kind == NodeKind::none)
     slot = std::move(container);
-  else if (isPart(slot.kind))
+  else if (isMember(slot.kind))
     attach(slot, std::move(container));
   else
     expected("end of line");
-  grow(reference);
+  updateHeight(reference);
 }
 
 // `every file of home whose name is "a"`: the condition belongs to the elements, wherever their
@@ -70,9 +70,9 @@ Node Parser::filtered(Node reference) {
     return reference;
   if (!takeWord("whose") && !takeWord("where") && !takeWord("that"))
     return reference;
-  ++conditions_;
+  ++conditionDepth_;
   Node condition = expression();
-  --conditions_;
+  --conditionDepth_;
   Node all = node(NodeKind::filter, reference.text,
                   {std::move(reference.children[0]), std::move(condition)});
   if (!single)

@@ -5,14 +5,14 @@
 
 namespace tavrel::script {
 
-Node Parser::block(Enders enders) {
+Node Parser::block(BlockEndings endings) {
   const Nesting nesting(*this);
   Node result = node(NodeKind::block);
   skipLines();
   const auto ends = [&] {
     if (peek().kind == TokenKind::end)
       return true;
-    for (std::string_view words : enders)
+    for (std::string_view words : endings)
       if (lengthOf(words) > 0)
         return true;
     return false;
@@ -28,7 +28,7 @@ Node Parser::statement() {
   const Nesting nesting(*this);
   const std::uint32_t start = peek().span.start;
   Node result = simpleStatement();
-  finish(result, start);
+  setSpan(result, start);
   return result;
 }
 
@@ -54,10 +54,10 @@ std::optional<Node> Parser::keywordStatement() {
       {{"set", &Parser::setStatement},
        {"copy", &Parser::copyStatement},
        {"put", &Parser::copyStatement},
-       {"if", &Parser::branch},
+       {"if", &Parser::ifStatement},
        {"repeat", &Parser::repeat},
-       {"try", &Parser::attempt},
-       {"error", &Parser::fail},
+       {"try", &Parser::tryStatement},
+       {"error", &Parser::errorStatement},
        {"tell", &Parser::tell},
        {"with", &Parser::withClause},
        {"using terms from", &Parser::usingTerms},
@@ -66,7 +66,7 @@ std::optional<Node> Parser::keywordStatement() {
        {"script", &Parser::scriptObject},
        {"property", &Parser::propertyDeclaration},
        {"prop", &Parser::propertyDeclaration},
-       {"return", &Parser::giveBack},
+       {"return", &Parser::returnStatement},
        {"exit", &Parser::exitRepeat}});
   static constexpr auto kinds =
       std::to_array<std::pair<std::string_view, NodeKind>>({{"considering", NodeKind::considering},
@@ -82,8 +82,8 @@ std::optional<Node> Parser::keywordStatement() {
   return std::nullopt;
 }
 
-Node Parser::giveBack() {
-  return node(NodeKind::giveBack, {}, {startsExpression() ? expression() : Node{}});
+Node Parser::returnStatement() {
+  return node(NodeKind::returnStatement, {}, {startsExpression() ? expression() : Node{}});
 }
 
 Node Parser::setStatement() {
@@ -107,8 +107,8 @@ void Parser::endBlock(std::string_view word) {
     expectWord(word);
 }
 
-Node Parser::fail() {
-  Node result = node(NodeKind::fail, {}, {{}, {}});
+Node Parser::errorStatement() {
+  Node result = node(NodeKind::errorStatement, {}, {{}, {}});
   if (startsExpression() && !seesWord("number"))
     result.children[0] = expression();
   while (peek().kind != TokenKind::lineEnd) {

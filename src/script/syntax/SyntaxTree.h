@@ -3,7 +3,6 @@
 #include "script/ScriptError.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tavrel::script {
@@ -31,11 +30,11 @@ enum class NodeKind : std::uint8_t {
   result,
   currentApplication,
   // Operators
-  negate, ///< operand
-  invert, ///< operand
-  binary, ///< operator; left, right
-  cast,   ///< value, type
-  refer,  ///< `a reference to` value
+  negate,     ///< operand
+  logicalNot, ///< operand
+  binary,     ///< operator; left, right
+  cast,       ///< value, type
+  reference,  ///< `a reference to` value
   // Parts of a container; a container of kind `none` is the target of the enclosing tell
   property,       ///< name; container?
   element,        ///< class; container?, index or name
@@ -49,13 +48,13 @@ enum class NodeKind : std::uint8_t {
   call,         ///< handler name; target?, argument*
   labelledCall, ///< handler name; target?, direct?, entry*
   command,      ///< command name; direct?, entry*
-  resume,       ///< `continue`: call
+  continueCall, ///< `continue`: call
   // Statements
-  block,      ///< statement*
-  expression, ///< value
-  set,        ///< target, value
-  copy,       ///< target, value
-  branch,     ///< (condition, block)*, block? when the number of children is odd
+  block,       ///< statement*
+  expression,  ///< value
+  set,         ///< target, value
+  copy,        ///< target, value
+  ifStatement, ///< (condition, block)*, block? when the number of children is odd
   repeatForever,
   repeatTimes, ///< count, block
   repeatWhile, ///< condition, block
@@ -63,9 +62,9 @@ enum class NodeKind : std::uint8_t {
   repeatWith,  ///< variable; from, to, step?, block
   repeatIn,    ///< variable; list, block
   exitRepeat,
-  giveBack,            ///< `return`: value?
-  attempt,             ///< `try`: block, block?, message variable?, number (a variable or literal)?
-  fail,                ///< `error`: message?, number?
+  returnStatement,     ///< `return`: value?
+  tryStatement,        ///< `try`: block, block?, message variable?, number (a variable or literal)?
+  errorStatement,      ///< `error`: message?, number?
   tell,                ///< target, block
   considering,         ///< constant*, block
   ignoring,            ///< constant*, block
@@ -104,9 +103,5 @@ constexpr int deepestNesting = 200;
 /// How high the tree of one expression may grow, long chains of operators included: whoever walks
 /// a tree may use the stack.
 constexpr int highestExpression = 1000;
-
-/// The tree of a whole script: a block. Throws ScriptError with a span when the source is not
-/// understood, or when it nests deeper than `deepestNesting`.
-[[nodiscard]] Node parseScript(std::string_view source);
 
 } // namespace tavrel::script

@@ -7,8 +7,8 @@ namespace tavrel::script {
 namespace {
 
 using enum Dictionary;
-constexpr Direct none = Direct::none;
-constexpr Direct allowed = Direct::allowed;
+constexpr DirectParameter none = DirectParameter::none;
+constexpr DirectParameter allowed = DirectParameter::allowed;
 
 // Of two names that begin alike the longer stands first.
 constexpr auto commands = std::to_array<CommandTerm>({

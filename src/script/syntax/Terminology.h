@@ -21,13 +21,13 @@ enum class Dictionary : std::uint8_t {
 /// The vocabulary of an application, beside the language's and that of every application.
 [[nodiscard]] Dictionary dictionaryOf(std::string_view applicationName);
 
-enum class Direct : std::uint8_t { none, allowed };
+enum class DirectParameter : std::uint8_t { none, allowed };
 
 /// A command: its words, and those of its labelled parameters separated by commas.
 struct CommandTerm {
   Dictionary dictionary;
   std::string_view name;
-  Direct direct;
+  DirectParameter direct;
   std::string_view labels;
 };
 

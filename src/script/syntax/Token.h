@@ -3,7 +3,6 @@
 #include "script/ScriptError.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tavrel::script {
@@ -27,9 +26,5 @@ struct Token {
   std::int64_t integer = 0;
   double real = 0;
 };
-
-/// The tokens of a source, ending with one of kind `end`. Comments and continuation signs are
-/// gone. Throws ScriptError for what is no token.
-[[nodiscard]] std::vector<Token> tokens(std::string_view source);
 
 } // namespace tavrel::script

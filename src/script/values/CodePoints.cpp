@@ -27,7 +27,7 @@ bool alternates(char32_t c) {
 
 } // namespace
 
-char32_t takeCharacter(std::string_view text, std::size_t& at) {
+char32_t takeCodePoint(std::string_view text, std::size_t& at) {
   const auto byte = [&](std::size_t i) {
     return i < text.size() ? static_cast<std::uint8_t>(text[i]) : std::uint8_t{0};
   };
@@ -40,7 +40,7 @@ char32_t takeCharacter(std::string_view text, std::size_t& at) {
   return result;
 }
 
-void appendCharacter(std::string& text, char32_t c) {
+void appendCodePoint(std::string& text, char32_t c) {
   if (c > 0x10FFFF || within(c, 0xD800, 0xDFFF))
     c = 0xFFFD;
   const unsigned more = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
@@ -50,7 +50,7 @@ void appendCharacter(std::string& text, char32_t c) {
     text += static_cast<char>(0x80U | ((c >> (6 * (i - 1))) & 0x3FU));
 }
 
-char32_t folded(char32_t c) {
+char32_t caseFolded(char32_t c) {
   if (c < 0x80)
     return within(c, 'A', 'Z') ? c + 0x20 : c;
   if ((within(c, 0xC0, 0xDE) && c != 0xD7) || within(c, 0x391, 0x3AB) || within(c, 0x410, 0x42F))
@@ -64,7 +64,7 @@ char32_t folded(char32_t c) {
   return alternates(c) ? c + 1 : c;
 }
 
-char32_t withoutDiacritical(char32_t c) {
+char32_t withoutDiacritic(char32_t c) {
   if (!within(c, 0xC0, 0x17F))
     return c;
   const char plain = plainLetters[c - 0xC0];

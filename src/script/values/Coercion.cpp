@@ -2,6 +2,7 @@
 
 #include "base/Decimal.h"
 #include "script/values/Dates.h"
+#include "script/values/Description.h"
 #include "script/values/Reference.h"
 
 #include <charconv>
@@ -115,7 +116,7 @@ Value asDate(Runtime& runtime, const Value& value) {
   if (value.is(ValueKind::date))
     return value;
   const auto* text = value.as<Text>();
-  const auto seconds = text ? dateIn(text->value(), runtime.host.now()) : std::nullopt;
+  const auto seconds = text ? parseDate(text->value(), runtime.host.now()) : std::nullopt;
   if (!seconds)
     refuse(value, "date");
   return runtime.date(*seconds);
@@ -129,7 +130,7 @@ const Value& unwrapped(const Value& value) {
 
 } // namespace
 
-std::optional<Value> numberIn(std::string_view text) {
+std::optional<Value> parseNumber(std::string_view text) {
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
     text.remove_prefix(1);
   while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
@@ -148,7 +149,7 @@ std::optional<Value> numberIn(std::string_view text) {
 Value numberOf(Runtime& runtime, const Value& given) {
   const Value& value = unwrapped(given);
   if (value.is(ValueKind::reference))
-    return numberOf(runtime, behind(runtime, value));
+    return numberOf(runtime, dereferenced(runtime, value));
   if (value.isNumber())
     return value;
   if (value.is(ValueKind::boolean))
@@ -157,7 +158,7 @@ Value numberOf(Runtime& runtime, const Value& given) {
     return Value::integer(calendarNumber(value.name()));
   runtime.step();
   if (const auto* text = value.as<Text>())
-    if (const auto number = numberIn(text->value()))
+    if (const auto number = parseNumber(text->value()))
       return *number;
   refuse(value, "number");
 }
@@ -166,13 +167,13 @@ std::int64_t integerOf(Runtime& runtime, const Value& value) {
   return asInteger(runtime, value).integer();
 }
 
-bool booleanOf(Runtime&, const Value& value) {
+bool booleanOf(const Value& value) {
   return asBoolean(value).boolean();
 }
 
 std::string textOf(Runtime& runtime, const Value& value) {
   if (value.is(ValueKind::reference))
-    return textOf(runtime, behind(runtime, value));
+    return textOf(runtime, dereferenced(runtime, value));
   if (const auto* text = value.as<Text>())
     return text->value();
   if (const auto* list = value.as<List>())
@@ -188,7 +189,7 @@ std::string textOf(Runtime& runtime, const Value& value) {
 
 Value coerced(Runtime& runtime, const Value& value, const std::string& type) {
   if (value.is(ValueKind::reference))
-    return coerced(runtime, behind(runtime, value), type);
+    return coerced(runtime, dereferenced(runtime, value), type);
   if (type == "list")
     return asList(runtime, value);
   if (type == "alias list")

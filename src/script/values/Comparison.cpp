@@ -1,77 +1,16 @@
-#include "script/values/Operators.h"
+#include "script/values/Comparison.h"
 
-#include "script/values/CodePoints.h"
 #include "script/values/Coercion.h"
-#include "script/values/Specifier.h"
+#include "script/values/Description.h"
+#include "script/values/TextComparison.h"
 
 #include <algorithm>
 
 namespace tavrel::script {
 namespace {
 
-bool isBlank(char32_t c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == 0xA0;
-}
-
-bool isHyphen(char32_t c) {
-  return c == '-' || (c >= 0x2010 && c <= 0x2013);
-}
-
-bool isPunctuation(char32_t c) {
-  return c < 0x80 &&
-         std::string_view(".,?:;!'\"`").find(static_cast<char>(c)) != std::string_view::npos;
-}
-
-bool counts(const Considered& considered, char32_t c) {
-  return (considered.whiteSpace || !isBlank(c)) && (considered.hyphens || !isHyphen(c)) &&
-         (considered.punctuation || !isPunctuation(c));
-}
-
 int sign(double difference) {
   return difference < 0 ? -1 : difference > 0 ? 1 : 0;
-}
-
-// With `considering numeric strings` runs of digits compare by their number: "2" before "10".
-int compareNumerically(const std::u32string& a, const std::u32string& b) {
-  const auto isDigit = [](char32_t c) { return c >= '0' && c <= '9'; };
-  const auto run = [&](const std::u32string& text, std::size_t& at) {
-    while (at < text.size() && text[at] == '0')
-      ++at;
-    const std::size_t start = at;
-    while (at < text.size() && isDigit(text[at]))
-      ++at;
-    return text.substr(start, at - start);
-  };
-  std::size_t i = 0;
-  std::size_t j = 0;
-  while (i < a.size() && j < b.size()) {
-    if (isDigit(a[i]) && isDigit(b[j])) {
-      const std::u32string x = run(a, i);
-      const std::u32string y = run(b, j);
-      if (x.size() != y.size())
-        return x.size() < y.size() ? -1 : 1;
-      if (x != y)
-        return x < y ? -1 : 1;
-    } else if (a[i] != b[j]) {
-      return a[i] < b[j] ? -1 : 1;
-    } else {
-      ++i;
-      ++j;
-    }
-  }
-  return i < a.size() ? 1 : j < b.size() ? -1 : 0;
-}
-
-int compareTexts(Runtime& runtime, const std::string& a, const std::string& b) {
-  if (&a == &b)
-    return 0;
-  runtime.step((a.size() + b.size()) / 64);
-  const std::u32string x = comparable(runtime, a);
-  const std::u32string y = comparable(runtime, b);
-  if (runtime.considered.numericStrings)
-    return compareNumerically(x, y);
-  const int result = x.compare(y);
-  return result < 0 ? -1 : result > 0 ? 1 : 0;
 }
 
 bool equalLists(Runtime& runtime, const List& a, const List& b) {
@@ -129,26 +68,23 @@ std::string_view plainType(std::string_view name) {
   return name == "posix file" ? "file" : name;
 }
 
-} // namespace
-
-std::u32string comparable(const Runtime& runtime, std::string_view text) {
-  Loan room(runtime.heap);
-  room.take(text.size() * sizeof(char32_t));
-  std::u32string result;
-  result.reserve(text.size());
-  const Considered& considered = runtime.considered;
-  for (std::size_t at = 0; at < text.size();) {
-    char32_t c = takeCharacter(text, at);
-    if (!counts(considered, c))
-      continue;
-    if (!considered.caseDifferences)
-      c = folded(c);
-    result += considered.diacriticals ? c : withoutDiacritical(c);
+// Whether the list has the values, or the single value, from a place on.
+bool hasAt(Runtime& runtime, const List& list, std::size_t place, const Value& wanted) {
+  const auto* several = wanted.as<List>();
+  const std::vector<Value> values = several ? several->values() : std::vector<Value>{wanted};
+  if (values.size() > list.size() - place)
+    return false;
+  for (std::size_t i = 0; i < values.size() && place + i < list.size(); ++i) {
+    runtime.step();
+    if (!areEqual(runtime, list.values()[place + i], values[i]))
+      return false;
   }
-  return result;
+  return true;
 }
 
-int order(Runtime& runtime, const Value& a, const Value& b) {
+} // namespace
+
+int compare(Runtime& runtime, const Value& a, const Value& b) {
   if (a.isNumber() && b.isNumber())
     return a.is(b.kind()) && a.is(ValueKind::integer) ? (a.integer() < b.integer()   ? -1
                                                          : a.integer() > b.integer() ? 1
@@ -196,8 +132,8 @@ bool contains(Runtime& runtime, const Value& whole, const Value& part) {
   }
   const auto* list = whole.as<List>();
   if (!list)
-    return comparable(runtime, textOf(runtime, whole))
-               .find(comparable(runtime, textOf(runtime, part))) != std::u32string::npos;
+    return comparisonKey(runtime, textOf(runtime, whole))
+               .find(comparisonKey(runtime, textOf(runtime, part))) != std::u32string::npos;
   const auto* run = part.as<List>();
   const std::vector<Value> wanted = run ? run->values() : std::vector<Value>{part};
   const auto& values = list->values();
@@ -207,6 +143,23 @@ bool contains(Runtime& runtime, const Value& whole, const Value& part) {
                                    return areEqual(runtime, a, b);
                                  });
   return found != values.end() || wanted.empty();
+}
+
+bool startsWith(Runtime& runtime, const Value& whole, const Value& part) {
+  if (const auto* list = whole.as<List>())
+    return hasAt(runtime, *list, 0, part);
+  return comparisonKey(runtime, textOf(runtime, whole))
+      .starts_with(comparisonKey(runtime, textOf(runtime, part)));
+}
+
+bool endsWith(Runtime& runtime, const Value& whole, const Value& part) {
+  if (const auto* list = whole.as<List>()) {
+    const auto* several = part.as<List>();
+    const std::size_t count = several ? several->size() : 1;
+    return count <= list->size() && hasAt(runtime, *list, list->size() - count, part);
+  }
+  return comparisonKey(runtime, textOf(runtime, whole))
+      .ends_with(comparisonKey(runtime, textOf(runtime, part)));
 }
 
 } // namespace tavrel::script

@@ -32,14 +32,14 @@ chrono::sys_days dayOf(double seconds) {
 }
 
 // Words and numbers of a date's text; what stands between them does not matter.
-struct Piece {
+struct DateToken {
   std::string_view text;
   int number = -1; ///< -1 for a word
   char before = ' ';
 };
 
-std::optional<std::vector<Piece>> pieces(std::string_view text) {
-  std::vector<Piece> result;
+std::optional<std::vector<DateToken>> dateTokens(std::string_view text) {
+  std::vector<DateToken> result;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t start = at;
     const auto take = [&](auto accepts) {
@@ -53,11 +53,11 @@ std::optional<std::vector<Piece>> pieces(std::string_view text) {
       ++at;
       continue;
     }
-    Piece piece{text.substr(start, at - start), -1, start > 0 ? text[start - 1] : ' '};
-    if (isDigit(piece.text[0]) &&
-        std::from_chars(text.data() + start, text.data() + at, piece.number).ec != std::errc())
+    DateToken token{text.substr(start, at - start), -1, start > 0 ? text[start - 1] : ' '};
+    if (isDigit(token.text[0]) &&
+        std::from_chars(text.data() + start, text.data() + at, token.number).ec != std::errc())
       return std::nullopt;
-    result.push_back(piece);
+    result.push_back(token);
   }
   return result;
 }
@@ -75,7 +75,7 @@ template <typename Names> int indexOfName(const Names& names, std::string_view w
   return -1;
 }
 
-struct Reading {
+struct ParsedDate {
   std::vector<int> days; ///< numbers of the date as they come
   std::vector<int> times;
   int month = 0;
@@ -87,68 +87,69 @@ bool isHalf(std::string_view word, char first) {
   return word.size() == 2 && (word[0] | 0x20) == first && (word[1] | 0x20) == 'm';
 }
 
-bool readWord(Reading& reading, std::string_view word) {
+bool readWord(ParsedDate& parsed, std::string_view word) {
   const int month = indexOfName(months, word);
   if (month >= 0)
-    reading.month = month + 1;
+    parsed.month = month + 1;
   if (isHalf(word, 'a') || isHalf(word, 'p'))
-    reading.half = isHalf(word, 'a') ? 1 : 2;
+    parsed.half = isHalf(word, 'a') ? 1 : 2;
   else if (month < 0 && indexOfName(weekdayNames, word) < 0)
     return word == "at" || word == "T" || word == "t" || word == "of";
   return true;
 }
 
 // A number belongs to the time when a colon stands before or behind it.
-std::optional<Reading> readingOf(std::string_view text) {
-  const auto all = pieces(text);
+std::optional<ParsedDate> parsedDate(std::string_view text) {
+  const auto all = dateTokens(text);
   if (!all || all->empty())
     return std::nullopt;
-  Reading reading;
+  ParsedDate parsed;
   for (std::size_t i = 0; i < all->size(); ++i) {
-    const Piece& piece = (*all)[i];
-    const bool isTime = piece.before == ':' || (i + 1 < all->size() && (*all)[i + 1].before == ':');
-    if (piece.number < 0 && !readWord(reading, piece.text))
+    const DateToken& token = (*all)[i];
+    const bool isTime = token.before == ':' || (i + 1 < all->size() && (*all)[i + 1].before == ':');
+    if (token.number < 0 && !readWord(parsed, token.text))
       return std::nullopt;
-    if (piece.number >= 0)
-      (isTime ? reading.times : reading.days).push_back(piece.number);
-    reading.isIso = reading.isIso || (reading.days.size() == 1 && piece.text.size() == 4);
+    if (token.number >= 0)
+      (isTime ? parsed.times : parsed.days).push_back(token.number);
+    parsed.isIso = parsed.isIso || (parsed.days.size() == 1 && token.text.size() == 4);
   }
-  return reading;
+  return parsed;
 }
 
-bool setDay(DateParts& parts, const Reading& reading) {
-  const std::vector<int>& days = reading.days;
+bool setDay(DateComponents& components, const ParsedDate& parsed) {
+  const std::vector<int>& days = parsed.days;
   if (days.empty())
-    return reading.month == 0;
-  if (reading.month > 0 && days.size() == 2)
-    parts = {days[1], reading.month, days[0]};
-  else if (reading.month == 0 && days.size() == 3)
-    parts =
-        reading.isIso ? DateParts{days[0], days[1], days[2]} : DateParts{days[2], days[0], days[1]};
+    return parsed.month == 0;
+  if (parsed.month > 0 && days.size() == 2)
+    components = {days[1], parsed.month, days[0]};
+  else if (parsed.month == 0 && days.size() == 3)
+    components = parsed.isIso ? DateComponents{days[0], days[1], days[2]}
+                              : DateComponents{days[2], days[0], days[1]};
   else
     return false;
-  parts.year += parts.year < 100 ? 2000 : 0;
-  const chrono::year_month_day date{chrono::year{parts.year},
-                                    chrono::month{static_cast<unsigned>(parts.month)},
-                                    chrono::day{static_cast<unsigned>(parts.day)}};
-  return date.ok() && parts.month <= 12 && parts.day <= 31 && parts.year < 10000;
+  components.year += components.year < 100 ? 2000 : 0;
+  const chrono::year_month_day date{chrono::year{components.year},
+                                    chrono::month{static_cast<unsigned>(components.month)},
+                                    chrono::day{static_cast<unsigned>(components.day)}};
+  return date.ok() && components.month <= 12 && components.day <= 31 && components.year < 10000;
 }
 
-bool setTime(DateParts& parts, const Reading& reading) {
-  const std::vector<int>& times = reading.times;
-  parts.hours = !times.empty() ? times[0] : 0;
-  parts.minutes = times.size() > 1 ? times[1] : 0;
-  parts.seconds = times.size() > 2 ? times[2] : 0;
-  if (reading.half != 0 && parts.hours > 12)
+bool setTime(DateComponents& components, const ParsedDate& parsed) {
+  const std::vector<int>& times = parsed.times;
+  components.hours = !times.empty() ? times[0] : 0;
+  components.minutes = times.size() > 1 ? times[1] : 0;
+  components.seconds = times.size() > 2 ? times[2] : 0;
+  if (parsed.half != 0 && components.hours > 12)
     return false;
-  if (reading.half != 0)
-    parts.hours = parts.hours % 12 + (reading.half == 2 ? 12 : 0);
-  return times.size() <= 3 && parts.hours < 24 && parts.minutes < 60 && parts.seconds < 60;
+  if (parsed.half != 0)
+    components.hours = components.hours % 12 + (parsed.half == 2 ? 12 : 0);
+  return times.size() <= 3 && components.hours < 24 && components.minutes < 60 &&
+         components.seconds < 60;
 }
 
 } // namespace
 
-DateParts partsOf(double seconds) {
+DateComponents componentsOf(double seconds) {
   const chrono::sys_days day = dayOf(seconds);
   const chrono::year_month_day date(day);
   const double inDay = std::fmod(std::fmod(seconds, secondsOfDay) + secondsOfDay, secondsOfDay);
@@ -161,12 +162,13 @@ DateParts partsOf(double seconds) {
           static_cast<double>(whole % 60)};
 }
 
-double secondsOf(const DateParts& parts) {
-  const auto month = chrono::year{std::clamp(parts.year, 0, 9999)} / chrono::January / 1 +
-                     chrono::months(std::clamp(parts.month, -9999, 9999) - 1);
+double secondsOf(const DateComponents& components) {
+  const auto month = chrono::year{std::clamp(components.year, 0, 9999)} / chrono::January / 1 +
+                     chrono::months(std::clamp(components.month, -9999, 9999) - 1);
   const auto first = static_cast<double>((chrono::sys_days(month) - epoch).count());
-  const double days = first + parts.day - 1.0;
-  return days * secondsOfDay + parts.hours * 3600.0 + parts.minutes * 60.0 + parts.seconds;
+  const double days = first + components.day - 1.0;
+  return days * secondsOfDay + components.hours * 3600.0 + components.minutes * 60.0 +
+         components.seconds;
 }
 
 std::string_view monthName(int month) {
@@ -186,24 +188,27 @@ int calendarNumber(std::string_view name) {
 }
 
 std::string dateString(double seconds) {
-  const DateParts parts = partsOf(seconds);
+  const DateComponents components = componentsOf(seconds);
   std::string result(weekdayName(seconds));
-  result.append(", ").append(monthName(parts.month)).append(" ");
-  return result.append(std::to_string(parts.day)).append(", ").append(std::to_string(parts.year));
+  result.append(", ").append(monthName(components.month)).append(" ");
+  return result.append(std::to_string(components.day))
+      .append(", ")
+      .append(std::to_string(components.year));
 }
 
 std::string shortDateString(double seconds) {
-  const DateParts parts = partsOf(seconds);
-  std::string result = std::to_string(parts.month);
-  result.append("/").append(std::to_string(parts.day));
-  return result.append("/").append(std::to_string(parts.year));
+  const DateComponents components = componentsOf(seconds);
+  std::string result = std::to_string(components.month);
+  result.append("/").append(std::to_string(components.day));
+  return result.append("/").append(std::to_string(components.year));
 }
 
 std::string timeString(double seconds) {
-  const DateParts parts = partsOf(seconds);
+  const DateComponents components = componentsOf(seconds);
   std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%d:%02d:%02d %s", (parts.hours + 11) % 12 + 1,
-                parts.minutes, static_cast<int>(parts.seconds), parts.hours < 12 ? "AM" : "PM");
+  std::snprintf(text.data(), text.size(), "%d:%02d:%02d %s", (components.hours + 11) % 12 + 1,
+                components.minutes, static_cast<int>(components.seconds),
+                components.hours < 12 ? "AM" : "PM");
   return text.data();
 }
 
@@ -211,14 +216,14 @@ std::string dateText(double seconds) {
   return dateString(seconds).append(" at ").append(timeString(seconds));
 }
 
-std::optional<double> dateIn(std::string_view text, double now) {
-  const auto reading = readingOf(text);
-  if (!reading || (reading->days.empty() && reading->times.empty()))
+std::optional<double> parseDate(std::string_view text, double now) {
+  const auto parsed = parsedDate(text);
+  if (!parsed || (parsed->days.empty() && parsed->times.empty()))
     return std::nullopt;
-  DateParts parts = partsOf(now);
-  if (!setDay(parts, *reading) || !setTime(parts, *reading))
+  DateComponents components = componentsOf(now);
+  if (!setDay(components, *parsed) || !setTime(components, *parsed))
     return std::nullopt;
-  return secondsOf(parts);
+  return secondsOf(components);
 }
 
 } // namespace tavrel::script

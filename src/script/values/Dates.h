@@ -7,7 +7,7 @@
 namespace tavrel::script {
 
 /// A date of the local calendar taken apart.
-struct DateParts {
+struct DateComponents {
   int year = 2001;
   int month = 1; ///< from 1
   int day = 1;
@@ -17,9 +17,9 @@ struct DateParts {
 };
 
 /// `seconds` counts from 2001-01-01 00:00.
-[[nodiscard]] DateParts partsOf(double seconds);
+[[nodiscard]] DateComponents componentsOf(double seconds);
 /// Parts beyond their range carry over: day 32 of January is the first of February.
-[[nodiscard]] double secondsOf(const DateParts& parts);
+[[nodiscard]] double secondsOf(const DateComponents& components);
 
 [[nodiscard]] std::string_view monthName(int month);        ///< from 1, "January"
 [[nodiscard]] std::string_view weekdayName(double seconds); ///< "Monday"
@@ -34,6 +34,6 @@ struct DateParts {
 
 /// Reads what dateText writes, "2001-01-31", "1/31/2001", "31 January 2001", each with or without
 /// a time ("8:30", "8:30:15 PM"), and a time alone, which is of the day of `now`.
-[[nodiscard]] std::optional<double> dateIn(std::string_view text, double now);
+[[nodiscard]] std::optional<double> parseDate(std::string_view text, double now);
 
 } // namespace tavrel::script

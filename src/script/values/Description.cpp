@@ -1,4 +1,4 @@
-#include "script/values/Coercion.h"
+#include "script/values/Description.h"
 
 #include "base/Decimal.h"
 #include "script/values/Dates.h"

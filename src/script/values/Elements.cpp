@@ -1,18 +1,14 @@
 #include "script/values/Elements.h"
 
+#include "script/values/AccessErrors.h"
 #include "script/values/Coercion.h"
+#include "script/values/Description.h"
 #include "script/values/TextSplitting.h"
 
 #include <algorithm>
 
 namespace tavrel::script {
 namespace {
-
-[[noreturn]] void missing(const Value& whole, const std::string& what, int number) {
-  std::string message = "Can’t get ";
-  message.append(what).append(" of ").append(described(whole)).append(".");
-  throw ScriptError{number, std::move(message)};
-}
 
 std::string titleOf(const std::string& type, std::int64_t index) {
   return type + " " + std::to_string(index);
@@ -26,7 +22,7 @@ bool isOfType(const Value& value, const std::string& type) {
   return typeOf(value) == (type == "string" || type == "unicode text" ? "text" : type);
 }
 
-Value part(Runtime& runtime, const std::string& text, const TextPart& each) {
+Value textAt(Runtime& runtime, const std::string& text, const TextRange& each) {
   return runtime.text(text.substr(each.start, each.length));
 }
 
@@ -34,23 +30,23 @@ bool isCharacter(const std::string& type) {
   return type == "character" || type == "item";
 }
 
-Value characterAt(Runtime& runtime, const Text& text, std::size_t place) {
-  const std::size_t start = text.offsetOf(place);
-  return part(runtime, text.value(), {start, text.offsetOf(place + 1) - start});
+Value characterAt(Runtime& runtime, const Text& text, std::size_t position) {
+  const std::size_t start = text.offsetOf(position);
+  return textAt(runtime, text.value(), {start, text.offsetOf(position + 1) - start});
 }
 
-TextParts partsOrError(Runtime& runtime, const Value& whole, const std::string& type) {
-  auto parts = partsOf(runtime, whole.as<Text>()->value(), type);
-  if (!parts)
-    missing(whole, "every " + type, errors::noSuchObject);
-  return *std::move(parts);
+TextRanges rangesOrError(Runtime& runtime, const Value& whole, const std::string& type) {
+  auto ranges = splitText(runtime, whole.as<Text>()->value(), type);
+  if (!ranges)
+    cannotGet("every " + type, whole);
+  return *std::move(ranges);
 }
 
 // The values of a list that are of the class; of `item` all.
 std::vector<Value> valuesOf(Runtime& runtime, const Value& whole, const std::string& type) {
   const auto* list = whole.as<List>();
   if (!list)
-    missing(whole, "every " + type, errors::noSuchObject);
+    cannotGet("every " + type, whole);
   runtime.step(list->size() / 16);
   std::vector<Value> result;
   std::copy_if(list->values().begin(), list->values().end(), std::back_inserter(result),
@@ -61,58 +57,59 @@ std::vector<Value> valuesOf(Runtime& runtime, const Value& whole, const std::str
 std::optional<Value> simpleElement(Runtime& runtime, const Value& whole, const std::string& type,
                                    std::int64_t index) {
   if (const auto* list = whole.as<List>(); list && type == "item") {
-    const auto place = placeOf(index, list->size());
-    return place ? std::optional(list->values()[*place]) : std::nullopt;
+    const auto position = positionOf(index, list->size());
+    return position ? std::optional(list->values()[*position]) : std::nullopt;
   }
   const auto* text = whole.as<Text>();
   if (text && isCharacter(type)) {
-    const auto place = placeOf(index, text->length());
-    return place ? std::optional(characterAt(runtime, *text, *place)) : std::nullopt;
+    const auto position = positionOf(index, text->length());
+    return position ? std::optional(characterAt(runtime, *text, *position)) : std::nullopt;
   }
   if (text) {
-    const TextParts parts = partsOrError(runtime, whole, type);
-    const auto place = placeOf(index, parts.size());
-    return place ? std::optional(part(runtime, text->value(), parts[*place])) : std::nullopt;
+    const TextRanges ranges = rangesOrError(runtime, whole, type);
+    const auto position = positionOf(index, ranges.size());
+    return position ? std::optional(textAt(runtime, text->value(), ranges[*position]))
+                    : std::nullopt;
   }
   const std::vector<Value> values = valuesOf(runtime, whole, type);
-  const auto place = placeOf(index, values.size());
-  return place ? std::optional(values[*place]) : std::nullopt;
+  const auto position = positionOf(index, values.size());
+  return position ? std::optional(values[*position]) : std::nullopt;
 }
 
 // The bytes from the start of the first part to the end of the last.
-TextPart span(const TextPart& first, const TextPart& last) {
+TextRange span(const TextRange& first, const TextRange& last) {
   const std::size_t start = std::min(first.start, last.start);
   const std::size_t end = std::max(first.start + first.length, last.start + last.length);
   return {start, end - start};
 }
 
-TextPart boundOf(Runtime& runtime, const Value& whole, const Bound& bound) {
-  const TextParts parts = partsOrError(runtime, whole, bound.type);
-  const auto place = placeOf(bound.index, parts.size());
-  if (!place)
-    missing(whole, titleOf(bound.type, bound.index), errors::noSuchObject);
-  return parts[*place];
+TextRange boundOf(Runtime& runtime, const Value& whole, const Bound& bound) {
+  const TextRanges ranges = rangesOrError(runtime, whole, bound.type);
+  const auto position = positionOf(bound.index, ranges.size());
+  if (!position)
+    cannotGet(titleOf(bound.type, bound.index), whole);
+  return ranges[*position];
 }
 
 Value textBetween(Runtime& runtime, const Value& whole, const Bound& first, const Bound& last) {
-  const TextPart range = span(boundOf(runtime, whole, first), boundOf(runtime, whole, last));
-  return part(runtime, whole.as<Text>()->value(), range);
+  const TextRange range = span(boundOf(runtime, whole, first), boundOf(runtime, whole, last));
+  return textAt(runtime, whole.as<Text>()->value(), range);
 }
 
 } // namespace
 
-std::optional<std::size_t> placeOf(std::int64_t index, std::size_t count) {
+std::optional<std::size_t> positionOf(std::int64_t index, std::size_t count) {
   const auto size = static_cast<std::int64_t>(count);
-  const std::int64_t place = index < 0 ? size + index : index - 1;
-  if (index == 0 || place < 0 || place >= size)
+  const std::int64_t position = index < 0 ? size + index : index - 1;
+  if (index == 0 || position < 0 || position >= size)
     return std::nullopt;
-  return static_cast<std::size_t>(place);
+  return static_cast<std::size_t>(position);
 }
 
 Value elementAt(Runtime& runtime, const Value& whole, const std::string& type, std::int64_t index) {
   if (auto element = simpleElement(runtime, whole, type, index))
     return *std::move(element);
-  missing(whole, titleOf(type, index), errors::noSuchObject);
+  cannotGet(titleOf(type, index), whole);
 }
 
 Value elementsBetween(Runtime& runtime, const Value& whole, const std::string& type,
@@ -121,12 +118,11 @@ Value elementsBetween(Runtime& runtime, const Value& whole, const std::string& t
     return textBetween(runtime, whole, first, last);
   const Value all = everyElement(runtime, whole, type);
   const std::vector<Value>& values = all.as<List>()->values();
-  const auto from = placeOf(first.index, values.size());
-  const auto to = placeOf(last.index, values.size());
+  const auto from = positionOf(first.index, values.size());
+  const auto to = positionOf(last.index, values.size());
   if (!from || !to)
-    missing(whole,
-            type + "s " + std::to_string(first.index) + " thru " + std::to_string(last.index),
-            errors::noSuchObject);
+    cannotGet(type + "s " + std::to_string(first.index) + " thru " + std::to_string(last.index),
+              whole);
   const auto start = values.begin() + static_cast<std::ptrdiff_t>(std::min(*from, *to));
   const auto end = values.begin() + static_cast<std::ptrdiff_t>(std::max(*from, *to) + 1);
   return runtime.list({start, end});
@@ -139,11 +135,30 @@ Value everyElement(Runtime& runtime, const Value& whole, const std::string& type
   if (type == "text")
     return whole;
   std::vector<Value> values;
-  for (const TextPart& each : partsOrError(runtime, whole, type)) {
+  for (const TextRange& each : rangesOrError(runtime, whole, type)) {
     runtime.step();
-    values.push_back(part(runtime, text->value(), each));
+    values.push_back(textAt(runtime, text->value(), each));
   }
   return runtime.list(std::move(values));
+}
+
+Value elementOf(Runtime& runtime, const Value& whole, const std::string& type, const Value& key) {
+  if (key.isNumber())
+    return elementAt(runtime, whole, type, integerOf(runtime, key));
+  // file "/a/b" outside of any application
+  if (type != "file" && type != "folder" && type != "disk")
+    cannotGet(type + " " + described(key), whole);
+  return coerced(runtime, key, "file");
+}
+
+void setElement(Runtime& runtime, const Value& whole, const std::string& type, const Value& key,
+                Value value) {
+  auto* list = whole.as<List>();
+  const auto position =
+      list ? positionOf(integerOf(runtime, key), list->size()) : std::optional<std::size_t>();
+  if (!position || type != "item")
+    cannotSet(type + " " + described(key), whole);
+  list->replace(*position, std::move(value));
 }
 
 std::int64_t countElements(Runtime& runtime, const Value& whole, const std::string& type) {
@@ -152,7 +167,7 @@ std::int64_t countElements(Runtime& runtime, const Value& whole, const std::stri
   if (const auto* text = whole.as<Text>(); text && isCharacter(type))
     return static_cast<std::int64_t>(text->length());
   if (whole.is(ValueKind::text))
-    return static_cast<std::int64_t>(partsOrError(runtime, whole, type).size());
+    return static_cast<std::int64_t>(rangesOrError(runtime, whole, type).size());
   return static_cast<std::int64_t>(valuesOf(runtime, whole, type).size());
 }
 

@@ -6,24 +6,37 @@
 
 namespace tavrel::script {
 
-/// A bound of a range: an index, from 1 or from the end below 0, of elements of a class.
+/// A bound of a range: the index of an element of a class. Indices count from 1, negative ones
+/// from the end.
 struct Bound {
   std::string type;
   std::int64_t index = 1;
 };
 
-/// The elements of a value by class, as `word`. Each throws ScriptError: `noSuchObject` where a
-/// value has no such elements, `badIndex` where the index is beyond them.
+// The elements of a value by class, as `word` of a text or `item` of a list. Each throws
+// ScriptError (`noSuchObject`) where the value has no such elements or not as many.
+
+/// The element of an index, or, for files, of a path.
+[[nodiscard]] Value elementOf(Runtime& runtime, const Value& whole, const std::string& type,
+                              const Value& key);
 [[nodiscard]] Value elementAt(Runtime& runtime, const Value& whole, const std::string& type,
                               std::int64_t index);
-/// A text for `text`, else a list.
+
+/// Those from one bound to the other, whichever comes first: of the class `text` one text, else a
+/// list.
 [[nodiscard]] Value elementsBetween(Runtime& runtime, const Value& whole, const std::string& type,
                                     const Bound& first, const Bound& last);
+/// A list of them; of the class `text` the text itself.
 [[nodiscard]] Value everyElement(Runtime& runtime, const Value& whole, const std::string& type);
+
 [[nodiscard]] std::int64_t countElements(Runtime& runtime, const Value& whole,
                                          const std::string& type);
 
-/// The place from 0 that an index means among `count`; nothing when it is beyond them.
-[[nodiscard]] std::optional<std::size_t> placeOf(std::int64_t index, std::size_t count);
+/// Replaces an item of a list. Throws ScriptError (`cannotSet`) for everything else.
+void setElement(Runtime& runtime, const Value& whole, const std::string& type, const Value& key,
+                Value value);
+
+/// The position from 0 that an index means among `count` elements; nothing when it is beyond them.
+[[nodiscard]] std::optional<std::size_t> positionOf(std::int64_t index, std::size_t count);
 
 } // namespace tavrel::script

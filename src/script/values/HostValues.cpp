@@ -22,13 +22,13 @@ struct ToValue {
   Value operator()(const HostList& values) const {
     std::vector<Value> result;
     for (const HostValue& each : values)
-      result.push_back(valueOf(runtime, each));
+      result.push_back(valueFromHost(runtime, each));
     return runtime.list(std::move(result));
   }
   Value operator()(const HostRecord& entries) const {
     std::vector<Record::Entry> result;
     for (const auto& [label, each] : entries)
-      result.emplace_back(symbol(label), valueOf(runtime, each));
+      result.emplace_back(symbol(label), valueFromHost(runtime, each));
     return runtime.record(std::move(result));
   }
 };
@@ -36,11 +36,11 @@ struct ToValue {
 // A list that holds another many times is small; as plain data it is not.
 constexpr std::size_t hostValueSize = 2 * sizeof(HostValue);
 
-HostValue plain(Runtime& runtime, const Value& value, Loan& loan);
+HostValue plain(Runtime& runtime, const Value& value, HeapReservation& reservation);
 
-HostValue plainObject(Runtime& runtime, const Value& value, Loan& loan) {
+HostValue plainObject(Runtime& runtime, const Value& value, HeapReservation& reservation) {
   if (const auto* text = value.as<Text>()) {
-    loan.take(text->value().size());
+    reservation.take(text->value().size());
     return {text->value()};
   }
   if (const auto* file = value.as<File>())
@@ -52,11 +52,11 @@ HostValue plainObject(Runtime& runtime, const Value& value, Loan& loan) {
   HostList list;
   if (const auto* values = value.as<List>())
     for (const Value& each : values->values())
-      list.push_back(plain(runtime, each, loan));
+      list.push_back(plain(runtime, each, reservation));
   else if (const auto* record = value.as<Record>()) {
     HostRecord entries;
     for (const auto& [label, each] : record->entries())
-      entries[*label] = plain(runtime, each, loan);
+      entries[*label] = plain(runtime, each, reservation);
     return {std::move(entries)};
   } else
     throw ScriptError{
@@ -65,9 +65,9 @@ HostValue plainObject(Runtime& runtime, const Value& value, Loan& loan) {
   return {std::move(list)};
 }
 
-HostValue plain(Runtime& runtime, const Value& value, Loan& loan) {
+HostValue plain(Runtime& runtime, const Value& value, HeapReservation& reservation) {
   runtime.guardStack();
-  loan.take(hostValueSize);
+  reservation.take(hostValueSize);
   runtime.step();
   switch (value.kind()) {
   case ValueKind::undefined:
@@ -83,21 +83,21 @@ HostValue plain(Runtime& runtime, const Value& value, Loan& loan) {
   case ValueKind::typeName:
     return {HostName{value.name()}};
   case ValueKind::reference:
-    return plain(runtime, behind(runtime, value), loan);
+    return plain(runtime, dereferenced(runtime, value), reservation);
   default:
-    return plainObject(runtime, value, loan);
+    return plainObject(runtime, value, reservation);
   }
 }
 
 } // namespace
 
-Value valueOf(Runtime& runtime, const HostValue& value) {
+Value valueFromHost(Runtime& runtime, const HostValue& value) {
   return std::visit(ToValue{runtime}, value.value);
 }
 
-HostValue hostValueOf(Runtime& runtime, const Value& value) {
-  Loan loan(runtime.heap);
-  return plain(runtime, value, loan);
+HostValue valueForHost(Runtime& runtime, const Value& value) {
+  HeapReservation reservation(runtime.heap);
+  return plain(runtime, value, reservation);
 }
 
 } // namespace tavrel::script

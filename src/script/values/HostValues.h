@@ -5,9 +5,9 @@
 namespace tavrel::script {
 
 /// What the desktop gives, as a script's value.
-[[nodiscard]] Value valueOf(Runtime& runtime, const HostValue& value);
+[[nodiscard]] Value valueFromHost(Runtime& runtime, const HostValue& value);
 
 /// A script's value as the desktop takes it. Throws (`cannotCoerce`) for scripts.
-[[nodiscard]] HostValue hostValueOf(Runtime& runtime, const Value& value);
+[[nodiscard]] HostValue valueForHost(Runtime& runtime, const Value& value);
 
 } // namespace tavrel::script

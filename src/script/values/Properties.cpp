@@ -1,8 +1,10 @@
 #include "script/values/Properties.h"
 
+#include "script/values/AccessErrors.h"
 #include "script/values/CodePoints.h"
 #include "script/values/Coercion.h"
 #include "script/values/Dates.h"
+#include "script/values/Description.h"
 #include "script/values/ScriptObject.h"
 
 #include <algorithm>
@@ -21,7 +23,7 @@ Value textProperty(Runtime& runtime, const Text& text, std::string_view name, bo
     std::size_t at = 0;
     std::vector<Value> codes;
     while (at < text.value().size())
-      codes.push_back(Value::integer(takeCharacter(text.value(), at)));
+      codes.push_back(Value::integer(takeCodePoint(text.value(), at)));
     return codes.size() == 1 ? codes[0] : runtime.list(std::move(codes));
   }
   found = false;
@@ -41,24 +43,24 @@ Value listProperty(Runtime& runtime, const List& list, std::string_view name, bo
 }
 
 Value dateProperty(Runtime& runtime, const Date& date, std::string_view name, bool& found) {
-  const DateParts parts = partsOf(date.seconds);
+  const DateComponents components = componentsOf(date.seconds);
   if (name == "year")
-    return Value::integer(parts.year);
+    return Value::integer(components.year);
   if (name == "month")
-    return Value::constant(monthName(parts.month));
+    return Value::constant(monthName(components.month));
   if (name == "day")
-    return Value::integer(parts.day);
+    return Value::integer(components.day);
   if (name == "weekday")
     return Value::constant(weekdayName(date.seconds));
   if (name == "hours")
-    return Value::integer(parts.hours);
+    return Value::integer(components.hours);
   if (name == "minutes")
-    return Value::integer(parts.minutes);
+    return Value::integer(components.minutes);
   if (name == "seconds")
-    return Value::integer(static_cast<std::int64_t>(parts.seconds));
+    return Value::integer(static_cast<std::int64_t>(components.seconds));
   if (name == "time")
-    return Value::integer(parts.hours * 3600 + parts.minutes * 60 +
-                          static_cast<std::int64_t>(parts.seconds));
+    return Value::integer(components.hours * 3600 + components.minutes * 60 +
+                          static_cast<std::int64_t>(components.seconds));
   if (name == "date string")
     return runtime.text(dateString(date.seconds));
   if (name == "short date string")
@@ -88,31 +90,31 @@ int monthOf(Runtime& runtime, const Value& value) {
   return static_cast<int>(std::clamp<std::int64_t>(integerOf(runtime, value), -9999, 9999));
 }
 
-bool setDatePart(Runtime& runtime, Date& date, std::string_view name, const Value& to) {
-  DateParts parts = partsOf(date.seconds);
+bool setDateComponent(Runtime& runtime, Date& date, std::string_view name, const Value& to) {
+  DateComponents components = componentsOf(date.seconds);
   if (name == "month") {
-    parts.month = monthOf(runtime, to);
-    date.seconds = secondsOf(parts);
+    components.month = monthOf(runtime, to);
+    date.seconds = secondsOf(components);
     return true;
   }
   const auto number =
       static_cast<int>(std::clamp<std::int64_t>(integerOf(runtime, to), -1'000'000, 1'000'000));
   if (name == "time") {
-    parts.hours = parts.minutes = 0;
-    parts.seconds = number;
+    components.hours = components.minutes = 0;
+    components.seconds = number;
   } else if (name == "year")
-    parts.year = number;
+    components.year = number;
   else if (name == "day")
-    parts.day = number;
+    components.day = number;
   else if (name == "hours")
-    parts.hours = number;
+    components.hours = number;
   else if (name == "minutes")
-    parts.minutes = number;
+    components.minutes = number;
   else if (name == "seconds")
-    parts.seconds = number;
+    components.seconds = number;
   else
     return false;
-  date.seconds = secondsOf(parts);
+  date.seconds = secondsOf(components);
   return true;
 }
 
@@ -132,6 +134,31 @@ std::optional<Value> entryOf(const Value& value, const std::string* name) {
   return script && *name == "parent" ? std::optional(script->parent) : std::nullopt;
 }
 
+// Whether the value has the property, and one that can be set.
+bool setOwnProperty(Runtime& runtime, const Value& value, const std::string* name,
+                    const Value& to) {
+  if (auto* record = value.as<Record>()) {
+    const bool has = record->find(name) != nullptr;
+    if (has)
+      record->set(name, to);
+    return has;
+  }
+  if (auto* script = value.as<ScriptObject>()) {
+    Value* field = script->find(name);
+    if (field)
+      *field = to;
+    return field != nullptr;
+  }
+  auto* date = value.as<Date>();
+  return date && setDateComponent(runtime, *date, *name, to);
+}
+
+// `text item delimiters of AppleScript`, whose owner is a constant, or of the script itself.
+bool isDelimiters(const Value& whole, const std::string& name) {
+  return name == "text item delimiters" &&
+         (whole.is(ValueKind::constant) || whole.is(ValueKind::script));
+}
+
 } // namespace
 
 std::string quotedForm(std::string_view text) {
@@ -144,7 +171,7 @@ std::string quotedForm(std::string_view text) {
   return result += '\'';
 }
 
-std::optional<Value> propertyOf(Runtime& runtime, const Value& value, const std::string* name) {
+std::optional<Value> findProperty(Runtime& runtime, const Value& value, const std::string* name) {
   if (value.is(ValueKind::record) || value.is(ValueKind::script))
     if (auto entry = entryOf(value, name))
       return entry;
@@ -167,21 +194,21 @@ std::optional<Value> propertyOf(Runtime& runtime, const Value& value, const std:
   return found ? std::optional(result) : std::nullopt;
 }
 
-bool setProperty(Runtime& runtime, const Value& value, const std::string* name, const Value& to) {
-  if (auto* record = value.as<Record>()) {
-    const bool has = record->find(name) != nullptr;
-    if (has)
-      record->set(name, to);
-    return has;
-  }
-  if (auto* script = value.as<ScriptObject>()) {
-    Value* field = script->find(name);
-    if (field)
-      *field = to;
-    return field != nullptr;
-  }
-  auto* date = value.as<Date>();
-  return date && setDatePart(runtime, *date, *name, to);
+Value propertyOf(Runtime& runtime, const Value& value, const std::string* name) {
+  if (isDelimiters(value, *name))
+    return runtime.delimiters;
+  if (auto property = findProperty(runtime, value, name))
+    return *std::move(property);
+  if (value.is(ValueKind::text) && *name == "text")
+    return value;
+  cannotGet(*name, value);
+}
+
+void setProperty(Runtime& runtime, const Value& value, const std::string* name, Value to) {
+  if (isDelimiters(value, *name))
+    runtime.delimiters = std::move(to);
+  else if (!setOwnProperty(runtime, value, name, to))
+    cannotSet(*name, value);
 }
 
 } // namespace tavrel::script

@@ -1,6 +1,7 @@
 #include "script/values/Reference.h"
 
-#include "script/values/AccessErrors.h"
+#include "script/values/Elements.h"
+#include "script/values/Properties.h"
 
 namespace tavrel::script {
 namespace {
@@ -35,10 +36,10 @@ public:
   PropertyReference(Heap& heap, Value container, const std::string* name)
       : Reference(heap), container_(std::move(container)), name_(name) {}
   Value contents(Runtime& runtime) const override {
-    return propertyPart(runtime, behind(runtime, container_), name_);
+    return propertyOf(runtime, dereferenced(runtime, container_), name_);
   }
   void write(Runtime& runtime, Value value) override {
-    setPropertyPart(runtime, behind(runtime, container_), name_, std::move(value));
+    setProperty(runtime, dereferenced(runtime, container_), name_, std::move(value));
   }
   void empty() override { container_ = {}; }
 
@@ -53,10 +54,10 @@ public:
       : Reference(heap), container_(std::move(container)), type_(std::move(type)),
         key_(std::move(key)) {}
   Value contents(Runtime& runtime) const override {
-    return elementPart(runtime, behind(runtime, container_), type_, key_);
+    return elementOf(runtime, dereferenced(runtime, container_), type_, key_);
   }
   void write(Runtime& runtime, Value value) override {
-    setElementPart(runtime, behind(runtime, container_), type_, key_, std::move(value));
+    setElement(runtime, dereferenced(runtime, container_), type_, key_, std::move(value));
   }
   void empty() override { container_ = {}; }
 
@@ -68,7 +69,7 @@ private:
 
 } // namespace
 
-Value behind(Runtime& runtime, const Value& value) {
+Value dereferenced(Runtime& runtime, const Value& value) {
   runtime.guardStack();
   Value result = value;
   for (int links = 0; result.is(ValueKind::reference); ++links) {

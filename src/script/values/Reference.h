@@ -18,7 +18,7 @@ public:
 };
 
 /// The value behind references, however many point to each other; any other value as it is.
-[[nodiscard]] Value behind(Runtime& runtime, const Value& value);
+[[nodiscard]] Value dereferenced(Runtime& runtime, const Value& value);
 
 /// A variable or property of a script. `index` is one of the script's fields.
 [[nodiscard]] Value fieldReference(Runtime& runtime, ScriptObject& script, std::size_t index,

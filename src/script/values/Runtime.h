@@ -11,7 +11,7 @@ namespace tavrel::script {
 
 /// Who wrote a source: those that the application builds around a path may ask for little, so that
 /// a path cannot smuggle a command in.
-enum class Author : std::uint8_t { person, application };
+enum class Author : std::uint8_t { user, application };
 
 /// Which differences between texts count.
 struct Considered {
@@ -30,10 +30,11 @@ struct Limits {
   std::size_t heap = std::size_t{512} << 20U; ///< bytes that the values of the engine may hold
 };
 
-struct Shape;
+struct ScriptDefinition;
 
 /// Makes a script that can run of its source text. Throws ScriptError.
-using SourceBinder = std::shared_ptr<const Shape> (*)(Heap& heap, const std::string& source);
+using SourceBinder = std::shared_ptr<const ScriptDefinition> (*)(Heap& heap,
+                                                                 const std::string& source);
 
 /// The state of one run that all its scripts share.
 class Runtime {

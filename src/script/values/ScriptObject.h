@@ -6,29 +6,42 @@
 
 namespace tavrel::script {
 
-struct Shape;
+/// The handlers and properties of a script (running/ScriptDefinition.h). Here only the names
+/// matter, so that values know nothing of how scripts run.
+struct ScriptDefinition;
 
-/// A script, or a script object inside one: its fields (properties and global variables) and what
-/// it inherits from.
+/// The names that all objects of one definition share.
+struct ScriptOutline {
+  std::string name;                       ///< empty for the outermost script
+  std::vector<const std::string*> fields; ///< properties first, then variables and inner scripts
+};
+
+/// A script that has values: one for each field (property, global variable or inner script) of
+/// its definition, and what it inherits from.
 class ScriptObject final : public Container {
 public:
   static constexpr ValueKind valueKind = ValueKind::script;
-  ScriptObject(Heap& heap, std::shared_ptr<const Shape> form, Ref<ScriptObject> enclosing);
+  /// `outline` belongs to the definition. The fields are undefined at first.
+  ScriptObject(Heap& heap, std::shared_ptr<const ScriptDefinition> definition,
+               const ScriptOutline& outline, Ref<ScriptObject> enclosing);
+  /// An object of the same definition, inside the same script and with the same parent; its fields
+  /// are undefined.
+  ScriptObject(Heap& heap, const ScriptObject& model);
   void empty() override;
 
-  [[nodiscard]] const Shape& shape() const { return *shape_; }
-  [[nodiscard]] const std::shared_ptr<const Shape>& sharedShape() const { return shape_; }
-  [[nodiscard]] const std::string& name() const;
+  [[nodiscard]] const ScriptDefinition& definition() const { return *definition_; }
+  [[nodiscard]] const std::string& name() const { return outline_.name; }
   /// The script that this one stands in; null for the outermost.
   [[nodiscard]] ScriptObject* outer() const { return outer_.get(); }
   /// The field of that name here or in what it inherits from; null without one.
   [[nodiscard]] Value* find(const std::string* field);
 
-  std::vector<Value> fields;
-  Value parent;
+  std::vector<Value> fields; ///< as many as the outline names, in its order
+  Value parent;              ///< the script that it inherits from; at first the enclosing one
 
 private:
-  std::shared_ptr<const Shape> shape_;
+  std::shared_ptr<const ScriptDefinition> definition_;
+  const ScriptOutline& outline_;
   Ref<ScriptObject> outer_;
 };
 

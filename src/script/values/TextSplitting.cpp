@@ -8,14 +8,14 @@
 namespace tavrel::script {
 namespace {
 
-TextParts characters(Runtime& runtime, const std::string& text) {
-  TextParts parts(runtime.heap);
+TextRanges characters(Runtime& runtime, const std::string& text) {
+  TextRanges ranges(runtime.heap);
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t start = at;
-    (void)takeCharacter(text, at);
-    parts.add({start, std::min(at, text.size()) - start});
+    (void)takeCodePoint(text, at);
+    ranges.add({start, std::min(at, text.size()) - start});
   }
-  return parts;
+  return ranges;
 }
 
 // Letters and digits of all scripts: what is not ASCII counts but for blanks and punctuation.
@@ -35,46 +35,46 @@ bool joinsWords(char32_t c) {
 
 bool joinsHere(char32_t c, char32_t before, std::string_view rest) {
   std::size_t at = 0;
-  const char32_t after = rest.empty() ? U' ' : takeCharacter(rest, at);
+  const char32_t after = rest.empty() ? U' ' : takeCodePoint(rest, at);
   const auto isDigit = [](char32_t each) { return each >= '0' && each <= '9'; };
   if (c == '.' || c == ',')
     return isDigit(before) && isDigit(after);
   return isWordCharacter(before) && isWordCharacter(after);
 }
 
-TextParts words(Runtime& runtime, const std::string& text) {
-  TextParts parts(runtime.heap);
+TextRanges words(Runtime& runtime, const std::string& text) {
+  TextRanges ranges(runtime.heap);
   bool inside = false;
   char32_t before = U' ';
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t start = at;
-    const char32_t c = takeCharacter(text, at);
+    const char32_t c = takeCodePoint(text, at);
     at = std::min(at, text.size());
     const bool isPart =
         isWordCharacter(c) ||
         (inside && joinsWords(c) && joinsHere(c, before, std::string_view(text).substr(at)));
     if (isPart && !inside)
-      parts.add({start, 0});
+      ranges.add({start, 0});
     if (isPart)
-      parts.last().length = at - parts.last().start;
+      ranges.last().length = at - ranges.last().start;
     inside = isPart;
     before = c;
   }
-  return parts;
+  return ranges;
 }
 
-TextParts paragraphs(Runtime& runtime, const std::string& text) {
-  TextParts parts(runtime.heap);
+TextRanges paragraphs(Runtime& runtime, const std::string& text) {
+  TextRanges ranges(runtime.heap);
   std::size_t start = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
     if (text[at] != '\n' && text[at] != '\r')
       continue;
-    parts.add({start, at - start});
+    ranges.add({start, at - start});
     at += text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n' ? 1 : 0;
     start = at + 1;
   }
-  parts.add({start, text.size() - start});
-  return parts;
+  ranges.add({start, text.size() - start});
+  return ranges;
 }
 
 bool sameByte(char a, char b, bool caseCounts) {
@@ -105,39 +105,40 @@ std::vector<std::string> delimitersOf(Runtime& runtime) {
   return result;
 }
 
-TextParts textItems(Runtime& runtime, const std::string& text) {
+TextRanges textItems(Runtime& runtime, const std::string& text) {
   const std::vector<std::string> delimiters = delimitersOf(runtime);
   if (std::all_of(delimiters.begin(), delimiters.end(), [](const auto& d) { return d.empty(); }))
     return characters(runtime, text);
-  TextParts parts(runtime.heap);
+  TextRanges ranges(runtime.heap);
   std::size_t start = 0;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t length =
         delimiterAt(text, at, delimiters, runtime.considered.caseDifferences);
     if (length > 0) {
-      parts.add({start, at - start});
+      ranges.add({start, at - start});
       start = at + length;
     }
     at += std::max<std::size_t>(length, 1);
     if (at % 1024 == 0)
       runtime.step(delimiters.size());
   }
-  parts.add({start, text.size() - start});
-  return parts;
+  ranges.add({start, text.size() - start});
+  return ranges;
 }
 
 } // namespace
 
-void TextParts::add(const TextPart& part) {
-  if (parts_.size() == counted_) {
+void TextRanges::add(const TextRange& textAt) {
+  if (ranges_.size() == counted_) {
     constexpr std::size_t more = 4096;
-    loan_.take(more * sizeof(TextPart));
+    reservation_.take(more * sizeof(TextRange));
     counted_ += more;
   }
-  parts_.push_back(part);
+  ranges_.push_back(textAt);
 }
 
-std::optional<TextParts> partsOf(Runtime& runtime, const std::string& text, std::string_view type) {
+std::optional<TextRanges> splitText(Runtime& runtime, const std::string& text,
+                                    std::string_view type) {
   runtime.step(text.size() / 16);
   if (type == "character" || type == "item" || type == "text")
     return characters(runtime, text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "script/values/Heap.h"
 #include "script/values/Value.h"
 
 #include <vector>

@@ -28,7 +28,7 @@ public:
 std::string documentedResult(const std::string& source) {
   DocumentedDesktop desktop;
   Engine engine(desktop);
-  const Engine::Loaded loaded = engine.loadSource(source, Author::person);
+  const Engine::Loaded loaded = engine.loadSource(source, Author::user);
   if (const auto* error = std::get_if<ErrorReport>(&loaded))
     return "error " + std::to_string(error->number);
   const RunResult run = engine.run(std::get<ScriptId>(loaded), {"first", "second"});

@@ -97,7 +97,7 @@ TEST_F(InjectionTest, ACommandBesideTheFolderIsRefused) {
             "error -10004: “do script” is not allowed in this script.");
 }
 
-TEST_F(InjectionTest, APersonsOwnScriptMayRunShellCommands) {
+TEST_F(InjectionTest, AUsersOwnScriptMayRunShellCommands) {
   EXPECT_EQ(result("do shell script \"ls\""), "missing value");
   EXPECT_EQ(shellCommands, 1);
 }

@@ -96,7 +96,7 @@ TEST_F(LimitsTest, AnApplicationThatAnswersTooLateIsCaughtLikeEveryOtherError) {
             "\"late\"");
 }
 
-TEST_F(LimitsTest, ARunEndsWhenThePersonStopsIt) {
+TEST_F(LimitsTest, ARunEndsWhenTheUserStopsIt) {
   host.stops = true;
   EXPECT_EQ(errorOf("repeat\nend repeat"), errors::userCanceled);
   EXPECT_EQ(errorOf("repeat\ntry\nrepeat\nend repeat\nend try\nend repeat"), errors::userCanceled);

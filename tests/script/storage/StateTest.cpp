@@ -6,7 +6,7 @@ namespace {
 class StateTest : public ScriptTest {
 protected:
   ScriptId loaded(const std::string& source) {
-    const Engine::Loaded answer = engine.loadSource(source, Author::person);
+    const Engine::Loaded answer = engine.loadSource(source, Author::user);
     return std::holds_alternative<ScriptId>(answer) ? std::get<ScriptId>(answer) : 0;
   }
   ScriptId reloaded(ScriptId script) {

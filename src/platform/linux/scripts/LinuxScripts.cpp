@@ -34,7 +34,7 @@ LoadedScript LinuxScripts::load(ComponentInstance component, const std::string& 
   case ScriptFile::Kind::container:
     return add(path, file, engine_.loadContainer(file.container));
   case ScriptFile::Kind::source:
-    return add(path, file, engine_.loadSource(file.source, script::Author::person));
+    return add(path, file, engine_.loadSource(file.source, script::Author::user));
   case ScriptFile::Kind::program:
     return add(path, file, script::ScriptId{0});
   case ScriptFile::Kind::missing:
@@ -112,7 +112,7 @@ std::unique_ptr<NSAppleScript> LinuxScripts::initWithContentsOfFile(const std::s
 
 std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, ScriptOrigin origin) {
   const script::Author author =
-      origin == ScriptOrigin::Application ? script::Author::application : script::Author::person;
+      origin == ScriptOrigin::Application ? script::Author::application : script::Author::user;
   const script::Engine::Loaded loaded = engine_.loadSource(source, author);
   if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
     return SourceRun{script::errorDictionary(*error, source)};

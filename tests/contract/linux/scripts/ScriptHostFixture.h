@@ -39,7 +39,7 @@ protected:
 
   /// What the expression gives, or "error N: message".
   std::string result(const std::string& source) {
-    const auto loaded = engine.loadSource(source, script::Author::person);
+    const auto loaded = engine.loadSource(source, script::Author::user);
     if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
       return "error " + std::to_string(error->number) + ": " + error->message;
     const script::RunResult run = engine.run(std::get<script::ScriptId>(loaded));

@@ -65,7 +65,7 @@ public:
   }
   std::string compiled(const std::string& name, const std::string& source) {
     script::Engine engine(host_);
-    const auto loaded = engine.loadSource(source, script::Author::person);
+    const auto loaded = engine.loadSource(source, script::Author::user);
     const auto container = engine.container(std::get<script::ScriptId>(loaded));
     const std::string path = file(name, "");
     EXPECT_TRUE(writeScriptFile(path, *container, PropertyListForm::binary));
