@@ -7,13 +7,13 @@
 
 namespace tavrel::script {
 
-/// A stretch of a source text, in bytes from its start.
+/// A stretch of a source text; both in bytes, `start` from the beginning of the source.
 struct Span {
   std::uint32_t start = 0;
   std::uint32_t length = 0;
 };
 
-/// The numbers that errors carry; scripts compare with them, so they are those people know.
+/// The numbers that errors carry. They are AppleScript's own: scripts compare with them.
 namespace errors {
 constexpr int fileNotFound = -43;
 constexpr int endOfFile = -39;
@@ -45,13 +45,13 @@ constexpr int cannotSet = -10006;
 constexpr int notPermitted = -10004;
 } // namespace errors
 
-/// What went wrong in a script, thrown inside the engine and caught at its edge: by a `try` of the
-/// script itself, or by the functions of Engine.h, which never throw.
+/// What went wrong in a script. Thrown by most functions of the component, and caught by a `try` of
+/// the script or by the functions of engine/Engine.h, which never throw.
 struct ScriptError {
   int number = errors::general;
   std::string message{};
-  Span span{};               ///< where in the source; of length 0 while not known
-  std::string application{}; ///< the application that answered with the error, if one did
+  Span span{};               ///< where in the source; of length 0 while it is not known
+  std::string application{}; ///< that answered with the error; empty when none did
 };
 
 } // namespace tavrel::script

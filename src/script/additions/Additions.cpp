@@ -79,7 +79,7 @@ Value currentDate(const AdditionCall& call) {
   return runtime.date(std::floor(runtime.host.now()));
 }
 
-// In characters, from 1; 0 when it is not there.
+// Counts characters from 1; 0 when the text does not occur.
 Value offset(const AdditionCall& call) {
   Runtime& runtime = call.frame.runtime;
   const std::u32string part = comparisonKey(runtime, textOf(runtime, call.parameter("of")));
@@ -131,7 +131,7 @@ Value asciiCharacter(const AdditionCall& call) {
   return runtime.text(std::string(1, static_cast<char>(code)));
 }
 
-// Of one code point or of a list of them.
+// The text of one code point or of a list of them.
 Value characterId(const AdditionCall& call) {
   Runtime& runtime = call.frame.runtime;
   const Value codes = coerced(runtime, call.direct, "list");

@@ -23,7 +23,7 @@ ErrorReport reportOf(const ScriptError& error) {
   return {error.number, error.message, error.application, error.span};
 }
 
-// Errors leave the engine as values.
+// Does the work; an error that it throws becomes a value.
 template <typename Work> std::optional<ErrorReport> attempted(Work work) {
   try {
     work();
@@ -94,7 +94,7 @@ Engine::Loaded Engine::add(Script script) {
   return id;
 }
 
-void Engine::restore(Runtime& runtime, ScriptObject& object, const Script& script) const {
+void Engine::restoreProperties(Runtime& runtime, ScriptObject& object, const Script& script) const {
   const ScriptDefinition& definition = object.definition();
   for (std::size_t i = 0; i < definition.propertyCount; ++i) {
     const auto kept = script.properties.find(*definition.fields[i]);
@@ -105,7 +105,7 @@ void Engine::restore(Runtime& runtime, ScriptObject& object, const Script& scrip
   }
 }
 
-void Engine::keep(const ScriptObject& object, Script& script) {
+void Engine::keepProperties(const ScriptObject& object, Script& script) {
   const ScriptDefinition& definition = object.definition();
   for (std::size_t i = 0; i < definition.propertyCount && i < object.fields.size(); ++i)
     if (auto value = storedValue(object.fields[i]))
@@ -123,14 +123,15 @@ RunResult Engine::run(ScriptId id, const std::vector<std::string>& arguments, Li
   result.error = attempted([&] {
     Runtime runtime(heap_, host_, bindSource, script.author, limits);
     const Ref<ScriptObject> object = instantiate(runtime, script.definition, {});
-    restore(runtime, *object, script);
+    restoreProperties(runtime, *object, script);
     std::vector<Value> values;
     for (const std::string& each : arguments)
       values.push_back(runtime.text(each));
     const Value value = fetched(runtime, runScript(runtime, *object, {runtime.list(values)}));
     result.description = described(value);
-    keep(*object, script);
-    // What the desktop cannot take, as a script or a list that holds itself, is no result.
+    keepProperties(*object, script);
+    // A value that the desktop cannot take, as a script or a list that holds itself, leaves `value`
+    // as `missing value`; it is no error.
     (void)attempted([&] { result.value = valueForHost(runtime, value); });
   });
   return result;

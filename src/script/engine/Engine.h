@@ -12,18 +12,19 @@
 
 namespace tavrel::script {
 
-/// A script that is loaded; 0 is none.
+/// Names a script that is loaded; 0 is none.
 using ScriptId = std::uint32_t;
 
-/// How a run ended: with a value or with an error.
+/// How a run ended. With an error the value is `missing value` and the description empty.
 struct RunResult {
   std::optional<ErrorReport> error;
-  HostValue value;         ///< `missing value` when the script ended without one
+  HostValue value;         ///< `missing value` when there is none, or none that plain data can hold
   std::string description; ///< the value as a script would write it
 };
 
-/// The scripting component: loads scripts, runs them and keeps what their properties became. It
-/// never throws, and it is not called again from inside a run but for the host's own sake.
+/// The scripting component: loads scripts, runs them, and keeps the values that their properties
+/// have after a run. It never throws. Not for several threads; the host may call it from inside
+/// `perform`, but must not dispose of a script that runs.
 class Engine {
 public:
   explicit Engine(Host& host);
@@ -33,19 +34,25 @@ public:
 
   using Loaded = std::variant<ScriptId, ErrorReport>;
 
-  /// A script from its source text.
+  /// Loads a script from its source text, in UTF-8. One that is not understood is an error
+  /// (`syntax` and others).
   [[nodiscard]] Loaded loadSource(const std::string& source, Author author);
-  /// A script from its container, as `container` makes it. A damaged one is an error
+  /// Loads a script from a container, as `container` gives it. A damaged one is an error
   /// (`corruptScript`).
   [[nodiscard]] Loaded loadContainer(const PropertyList& container);
 
+  /// Runs the script's `run` handler with the arguments as one list of texts. The properties
+  /// keepProperties what a run without an error made of them. An id that is not loaded is an error
+  /// (`corruptScript`).
   [[nodiscard]] RunResult run(ScriptId script, const std::vector<std::string>& arguments = {},
                               Limits limits = {});
 
-  /// The script with its properties as they are now: a dictionary with "source" (unless the script
-  /// came without), "compiled" (data) and "properties". Nothing for an id that is not loaded.
+  /// The script with its properties as they are now, to be kept in a file: a dictionary with
+  /// "source" (unless the script came without), "compiled" (data, see SyntaxTreeCodec.h) and
+  /// "properties" (see StoredValues.h). Nothing for an id that is not loaded.
   [[nodiscard]] std::optional<PropertyList> container(ScriptId script) const;
 
+  /// Unloads the script; no effect for an id that is not loaded.
   void dispose(ScriptId script);
 
 private:
@@ -60,14 +67,14 @@ private:
   class Running;
 
   [[nodiscard]] Loaded add(Script script);
-  void restore(Runtime& runtime, ScriptObject& object, const Script& script) const;
-  static void keep(const ScriptObject& object, Script& script);
+  void restoreProperties(Runtime& runtime, ScriptObject& object, const Script& script) const;
+  static void keepProperties(const ScriptObject& object, Script& script);
 
   Host& host_;
   Heap heap_;
   std::map<ScriptId, Script> scripts_;
   ScriptId last_ = 0;
-  int runs_ = 0; ///< inside one another
+  int runs_ = 0; ///< how many run inside one another
 };
 
 } // namespace tavrel::script

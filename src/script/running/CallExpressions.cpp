@@ -18,7 +18,8 @@ namespace {
   throw ScriptError{errors::notUnderstood, std::move(text)};
 }
 
-// A message goes to the target of the enclosing tell, else to the script itself.
+// A call without a target goes to the target of the enclosing tell when that is a script or an
+// application, else to the script itself.
 Value receiver(Frame& frame, const ExpressionPtr& target) {
   if (target)
     return target->evaluate(frame);
@@ -83,10 +84,9 @@ private:
   std::vector<LabelledExpression> arguments_;
 };
 
-// `continue name(...)`: the handler of that name that this script inherits, for the same `me`.
-class Resume final : public Expression {
+class Continue final : public Expression {
 public:
-  Resume(const std::string* name, std::vector<ExpressionPtr> arguments)
+  Continue(const std::string* name, std::vector<ExpressionPtr> arguments)
       : name_(name), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override {
     return callHandler(frame.runtime, handlerOf(frame.self.parent, name_), frame.me,
@@ -98,9 +98,9 @@ private:
   std::vector<ExpressionPtr> arguments_;
 };
 
-class LabelledResume final : public Expression {
+class LabelledContinue final : public Expression {
 public:
-  LabelledResume(const std::string* name, std::vector<LabelledExpression> arguments)
+  LabelledContinue(const std::string* name, std::vector<LabelledExpression> arguments)
       : name_(name), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override {
     return callLabelled(frame.runtime, handlerOf(frame.self.parent, name_), frame.me,
@@ -112,7 +112,7 @@ private:
   std::vector<LabelledExpression> arguments_;
 };
 
-// Whether the command is asked of the desktop rather than of an application.
+// Whether the desktop does the command, whichever application is told.
 bool isOfDesktop(std::string_view command) {
   if (command == "launch" || command == "activate" || command == "quit")
     return false;
@@ -179,12 +179,12 @@ ExpressionPtr labelledCallExpression(const std::string* name, ExpressionPtr targ
 }
 
 ExpressionPtr continueExpression(const std::string* name, std::vector<ExpressionPtr> arguments) {
-  return std::make_unique<Resume>(name, std::move(arguments));
+  return std::make_unique<Continue>(name, std::move(arguments));
 }
 
 ExpressionPtr labelledContinueExpression(const std::string* name,
                                          std::vector<LabelledExpression> arguments) {
-  return std::make_unique<LabelledResume>(name, std::move(arguments));
+  return std::make_unique<LabelledContinue>(name, std::move(arguments));
 }
 
 ExpressionPtr commandExpression(const std::string& name, ScriptingAddition addition,

@@ -101,7 +101,6 @@ private:
   BoundExpression last_;
 };
 
-// `every item of L whose it > 3`: in the condition the target is each element in turn.
 class FilterOf final : public Expression {
 public:
   FilterOf(std::string type, ExpressionPtr container, ExpressionPtr condition)

@@ -2,7 +2,7 @@
 
 namespace tavrel::script {
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): others keep the value
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the overrides keep the value
 void Expression::assign(Frame&, Value) const {
   throw ScriptError{errors::cannotSet, "Can’t set that: it is no variable, property or element.",
                     span};

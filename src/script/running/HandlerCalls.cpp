@@ -5,6 +5,7 @@
 namespace tavrel::script {
 namespace {
 
+// A script may be made its own ancestor.
 constexpr int mostGenerations = 100;
 
 Value finishCall(Frame& frame, const Handler& handler) {

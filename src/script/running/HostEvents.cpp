@@ -10,14 +10,13 @@
 namespace tavrel::script {
 namespace {
 
-// What a program complained about can be any bytes.
+// The message of a program that failed may be any bytes; texts of scripts are UTF-8.
 std::string wellFormed(const std::string& message) {
   return isUtf8(message) ? message : utf8FromUtf16(utf16FromUtf8(message));
 }
 
-// Sources that the application builds around a path ask for little. A file is opened in a file
-// manager alone: a terminal might run it. A shell command in a terminal must be the one that the
-// application means: to go to one folder.
+// What a source of the application itself may ask for. `open` is for file managers alone, since a
+// terminal might run the file; `do script` may go to one folder and nothing else.
 bool isHarmlessCommand(const HostEvent& event) {
   static constexpr auto harmless =
       std::to_array<std::string_view>({"activate", "reveal", "quit", "count", "get"});

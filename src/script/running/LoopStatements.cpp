@@ -9,8 +9,8 @@
 namespace tavrel::script {
 namespace {
 
-// Whether the loop is over after its body ran so.
-bool ends(Flow flow) {
+// Whether the loop is over after its body ended in that way.
+bool endsLoop(Flow flow) {
   return flow != Flow::next;
 }
 
@@ -18,7 +18,7 @@ Flow afterLoop(Flow flow) {
   return flow == Flow::returned ? flow : Flow::next;
 }
 
-// The items of a text are its characters.
+// What a loop goes through: a text by its characters, any other value as a list.
 Value itemsOf(Runtime& runtime, const Value& value) {
   return value.is(ValueKind::text) ? everyElement(runtime, value, "character")
                                    : coerced(runtime, value, "list");
@@ -34,7 +34,7 @@ public:
   explicit Forever(Block body) : body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
     Flow flow = Flow::next;
-    while (!ends(flow)) {
+    while (!endsLoop(flow)) {
       frame.runtime.step();
       flow = body_.run(frame);
     }
@@ -51,7 +51,7 @@ public:
   Flow run(Frame& frame) const override {
     const std::int64_t count = integerOf(frame.runtime, count_->evaluate(frame));
     Flow flow = Flow::next;
-    for (std::int64_t i = 0; i < count && !ends(flow); ++i) {
+    for (std::int64_t i = 0; i < count && !endsLoop(flow); ++i) {
       frame.runtime.step();
       flow = body_.run(frame);
     }
@@ -69,7 +69,7 @@ public:
       : lasts_(lasts), condition_(std::move(condition)), body_(std::move(body)) {}
   Flow run(Frame& frame) const override {
     Flow flow = Flow::next;
-    while (!ends(flow) && booleanOf(condition_->evaluate(frame)) == lasts_) {
+    while (!endsLoop(flow) && booleanOf(condition_->evaluate(frame)) == lasts_) {
       frame.runtime.step();
       flow = body_.run(frame);
     }
@@ -95,14 +95,14 @@ public:
       throw ScriptError{errors::badIndex, "A loop can’t count by 0."};
     const int beyond = step.number() > 0 ? 1 : -1;
     Flow flow = Flow::next;
-    bool runsOver = false;
-    for (Value at = from; !ends(flow) && !runsOver && compare(runtime, at, to) != beyond;) {
+    bool overflows = false;
+    for (Value at = from; !endsLoop(flow) && !overflows && compare(runtime, at, to) != beyond;) {
       runtime.step();
       loop_.variable->assign(frame, at);
       flow = body_.run(frame);
       Value next = sum(runtime, at, step);
-      // Past 64 bits a counter would be real and stand still.
-      runsOver =
+      // Beyond 64 bits the counter would become a real, for which adding 1 changes nothing.
+      overflows =
           at.is(ValueKind::integer) && step.is(ValueKind::integer) && !next.is(ValueKind::integer);
       at = std::move(next);
     }
@@ -114,7 +114,7 @@ private:
   Block body_;
 };
 
-// The list may grow while the loop runs; what it had at the start is visited.
+// The body may change the list: items added meanwhile are not visited.
 class Each final : public Statement {
 public:
   Each(ExpressionPtr variable, ExpressionPtr list, LoopItem item, Block body)
@@ -125,7 +125,7 @@ public:
     const Ref list(whole.as<List>());
     const std::size_t count = list->size();
     Flow flow = Flow::next;
-    for (std::size_t i = 0; i < count && i < list->size() && !ends(flow); ++i) {
+    for (std::size_t i = 0; i < count && i < list->size() && !endsLoop(flow); ++i) {
       frame.runtime.step();
       variable_->assign(frame, item_ == LoopItem::reference ? itemReference(frame.runtime, whole, i)
                                                             : list->values()[i]);

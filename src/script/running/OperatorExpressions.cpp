@@ -23,7 +23,8 @@ private:
   ExpressionPtr right_;
 };
 
-// The operators of loops and counters, with a short way for whole numbers.
+// The operators that loops use most, with a short way for integers: `Short::apply` answers whether
+// it could work out the result.
 template <typename Short> class Quick final : public Expression {
 public:
   Quick(Operator function, ExpressionPtr left, ExpressionPtr right)
@@ -76,7 +77,7 @@ struct QuickEqual {
   }
 };
 
-// `and` and `or` look at their right side only when the left one leaves the answer open.
+// `and` and `or` evaluate their right side only when the left one is not `decisive`.
 class Logical final : public Expression {
 public:
   Logical(bool decisive, ExpressionPtr left, ExpressionPtr right)

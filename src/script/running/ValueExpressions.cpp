@@ -16,8 +16,8 @@ private:
   Value value_;
 };
 
-// A value that a list or a record can hold.
-Value held(Frame& frame, const ExpressionPtr& expression) {
+// Lists and records cannot hold the undefined value of a handler that gives nothing.
+Value definedValue(Frame& frame, const ExpressionPtr& expression) {
   Value value = expression->evaluate(frame);
   if (value.is(ValueKind::undefined))
     throw ScriptError{errors::noResult,
@@ -32,7 +32,7 @@ public:
     std::vector<Value> values;
     values.reserve(elements_.size());
     for (const ExpressionPtr& each : elements_)
-      values.push_back(held(frame, each));
+      values.push_back(definedValue(frame, each));
     return frame.runtime.list(std::move(values));
   }
 
@@ -46,7 +46,7 @@ public:
   Value evaluate(Frame& frame) const override {
     std::vector<Record::Entry> values;
     for (const auto& [label, each] : entries_)
-      values.emplace_back(label, held(frame, each));
+      values.emplace_back(label, definedValue(frame, each));
     return frame.runtime.record(std::move(values));
   }
 

@@ -21,13 +21,13 @@ public:
   explicit Variable(const std::string* name) : name_(name) {}
 
   Value evaluate(Frame& frame) const override {
-    const Value& value = place(frame);
+    const Value& value = storage(frame);
     if (value.is(ValueKind::undefined))
       refuseUndefined(*name_);
     return value.is(ValueKind::reference) ? dereferenced(frame.runtime, value) : value;
   }
   Value evaluateUnfetched(Frame& frame) const override {
-    const Value& value = place(frame);
+    const Value& value = storage(frame);
     if (value.is(ValueKind::undefined))
       refuseUndefined(*name_);
     return value;
@@ -38,15 +38,16 @@ public:
   }
   Value referenceBase(Frame& frame) const override { return evaluateUnfetched(frame); }
   Value evaluateArgument(Frame& frame) const override { return evaluateUnfetched(frame); }
-  void assign(Frame& frame, Value value) const override { place(frame) = std::move(value); }
+  void assign(Frame& frame, Value value) const override { storage(frame) = std::move(value); }
   Value takeValue(Frame& frame) const override {
-    Value& value = place(frame);
+    Value& value = storage(frame);
     return value.is(ValueKind::text) || value.is(ValueKind::list) ? std::move(value)
                                                                   : evaluate(frame);
   }
 
 protected:
-  [[nodiscard]] virtual Value& place(Frame& frame) const = 0;
+  /// Where the value is kept.
+  [[nodiscard]] virtual Value& storage(Frame& frame) const = 0;
   [[nodiscard]] const std::string* name() const { return name_; }
 
 private:
@@ -58,19 +59,18 @@ public:
   Local(std::size_t slot, const std::string* name) : Variable(name), slot_(slot) {}
 
 protected:
-  Value& place(Frame& frame) const override { return frame.locals[slot_]; }
+  Value& storage(Frame& frame) const override { return frame.locals[slot_]; }
 
 private:
   std::size_t slot_;
 };
 
-// A variable of the handler that makes the script.
 class CreatorLocal final : public Variable {
 public:
   CreatorLocal(std::size_t slot, const std::string* name) : Variable(name), slot_(slot) {}
 
 protected:
-  Value& place(Frame& frame) const override { return frame.creator->locals[slot_]; }
+  Value& storage(Frame& frame) const override { return frame.creator->locals[slot_]; }
 
 private:
   std::size_t slot_;
@@ -96,7 +96,7 @@ public:
   Value referenceBase(Frame& frame) const override { return makeReference(frame); }
 
 protected:
-  Value& place(Frame& frame) const override { return owner(frame).fields[index_]; }
+  Value& storage(Frame& frame) const override { return owner(frame).fields[index_]; }
 
 private:
   [[nodiscard]] ScriptObject& owner(Frame& frame) const {
@@ -154,32 +154,31 @@ public:
   }
 };
 
-// {a, b} on the left of an assignment
 class Pattern final : public Expression {
 public:
-  explicit Pattern(std::vector<ExpressionPtr> places) : places_(std::move(places)) {}
+  explicit Pattern(std::vector<ExpressionPtr> targets) : targets_(std::move(targets)) {}
 
   Value evaluate(Frame& frame) const override {
     std::vector<Value> values;
-    for (const ExpressionPtr& each : places_)
+    for (const ExpressionPtr& each : targets_)
       values.push_back(each->evaluate(frame));
     return frame.runtime.list(std::move(values));
   }
   void assign(Frame& frame, Value value) const override {
     const Value list = coerced(frame.runtime, value, "list");
     const std::vector<Value> values = list.as<List>()->values();
-    if (values.size() < places_.size())
+    if (values.size() < targets_.size())
       throw ScriptError{errors::noSuchObject, std::string("Can’t get item ")
                                                   .append(std::to_string(values.size() + 1))
                                                   .append(" of ")
                                                   .append(described(value))
                                                   .append(".")};
-    for (std::size_t i = 0; i < places_.size(); ++i)
-      places_[i]->assign(frame, values[i]);
+    for (std::size_t i = 0; i < targets_.size(); ++i)
+      targets_[i]->assign(frame, values[i]);
   }
 
 private:
-  std::vector<ExpressionPtr> places_;
+  std::vector<ExpressionPtr> targets_;
 };
 
 } // namespace
@@ -216,8 +215,8 @@ ExpressionPtr resultExpression() {
   return std::make_unique<Result>();
 }
 
-ExpressionPtr patternExpression(std::vector<ExpressionPtr> places) {
-  return std::make_unique<Pattern>(std::move(places));
+ExpressionPtr patternExpression(std::vector<ExpressionPtr> targets) {
+  return std::make_unique<Pattern>(std::move(targets));
 }
 
 } // namespace tavrel::script

@@ -10,13 +10,13 @@ constexpr const char* classKey = "class";
 constexpr const char* valueKey = "value";
 constexpr const char* labelsKey = "labels";
 
-// What a file of properties is for stays far below this. A list that holds another many times is
-// small; written out it is not.
+// In bytes, far above what properties need: a small list may hold another many times, and a file
+// cannot share.
 constexpr std::size_t largest = std::size_t{32} << 20U;
-constexpr std::size_t containerSize = 128; ///< beside what it holds
+constexpr std::size_t containerSize = 128; ///< of a list or record, beside its elements
 
-/// How deep a value nests, and how much may still be written.
-struct Room {
+/// How deep a value is nested, and how many bytes may still be written.
+struct Budget {
   int depth = 0;
   std::size_t& bytes;
 
@@ -25,15 +25,15 @@ struct Room {
     bytes -= fits ? count : bytes;
     return fits;
   }
-  [[nodiscard]] Room inside() const { return {depth + 1, bytes}; }
+  [[nodiscard]] Budget inside() const { return {depth + 1, bytes}; }
 };
 
-std::optional<PropertyList> stored(const Value& value, Room room);
+std::optional<PropertyList> stored(const Value& value, Budget budget);
 
-std::optional<PropertyList> storedList(const std::vector<Value>& values, Room room) {
+std::optional<PropertyList> storedList(const std::vector<Value>& values, Budget budget) {
   PropertyList::Array result;
   for (const Value& each : values) {
-    auto element = stored(each, room.inside());
+    auto element = stored(each, budget.inside());
     if (!element)
       return std::nullopt;
     result.push_back(*std::move(element));
@@ -45,25 +45,25 @@ PropertyList ofClass(const char* name, PropertyList value) {
   return PropertyList::Dictionary{{classKey, name}, {valueKey, std::move(value)}};
 }
 
-std::optional<PropertyList> storedRecord(const Record& record, Room room) {
+std::optional<PropertyList> storedRecord(const Record& record, Budget budget) {
   PropertyList::Array labels;
   std::vector<Value> values;
   for (const auto& [label, value] : record.entries()) {
     labels.emplace_back(*label);
     values.push_back(value);
   }
-  auto list = storedList(values, room);
+  auto list = storedList(values, budget);
   if (!list)
     return std::nullopt;
   return PropertyList::Dictionary{
       {classKey, "record"}, {labelsKey, std::move(labels)}, {valueKey, *std::move(list)}};
 }
 
-std::optional<PropertyList> stored(const Value& value, Room room) {
+std::optional<PropertyList> stored(const Value& value, Budget budget) {
   const auto* text = value.as<Text>();
   const bool isContainer = value.is(ValueKind::list) || value.is(ValueKind::record);
   const std::size_t more = text ? text->value().size() : isContainer ? containerSize : 0;
-  if (room.depth > deepestStored || !room.take(sizeof(PropertyList) + more))
+  if (budget.depth > deepestStored || !budget.take(sizeof(PropertyList) + more))
     return std::nullopt;
   switch (value.kind()) {
   case ValueKind::missing:
@@ -81,9 +81,9 @@ std::optional<PropertyList> stored(const Value& value, Room room) {
   case ValueKind::text:
     return PropertyList(text->value());
   case ValueKind::list:
-    return storedList(value.as<List>()->values(), room);
+    return storedList(value.as<List>()->values(), budget);
   case ValueKind::record:
-    return storedRecord(*value.as<Record>(), room);
+    return storedRecord(*value.as<Record>(), budget);
   case ValueKind::date:
     return PropertyList(PropertyList::Date{value.as<Date>()->seconds});
   case ValueKind::file:

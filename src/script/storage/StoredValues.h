@@ -7,12 +7,13 @@
 
 namespace tavrel::script {
 
-/// A property's value as it is kept in the file: numbers, texts, dates and lists as they are;
-/// others as a dictionary with the key "class". Nothing for scripts, objects of applications and
-/// what nests too deep or is larger than 32 MB.
+/// The value of a script's property as a container keeps it. Booleans, numbers, texts, dates and
+/// lists are themselves; missing values, constants, classes, files, aliases and records are a
+/// dictionary with "class" and "value" (a record also with "labels"). Nothing for scripts, objects
+/// of applications, and what nests deeper than 100 levels or takes more than 32 MB.
 [[nodiscard]] std::optional<PropertyList> storedValue(const Value& value);
 
-/// The value that was kept; nothing for what storedValue never makes.
+/// The value back; nothing for what storedValue never makes, as a file may hold anything.
 [[nodiscard]] std::optional<Value> restoredValue(Runtime& runtime, const PropertyList& stored);
 
 } // namespace tavrel::script

@@ -29,7 +29,7 @@ public:
   Bytes bytes;
 
 private:
-  // Seven bits a byte, the low ones first; the high bit says that more follow.
+  // Seven bits in each byte, the lowest first; the high bit says that another byte follows.
   void number(std::uint64_t value) {
     for (; value >= 0x80; value >>= 7U)
       bytes.push_back(static_cast<std::uint8_t>(value | 0x80U));

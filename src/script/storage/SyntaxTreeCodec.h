@@ -7,12 +7,13 @@
 
 namespace tavrel::script {
 
-/// The compiled form of a script: its syntax tree as bytes. Each node is its kind, its place in
-/// the source, its number, its text and its children, one after the other.
+/// The compiled form of a script: its syntax tree as bytes. Each node is its kind (a byte), its
+/// span, its number when it has one, its text and its children with their counts, one after the
+/// other. The values of NodeKind are part of this form: new kinds go to the end.
 [[nodiscard]] Bytes encodeTree(const Node& tree);
 
-/// Nothing for bytes that encodeTree did not make: cut short, of unknown kinds, nested deeper than
-/// any source can be, with text that is no UTF-8.
+/// The tree back; nothing for bytes that encodeTree never makes: cut short, with unknown kinds,
+/// nested deeper than any source can be, or with text that is not UTF-8.
 [[nodiscard]] std::optional<Node> decodeTree(const Bytes& bytes);
 
 } // namespace tavrel::script

@@ -21,7 +21,8 @@ std::string lowered(std::string_view word) {
   return result;
 }
 
-// What a symbol is written as, and the form the parser sees. Longer ones stand first.
+// How a symbol may be written, and the text of its token. Where one begins another, the longer
+// stands first.
 struct Symbol {
   std::string_view written;
   std::string_view meant;
@@ -94,7 +95,7 @@ private:
     return true;
   }
 
-  // After a continuation sign the rest of the line, blanks and a comment, does not count.
+  // What follows a continuation sign on its line does not count.
   void continueLine() {
     while (at_ < source_.size() && peek() != '\n' && peek() != '\r')
       ++at_;
@@ -168,7 +169,7 @@ private:
     token.real = *real;
   }
 
-  // "isn't" and "doesn't" are two words.
+  // "isn't" and "doesn't" are two tokens, "is" and "not"; "app" is short for "application".
   void word() {
     const std::size_t start = at_;
     while (startsWord(peek()) || isDigit(peek()))
@@ -225,7 +226,7 @@ private:
     add(TokenKind::name, start, lowered(source_.substr(start + 1, at_ - start - 2)));
   }
 
-  // «class utf8»
+  // The code in «class utf8».
   void typeCode() {
     const std::size_t start = at_;
     const std::size_t close = source_.find("\u00BB", at_);

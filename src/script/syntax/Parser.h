@@ -17,24 +17,25 @@ namespace tavrel::script {
 /// an expression grows higher than `highestExpression`, and `outOfMemory` for more than 16 MB.
 [[nodiscard]] Node parseScript(std::string_view source);
 
-/// Reads a script's tokens from front to back. One class, written in several files: its
-/// cursor (Parser.cpp), statements, control, handlers and declarations, expressions, references,
-/// elements, names, commands.
+/// A recursive-descent parser: reads the tokens from front to back, with one function for each form
+/// of the language. One class, written in several files that begin with its name; the comments
+/// below tell which functions stand where.
 class Parser {
 public:
   explicit Parser(std::vector<Token> tokens);
   [[nodiscard]] Node script();
 
 private:
-  /// Words that would go on with an expression but now belong to an enclosing command.
+  /// Words that could continue an expression but now label a parameter of the enclosing command: in
+  /// `offset of "a" in "b"` the word `in` must not begin a container of "a".
   struct StopWords {
     bool in = false;
     bool as = false;
     bool ofType = false;
   };
 
-  /// The children of a new node. They move in: a braced list would copy each tree into the next
-  /// higher one, at a cost that grows with the square of the height.
+  /// The children of a new node. They move in, as nodes cannot be copied and an initializer list
+  /// can only copy.
   struct Children {
     Children() = default;
     Children(Node first) { nodes.push_back(std::move(first)); }
@@ -51,11 +52,13 @@ private:
     std::vector<Node> nodes;
   };
 
-  // Parser.cpp: the cursor
+  // Parser.cpp: the tokens at the cursor. `seesX` looks, `takeX` goes past what it finds there,
+  // `expectX` throws when it is not there.
   [[nodiscard]] const Token& peek(std::size_t ahead = 0) const;
   [[nodiscard]] bool seesWord(std::string_view word, std::size_t ahead = 0) const;
   [[nodiscard]] bool seesSymbol(std::string_view symbol, std::size_t ahead = 0) const;
-  /// How many tokens the words take when they stand here; 0 when they do not.
+  /// The number of the words, which are separated by blanks, when they stand here; 0 when they do
+  /// not.
   [[nodiscard]] std::size_t lengthOf(std::string_view words) const;
   bool takeWord(std::string_view word);
   bool takeSymbol(std::string_view symbol);
@@ -67,13 +70,16 @@ private:
   [[nodiscard]] std::string identifier();
   [[nodiscard]] bool seesIdentifier() const;
   [[nodiscard]] bool knows(Dictionary dictionary) const;
+  /// Throws the error for anything but `what` at the cursor.
   [[noreturn]] void expected(std::string_view what) const;
   [[nodiscard]] Node node(NodeKind kind, std::string text = {}, Children children = {});
+  /// The span from `start` to the token before the cursor.
   void setSpan(Node& node, std::uint32_t start) const;
-  /// Counts the height of a node whose children were put in one by one.
+  /// Sets the height of a node from its children; needed when they were added one by one. Throws
+  /// ScriptError (`stackOverflow`) when that is too high.
   void updateHeight(Node& node) const;
 
-  // ParserStatements.cpp
+  // ParserStatements.cpp: blocks and simple statements
   using BlockEndings = std::initializer_list<std::string_view>;
   [[nodiscard]] Node block(BlockEndings endings);
   [[nodiscard]] Node statement();
@@ -88,7 +94,7 @@ private:
   [[nodiscard]] Node usingTerms();
   void endBlock(std::string_view word);
 
-  // ParserControl.cpp
+  // ParserControl.cpp: if, repeat, try, considering, with
   [[nodiscard]] Node ifStatement();
   [[nodiscard]] Node exitRepeat();
   [[nodiscard]] Node loopBody();
@@ -97,11 +103,11 @@ private:
   [[nodiscard]] Node tryStatement();
   void errorVariables(Node& tryStatement);
   [[nodiscard]] Node errorNumber();
-  [[nodiscard]] std::string attribute();
+  [[nodiscard]] std::string textDifference();
   [[nodiscard]] Node considering(NodeKind kind);
   [[nodiscard]] Node withClause();
 
-  // ParserDeclarations.cpp
+  // ParserDeclarations.cpp: use, handlers, script objects, properties, variables
   [[nodiscard]] Node use();
   [[nodiscard]] Node handler();
   void handlerParameters(Node& handler);
@@ -112,7 +118,7 @@ private:
   [[nodiscard]] Node declaration(NodeKind kind);
   void noteLabelledHandlers();
 
-  // ParserExpressions.cpp
+  // ParserExpressions.cpp: operators, casts, lists and records
   [[nodiscard]] Node expression();
   [[nodiscard]] Node expression(StopWords stopWords);
   [[nodiscard]] Node binaryChain(int level);
@@ -132,14 +138,14 @@ private:
   [[nodiscard]] bool startsIndex() const;
   [[nodiscard]] Node index();
 
-  // ParserReferences.cpp
+  // ParserReferences.cpp: `a of b`, `b's a`, `whose`
   [[nodiscard]] Node reference();
   [[nodiscard]] Node withOwners(Node primary);
   [[nodiscard]] Node ownedBy(Node owner);
   void attach(Node& reference, Node container) const;
   [[nodiscard]] Node filtered(Node reference);
 
-  // ParserElements.cpp
+  // ParserElements.cpp: `word 2`, `every item`, `first character`, ranges
   [[nodiscard]] const TypeTerm* typeAt(bool& plural, std::size_t& length) const;
   [[nodiscard]] std::string elementType();
   [[nodiscard]] bool seesOrdinalEnding() const;
@@ -148,7 +154,7 @@ private:
   [[nodiscard]] Node elements(std::string_view type, bool plural);
   [[nodiscard]] std::optional<Node> pickedElements();
 
-  // ParserNames.cpp
+  // ParserNames.cpp: literals, keywords and names, the operands of references
   [[nodiscard]] Node primary();
   [[nodiscard]] Node literal();
   [[nodiscard]] Node named();
@@ -157,7 +163,7 @@ private:
   [[nodiscard]] const NameTerm* termAt(std::span<const NameTerm> terms) const;
   [[nodiscard]] std::optional<Node> term();
 
-  // ParserCommands.cpp
+  // ParserCommands.cpp: commands of the vocabularies, calls of handlers
   [[nodiscard]] const CommandTerm* commandAt() const;
   [[nodiscard]] Node command(const CommandTerm& term);
   void commandLabels(const CommandTerm& term, Node& command, StopWords stopWords);
@@ -170,18 +176,19 @@ private:
   [[nodiscard]] std::string prepositionAt() const;
 
   std::vector<Token> tokens_;
-  std::size_t at_ = 0;
-  int depth_ = 0;
-  int loopDepth_ = 0;      ///< around the place, in its handler
-  int conditionDepth_ = 0; ///< of elements (`whose`) around the place
+  std::size_t at_ = 0;     ///< the cursor: the next token
+  int depth_ = 0;          ///< see Nesting
+  int loopDepth_ = 0;      ///< loops around the cursor, in its handler
+  int conditionDepth_ = 0; ///< `whose` conditions around the cursor
   StopWords stopWords_;
-  std::vector<Dictionary> dictionaries_;
-  std::set<std::string, std::less<>> labelledHandlers_;
+  std::vector<Dictionary> dictionaries_;                ///< of the enclosing tells
+  std::set<std::string, std::less<>> labelledHandlers_; ///< names, of the whole source
 
   friend class Nesting;
 };
 
-/// Counts one level of nesting for as long as it lives.
+/// Counts one level of nesting for as long as it lives; throws ScriptError (`stackOverflow`) for
+/// one too many.
 class Nesting {
 public:
   explicit Nesting(Parser& parser);

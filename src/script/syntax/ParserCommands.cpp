@@ -6,7 +6,8 @@
 namespace tavrel::script {
 namespace {
 
-// Calls `use` with each label of a command's list, until it answers true.
+// Calls `use` with each of the labels, which are separated by commas, until it answers true;
+// answers whether it did.
 template <typename Use> bool anyLabel(std::string_view labels, Use use) {
   while (!labels.empty()) {
     const std::size_t comma = std::min(labels.find(','), labels.size());
@@ -77,7 +78,7 @@ bool Parser::labelledParameter(const CommandTerm& term, Node& command, StopWords
   return true;
 }
 
-// `with administrator privileges`, `without hidden answer`
+// Parameters that are true or false: `with administrator privileges`, `without hidden answer`.
 bool Parser::switches(const CommandTerm& term, Node& command) {
   if (!seesWord("with") && !seesWord("without"))
     return false;
@@ -119,7 +120,7 @@ std::string Parser::prepositionAt() const {
   return token.kind == TokenKind::word && isPreposition(token.text) ? token.text : std::string();
 }
 
-// `with hidden and sorted`
+// The same in a call of a handler: `with hidden and sorted`.
 void Parser::handlerSwitches(Node& call) {
   const bool isOn = tokens_[at_++].text == "with";
   do {
@@ -130,7 +131,7 @@ void Parser::handlerSwitches(Node& call) {
   } while (takeWord("and"));
 }
 
-// The target of such a call is that of the enclosing tell: `of` brings the direct parameter.
+// `of` brings the direct parameter here, not a target: that is the one of the enclosing tell.
 Node Parser::labelledCall(std::string name, std::uint32_t start) {
   const Nesting nesting(*this);
   Node result = node(NodeKind::labelledCall, std::move(name), {Node{}, Node{}});

@@ -97,7 +97,7 @@ void Parser::errorVariables(Node& tryStatement) {
   }
 }
 
-// A variable that hears the number, or the one number that is caught.
+// A variable to put the number in, or the one number that is caught.
 Node Parser::errorNumber() {
   if (seesIdentifier())
     return node(NodeKind::variable, identifier());
@@ -110,8 +110,9 @@ Node Parser::errorNumber() {
   return result;
 }
 
-// What is told that nobody knows must not pass for something considered.
-std::string Parser::attribute() {
+// Of what `considering` and `ignoring` take. An unknown one is an error: to ignore it in silence
+// would make comparisons come out otherwise than the script says.
+std::string Parser::textDifference() {
   for (std::string_view name : {"case", "white space", "hyphens", "punctuation", "diacriticals",
                                 "numeric strings", "expansion", "application responses"})
     if (takeWords(name))
@@ -123,7 +124,7 @@ Node Parser::considering(NodeKind kind) {
   const Nesting nesting(*this);
   Node result = node(kind);
   do
-    result.children.push_back(node(NodeKind::constant, attribute()));
+    result.children.push_back(node(NodeKind::constant, textDifference()));
   while (takeWord("and") || takeSymbol(","));
   if (takeWord("but")) {
     const bool considers = takeWord("considering");
@@ -139,7 +140,8 @@ Node Parser::considering(NodeKind kind) {
   return result;
 }
 
-// Answers are always waited for, and there are no transactions: only the block counts.
+// `with timeout` and `with transaction` are read but have no effect: the host decides how long it
+// waits, and there are no transactions. Only the block inside counts.
 Node Parser::withClause() {
   const bool isTimeout = takeWord("timeout");
   if (!isTimeout)

@@ -4,7 +4,8 @@
 
 namespace tavrel::script {
 
-// What is always there may be asked for; all else is not to be had.
+// `use AppleScript` and `use scripting additions` ask for what is always there; frameworks and
+// libraries are not to be had.
 Node Parser::use() {
   expectWord("use");
   if (takeWord("applescript")) {
@@ -44,7 +45,7 @@ void Parser::handlerParameters(Node& handler) {
   expectSymbol(")");
 }
 
-// `on foo of x at y given z:w`; `on run arguments` and `on open files` have a bare direct one.
+// `on foo of x at y given z:w`, or a direct parameter without a label as in `on run arguments`.
 void Parser::labelledParameters(Node& handler) {
   if (seesSymbol("{") || (seesIdentifier() && prepositionAt().empty()))
     handler.children.push_back(parameter({}));
@@ -103,7 +104,8 @@ Node Parser::declaration(NodeKind kind) {
   return result;
 }
 
-// Calls of such handlers read like references, so their names must be known beforehand.
+// A call like `foo of x at y` reads like a reference to a property until the name is known to be
+// that of a handler, and the handler may stand further down: so their names are collected first.
 void Parser::noteLabelledHandlers() {
   for (; peek().kind != TokenKind::end; ++at_) {
     const bool defines = (seesWord("on") || seesWord("to")) && !seesWord("error", 1);

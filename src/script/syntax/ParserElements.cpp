@@ -38,7 +38,7 @@ const TypeTerm* Parser::typeAt(bool& plural, std::size_t& length) const {
   return best;
 }
 
-// The class that must stand here.
+// Throws unless a class stands here.
 std::string Parser::elementType() {
   bool plural = false;
   std::size_t length = 0;
@@ -49,7 +49,7 @@ std::string Parser::elementType() {
   return std::string(type->name);
 }
 
-// 2nd, without a blank
+// The end of an ordinal number like `2nd`, right behind the digits.
 bool Parser::seesOrdinalEnding() const {
   const Span number = peek().span;
   if (peek(1).span.start != number.start + number.length)
@@ -64,7 +64,7 @@ Node Parser::ordinal(std::int64_t number) {
   return node(NodeKind::element, std::move(type), {{}, std::move(index)});
 }
 
-// The bounds of `text from word 1 to word 3` are parts of the same container.
+// A bound as in `text from word 1 to end`; both bounds are elements of the same container.
 Node Parser::rangeEnd() {
   if (takeWord("beginning") || takeWord("end")) {
     Node result = node(NodeKind::integer);
@@ -97,7 +97,7 @@ Node Parser::elements(std::string_view type, bool plural) {
   return plural ? node(NodeKind::everyElement, name, {Node{}}) : node(NodeKind::typeName, name);
 }
 
-// Elements that a word picks: `every`, `middle`, `some`, `first` and so on.
+// Elements that begin with the word that picks them: `every`, `middle`, `some`, `first` and so on.
 std::optional<Node> Parser::pickedElements() {
   if (takeWord("every"))
     return node(NodeKind::everyElement, elementType(), {Node{}});

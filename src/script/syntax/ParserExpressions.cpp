@@ -6,7 +6,7 @@
 namespace tavrel::script {
 namespace {
 
-// The levels of binding, loosest first; those between have operators of their own functions.
+// The precedence of operators, the loosest first.
 enum Precedence : int {
   disjunction,
   conjunction,
@@ -31,7 +31,8 @@ constexpr auto operators = std::to_array<std::pair<int, std::string_view>>({{dis
                                                                             {multiplying, "mod"},
                                                                             {raising, "^"}});
 
-// What can be said in words, and the operator that it means; longer phrases first.
+// Comparisons in words, and the operators that they mean. Where one begins another, the longer
+// stands first.
 constexpr auto phrases = std::to_array<std::pair<std::string_view, std::string_view>>(
     {{"is not equal to", "≠"},
      {"is not equal", "≠"},
@@ -135,7 +136,8 @@ Node Parser::binaryChain(int level) {
   return left;
 }
 
-// `x as text & "a"`: a class is no operand, so what goes on goes on with what was cast.
+// In `x as text & "a"` the `&` applies to the cast value: a class is no operand, though `&` binds
+// tighter than `as`.
 Node Parser::casts(Node value, std::uint32_t start) {
   bool isCast = false;
   while (true) {
@@ -160,7 +162,7 @@ bool Parser::continuesAfterCast(Node& value) {
   return false;
 }
 
-// 2 ^ 3 ^ 2 is 2 ^ 9.
+// The right side of `^`, which groups from the right: 2 ^ 3 ^ 2 is 2 ^ 9.
 Node Parser::power() {
   const Nesting nesting(*this);
   return binaryChain(raising);
@@ -203,7 +205,7 @@ bool Parser::startsEntry() const {
   return length > 0 && seesSymbol(":", length);
 }
 
-// {a, b} is a list and {name:a} a record; {} is a list.
+// `{a, b}` and `{}` are lists, `{name:a}` is a record.
 Node Parser::listOrRecord() {
   const std::uint32_t start = peek().span.start;
   expectSymbol("{");
@@ -261,7 +263,8 @@ bool Parser::startsExpression() const {
   return false;
 }
 
-// In `make new folder at desktop` the preposition goes on with the command.
+// Whether an index or name of an element can begin here. A preposition cannot: in `make new folder
+// at desktop` it is the next label of the command.
 bool Parser::startsIndex() const {
   const Token& token = peek();
   if (token.kind == TokenKind::word)
@@ -271,7 +274,7 @@ bool Parser::startsIndex() const {
          token.kind == TokenKind::name || seesSymbol("(") || seesSymbol("-");
 }
 
-// The index or name of an element binds tighter than `of`.
+// The index or name of an element. It binds tighter than `of`, so it is no whole reference.
 Node Parser::index() {
   const Nesting nesting(*this);
   const std::uint32_t start = peek().span.start;

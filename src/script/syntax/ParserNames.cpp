@@ -5,7 +5,7 @@
 namespace tavrel::script {
 namespace {
 
-// Words that are nodes by themselves.
+// Words, and the kinds of nodes that they are.
 constexpr auto plainWords = std::to_array<std::pair<std::string_view, NodeKind>>(
     {{"me", NodeKind::me},
      {"it", NodeKind::it},
@@ -15,7 +15,7 @@ constexpr auto plainWords = std::to_array<std::pair<std::string_view, NodeKind>>
 
 } // namespace
 
-// What can stand before `of`.
+// An operand of `of`: a literal, a name, an element, a call, or an expression in parentheses.
 Node Parser::primary() {
   const Nesting nesting(*this);
   const std::uint32_t start = peek().span.start;
@@ -86,7 +86,7 @@ Node Parser::named() {
   return node(NodeKind::variable, name);
 }
 
-// A word that means one thing wherever it stands.
+// A keyword that is a whole operand by itself, wherever it stands.
 std::optional<Node> Parser::fixedWord() {
   for (const auto& [words, kind] : plainWords)
     if (takeWords(words))
@@ -102,7 +102,7 @@ std::optional<Node> Parser::fixedWord() {
   return result;
 }
 
-// A word that says something about what follows.
+// A keyword that begins an operand, as `my` or `a reference to`.
 std::optional<Node> Parser::phrase() {
   if (takeWord("the"))
     return primary();
@@ -131,7 +131,7 @@ const NameTerm* Parser::termAt(std::span<const NameTerm> terms) const {
   return nullptr;
 }
 
-// A name of the vocabularies that are known here.
+// A property, constant or class of the vocabularies that are known here.
 std::optional<Node> Parser::term() {
   if (const NameTerm* property = termAt(propertyTerms())) {
     at_ += lengthOf(property->name);

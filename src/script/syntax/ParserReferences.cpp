@@ -3,7 +3,7 @@
 namespace tavrel::script {
 namespace {
 
-// Whether an element of the kind stands in a container that is told after `of`.
+// Whether a node of the kind takes the container that follows `of`.
 bool isMember(NodeKind kind) {
   return (kind >= NodeKind::property && kind <= NodeKind::insertionPoint) ||
          kind == NodeKind::call || kind == NodeKind::labelledCall;
@@ -31,7 +31,7 @@ Node Parser::reference() {
   return result;
 }
 
-// x's y's z
+// `x's y's z` is `z of y of x`.
 Node Parser::withOwners(Node primary) {
   while (takeSymbol("'s"))
     primary = filtered(ownedBy(std::move(primary)));
@@ -48,7 +48,7 @@ Node Parser::ownedBy(Node owner) {
   return part;
 }
 
-// The innermost part without a container gets it.
+// Gives the container to the innermost member that has none yet.
 void Parser::attach(Node& reference, Node container) const {
   if (reference.children.empty())
     reference.children.emplace_back();
@@ -62,8 +62,8 @@ void Parser::attach(Node& reference, Node container) const {
   updateHeight(reference);
 }
 
-// `every file of home whose name is "a"`: the condition belongs to the elements, wherever their
-// container is told.
+// In `every file of home whose name is "a"` the condition is about the files, although `home`
+// stands between.
 Node Parser::filtered(Node reference) {
   const bool single = reference.kind == NodeKind::element;
   if (!single && reference.kind != NodeKind::everyElement)

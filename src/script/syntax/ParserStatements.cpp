@@ -47,7 +47,7 @@ Node Parser::simpleStatement() {
   return node(NodeKind::expression, {}, {expression()});
 }
 
-// A statement that its first words tell.
+// A statement that begins with a keyword.
 std::optional<Node> Parser::keywordStatement() {
   using Reader = Node (Parser::*)();
   static constexpr auto readers = std::to_array<std::pair<std::string_view, Reader>>(
@@ -139,8 +139,8 @@ Node Parser::tell() {
   return node(NodeKind::tell, {}, {std::move(target), std::move(body)});
 }
 
-// The terms of an application are known where it is told to do something. Its name must stand in
-// the source: that of a variable is known too late.
+// Inside a `tell application "X"` the vocabulary of X is known. The name must stand in the source:
+// the value of a variable is known only when the script runs.
 void Parser::learnTerms(const Node& target) {
   if (target.kind != NodeKind::element || target.text != "application")
     return;

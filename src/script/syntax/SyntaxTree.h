@@ -7,8 +7,9 @@
 
 namespace tavrel::script {
 
-/// The kinds of a syntax tree's nodes. After each: what the node's text is, then its children in
-/// order; `x?` may be a node of kind `none`, `x*` is any number.
+/// The kinds of nodes. The comment of each tells what the text of the node is, if it has one, then,
+/// behind a semicolon, its children in order: `x?` may be a node of kind `none`, and `x*` is any
+/// number of them. Compiled scripts hold these values, so new kinds go to the end.
 enum class NodeKind : std::uint8_t {
   none,
   // Values
@@ -34,8 +35,8 @@ enum class NodeKind : std::uint8_t {
   logicalNot, ///< operand
   binary,     ///< operator; left, right
   cast,       ///< value, type
-  reference,  ///< `a reference to` value
-  // Parts of a container; a container of kind `none` is the target of the enclosing tell
+  reference,  ///< `a reference to`: value
+  // Properties and elements; a container of kind `none` is the target of the enclosing tell
   property,       ///< name; container?
   element,        ///< class; container?, index or name
   elementRange,   ///< class; container?, first, last
@@ -78,8 +79,8 @@ enum class NodeKind : std::uint8_t {
   last = local
 };
 
-/// One node of a script's syntax tree. It moves and is never copied: a parser that copied each
-/// operand into the next higher node would take time that grows with the square of the height.
+/// One node of a syntax tree. Nodes move and are never copied: if each operand were copied into the
+/// node above it, parsing would take time that grows with the square of the height.
 struct Node {
   Node() = default;
   Node(Node&&) noexcept = default;
@@ -89,7 +90,7 @@ struct Node {
   ~Node() = default;
 
   NodeKind kind = NodeKind::none;
-  std::uint16_t height = 0; ///< above its highest child
+  std::uint16_t height = 0; ///< 0 without children, else one more than the highest child
   Span span;
   std::int64_t integer = 0;
   double real = 0;
@@ -97,11 +98,11 @@ struct Node {
   std::vector<Node> children;
 };
 
-/// How deep sources may nest their expressions and statements.
+/// How deep expressions and statements of a source may nest: parsing uses the stack for each level.
 constexpr int deepestNesting = 200;
 
-/// How high the tree of one expression may grow, long chains of operators included: whoever walks
-/// a tree may use the stack.
+/// How high the tree of an expression may grow, long chains of operators included: code that walks
+/// a tree uses the stack for each level.
 constexpr int highestExpression = 1000;
 
 } // namespace tavrel::script

@@ -10,7 +10,6 @@ using enum Dictionary;
 constexpr DirectParameter none = DirectParameter::none;
 constexpr DirectParameter allowed = DirectParameter::allowed;
 
-// Of two names that begin alike the longer stands first.
 constexpr auto commands = std::to_array<CommandTerm>({
     {language, "do shell script", allowed,
      "as,administrator privileges,user name,password,altering line endings"},

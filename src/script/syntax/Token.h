@@ -8,13 +8,13 @@
 namespace tavrel::script {
 
 enum class TokenKind : std::uint8_t {
-  word,    ///< a keyword, a term or an identifier
-  name,    ///< an identifier between bars: never a keyword
-  text,    ///< a text literal, unescaped
+  word,    ///< a keyword, a term or an identifier; in lower case
+  name,    ///< an identifier between bars, in lower case: never a keyword
+  text,    ///< a text literal, its escapes resolved
   integer, ///< a number without point or exponent that fits 64 bits
   real,
-  symbol, ///< an operator or a bracket; the possessive is "'s"
-  type,   ///< a class code between guillemets
+  symbol, ///< an operator, a bracket, a comma, a colon or the possessive "'s"
+  type,   ///< the code of a class, as utf8 in «class utf8»
   lineEnd,
   end
 };
@@ -22,7 +22,7 @@ enum class TokenKind : std::uint8_t {
 struct Token {
   TokenKind kind = TokenKind::end;
   Span span;
-  std::string text; ///< words in lower case
+  std::string text; ///< for all but numbers and ends
   std::int64_t integer = 0;
   double real = 0;
 };

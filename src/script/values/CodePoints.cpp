@@ -5,7 +5,7 @@
 namespace tavrel::script {
 namespace {
 
-// The Latin letters from U+00C0 to U+017F without their marks; '-' where there is no plain letter.
+// The letters from U+00C0 to U+017F without their accents; '-' for those that have no plain form.
 constexpr std::string_view plainLetters =
     "AAAAAA-CEEEEIIII-NOOOOO-OUUUUY--aaaaaa-ceeeeiiii-nooooo-ouuuuy-y"
     "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIi--JjKk-LlLlLlLlLlNnNnNn---OoOoOo--RrRrRrSs"
@@ -16,7 +16,8 @@ bool within(char32_t c, char32_t first, char32_t last) {
   return c >= first && c <= last;
 }
 
-// Where capitals and small letters take turns, capitals even or odd.
+// Whether this is a capital of a range in which capitals and small letters take turns, so that its
+// small letter is the next code point. In most of them the capitals are even, in some odd.
 bool alternates(char32_t c) {
   const bool even = within(c, 0x100, 0x12F) || within(c, 0x132, 0x137) || within(c, 0x14A, 0x177) ||
                     within(c, 0x1E00, 0x1E95) || within(c, 0x1EA0, 0x1EFF) ||

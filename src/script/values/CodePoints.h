@@ -5,17 +5,17 @@
 
 namespace tavrel::script {
 
-/// The character at a place of well-formed UTF-8; moves the place behind it.
+/// The code point that starts at byte `at` of a well-formed UTF-8 text; moves `at` behind it.
 [[nodiscard]] char32_t takeCodePoint(std::string_view text, std::size_t& at);
 
-/// Adds a code point to a UTF-8 text; U+FFFD for what is none.
+/// Appends a code point to a UTF-8 text; U+FFFD for a number that is none.
 void appendCodePoint(std::string& text, char32_t character);
 
-/// The small letter of a capital of the Latin, Greek, Cyrillic and Armenian alphabets (simple case
-/// folding of Unicode); every other character as it is.
+/// The small letter of a capital in the Latin, Greek, Cyrillic and Armenian alphabets, as Unicode's
+/// simple case folding has it; every other code point as it is.
 [[nodiscard]] char32_t caseFolded(char32_t character);
 
-/// The plain letter under an accent, for the Latin letters up to U+017F; else the character.
+/// A Latin letter up to U+017F without its accent; every other code point as it is.
 [[nodiscard]] char32_t withoutDiacritic(char32_t character);
 
 } // namespace tavrel::script

@@ -74,7 +74,8 @@ Value asBoolean(const Value& value) {
   refuse(value, "boolean");
 }
 
-// Scripts ask whether a file is there by naming an alias of it.
+// Scripts find out whether a file is there by naming an alias of it, which must fail if it is not.
+// Sources of the application itself name files that it knows.
 void demandFile(Runtime& runtime, const std::string& path) {
   if (runtime.author == Author::application)
     return;
@@ -103,7 +104,7 @@ Value asAlias(Runtime& runtime, const Value& value) {
   return alias;
 }
 
-// What a file manager gives for `selection as alias list`: always a list, of files only.
+// `as alias list`: always a list, and of files only.
 Value asFiles(Runtime& runtime, const Value& value) {
   const Value all = asList(runtime, value);
   std::vector<Value> files;
@@ -122,7 +123,7 @@ Value asDate(Runtime& runtime, const Value& value) {
   return runtime.date(*seconds);
 }
 
-// A list of one stands for its element where a single value is asked for.
+// Where a single value is wanted, a list of one stands for its element.
 const Value& unwrapped(const Value& value) {
   const auto* list = value.as<List>();
   return list && list->size() == 1 ? list->values()[0] : value;

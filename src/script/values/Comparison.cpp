@@ -51,8 +51,7 @@ bool equalObjects(Runtime& runtime, const Value& a, const Value& b) {
   return a.object() == b.object();
 }
 
-// Only numbers, texts and dates come before or after anything; a list of one stands for its
-// element.
+// Throws unless the value is one that comes before or after others, or a list of such a one.
 void refuseUnordered(const Value& value) {
   const auto* list = value.as<List>();
   const Value& single = list && list->size() == 1 ? list->values()[0] : value;
@@ -61,22 +60,22 @@ void refuseUnordered(const Value& value) {
     throw ScriptError{errors::cannotCoerce, described(value).append(" has no order.")};
 }
 
-// The names of texts are many: "text", "string" and "Unicode text" are one class.
+// The class under the one name that all its names compare by.
 std::string_view plainType(std::string_view name) {
   if (name == "string" || name == "unicode text")
     return "text";
   return name == "posix file" ? "file" : name;
 }
 
-// Whether the list has the values, or the single value, from a place on.
-bool hasAt(Runtime& runtime, const List& list, std::size_t place, const Value& wanted) {
+// Whether the list has the wanted elements, or the single one, from a position on.
+bool hasAt(Runtime& runtime, const List& list, std::size_t position, const Value& wanted) {
   const auto* several = wanted.as<List>();
   const std::vector<Value> values = several ? several->values() : std::vector<Value>{wanted};
-  if (values.size() > list.size() - place)
+  if (values.size() > list.size() - position)
     return false;
-  for (std::size_t i = 0; i < values.size() && place + i < list.size(); ++i) {
+  for (std::size_t i = 0; i < values.size() && position + i < list.size(); ++i) {
     runtime.step();
-    if (!areEqual(runtime, list.values()[place + i], values[i]))
+    if (!areEqual(runtime, list.values()[position + i], values[i]))
       return false;
   }
   return true;
@@ -120,7 +119,7 @@ bool areEqual(Runtime& runtime, const Value& a, const Value& b) {
   }
 }
 
-// A list contains a list as a run of its elements, and any other value as one of them.
+// A list contains another list when its elements stand there side by side in that order.
 bool contains(Runtime& runtime, const Value& whole, const Value& part) {
   if (const auto* record = whole.as<Record>()) {
     const auto* other = part.as<Record>();

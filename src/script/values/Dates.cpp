@@ -23,7 +23,7 @@ constexpr auto weekdayNames = std::to_array<std::string_view>(
 
 constexpr chrono::sys_days epoch{chrono::year{2001} / 1 / 1};
 constexpr double secondsOfDay = 86400;
-// Years of five digits and more are beyond the calendar.
+// In seconds: years of five digits and more are beyond what the calendar can show.
 constexpr double farthest = 8000 * 366.0 * secondsOfDay;
 
 chrono::sys_days dayOf(double seconds) {
@@ -31,11 +31,11 @@ chrono::sys_days dayOf(double seconds) {
   return epoch + chrono::days(static_cast<int>(std::floor(kept / secondsOfDay)));
 }
 
-// Words and numbers of a date's text; what stands between them does not matter.
+// A word or a number in the text of a date; of what stands between them only a colon matters.
 struct DateToken {
   std::string_view text;
-  int number = -1; ///< -1 for a word
-  char before = ' ';
+  int number = -1;   ///< -1 for a word
+  char before = ' '; ///< the character before it
 };
 
 std::optional<std::vector<DateToken>> dateTokens(std::string_view text) {
@@ -75,15 +75,16 @@ template <typename Names> int indexOfName(const Names& names, std::string_view w
   return -1;
 }
 
+// What the tokens of a date's text say.
 struct ParsedDate {
-  std::vector<int> days; ///< numbers of the date as they come
-  std::vector<int> times;
-  int month = 0;
-  bool isIso = false;
-  int half = 0; ///< 1 AM, 2 PM
+  std::vector<int> days;  ///< the numbers that are no time, in their order
+  std::vector<int> times; ///< those of the time
+  int month = 0;          ///< that is named; 0 for none
+  bool isIso = false;     ///< the first number has four digits: year, month, day
+  int meridiem = 0;       ///< 1 for AM, 2 for PM, 0 for neither
 };
 
-bool isHalf(std::string_view word, char first) {
+bool isMeridiem(std::string_view word, char first) {
   return word.size() == 2 && (word[0] | 0x20) == first && (word[1] | 0x20) == 'm';
 }
 
@@ -91,8 +92,8 @@ bool readWord(ParsedDate& parsed, std::string_view word) {
   const int month = indexOfName(months, word);
   if (month >= 0)
     parsed.month = month + 1;
-  if (isHalf(word, 'a') || isHalf(word, 'p'))
-    parsed.half = isHalf(word, 'a') ? 1 : 2;
+  if (isMeridiem(word, 'a') || isMeridiem(word, 'p'))
+    parsed.meridiem = isMeridiem(word, 'a') ? 1 : 2;
   else if (month < 0 && indexOfName(weekdayNames, word) < 0)
     return word == "at" || word == "T" || word == "t" || word == "of";
   return true;
@@ -139,10 +140,10 @@ bool setTime(DateComponents& components, const ParsedDate& parsed) {
   components.hours = !times.empty() ? times[0] : 0;
   components.minutes = times.size() > 1 ? times[1] : 0;
   components.seconds = times.size() > 2 ? times[2] : 0;
-  if (parsed.half != 0 && components.hours > 12)
+  if (parsed.meridiem != 0 && components.hours > 12)
     return false;
-  if (parsed.half != 0)
-    components.hours = components.hours % 12 + (parsed.half == 2 ? 12 : 0);
+  if (parsed.meridiem != 0)
+    components.hours = components.hours % 12 + (parsed.meridiem == 2 ? 12 : 0);
   return times.size() <= 3 && components.hours < 24 && components.minutes < 60 &&
          components.seconds < 60;
 }

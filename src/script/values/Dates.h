@@ -6,7 +6,7 @@
 
 namespace tavrel::script {
 
-/// A date of the local calendar taken apart.
+/// A date of the local calendar by its components.
 struct DateComponents {
   int year = 2001;
   int month = 1; ///< from 1
@@ -16,14 +16,15 @@ struct DateComponents {
   double seconds = 0;
 };
 
-/// `seconds` counts from 2001-01-01 00:00.
+// Everywhere below `seconds` is a date as seconds since 2001-01-01 00:00 of the local calendar.
+
 [[nodiscard]] DateComponents componentsOf(double seconds);
-/// Parts beyond their range carry over: day 32 of January is the first of February.
+/// Components beyond their range carry over: day 32 of January is the first of February.
 [[nodiscard]] double secondsOf(const DateComponents& components);
 
 [[nodiscard]] std::string_view monthName(int month);        ///< from 1, "January"
 [[nodiscard]] std::string_view weekdayName(double seconds); ///< "Monday"
-/// The number of a month or, from Sunday, of a weekday, by its name: from 1; 0 for other names.
+/// From a name the number of a month, from 1, or of a weekday, from Sunday as 1; 0 for other names.
 [[nodiscard]] int calendarNumber(std::string_view name);
 
 /// "Monday, January 1, 2001 at 12:00:00 AM"
@@ -32,8 +33,9 @@ struct DateComponents {
 [[nodiscard]] std::string shortDateString(double seconds); ///< "1/1/2001"
 [[nodiscard]] std::string timeString(double seconds);      ///< "12:00:00 AM"
 
-/// Reads what dateText writes, "2001-01-31", "1/31/2001", "31 January 2001", each with or without
-/// a time ("8:30", "8:30:15 PM"), and a time alone, which is of the day of `now`.
+/// The seconds of a date in words: what dateText writes, "2001-01-31", "1/31/2001",
+/// "31 January 2001", each with or without a time ("8:30", "8:30:15 PM"), or a time alone, which is
+/// on the day of `now`. Nothing for other texts.
 [[nodiscard]] std::optional<double> parseDate(std::string_view text, double now);
 
 } // namespace tavrel::script

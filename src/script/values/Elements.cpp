@@ -42,7 +42,7 @@ TextRanges rangesOrError(Runtime& runtime, const Value& whole, const std::string
   return *std::move(ranges);
 }
 
-// The values of a list that are of the class; of `item` all.
+// The elements of a list that are of the class; all are of the class `item`.
 std::vector<Value> valuesOf(Runtime& runtime, const Value& whole, const std::string& type) {
   const auto* list = whole.as<List>();
   if (!list)
@@ -54,8 +54,8 @@ std::vector<Value> valuesOf(Runtime& runtime, const Value& whole, const std::str
   return result;
 }
 
-std::optional<Value> simpleElement(Runtime& runtime, const Value& whole, const std::string& type,
-                                   std::int64_t index) {
+std::optional<Value> findElement(Runtime& runtime, const Value& whole, const std::string& type,
+                                 std::int64_t index) {
   if (const auto* list = whole.as<List>(); list && type == "item") {
     const auto position = positionOf(index, list->size());
     return position ? std::optional(list->values()[*position]) : std::nullopt;
@@ -76,8 +76,8 @@ std::optional<Value> simpleElement(Runtime& runtime, const Value& whole, const s
   return position ? std::optional(values[*position]) : std::nullopt;
 }
 
-// The bytes from the start of the first part to the end of the last.
-TextRange span(const TextRange& first, const TextRange& last) {
+// The bytes from the start of one range to the end of the other, in either order.
+TextRange enclosingRange(const TextRange& first, const TextRange& last) {
   const std::size_t start = std::min(first.start, last.start);
   const std::size_t end = std::max(first.start + first.length, last.start + last.length);
   return {start, end - start};
@@ -92,7 +92,8 @@ TextRange boundOf(Runtime& runtime, const Value& whole, const Bound& bound) {
 }
 
 Value textBetween(Runtime& runtime, const Value& whole, const Bound& first, const Bound& last) {
-  const TextRange range = span(boundOf(runtime, whole, first), boundOf(runtime, whole, last));
+  const TextRange range =
+      enclosingRange(boundOf(runtime, whole, first), boundOf(runtime, whole, last));
   return textAt(runtime, whole.as<Text>()->value(), range);
 }
 
@@ -107,7 +108,7 @@ std::optional<std::size_t> positionOf(std::int64_t index, std::size_t count) {
 }
 
 Value elementAt(Runtime& runtime, const Value& whole, const std::string& type, std::int64_t index) {
-  if (auto element = simpleElement(runtime, whole, type, index))
+  if (auto element = findElement(runtime, whole, type, index))
     return *std::move(element);
   cannotGet(titleOf(type, index), whole);
 }
@@ -145,7 +146,7 @@ Value everyElement(Runtime& runtime, const Value& whole, const std::string& type
 Value elementOf(Runtime& runtime, const Value& whole, const std::string& type, const Value& key) {
   if (key.isNumber())
     return elementAt(runtime, whole, type, integerOf(runtime, key));
-  // file "/a/b" outside of any application
+  // `file "/a/b"` names a file wherever it stands; other elements have no names.
   if (type != "file" && type != "folder" && type != "disk")
     cannotGet(type + " " + described(key), whole);
   return coerced(runtime, key, "file");

@@ -8,8 +8,8 @@ namespace tavrel::script {
 
 class Heap;
 
-/// An object that can hold itself, directly or through others. A heap knows all of them and
-/// empties those that are left, so that circles of them are freed too.
+/// An object that can hold itself, directly or through others, so that its reference count may
+/// never become 0. A heap knows all of these and empties those that are left.
 class Container : public Object {
 public:
   Container(ValueKind kind, Heap& heap);
@@ -27,7 +27,7 @@ private:
   Container* next_ = nullptr;
 };
 
-/// The containers of one engine, and how much its objects may hold.
+/// The containers of one engine, and a count of the memory that its objects take.
 class Heap {
 public:
   Heap() = default;
@@ -35,14 +35,15 @@ public:
   Heap& operator=(const Heap&) = delete;
   ~Heap() { clear(); }
 
-  /// Counts bytes (or elements, at 16 bytes each) that are taken. Throws ScriptError
-  /// (`outOfMemory`) when they would be more than `limit`.
+  /// Counts bytes as taken. Throws ScriptError (`outOfMemory`) when they would be more than `limit`
+  /// in all, and then counts none of them.
   void take(std::size_t bytes);
   void giveBack(std::size_t bytes) { used_ -= bytes; }
-  /// Empties all containers that are left: those that hold each other in a circle.
+  /// Empties all containers that are left, so that those are freed that hold each other in a
+  /// circle. Only when nobody needs any of them.
   void clear();
 
-  std::size_t limit = std::size_t{512} << 20U;
+  std::size_t limit = std::size_t{512} << 20U; ///< in bytes
 
 private:
   friend class Container;
@@ -50,7 +51,7 @@ private:
   std::size_t used_ = 0;
 };
 
-/// What an operation needs on the way to its result, counted for as long as this lives.
+/// Memory that an operation needs on the way to its result, counted for as long as this lives.
 class HeapReservation {
 public:
   explicit HeapReservation(Heap& heap) : heap_(&heap) {}

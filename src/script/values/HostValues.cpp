@@ -1,6 +1,6 @@
 #include "script/values/HostValues.h"
 
-#include "script/values/Coercion.h"
+#include "script/values/Description.h"
 #include "script/values/Reference.h"
 #include "script/values/Specifier.h"
 
@@ -33,7 +33,7 @@ struct ToValue {
   }
 };
 
-// A list that holds another many times is small; as plain data it is not.
+// Counted for each value: a small list may hold another many times, and plain data cannot share.
 constexpr std::size_t hostValueSize = 2 * sizeof(HostValue);
 
 HostValue plain(Runtime& runtime, const Value& value, HeapReservation& reservation);

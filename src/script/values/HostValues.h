@@ -4,10 +4,11 @@
 
 namespace tavrel::script {
 
-/// What the desktop gives, as a script's value.
+/// A value that the desktop gives, as a value of a script.
 [[nodiscard]] Value valueFromHost(Runtime& runtime, const HostValue& value);
 
-/// A script's value as the desktop takes it. Throws (`cannotCoerce`) for scripts.
+/// A value of a script as the desktop takes it. Throws ScriptError: `cannotCoerce` for scripts,
+/// `outOfMemory` and `stackOverflow` for lists that hold others too often or themselves.
 [[nodiscard]] HostValue valueForHost(Runtime& runtime, const Value& value);
 
 } // namespace tavrel::script

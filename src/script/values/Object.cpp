@@ -2,7 +2,8 @@
 
 namespace tavrel::script {
 
-// What an object holds is released only after the object is gone, from the loop of the first.
+// Freeing an object may release others. Those wait in a list for the loop of the outermost call, so
+// that the calls do not go deeper with each level.
 void Object::dispose(Object* object) {
   thread_local Object* dead = nullptr;
   thread_local bool isBusy = false;

@@ -6,14 +6,14 @@
 namespace tavrel::script {
 
 enum class ValueKind : std::uint8_t {
-  undefined, ///< a variable that was never set
+  undefined, ///< no value: a variable that was never set, a handler that gives nothing
   missing,   ///< `missing value`
   boolean,
   integer,
   real,
-  constant, ///< an enumerated constant, as `yes`
+  constant, ///< as `yes` or `January`
   typeName, ///< a class, as `list`
-  // From here on the value is a counted object.
+  // The values from here on are objects with a reference count.
   text,
   list,
   record,
@@ -24,8 +24,8 @@ enum class ValueKind : std::uint8_t {
   reference
 };
 
-/// A counted object of the engine. Objects that hold others are taken apart one by one, so that a
-/// list nested a million deep costs no stack when it goes.
+/// What a value holds that does not fit inside it, with a reference count. Objects that are no
+/// longer needed are freed in a loop, so that to free a list nested a million deep takes no stack.
 class Object {
 public:
   explicit Object(ValueKind kind) : kind_(kind) {}
@@ -49,7 +49,7 @@ private:
   Object* nextDead_ = nullptr;
 };
 
-/// A counting pointer to an object; null when empty.
+/// A pointer that counts as a reference to its object; null when empty.
 template <typename T> class Ref {
 public:
   Ref() = default;

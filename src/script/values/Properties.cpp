@@ -134,7 +134,7 @@ std::optional<Value> entryOf(const Value& value, const std::string* name) {
   return script && *name == "parent" ? std::optional(script->parent) : std::nullopt;
 }
 
-// Whether the value has the property, and one that can be set.
+// Answers whether the value has the property, and one that can be set.
 bool setOwnProperty(Runtime& runtime, const Value& value, const std::string* name,
                     const Value& to) {
   if (auto* record = value.as<Record>()) {
@@ -153,7 +153,8 @@ bool setOwnProperty(Runtime& runtime, const Value& value, const std::string* nam
   return date && setDateComponent(runtime, *date, *name, to);
 }
 
-// `text item delimiters of AppleScript`, whose owner is a constant, or of the script itself.
+// `text item delimiters` are written as a property of AppleScript, which is a constant here, or of
+// the script.
 bool isDelimiters(const Value& whole, const std::string& name) {
   return name == "text item delimiters" &&
          (whole.is(ValueKind::constant) || whole.is(ValueKind::script));

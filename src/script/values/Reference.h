@@ -5,27 +5,29 @@
 
 namespace tavrel::script {
 
-/// A place that a script points to, as `a reference to item 2 of l`: it is looked up anew each
-/// time its value is asked for.
+/// What `a reference to item 2 of l` gives: it remembers the property or element, and looks it up
+/// anew each time its value is wanted.
 class Reference : public Container {
 public:
   static constexpr ValueKind valueKind = ValueKind::reference;
   explicit Reference(Heap& heap) : Container(valueKind, heap) {}
-  /// What the place holds. Throws (`noSuchObject`) when there is no such place any more.
+  /// The value now. Throws ScriptError (`noSuchObject`, `notDefined`) when there is none any more.
   [[nodiscard]] virtual Value contents(Runtime& runtime) const = 0;
-  /// Throws (`cannotSet`) where nothing can be put.
+  /// Sets the property or element. Throws ScriptError (`cannotSet`) for one that cannot be set.
   virtual void write(Runtime& runtime, Value value) = 0;
 };
 
-/// The value behind references, however many point to each other; any other value as it is.
+/// The value that a reference refers to, also when it refers to another reference; any other value
+/// as it is. Throws ScriptError (`stackOverflow`) for references that go in a circle.
 [[nodiscard]] Value dereferenced(Runtime& runtime, const Value& value);
 
-/// A variable or property of a script. `index` is one of the script's fields.
+/// To a variable or property of a script; `index` is that of the field.
 [[nodiscard]] Value fieldReference(Runtime& runtime, ScriptObject& script, std::size_t index,
                                    const std::string* name);
-/// An entry, a script's property or the part of a date; the container may be a reference itself.
+/// To a property of a value; the container may be a reference itself.
 [[nodiscard]] Value propertyReference(Runtime& runtime, const Value& container,
                                       const std::string* name);
+/// To an element of a value, likewise. The key is an index or, for files, a path.
 [[nodiscard]] Value elementReference(Runtime& runtime, const Value& container,
                                      const std::string& type, const Value& key);
 

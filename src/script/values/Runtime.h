@@ -9,34 +9,36 @@
 
 namespace tavrel::script {
 
-/// Who wrote a source: those that the application builds around a path may ask for little, so that
-/// a path cannot smuggle a command in.
+/// Who wrote a source. One that the application itself puts together around a path may ask for few
+/// commands (running/HostEvents.cpp), so that a path cannot smuggle another one in.
 enum class Author : std::uint8_t { user, application };
 
-/// Which differences between texts count.
+/// Which differences between texts count when they are compared; `considering` and `ignoring` in a
+/// script change this. Each field is true when that difference counts.
 struct Considered {
   bool caseDifferences = false;
   bool whiteSpace = true;
   bool hyphens = true;
   bool punctuation = true;
   bool diacriticals = true;
-  bool numericStrings = false;
+  bool numericStrings = false; ///< whether digits compare as numbers, "9" before "10"
 };
 
 /// What a run may use.
 struct Limits {
-  std::uint64_t steps = ~std::uint64_t{0};
+  std::uint64_t steps = ~std::uint64_t{0};    ///< see Runtime::step; one is about one statement
   std::size_t stack = std::size_t{3} << 20U;  ///< bytes of the native stack
   std::size_t heap = std::size_t{512} << 20U; ///< bytes that the values of the engine may hold
 };
 
 struct ScriptDefinition;
 
-/// Makes a script that can run of its source text. Throws ScriptError.
+/// Parses and binds a source text, for `run script`: a function pointer, since the rooms that do so
+/// stand above this one. Throws ScriptError.
 using SourceBinder = std::shared_ptr<const ScriptDefinition> (*)(Heap& heap,
                                                                  const std::string& source);
 
-/// The state of one run that all its scripts share.
+/// What all scripts of one run share: its limits, its settings, and the makers of values.
 class Runtime {
 public:
   Runtime(Heap& runHeap, Host& runHost, SourceBinder binder, Author author, Limits limits);
@@ -46,10 +48,11 @@ public:
   const SourceBinder bindSource;
   const Author author;
   Considered considered;
-  Value delimiters; ///< AppleScript's text item delimiters: a text or a list of texts
+  Value delimiters; ///< `text item delimiters`: a text or a list of texts
   std::mt19937_64 random;
 
-  /// Counts a step of work. Throws when the run used up its steps or is asked to stop.
+  /// Counts steps of work; whoever loops calls it. Throws ScriptError when the run has used up its
+  /// steps (`timedOut`) or the host says to stop (`userCanceled`).
   void step(std::uint64_t count = 1) {
     steps_ += count;
     if (steps_ >= nextCheck_)
@@ -57,7 +60,8 @@ public:
   }
   /// Whether the run has had all the steps it may take.
   [[nodiscard]] bool isUsedUp() const { return steps_ > limits_.steps; }
-  /// Throws when the native stack runs short.
+  /// Whoever recurses calls it. Throws ScriptError (`stackOverflow`) when the native stack runs
+  /// short.
   void guardStack() const;
 
   [[nodiscard]] Value text(std::string value) const;

@@ -5,7 +5,7 @@
 
 namespace tavrel::script {
 
-/// An application, or an object inside one.
+/// An application, or an object inside one that is only named, not fetched.
 class Specifier final : public Object {
 public:
   static constexpr ValueKind valueKind = ValueKind::specifier;

@@ -18,12 +18,13 @@ bool isPunctuation(char32_t c) {
          std::string_view(".,?:;!'\"`").find(static_cast<char>(c)) != std::string_view::npos;
 }
 
+// Whether comparisons look at the code point at all.
 bool counts(const Considered& considered, char32_t c) {
   return (considered.whiteSpace || !isBlank(c)) && (considered.hyphens || !isHyphen(c)) &&
          (considered.punctuation || !isPunctuation(c));
 }
 
-// With `considering numeric strings` runs of digits compare by their number: "2" before "10".
+// With `considering numeric strings` digits side by side compare as one number: "2" before "10".
 int compareNumerically(const std::u32string& a, const std::u32string& b) {
   const auto isDigit = [](char32_t c) { return c >= '0' && c <= '9'; };
   const auto run = [&](const std::u32string& text, std::size_t& at) {

@@ -18,7 +18,8 @@ TextRanges characters(Runtime& runtime, const std::string& text) {
   return ranges;
 }
 
-// Letters and digits of all scripts: what is not ASCII counts but for blanks and punctuation.
+// Letters, digits and "_" of ASCII. Beyond ASCII everything is a letter but the ranges that hold
+// blanks and punctuation.
 bool isWordCharacter(char32_t c) {
   if (c < 0x80)
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
@@ -28,11 +29,12 @@ bool isWordCharacter(char32_t c) {
   return !isLatinSign && !isSign;
 }
 
-// "don't" and "3.5" are one word each.
+// Characters that can stand inside a word: "don't" and "3.5" are one word each.
 bool joinsWords(char32_t c) {
   return c == '\'' || c == 0x2019 || c == '.' || c == ',';
 }
 
+// Whether such a character does stand inside one, which its neighbours decide.
 bool joinsHere(char32_t c, char32_t before, std::string_view rest) {
   std::size_t at = 0;
   const char32_t after = rest.empty() ? U' ' : takeCodePoint(rest, at);
@@ -50,14 +52,14 @@ TextRanges words(Runtime& runtime, const std::string& text) {
     const std::size_t start = at;
     const char32_t c = takeCodePoint(text, at);
     at = std::min(at, text.size());
-    const bool isPart =
+    const bool isInWord =
         isWordCharacter(c) ||
         (inside && joinsWords(c) && joinsHere(c, before, std::string_view(text).substr(at)));
-    if (isPart && !inside)
+    if (isInWord && !inside)
       ranges.add({start, 0});
-    if (isPart)
+    if (isInWord)
       ranges.last().length = at - ranges.last().start;
-    inside = isPart;
+    inside = isInWord;
     before = c;
   }
   return ranges;
@@ -82,7 +84,7 @@ bool sameByte(char a, char b, bool caseCounts) {
   return caseCounts ? a == b : lowered(a) == lowered(b);
 }
 
-// The length of the longest delimiter that stands at the place; 0 when none does.
+// The length of the longest delimiter that starts at a byte of the text; 0 when none does.
 std::size_t delimiterAt(const std::string& text, std::size_t at,
                         const std::vector<std::string>& delimiters, bool caseCounts) {
   std::size_t longest = 0;

@@ -6,13 +6,13 @@
 
 namespace tavrel::script {
 
-/// A part of a text, in bytes.
+/// A stretch of a text, in bytes.
 struct TextRange {
   std::size_t start = 0;
   std::size_t length = 0;
 };
 
-/// Parts in order; they count as memory of the run.
+/// Ranges in order; they count as memory of the run.
 class TextRanges {
 public:
   explicit TextRanges(Heap& heap) : reservation_(heap) {}
@@ -29,8 +29,9 @@ private:
   HeapReservation reservation_;
 };
 
-/// The characters, words, paragraphs or text items of a text in order; nothing for a class that
-/// texts have no elements of. Text items are what stands between the run's delimiters.
+/// Splits a text into its elements of a class: `character`, `word`, `paragraph`, or `text item`,
+/// which is what stands between the delimiters of the run; nothing for other classes. The classes
+/// `item` and `text` mean characters.
 [[nodiscard]] std::optional<TextRanges> splitText(Runtime& runtime, const std::string& text,
                                                   std::string_view type);
 

@@ -7,11 +7,12 @@
 
 namespace tavrel::script {
 
-/// A name that stands for itself: equal names are one object.
+/// The one copy of a name, so that equal names have equal addresses. It lives as long as the
+/// process. Labels and names of variables are such symbols, in lower case.
 [[nodiscard]] const std::string* symbol(std::string_view name);
 
-/// One value of a script: small ones inside, others counted objects that copies share. Lists and
-/// records are mutable and shared, as the language has it.
+/// One value of a script. Small ones stand inside, the others are objects that copies share: lists,
+/// records and dates can change, and whoever holds them sees that, as the language has it.
 class Value {
 public:
   Value() = default;
@@ -50,17 +51,17 @@ public:
   }
   [[nodiscard]] bool isObject() const { return kind_ >= ValueKind::text; }
 
-  /// Each answers for its own kind alone; to ask another kind is an error of the caller.
+  /// Each of these is for values of its own kind; for another kind the answer is meaningless.
   [[nodiscard]] bool boolean() const { return held_.boolean; }
   [[nodiscard]] std::int64_t integer() const { return held_.integer; }
   [[nodiscard]] double real() const { return held_.real; }
   [[nodiscard]] const std::string& name() const { return *held_.symbol; }
   [[nodiscard]] Object* object() const { return held_.object; }
-  /// The number of either kind.
+  /// An integer or a real as a real.
   [[nodiscard]] double number() const {
     return kind_ == ValueKind::integer ? static_cast<double>(held_.integer) : held_.real;
   }
-  /// The object as T; null for every other kind.
+  /// The object, as a T; null for a value of another kind.
   template <typename T> [[nodiscard]] T* as() const {
     return kind_ == T::valueKind ? static_cast<T*>(held_.object) : nullptr;
   }

@@ -5,6 +5,7 @@
 namespace tavrel::script {
 namespace {
 
+// What counts as memory for one element of a list or one entry of a record.
 constexpr std::size_t elementSize = 2 * sizeof(Value);
 constexpr std::size_t textSize = sizeof(Text); ///< beside its bytes
 
@@ -36,14 +37,14 @@ std::size_t Text::length() const {
 std::size_t Text::offsetOf(std::size_t character) const {
   if (isAscii())
     return character;
-  if (character < place_.character)
-    place_ = {};
-  while (place_.character < character) {
-    const auto next = std::find_if(value_.begin() + static_cast<std::ptrdiff_t>(place_.offset) + 1,
+  if (character < last_.character)
+    last_ = {};
+  while (last_.character < character) {
+    const auto next = std::find_if(value_.begin() + static_cast<std::ptrdiff_t>(last_.offset) + 1,
                                    value_.end(), startsCharacter);
-    place_ = {place_.character + 1, static_cast<std::size_t>(next - value_.begin())};
+    last_ = {last_.character + 1, static_cast<std::size_t>(next - value_.begin())};
   }
-  return place_.offset;
+  return last_.offset;
 }
 
 void Text::append(std::string_view more) {

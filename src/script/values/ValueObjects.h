@@ -7,7 +7,7 @@
 
 namespace tavrel::script {
 
-/// A text, well-formed UTF-8; it never changes once others can see it. Its characters are code
+/// A text in well-formed UTF-8, which does not change once others hold it. Its characters are code
 /// points.
 class Text final : public Object {
 public:
@@ -19,21 +19,21 @@ public:
   /// In characters.
   [[nodiscard]] std::size_t length() const;
   [[nodiscard]] bool isAscii() const { return length() == value_.size(); }
-  /// The byte that a character from 0 up to length() starts at. To go from one to the next is
-  /// quick wherever they are.
+  /// The byte at which a character starts; characters count from 0, and length() gives the end. The
+  /// character after the one that was asked for last is found without a walk from the start.
   [[nodiscard]] std::size_t offsetOf(std::size_t character) const;
-  /// For an owner that nobody shares it with.
+  /// Only while nobody else holds the text.
   void append(std::string_view more);
 
 private:
   Heap& heap_;
   std::string value_;
   mutable std::size_t length_ = std::string::npos; ///< npos while not counted
-  struct Place {
+  struct Position {
     std::size_t character = 0;
     std::size_t offset = 0;
   };
-  mutable Place place_; ///< that was asked for last
+  mutable Position last_; ///< that was asked for
 };
 
 class List final : public Container {
@@ -54,11 +54,11 @@ private:
   std::vector<Value> values_;
 };
 
-/// Labels, in lower case, with values, in the order in which they came.
+/// Values with labels, in the order in which they were added.
 class Record final : public Container {
 public:
   static constexpr ValueKind valueKind = ValueKind::record;
-  using Entry = std::pair<const std::string*, Value>; ///< the label is a symbol
+  using Entry = std::pair<const std::string*, Value>; ///< the label is a symbol (see Value.h)
   Record(Heap& heap, std::vector<Entry> entries);
   ~Record() override;
   void empty() override;
@@ -66,13 +66,14 @@ public:
   [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
   /// Null without such a label.
   [[nodiscard]] const Value* find(const std::string* label) const;
+  /// Replaces the value of that label, or adds one.
   void set(const std::string* label, Value value);
 
 private:
   std::vector<Entry> entries_;
 };
 
-/// Seconds since 2001-01-01 00:00 of the local calendar; scripts may set its parts.
+/// Seconds since 2001-01-01 00:00 of the local calendar; scripts may set its components.
 class Date final : public Object {
 public:
   static constexpr ValueKind valueKind = ValueKind::date;
@@ -80,7 +81,7 @@ public:
   double seconds;
 };
 
-/// A file by its POSIX path; an alias is one that existed when it was named.
+/// A file by its POSIX path; an alias is one that was there when the script named it.
 class File final : public Object {
 public:
   static constexpr ValueKind valueKind = ValueKind::file;
