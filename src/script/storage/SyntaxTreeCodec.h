@@ -9,7 +9,7 @@ namespace tavrel::script {
 
 /// The compiled form of a script: its syntax tree as bytes. Each node is its kind (a byte), its
 /// span, its number when it has one, its text and its children with their counts, one after the
-/// other. The values of NodeKind are part of this form: new kinds go to the end.
+/// other. The order of NodeKind is part of this form.
 [[nodiscard]] Bytes encodeTree(const Node& tree);
 
 /// The tree back; nothing for bytes that encodeTree never makes: cut short, with unknown kinds,

@@ -9,7 +9,8 @@ namespace tavrel::script {
 
 /// The kinds of nodes. The comment of each tells what the text of the node is, if it has one, then,
 /// behind a semicolon, its children in order: `x?` may be a node of kind `none`, and `x*` is any
-/// number of them. Compiled scripts hold these values, so new kinds go to the end.
+/// number of them. Compiled scripts hold these values: a new kind put among the others would give
+/// those made before another meaning.
 enum class NodeKind : std::uint8_t {
   none,
   // Values
@@ -45,7 +46,7 @@ enum class NodeKind : std::uint8_t {
   someElement,    ///< class; container?
   filter,         ///< class; container?, condition
   insertionPoint, ///< beginning or end; container?
-  // Calls; an absent direct parameter is of kind `none`
+  // Calls
   call,         ///< handler name; target?, argument*
   labelledCall, ///< handler name; target?, direct?, entry*
   command,      ///< command name; direct?, entry*
