@@ -34,7 +34,7 @@ printf '[Desktop Entry]\nType=Application\nName=Tavrel\nExec="%s"\n' "$program" 
 printf '#!/bin/sh\necho "$*" >>"$HOME/asked"\n[ ! -e "$HOME/refuse" ] || exit 126\nexec "$@"\n' >"$HOME/bin/pkexec"
 chmod +x "$HOME/bin/pkexec"
 export PATH=$HOME/bin:$PATH XDG_CONFIG_DIRS=$prefix/etc/xdg \
-  XDG_DATA_DIRS=$prefix/share:/usr/local/share:/usr/share TAVREL_RESOURCES=$prefix/share/tavrel \
+  XDG_DATA_DIRS=$prefix/share:$XDG_DATA_DIRS TAVREL_RESOURCES=$prefix/share/tavrel \
   QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 unset PKEXEC_UID
 
