@@ -47,14 +47,33 @@ click_window() {
   xdotool mousemove $((x + w / 2)) $((y + h / 2)) click 1
 }
 
-# Whether a menu of the program is on the screen: the tray's icon is no child of the root window.
-menu_open() {
+# The levels of the program's menu that are on the screen, by id: the tray's icon is no child of the
+# root window.
+menu_windows() {
   local id
   for id in $(xwininfo -root -children | awk '/\("tavrel" "[Tt]avrel"\)/ { print $1 }'); do
-    xwininfo -id "$id" | grep -q 'Map State: IsViewable' && return 0
+    if xwininfo -id "$id" | grep -q 'Map State: IsViewable'; then echo "$id"; fi
   done
-  return 1
 }
+menu_open() { menu_windows | grep -q .; }
+
+# A menu is on the screen before it is painted. remember_screen, then what changes the menu, then
+# wait_for 20 "..." menu_painted: its place shows something else than before, in the many colours of
+# text, and the same as at the look before.
+remember_screen() {
+  rm -f "$TAVREL_DESKTOP"/{menu,last}.png
+  import -silent -window root "$TAVREL_DESKTOP/before.png"
+}
+menu_painted() {
+  local place looks=$TAVREL_DESKTOP
+  place=$(xwininfo -id "$(menu_windows | head -n 1)" | awk '/Absolute upper-left/ { at = at "+" $NF }
+    /Width:/ { size = $NF } /Height:/ { size = size "x" $NF } END { print size at }')
+  [ ! -e "$looks/menu.png" ] || mv "$looks/menu.png" "$looks/last.png"
+  import -silent -window root -crop "$place" +repage "$looks/menu.png"
+  convert "$looks/before.png" -crop "$place" +repage "$looks/beneath.png"
+  [ "$(identify -format %k "$looks/menu.png")" -ge 8 ] && ! same_picture menu beneath && same_picture menu last
+}
+same_picture() { [ "$(compare -metric AE "$TAVREL_DESKTOP/$1.png" "$TAVREL_DESKTOP/$2.png" null: 2>&1)" = 0 ]; }
 
 # open_menu WHAT: by a double tap of Control, as a person does it; again when the machine was too busy
 # to see the two taps in time.
@@ -79,13 +98,7 @@ no_menu_open() { ! menu_open; }
 window_named() { xdotool search --onlyvisible --name "$1" 2>/dev/null | grep -q .; }
 
 # levels COUNT: whether so many levels of the menu are on the screen.
-levels() {
-  local count=0 id
-  for id in $(xwininfo -root -children | awk '/\("tavrel" "[Tt]avrel"\)/ { print $1 }'); do
-    xwininfo -id "$id" | grep -q 'Map State: IsViewable' && count=$((count + 1))
-  done
-  [ "$count" = "$1" ]
-}
+levels() { [ "$(menu_windows | wc -l)" = "$1" ]; }
 
 # active_class TEXT: whether a window of such a class has the keyboard.
 active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
