@@ -49,6 +49,8 @@ TEST_F(Application, TheLongVersionIsReadAnewEachTime) {
   EXPECT_EQ(application.longVersion(), std::nullopt);
   desktop.bundle.control.information["CFBundleGetInfoString"] = "Tavrel 1";
   EXPECT_EQ(application.longVersion(), "Tavrel 1");
+  desktop.bundle.control.information["CFBundleGetInfoString"] = "Tavrel 2";
+  EXPECT_EQ(application.longVersion(), "Tavrel 2");
 }
 
 TEST_F(Application, AnEmptyPasteboardIsAnUnknownObject) {
