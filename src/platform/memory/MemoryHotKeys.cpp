@@ -7,6 +7,8 @@ namespace tavrel {
 
 HotKeyRegistration MemoryHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                                  EventHotKeyID id) {
+  if (control.onRegister)
+    control.onRegister();
   char line[64];
   std::snprintf(line, sizeof line, "register %u 0x%X", keyCode, modifiers);
   control.log.emplace_back(line);

@@ -2,6 +2,7 @@
 
 #include "platform/HotKeys.h"
 
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -22,6 +23,7 @@ public:
     std::vector<Registered> registered;                        ///< now, in order of registration
     std::set<std::pair<std::uint32_t, std::uint32_t>> refused; ///< key code and modifiers
     bool refusesToUnregister = false;                          ///< and keeps the key
+    std::function<void()> onRegister;                          ///< before each registration
     std::vector<std::string> log; ///< each call, as "register 8 0x100", "unregister 1"
   };
   Control control;

@@ -151,6 +151,15 @@ TEST_F(Launch, TheStatusItemShowsTheMenuThatTheControllerPrepares) {
   EXPECT_EQ(state.statusMenu.delegate, &controller);
 }
 
+TEST_F(Launch, TheStatusItemIsThereBeforeTheFirstHotKey) {
+  std::vector<std::size_t> items;
+  desktop.hotKeys.control.onRegister = [&] {
+    items.push_back(desktop.statusBar.control.items.size());
+  };
+  controller.applicationWillFinishLaunching();
+  EXPECT_THAT(items, ::testing::ElementsAre(1)) << "the hot key of the pop-up";
+}
+
 TEST_F(Launch, ThePanelIsUnseen) {
   controller.applicationWillFinishLaunching();
   EXPECT_FALSE(state.popupPanel.visible);
@@ -191,6 +200,17 @@ TEST_F(Launch, TheControllerTakesItsStatusItemWithIt) {
     EXPECT_EQ(desktop.statusBar.control.items.size(), 1U);
   }
   EXPECT_TRUE(desktop.statusBar.control.items.empty());
+}
+
+TEST_F(Launch, TheControllerProvidesServicesForAsLongAsItLives) {
+  {
+    TVController another(application);
+    another.applicationWillFinishLaunching();
+    EXPECT_EQ(desktop.services.control.provider, nullptr);
+    another.applicationDidFinishLaunching();
+    EXPECT_EQ(desktop.services.control.provider, &another);
+  }
+  EXPECT_EQ(desktop.services.control.provider, nullptr);
 }
 
 TEST_F(Launch, TheControllerTakesTheSharedIconsWithIt) {
