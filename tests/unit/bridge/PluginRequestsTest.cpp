@@ -127,6 +127,17 @@ TEST_F(PluginRequests, AFolderWithoutPathFinderIsOpenedAsItWasSent) {
   EXPECT_THAT(opened, ElementsAre("/f/."));
 }
 
+TEST_F(PluginRequests, AnAliasOfAFolderOpensInTheFolderOpenerAsItWasSent) {
+  desktop.files.control.addFolder("/f");
+  desktop.files.control.addAlias("/alias", "/f");
+  set(TVR_OpenWithPathFinder, true);
+  desktop.preferences.synchronize(preferenceDomain);
+  post("openWithPathFinder", {{"path", "/alias"}});
+  EXPECT_THAT(sources, ElementsAre(ours(
+                           "tell application \"Path Finder\" to open \"/alias\" as POSIX file")));
+  EXPECT_THAT(opened, IsEmpty());
+}
+
 TEST_F(PluginRequests, AnApplicationBundleIsLaunchedAndNotBrowsed) {
   desktop.files.control.addPackage("/Applications/A.app");
   set(TVR_OpenWithPathFinder, true);
