@@ -5,6 +5,7 @@
 #include "platform/linux/processes/ProcessFacts.h"
 
 #include <algorithm>
+#include <unistd.h>
 #include <utility>
 
 namespace tavrel {
@@ -12,6 +13,9 @@ namespace tavrel {
 namespace {
 
 constexpr int flavorWithWindows = 2;
+/// By which the core knows that this very program is in front, whatever its file is called and
+/// wherever it was installed.
+constexpr const char* ownName = "Tavrel";
 
 ProcessSerialNumber serialOf(const WindowFacts& facts) {
   if (facts.pid > 0)
@@ -50,6 +54,11 @@ std::optional<RunningApplication> LinuxApplications::ownerOf(WindowId window,
 
 bool LinuxApplications::describe(RunningApplication& application, const WindowFacts& facts,
                                  const FileManagers& managers) {
+  if (facts.pid == ::getpid()) {
+    application.name = ownName;
+    application.path = rolesFolder_ + "/" + ownName + ".desktop";
+    return false;
+  }
   const std::string executable = executableOf(facts.pid);
   const InstalledApplication* known = applicationOf(facts, executable, registry_);
   if (known == nullptr) {

@@ -6,7 +6,9 @@
 
 #include <QCoreApplication>
 #include <QProcess>
+#include <QWidget>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 namespace tavrel {
 namespace {
@@ -116,6 +118,22 @@ TEST_F(LinuxApplicationsTest, AnApplicationWithoutAnEntryIsKnownByItsProgram) {
   EXPECT_EQ(active.processIdentifier, pid);
   EXPECT_EQ(active.path, TAVREL_WINDOW_APPLICATION);
   EXPECT_EQ(active.name, fs::path(TAVREL_WINDOW_APPLICATION).filename());
+}
+
+// The core captures nothing from the application of this very name.
+TEST_F(LinuxApplicationsTest, ThisProgramIsInFrontUnderTheNameThatTheCoreKnowsItBy) {
+  QWidget window;
+  window.show();
+  const ProcessSerialNumber self{0, static_cast<std::uint32_t>(::getpid())};
+  ASSERT_TRUE(world.eventually([&] { return world.applications().bringToFront(self); }));
+  ASSERT_TRUE(world.eventually([&] {
+    const auto active = world.applications().active();
+    return active && active->serialNumber == self;
+  }));
+  const auto active = world.applications().active();
+  EXPECT_EQ(active->name, "Tavrel");
+  EXPECT_EQ(fs::path(active->path.value_or("")).stem(), "Tavrel");
+  EXPECT_TRUE(fs::exists(TAVREL_RESOURCES "/roles/Tavrel.desktop"));
 }
 
 TEST_F(LinuxApplicationsTest, AnApplicationOfManyWindowsIsListedOnce) {
