@@ -1,53 +1,35 @@
 #include "platform/linux/files/DistantMounts.h"
 
-#include "platform/linux/files/MountPoints.h"
-#include "platform/linux/system/FileDescriptor.h"
+#include "platform/linux/files/MountTable.h"
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <climits>
 #include <deque>
 #include <fcntl.h>
-#include <memory>
-#include <mutex>
-#include <poll.h>
+#include <linux/openat2.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace tavrel {
 
 namespace {
 
-using namespace std::chrono_literals;
 using Points = std::set<std::string>;
 constexpr int mostLinks = 40; // as the kernel has it
 
-/// The distant mount points, read again when the kernel says that anything was mounted. It is asked
-/// a thousand times a second at most: a file's kind costs little more than such a question.
-class MountTable {
-public:
-  std::shared_ptr<const Points> points() {
-    const std::lock_guard lock(mutex_);
-    const auto now = std::chrono::steady_clock::now();
-    if (points_ && now < fresh_)
-      return points_;
-    fresh_ = now + 1ms;
-    pollfd changes{table_.get(), POLLPRI, 0};
-    if (!points_ || !table_.isOpen() || ::poll(&changes, 1, 0) != 0)
-      points_ = std::make_shared<const Points>(distantMountPoints());
-    return points_;
-  }
+enum class Links { mayBeThere, none };
 
-private:
-  std::mutex mutex_;
-  FileDescriptor table_{::open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)};
-  std::shared_ptr<const Points> points_;
-  std::chrono::steady_clock::time_point fresh_;
-};
-
-std::shared_ptr<const Points> distantPointsNow() {
-  static MountTable& table = *new MountTable; // threads may ask until the very end
-  return table.points();
+/// Answered by what the kernel remembers alone: it asks no file system, and does not wait.
+Links linksOnTheWay(const std::string& path, FinalLink link) {
+  open_how how{};
+  how.flags = O_PATH | O_CLOEXEC | (link == FinalLink::keep ? O_NOFOLLOW : 0);
+  how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_CACHED;
+  const long file = ::syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how);
+  if (file < 0)
+    return Links::mayBeThere;
+  ::close(static_cast<int>(file));
+  return Links::none;
 }
 
 /// Of the thing at the path itself; nothing when it is no symbolic link.
@@ -58,20 +40,26 @@ std::optional<std::string> textOfLink(const std::string& path) {
                     : std::optional(std::string(text.data(), static_cast<std::size_t>(length)));
 }
 
+bool leadsThrough(std::string_view path, std::string_view point) {
+  return path.starts_with(point) && (path.size() == point.size() || path[point.size()] == '/');
+}
+
 /// Walks a path as the kernel does, one component at a time.
 class Walk {
 public:
-  Walk(std::string_view path, const Points& points) : points_(points) { putAhead(path); }
+  Walk(std::string_view path, Links links, const DistantPointsNow& pointsNow)
+      : links_(links), pointsNow_(pointsNow), points_(pointsNow()) {
+    putAhead(path);
+  }
 
   /// The distant mount point that the walk comes to.
   std::optional<std::string> run(FinalLink link) {
     while (!ahead_.empty()) {
       step();
-      if (points_.contains(walked_))
-        return innermostAhead();
+      if (auto point = pointHere(); !point.empty())
+        return innermostAhead(std::move(point));
       const bool follow = link == FinalLink::follow || !ahead_.empty();
-      const auto target = follow ? textOfLink(walked_) : std::nullopt;
-      if (target && !turn(*target))
+      if (follow && links_ == Links::mayBeThere && !followLink())
         break;
     }
     return std::nullopt;
@@ -99,37 +87,59 @@ private:
       walked_.append("/").append(next);
   }
 
-  bool turn(const std::string& target) {
-    target.starts_with('/') ? walked_.clear() : goUp();
-    putAhead(target);
-    return ++links_ <= mostLinks;
+  /// False when there are too many.
+  bool followLink() {
+    const auto target = textOfLink(walked_);
+    if (!target)
+      return true;
+    target->starts_with('/') ? walked_.clear() : goUp();
+    putAhead(*target);
+    return ++turns_ <= mostLinks;
+  }
+
+  /// The innermost on the way so far, which something may have been mounted on meanwhile; empty for
+  /// none. Where no link is to be read nothing is touched, and it is not asked again.
+  std::string pointHere() {
+    if (links_ == Links::mayBeThere)
+      points_ = pointsNow_();
+    std::string innermost; // in the order of names the longer one comes last
+    for (const std::string& point : *points_)
+      if (leadsThrough(walked_, point))
+        innermost = point;
+    return innermost;
   }
 
   /// One may be mounted on another, and be well where the other is not.
-  std::string innermostAhead() {
-    std::string point = walked_;
+  std::string innermostAhead(std::string point) {
     while (!ahead_.empty()) {
       step();
-      if (points_.contains(walked_))
+      if (points_->contains(walked_))
         point = walked_;
     }
     return point;
   }
 
-  const Points& points_;
+  const Links links_;
+  const DistantPointsNow& pointsNow_;
+  std::shared_ptr<const Points> points_;
   std::string walked_; ///< free of links; empty for the root
   std::deque<std::string> ahead_;
-  int links_ = 0;
+  int turns_ = 0;
 };
 
 } // namespace
 
-std::optional<std::string> distantMountOf(const std::string& path, FinalLink link) {
-  const auto points = distantPointsNow();
-  if (points->empty() || !path.starts_with('/') || path.find('\0') != std::string::npos)
+std::optional<std::string> distantMountOf(const std::string& path, FinalLink link,
+                                          const DistantPointsNow& pointsNow) {
+  if (pointsNow()->empty() || !path.starts_with('/') || path.find('\0') != std::string::npos)
     return std::nullopt;
   const bool followsAnyway = path.ends_with('/') || path.ends_with("/."); // as the kernel does
-  return Walk(path, *points).run(followsAnyway ? FinalLink::follow : link);
+  const FinalLink end = followsAnyway ? FinalLink::follow : link;
+  return Walk(path, linksOnTheWay(path, end), pointsNow).run(end);
+}
+
+std::optional<std::string> distantMountOf(const std::string& path, FinalLink link) {
+  return distantMountOf(path, link, distantPointsNow);
 }
 
 } // namespace tavrel

@@ -38,17 +38,8 @@ std::string lowerCaseExtension(std::string_view path) {
   return result;
 }
 
-std::optional<FileStatus> statusNow(const std::string& path, FinalLink link) {
-  struct statx status = {};
-  const int flags = link == FinalLink::keep ? AT_SYMLINK_NOFOLLOW : 0;
-  constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
-  if (::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)
-    return std::nullopt;
-  return FileStatus{status.stx_mode, static_cast<std::size_t>(status.stx_size)};
-}
-
 bool holdsAppRun(const std::string& directory) {
-  return ::access((directory + "/AppRun").c_str(), F_OK) == 0;
+  return fileStatus(directory + "/AppRun", FinalLink::follow).has_value(); // may be a link, too
 }
 
 ItemKind kindOfDirectory(const std::string& path) {
@@ -99,10 +90,19 @@ ItemKind kindOfFile(const std::string& path, const FileStatus& status) {
 } // namespace
 
 std::optional<FileStatus> fileStatus(const std::string& path, FinalLink link) {
+  return askPatiently(path, link, std::optional<FileStatus>(),
+                      [path, link] { return fileStatusNow(path, link); });
+}
+
+std::optional<FileStatus> fileStatusNow(const std::string& path, FinalLink link) {
   if (path.empty() || path.find('\0') != std::string::npos)
     return std::nullopt;
-  return askPatiently(path, link, std::optional<FileStatus>(),
-                      [path, link] { return statusNow(path, link); });
+  struct statx status = {};
+  const int flags = link == FinalLink::keep ? AT_SYMLINK_NOFOLLOW : 0;
+  constexpr unsigned int wanted = STATX_TYPE | STATX_MODE | STATX_SIZE;
+  if (::statx(AT_FDCWD, path.c_str(), flags, wanted, &status) != 0)
+    return std::nullopt;
+  return FileStatus{status.stx_mode, static_cast<std::size_t>(status.stx_size)};
 }
 
 ItemKind itemKind(const std::string& path, const FileStatus& status) {

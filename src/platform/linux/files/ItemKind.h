@@ -31,6 +31,9 @@ struct FileStatus {
 /// answer in time.
 [[nodiscard]] std::optional<FileStatus> fileStatus(const std::string& path, FinalLink link);
 
+/// The same without a timeout: for what a bounded question asks as a part of it.
+[[nodiscard]] std::optional<FileStatus> fileStatusNow(const std::string& path, FinalLink link);
+
 /// The kind of a thing whose status is known. Opens a file only when extension and mode do not
 /// decide, and never a pipe or a device.
 [[nodiscard]] ItemKind itemKind(const std::string& path, const FileStatus& status);

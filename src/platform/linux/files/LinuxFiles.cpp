@@ -47,7 +47,7 @@ std::optional<std::string> entryName(const std::string& path) {
 
 bool isApplicationFolder(const std::string& path) {
   const auto status =
-      pathExtension(path) == "app" ? fileStatus(path, FinalLink::follow) : std::nullopt;
+      pathExtension(path) == "app" ? fileStatusNow(path, FinalLink::follow) : std::nullopt;
   return status && S_ISDIR(status->mode);
 }
 
@@ -71,7 +71,7 @@ std::optional<std::string> aliasTarget(const std::string& path) {
 }
 
 FileKind kindNow(const std::string& path) {
-  const auto status = fileStatus(path, FinalLink::follow);
+  const auto status = fileStatusNow(path, FinalLink::follow);
   if (!status)
     return FileKind::none;
   if (!S_ISDIR(status->mode))
@@ -91,7 +91,7 @@ std::vector<std::string> namesNow(const std::string& path) {
 }
 
 std::optional<ItemKind> itemKindNow(const std::string& path, FinalLink link) {
-  const auto status = fileStatus(path, link);
+  const auto status = fileStatusNow(path, link);
   return status ? std::optional(itemKind(path, *status)) : std::nullopt;
 }
 

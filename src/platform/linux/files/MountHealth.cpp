@@ -114,8 +114,12 @@ bool isAnsweredInTime(const std::string& mountPoint, std::function<void()> quest
   return mountHealth().isAnsweredInTime(mountPoint, std::move(question));
 }
 
+std::optional<std::string> doubtfulMountOf(const std::string& path, FinalLink link) {
+  return mayWaitForEver() ? std::nullopt : distantMountOf(path, link);
+}
+
 bool fileSystemAnswers(const std::string& path) {
-  const auto point = mayWaitForEver() ? std::nullopt : distantMountOf(path, FinalLink::follow);
+  const auto point = doubtfulMountOf(path, FinalLink::follow);
   if (!point || mountHealth().wasWellLately(*point))
     return true;
   return isAnsweredInTime(*point, [point = *point] {

@@ -22,18 +22,26 @@ namespace tavrel {
 /// Whether the calling thread may wait as long as it takes.
 [[nodiscard]] bool mayWaitForEver();
 
+/// Where a path leads to that the calling thread must not wait for.
+[[nodiscard]] std::optional<std::string> doubtfulMountOf(const std::string& path, FinalLink link);
+
+/// The answer to a question about a path that leads to the mount point; `otherwise` when it does
+/// not come in time. The question holds all that it uses: it is run in another thread.
+template <class Answer, class Question>
+[[nodiscard]] Answer askAt(const std::string& mountPoint, Answer otherwise, Question question) {
+  auto answer = std::make_shared<std::optional<Answer>>();
+  const bool answered = isAnsweredInTime(
+      mountPoint, [answer, question = std::move(question)] { answer->emplace(question()); });
+  return answered ? *std::move(*answer) : std::move(otherwise);
+}
+
 /// The answer to a question about a path; `otherwise` when its file system does not give it in
 /// time. The question holds all that it uses: it is run in another thread for a distant path.
 template <class Answer, class Question>
 [[nodiscard]] Answer askPatiently(const std::string& path, FinalLink link, Answer otherwise,
                                   Question question) {
-  const auto point = mayWaitForEver() ? std::nullopt : distantMountOf(path, link);
-  if (!point)
-    return question();
-  auto answer = std::make_shared<std::optional<Answer>>();
-  const bool answered = isAnsweredInTime(
-      *point, [answer, question = std::move(question)] { answer->emplace(question()); });
-  return answered ? *std::move(*answer) : std::move(otherwise);
+  const auto point = doubtfulMountOf(path, link);
+  return point ? askAt(*point, std::move(otherwise), std::move(question)) : question();
 }
 
 } // namespace tavrel

@@ -45,8 +45,8 @@ std::string realPath(const std::string& path) {
 std::string SymbolicLinks::resolved(std::string path) {
   if (path.find('\0') != std::string::npos)
     return path;
-  if (!mayWaitForEver() && distantMountOf(path, FinalLink::follow))
-    return askPatiently(path, FinalLink::follow, path, [path] { return realPath(path); });
+  if (const auto point = doubtfulMountOf(path, FinalLink::follow))
+    return askAt(*point, path, [path] { return realPath(path); });
   return isWithoutLinks(path) ? path : realPath(path);
 }
 
