@@ -1,6 +1,7 @@
 #include "platform/linux/applications/ApplicationRegistry.h"
 
-#include "platform/linux/system/BoundedFile.h"
+#include "platform/linux/files/MountHealth.h"
+#include "platform/linux/files/PatientFile.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -16,13 +17,22 @@ namespace {
 constexpr int deepestFolder = 8; // menus of desktops nest two deep at most
 constexpr std::size_t largestList = std::size_t{1} << 20;
 
+/// Other machines' folders are no part of the one that is looked through. What is a folder is known
+/// from the listing, without a look at it.
+bool isBarred(const fs::recursive_directory_iterator& at) {
+  std::error_code ignored;
+  const bool folder = !at->is_symlink(ignored) && at->is_directory(ignored);
+  return folder && (at.depth() >= deepestFolder ||
+                    doubtfulMountOf(at->path().string(), FinalLink::keep).has_value());
+}
+
 std::vector<std::string> entriesUnder(const std::string& folder) {
   std::vector<std::string> result;
   std::error_code error;
   fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied,
                                       error); // follows no links: those may lead anywhere
   for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
-    if (at.depth() >= deepestFolder)
+    if (isBarred(at))
       at.disable_recursion_pending();
     if (at->path().extension() == ".desktop")
       result.push_back(at->path().string());
@@ -47,6 +57,11 @@ const std::vector<std::string>& idsFor(const MimeAppsList::Choices& all, std::st
   return found == all.end() ? none : found->second;
 }
 
+std::vector<std::string> entriesIn(const std::string& folder) {
+  return askPatiently(folder, FinalLink::follow, std::vector<std::string>(),
+                      [folder] { return entriesUnder(folder); });
+}
+
 } // namespace
 
 void ApplicationRegistry::refresh() {
@@ -61,24 +76,31 @@ void ApplicationRegistry::refresh() {
   readLists();
 }
 
-ApplicationRegistry::CachedEntry ApplicationRegistry::readEntry(const std::string& path) const {
+std::optional<ApplicationRegistry::Stamp> ApplicationRegistry::stampNow(const std::string& path) {
   struct stat status = {};
   if (::stat(path.c_str(), &status) != 0)
+    return std::nullopt;
+  return Stamp{status.st_ino, status.st_size,
+               status.st_mtim.tv_sec * 1'000'000'000 + status.st_mtim.tv_nsec};
+}
+
+ApplicationRegistry::CachedEntry ApplicationRegistry::readEntry(const std::string& path) const {
+  const auto stamp = askPatiently(path, FinalLink::follow, std::optional<Stamp>(),
+                                  [path] { return stampNow(path); });
+  if (!stamp)
     return {};
-  const Stamp stamp{status.st_ino, status.st_size,
-                    status.st_mtim.tv_sec * 1'000'000'000 + status.st_mtim.tv_nsec};
   const auto known = cache_.find(path);
-  if (known != cache_.end() && known->second.stamp == stamp)
+  if (known != cache_.end() && known->second.stamp == *stamp)
     return known->second;
-  std::optional<DesktopEntry> entry = loadDesktopEntry(path);
+  std::optional<DesktopEntry> entry = loadEntryPatiently(path);
   if (!entry || entry->type() != "Application")
-    return {stamp, nullptr};
-  return {stamp, std::make_shared<const DesktopEntry>(std::move(*entry))};
+    return {*stamp, nullptr};
+  return {*stamp, std::make_shared<const DesktopEntry>(std::move(*entry))};
 }
 
 void ApplicationRegistry::readFolder(std::size_t dataFolder, Cache& current) {
   const std::string folder = xdg_.data[dataFolder] + "/applications";
-  for (const std::string& path : entriesUnder(folder)) {
+  for (const std::string& path : entriesIn(folder)) {
     const CachedEntry& cached = current[path] = readEntry(path);
     const std::string id = idOf(folder, path);
     if (cached.entry && byId_.try_emplace(id, nullptr).second && !cached.entry->hidden())
@@ -89,7 +111,7 @@ void ApplicationRegistry::readFolder(std::size_t dataFolder, Cache& current) {
 void ApplicationRegistry::readLists() {
   lists_.clear();
   for (MimeAppsFile& file : mimeAppsFiles(xdg_))
-    if (const auto text = readFile(file.path, largestList))
+    if (const auto text = readFilePatiently(file.path, largestList))
       lists_.emplace_back(std::move(file), parseMimeAppsList(*text));
 }
 

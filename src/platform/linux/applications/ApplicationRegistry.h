@@ -54,6 +54,7 @@ private:
   };
   using Cache = std::map<std::string, CachedEntry>; ///< by path
 
+  [[nodiscard]] static std::optional<Stamp> stampNow(const std::string& path);
   [[nodiscard]] CachedEntry readEntry(const std::string& path) const;
   void readFolder(std::size_t dataFolder, Cache& current);
   void readLists();

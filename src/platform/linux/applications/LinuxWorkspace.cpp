@@ -4,6 +4,7 @@
 #include "base/Url.h"
 #include "platform/linux/applications/FileManagerRoles.h"
 #include "platform/linux/files/MountHealth.h"
+#include "platform/linux/files/PatientFile.h"
 #include "platform/linux/installation/ThisInstallation.h"
 #include "platform/linux/places/NetworkPlaces.h"
 #include "platform/linux/processes/ProgramSearch.h"
@@ -112,11 +113,6 @@ OpenTarget inspect(const std::string& path) {
   return askPatiently(path, FinalLink::follow, unanswered, [path] { return inspectNow(path); });
 }
 
-std::optional<DesktopEntry> entryAt(const std::string& path) {
-  return askPatiently(path, FinalLink::follow, std::optional<DesktopEntry>(),
-                      [path] { return loadDesktopEntry(path); });
-}
-
 } // namespace
 
 bool LinuxWorkspace::openFile(const std::string& path) {
@@ -167,7 +163,7 @@ LinuxWorkspace::Refusal LinuxWorkspace::openWithHandler(const std::vector<std::s
 
 LinuxWorkspace::Refusal LinuxWorkspace::openEntry(const std::string& path,
                                                   const std::vector<std::string>& urls) {
-  const std::optional<DesktopEntry> entry = entryAt(path);
+  const std::optional<DesktopEntry> entry = loadEntryPatiently(path);
   if (!entry)
     return "not a desktop entry";
   if (entry->type() == "Application")
@@ -180,7 +176,7 @@ LinuxWorkspace::Refusal LinuxWorkspace::openEntry(const std::string& path,
   if (!isEntry(*target))
     return open(*target);
   // A link to a link is not followed: it may lead in a circle.
-  const std::optional<DesktopEntry> end = entryAt(*target);
+  const std::optional<DesktopEntry> end = loadEntryPatiently(*target);
   return end && end->type() == "Application" ? launch(*end, *target, urls)
                                              : Refusal("links to another link");
 }

@@ -1,5 +1,6 @@
 #include "platform/linux/images/FileIcons.h"
 
+#include "platform/linux/files/MountHealth.h"
 #include "platform/linux/images/ImageContents.h"
 
 #include <QIcon>
@@ -20,7 +21,8 @@ QIcon firstInTheme(const QStringList& names) {
 } // namespace
 
 Image FileIcons::find(const std::string& path) {
-  return imageFor(readFileIconFacts(path, *folders()));
+  const auto question = [path, folders = folders()] { return readFileIconFacts(path, *folders); };
+  return imageFor(askPatiently(path, FinalLink::follow, FileIconFacts{}, question));
 }
 
 void FileIcons::request(const std::string& path, std::function<void(Image)> found,

@@ -1,7 +1,8 @@
 #include "platform/linux/places/RecentUsesFile.h"
 
 #include "platform/linux/files/ItemKind.h"
-#include "platform/linux/system/BoundedFile.h"
+#include "platform/linux/files/MountHealth.h"
+#include "platform/linux/files/PatientFile.h"
 
 #include <QLoggingCategory>
 
@@ -25,12 +26,20 @@ std::int64_t nowInNanoseconds() {
   return inNanoseconds(now);
 }
 
+std::optional<struct stat> statusNow(const std::string& path) {
+  using Status = std::optional<struct stat>;
+  return askPatiently(path, FinalLink::follow, Status(), [path] {
+    struct stat status = {};
+    return ::stat(path.c_str(), &status) == 0 ? Status(status) : std::nullopt;
+  });
+}
+
 } // namespace
 
 std::vector<RecentUse> readRecentUses(const std::string& path) {
   if (!fileStatus(path, FinalLink::follow))
     return {};
-  const auto text = readFile(path, largestBookmarks);
+  const auto text = readFilePatiently(path, largestBookmarks);
   RecentUses found =
       text ? parseRecentUses(*text) : RecentUses{{}, "cannot be read or is too large"};
   if (!found.problem.empty())
@@ -51,14 +60,15 @@ const std::vector<RecentUse>& CachedRecentUses::read(const std::string& path) {
 /// Nothing for a file that changed within the last 0.1 s: the time stamps of file systems are
 /// coarse, so that another change could leave them as they are.
 std::optional<CachedRecentUses::Version> CachedRecentUses::stableVersion(const std::string& path) {
-  struct stat status = {};
-  if (::stat(path.c_str(), &status) != 0)
+  const auto status = statusNow(path);
+  if (!status)
     return std::nullopt;
-  const std::int64_t changed = inNanoseconds(status.st_ctim);
+  const std::int64_t changed = inNanoseconds(status->st_ctim);
   if (nowInNanoseconds() - changed < nanosecondsPerSecond / 10)
     return std::nullopt;
-  return Version{static_cast<std::int64_t>(status.st_dev), static_cast<std::int64_t>(status.st_ino),
-                 status.st_size, inNanoseconds(status.st_mtim), changed};
+  return Version{static_cast<std::int64_t>(status->st_dev),
+                 static_cast<std::int64_t>(status->st_ino), status->st_size,
+                 inNanoseconds(status->st_mtim), changed};
 }
 
 } // namespace tavrel

@@ -1,5 +1,7 @@
 #include "platform/linux/processes/ProgramSearch.h"
 
+#include "platform/linux/files/MountHealth.h"
+
 #include <cstdlib>
 #include <sstream>
 #include <sys/stat.h>
@@ -10,9 +12,11 @@ namespace tavrel {
 namespace {
 
 bool isProgram(const std::string& path) {
-  struct stat status = {};
-  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-         ::access(path.c_str(), X_OK) == 0;
+  return askPatiently(path, FinalLink::follow, false, [path] {
+    struct stat status = {};
+    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+           ::access(path.c_str(), X_OK) == 0;
+  });
 }
 
 /// The user's choice first (xdg-terminal-exec, the Debian alternative), then well-known terminals;

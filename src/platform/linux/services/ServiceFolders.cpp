@@ -1,6 +1,7 @@
 #include "platform/linux/services/ServiceFolders.h"
 
 #include "base/PathString.h"
+#include "platform/linux/files/MountHealth.h"
 #include "platform/linux/processes/ProgramSearch.h"
 #include "platform/linux/system/XdgFolders.h"
 
@@ -13,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Sorted by name, so that of "X.py" and "X.sh" it is always the same one that is the service X.
-std::vector<std::string> filesIn(const std::string& folder) {
+std::vector<std::string> filesNow(const std::string& folder) {
   std::vector<std::string> files;
   std::error_code error;
   for (fs::directory_iterator each(folder, error), end; !error && each != end;
@@ -21,6 +22,11 @@ std::vector<std::string> filesIn(const std::string& folder) {
     files.push_back(each->path().string());
   std::ranges::sort(files);
   return files;
+}
+
+std::vector<std::string> filesIn(const std::string& folder) {
+  return askPatiently(folder, FinalLink::follow, std::vector<std::string>(),
+                      [folder] { return filesNow(folder); });
 }
 
 bool isServiceNamed(const std::string& file, const std::string& name) {

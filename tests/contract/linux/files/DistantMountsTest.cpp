@@ -92,5 +92,90 @@ TEST_F(MountsThatCome, OneThatComesWhileALinkIntoItsPlaceIsFollowedIsNotTouched)
   }
 }
 
+/// What a menu asks on its way to the screen, where a link leads to what never answers.
+class LinksIntoNowhere : public MountsThatCome {
+protected:
+  std::string linkAt(const std::string& name) {
+    const fs::path link = scratch_.path() / name;
+    fs::create_directories(link.parent_path());
+    fs::create_symlink(folder + "/inside", link);
+    return link.string();
+  }
+
+  template <class Question> auto answerOfTheDead(Question question) {
+    mount();
+    return answerInTime(std::move(question));
+  }
+};
+
+TEST_F(LinksIntoNowhere, AFolderWhoseProgramIsOneIsAFolder) {
+  (void)linkAt("bundle/AppRun");
+  const std::string bundle = (scratch_.path() / "bundle").string();
+  EXPECT_EQ(answerOfTheDead([&] { return LinuxFiles().kind(bundle); }), FileKind::directory);
+}
+
+TEST_F(LinksIntoNowhere, AnEntryThatIsOneIsNoApplicationAndTheOthersAre) {
+  (void)linkAt("applications/lost.desktop");
+  write(scratch_.path() / "applications/here.desktop",
+        "[Desktop Entry]\nType=Application\nName=H\n");
+  ApplicationRegistry registry({{scratch_.path().string()}, {}, {}});
+  const auto known = answerOfTheDead([&] {
+    registry.refresh();
+    return registry.applications().size();
+  });
+  EXPECT_EQ(known, 1U);
+  EXPECT_NE(registry.find("here.desktop"), nullptr);
+}
+
+TEST_F(LinksIntoNowhere, AFolderOfEntriesThatIsOneHoldsNone) {
+  (void)linkAt("data");
+  ApplicationRegistry registry({{(scratch_.path() / "data").string(), folder}, {folder}, {}});
+  const auto known = answerOfTheDead([&] {
+    registry.refresh();
+    return registry.applications().size();
+  });
+  EXPECT_EQ(known, 0U);
+}
+
+TEST_F(LinksIntoNowhere, WhatIsMountedAmongTheEntriesIsNotEntered) {
+  ASSERT_TRUE(fs::remove(folder));
+  folder = (scratch_.path() / "applications/shared").string();
+  fs::create_directories(folder);
+  ApplicationRegistry registry({{scratch_.path().string()}, {}, {}});
+  const auto known = answerOfTheDead([&] {
+    registry.refresh();
+    return registry.applications().size();
+  });
+  EXPECT_EQ(known, 0U);
+}
+
+TEST_F(LinksIntoNowhere, AListOfWhatWasUsedThatIsOneIsEmpty) {
+  const std::string list = linkAt("recently-used.xbel");
+  KeptRecentUses kept;
+  EXPECT_EQ(answerOfTheDead([&] { return kept.read(list).size(); }), 0U);
+}
+
+TEST_F(LinksIntoNowhere, AProgramThatIsOneIsMissing) {
+  const std::string program = linkAt("bin/program");
+  const auto found = answerOfTheDead([&] { return findProgram(program); });
+  ASSERT_TRUE(found);
+  EXPECT_EQ(*found, std::nullopt);
+}
+
+TEST_F(LinksIntoNowhere, AFolderOfServicesThatIsOneHoldsNone) {
+  const std::string services = linkAt("services");
+  const auto found = answerOfTheDead([&] { return findService({services}, "shout"); });
+  ASSERT_TRUE(found);
+  EXPECT_EQ(*found, std::nullopt);
+}
+
+TEST_F(LinksIntoNowhere, AFolderWhoseIconIsToldByOneHasTheUsualIcon) {
+  (void)linkAt("photos/.directory");
+  const std::string photos = (scratch_.path() / "photos").string();
+  const auto choice = answerOfTheDead([&] { return chooseIcon(photos, {}); });
+  ASSERT_TRUE(choice);
+  EXPECT_EQ(choice->themeNames.value(0), QStringLiteral("folder"));
+}
+
 } // namespace
 } // namespace tavrel
