@@ -1,7 +1,7 @@
 #include "platform/linux/applications/ApplicationRegistry.h"
 
+#include "platform/linux/files/FileWithTimeout.h"
 #include "platform/linux/files/MountHealth.h"
-#include "platform/linux/files/PatientFile.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -58,8 +58,8 @@ const std::vector<std::string>& idsFor(const MimeAppsList::Choices& all, std::st
 }
 
 std::vector<std::string> entriesIn(const std::string& folder) {
-  return askPatiently(folder, FinalLink::follow, std::vector<std::string>(),
-                      [folder] { return entriesUnder(folder); });
+  return askWithTimeout(folder, FinalLink::follow, std::vector<std::string>(),
+                        [folder] { return entriesUnder(folder); });
 }
 
 } // namespace
@@ -85,14 +85,14 @@ std::optional<ApplicationRegistry::Stamp> ApplicationRegistry::stampNow(const st
 }
 
 ApplicationRegistry::CachedEntry ApplicationRegistry::readEntry(const std::string& path) const {
-  const auto stamp = askPatiently(path, FinalLink::follow, std::optional<Stamp>(),
-                                  [path] { return stampNow(path); });
+  const auto stamp = askWithTimeout(path, FinalLink::follow, std::optional<Stamp>(),
+                                    [path] { return stampNow(path); });
   if (!stamp)
     return {};
   const auto known = cache_.find(path);
   if (known != cache_.end() && known->second.stamp == *stamp)
     return known->second;
-  std::optional<DesktopEntry> entry = loadEntryPatiently(path);
+  std::optional<DesktopEntry> entry = loadEntryWithTimeout(path);
   if (!entry || entry->type() != "Application")
     return {*stamp, nullptr};
   return {*stamp, std::make_shared<const DesktopEntry>(std::move(*entry))};
@@ -111,7 +111,7 @@ void ApplicationRegistry::readFolder(std::size_t dataFolder, Cache& current) {
 void ApplicationRegistry::readLists() {
   lists_.clear();
   for (MimeAppsFile& file : mimeAppsFiles(xdg_))
-    if (const auto text = readFilePatiently(file.path, largestList))
+    if (const auto text = readFileWithTimeout(file.path, largestList))
       lists_.emplace_back(std::move(file), parseMimeAppsList(*text));
 }
 

@@ -3,8 +3,8 @@
 #include "base/LocalUrl.h"
 #include "base/Url.h"
 #include "platform/linux/applications/FileManagerRoles.h"
+#include "platform/linux/files/FileWithTimeout.h"
 #include "platform/linux/files/MountHealth.h"
-#include "platform/linux/files/PatientFile.h"
 #include "platform/linux/installation/ThisInstallation.h"
 #include "platform/linux/places/NetworkPlaces.h"
 #include "platform/linux/processes/ProgramSearch.h"
@@ -110,7 +110,7 @@ OpenTarget inspectNow(const std::string& path) {
 OpenTarget inspect(const std::string& path) {
   OpenTarget unanswered;
   unanswered.error = std::make_error_code(std::errc::timed_out);
-  return askPatiently(path, FinalLink::follow, unanswered, [path] { return inspectNow(path); });
+  return askWithTimeout(path, FinalLink::follow, unanswered, [path] { return inspectNow(path); });
 }
 
 } // namespace
@@ -163,7 +163,7 @@ LinuxWorkspace::Refusal LinuxWorkspace::openWithHandler(const std::vector<std::s
 
 LinuxWorkspace::Refusal LinuxWorkspace::openEntry(const std::string& path,
                                                   const std::vector<std::string>& urls) {
-  const std::optional<DesktopEntry> entry = loadEntryPatiently(path);
+  const std::optional<DesktopEntry> entry = loadEntryWithTimeout(path);
   if (!entry)
     return "not a desktop entry";
   if (entry->type() == "Application")
@@ -176,7 +176,7 @@ LinuxWorkspace::Refusal LinuxWorkspace::openEntry(const std::string& path,
   if (!isEntry(*target))
     return open(*target);
   // A link to a link is not followed: it may lead in a circle.
-  const std::optional<DesktopEntry> end = loadEntryPatiently(*target);
+  const std::optional<DesktopEntry> end = loadEntryWithTimeout(*target);
   return end && end->type() == "Application" ? launch(*end, *target, urls)
                                              : Refusal("links to another link");
 }

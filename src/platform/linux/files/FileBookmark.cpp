@@ -91,8 +91,8 @@ private:
   std::optional<std::string> searchFolder(const PendingFolder& place) {
     const int most = mostNames - searchedNames_;
     const auto names =
-        askPatiently(place.folder, FinalLink::follow, std::vector<SearchedName>(),
-                     [folder = place.folder, most] { return searchedNames(folder, most); });
+        askWithTimeout(place.folder, FinalLink::follow, std::vector<SearchedName>(),
+                       [folder = place.folder, most] { return searchedNames(folder, most); });
     searchedNames_ += std::max(static_cast<int>(names.size()), 1);
     for (const SearchedName& name : names) {
       std::string path = appendingPathComponent(place.folder, name.name);
@@ -146,8 +146,8 @@ bool sameFile(const BookmarkedIdentity& a, const BookmarkedIdentity& b) {
 std::optional<BookmarkedIdentity> fileIdentity(const std::string& path) {
   if (path.find('\0') != std::string::npos)
     return std::nullopt;
-  return askPatiently(path, FinalLink::keep, std::optional<BookmarkedIdentity>(),
-                      [path] { return identityNow(path); });
+  return askWithTimeout(path, FinalLink::keep, std::optional<BookmarkedIdentity>(),
+                        [path] { return identityNow(path); });
 }
 
 Bytes bookmarkData(const FileBookmark& bookmark) {

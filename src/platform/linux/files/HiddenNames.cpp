@@ -1,7 +1,7 @@
 #include "platform/linux/files/HiddenNames.h"
 
+#include "platform/linux/files/FileWithTimeout.h"
 #include "platform/linux/files/MountHealth.h"
-#include "platform/linux/files/PatientFile.h"
 
 #include <sstream>
 
@@ -14,7 +14,7 @@ constexpr std::size_t largestHiddenList = std::size_t{1} << 20; // bytes
 
 std::set<std::string, std::less<>> readNames(std::string_view folder) {
   const std::string list = std::string(folder) + "/.hidden";
-  std::istringstream lines(readFilePatiently(list, largestHiddenList).value_or(std::string()));
+  std::istringstream lines(readFileWithTimeout(list, largestHiddenList).value_or(std::string()));
   std::set<std::string, std::less<>> names;
   for (std::string line; std::getline(lines, line);)
     names.insert(line);

@@ -90,8 +90,8 @@ ItemKind kindOfFile(const std::string& path, const FileStatus& status) {
 } // namespace
 
 std::optional<FileStatus> fileStatus(const std::string& path, FinalLink link) {
-  return askPatiently(path, link, std::optional<FileStatus>(),
-                      [path, link] { return fileStatusNow(path, link); });
+  return askWithTimeout(path, link, std::optional<FileStatus>(),
+                        [path, link] { return fileStatusNow(path, link); });
 }
 
 std::optional<FileStatus> fileStatusNow(const std::string& path, FinalLink link) {

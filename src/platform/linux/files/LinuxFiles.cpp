@@ -66,8 +66,8 @@ std::optional<std::string> aliasTargetNow(const std::string& path) {
 std::optional<std::string> aliasTarget(const std::string& path) {
   if (!hasEntryEnding(path))
     return std::nullopt;
-  return askPatiently(path, FinalLink::follow, std::optional<std::string>(),
-                      [path] { return aliasTargetNow(path); });
+  return askWithTimeout(path, FinalLink::follow, std::optional<std::string>(),
+                        [path] { return aliasTargetNow(path); });
 }
 
 FileKind kindNow(const std::string& path) {
@@ -105,14 +105,14 @@ bool LinuxFiles::exists(const std::string& path) {
 }
 
 FileKind LinuxFiles::kind(const std::string& path) {
-  return askPatiently(path, FinalLink::follow, FileKind::none, [path] { return kindNow(path); });
+  return askWithTimeout(path, FinalLink::follow, FileKind::none, [path] { return kindNow(path); });
 }
 
 std::vector<std::string> LinuxFiles::list(const std::string& path) {
   if (path.find('\0') != std::string::npos)
     return {};
-  return askPatiently(path, FinalLink::follow, std::vector<std::string>(),
-                      [path] { return namesNow(path); });
+  return askWithTimeout(path, FinalLink::follow, std::vector<std::string>(),
+                        [path] { return namesNow(path); });
 }
 
 /// Only names decide what is invisible here, so that it does not matter where a link leads.
@@ -123,8 +123,8 @@ std::vector<ListedFile> LinuxFiles::browse(const std::string& path, FinalLink) {
 std::string LinuxFiles::displayName(const std::string& path) {
   if (!hasEntryEnding(path) && pathExtension(path) != "app")
     return lastPathComponent(path);
-  return askPatiently(path, FinalLink::follow, lastPathComponent(path),
-                      [path] { return displayNameNow(path); });
+  return askWithTimeout(path, FinalLink::follow, lastPathComponent(path),
+                        [path] { return displayNameNow(path); });
 }
 
 std::string LinuxFiles::resolveSymlinks(const std::string& path) {
@@ -147,8 +147,8 @@ std::optional<std::string> LinuxFiles::resolveAlias(const std::string& path) {
 }
 
 std::optional<ItemInformation> LinuxFiles::information(const std::string& path, FinalLink link) {
-  const auto kind = askPatiently(path, link, std::optional<ItemKind>(),
-                                 [path, link] { return itemKindNow(path, link); });
+  const auto kind = askWithTimeout(path, link, std::optional<ItemKind>(),
+                                   [path, link] { return itemKindNow(path, link); });
   if (!kind)
     return std::nullopt;
   const std::uint32_t invisible = hiddenNames_.hides(path) ? itemFlag::invisible : 0;

@@ -38,8 +38,8 @@ template <class Answer, class Question>
 /// The answer to a question about a path; `otherwise` when its file system does not give it in
 /// time. The question holds all that it uses: it is run in another thread for a distant path.
 template <class Answer, class Question>
-[[nodiscard]] Answer askPatiently(const std::string& path, FinalLink link, Answer otherwise,
-                                  Question question) {
+[[nodiscard]] Answer askWithTimeout(const std::string& path, FinalLink link, Answer otherwise,
+                                    Question question) {
   const auto point = doubtfulMountOf(path, link);
   return point ? askAt(*point, std::move(otherwise), std::move(question)) : question();
 }

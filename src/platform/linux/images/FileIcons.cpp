@@ -22,7 +22,7 @@ QIcon firstInTheme(const QStringList& names) {
 
 Image FileIcons::find(const std::string& path) {
   const auto question = [path, folders = folders()] { return readFileIconFacts(path, *folders); };
-  return imageFor(askPatiently(path, FinalLink::follow, FileIconFacts{}, question));
+  return imageFor(askWithTimeout(path, FinalLink::follow, FileIconFacts{}, question));
 }
 
 void FileIcons::request(const std::string& path, std::function<void(Image)> found,

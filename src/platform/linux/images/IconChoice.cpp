@@ -1,8 +1,8 @@
 #include "platform/linux/images/IconChoice.h"
 
+#include "platform/linux/files/FileWithTimeout.h"
 #include "platform/linux/files/ItemKind.h"
 #include "platform/linux/files/LinkEntry.h"
-#include "platform/linux/files/PatientFile.h"
 #include "platform/linux/system/BoundedFile.h"
 
 #include <QDir>
@@ -37,7 +37,7 @@ void addIconKey(IconChoice& choice, const std::string& icon) {
 }
 
 IconChoice choiceForEntry(const std::string& path, const SpecialFolderIcons& folders) {
-  const auto entry = loadEntryPatiently(path);
+  const auto entry = loadEntryWithTimeout(path);
   const bool isApplication = entry && entry->type() == "Application";
   const auto target = entry ? linkTarget(*entry) : std::nullopt;
   IconChoice choice;
@@ -56,7 +56,7 @@ std::string pictureNamedInside(const QDir& bundle) {
   const auto entry =
       entries.isEmpty()
           ? std::nullopt
-          : loadEntryPatiently(QFile::encodeName(bundle.filePath(entries.front())).toStdString());
+          : loadEntryWithTimeout(QFile::encodeName(bundle.filePath(entries.front())).toStdString());
   const QString name = entry ? QString::fromStdString(entry->icon()) : QString();
   for (const char* extension : {".svg", ".png", ".xpm"})
     if (!name.isEmpty() && bundle.exists(name + QLatin1String(extension)))
@@ -89,7 +89,7 @@ IconChoice choiceForFolder(const std::string& path, const SpecialFolderIcons& fo
       {}, {QStringLiteral("folder"), QStringLiteral("inode-directory")}, GenericIcon::folder};
   if (const auto special = folders.find(path); special != folders.end())
     choice.themeNames.prepend(special->second);
-  if (const auto entry = loadEntryPatiently(path + "/.directory"))
+  if (const auto entry = loadEntryWithTimeout(path + "/.directory"))
     addIconKey(choice, entry->icon());
   return choice;
 }
@@ -145,7 +145,7 @@ IconChoice chooseIcon(const std::string& path, const SpecialFolderIcons& folders
 FileIconFacts readFileIconFacts(const std::string& path, const SpecialFolderIcons& folders) {
   FileIconFacts facts{chooseIcon(path, folders), std::nullopt};
   if (!facts.choice.picture.empty())
-    facts.picture = readFilePatiently(facts.choice.picture, largestPicture);
+    facts.picture = readFileWithTimeout(facts.choice.picture, largestPicture);
   return facts;
 }
 

@@ -2,8 +2,8 @@
 
 #include "base/PathString.h"
 #include "base/Url.h"
+#include "platform/linux/files/FileWithTimeout.h"
 #include "platform/linux/files/FolderListings.h"
-#include "platform/linux/files/PatientFile.h"
 #include "platform/linux/places/GvfsMountUrl.h"
 #include "platform/linux/places/RecentUsesFile.h"
 #include "platform/linux/system/UserFolders.h"
@@ -67,7 +67,7 @@ void addMounts(std::vector<NetworkPlace>& places) {
 /// Each line holds a URL and perhaps, after a blank, a label.
 void addBookmarks(std::vector<NetworkPlace>& places) {
   std::istringstream lines(
-      readFilePatiently(preferenceFolder() + "/gtk-3.0/bookmarks", largestBookmarkList)
+      readFileWithTimeout(preferenceFolder() + "/gtk-3.0/bookmarks", largestBookmarkList)
           .value_or(""));
   for (std::string line; std::getline(lines, line);) {
     const std::size_t blank = std::min(line.find(' '), line.size());

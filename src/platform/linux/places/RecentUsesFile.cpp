@@ -1,8 +1,8 @@
 #include "platform/linux/places/RecentUsesFile.h"
 
+#include "platform/linux/files/FileWithTimeout.h"
 #include "platform/linux/files/ItemKind.h"
 #include "platform/linux/files/MountHealth.h"
-#include "platform/linux/files/PatientFile.h"
 
 #include <QLoggingCategory>
 
@@ -28,7 +28,7 @@ std::int64_t nowInNanoseconds() {
 
 std::optional<struct stat> statusNow(const std::string& path) {
   using Status = std::optional<struct stat>;
-  return askPatiently(path, FinalLink::follow, Status(), [path] {
+  return askWithTimeout(path, FinalLink::follow, Status(), [path] {
     struct stat status = {};
     return ::stat(path.c_str(), &status) == 0 ? Status(status) : std::nullopt;
   });
@@ -39,7 +39,7 @@ std::optional<struct stat> statusNow(const std::string& path) {
 std::vector<RecentUse> readRecentUses(const std::string& path) {
   if (!fileStatus(path, FinalLink::follow))
     return {};
-  const auto text = readFilePatiently(path, largestBookmarks);
+  const auto text = readFileWithTimeout(path, largestBookmarks);
   RecentUses found =
       text ? parseRecentUses(*text) : RecentUses{{}, "cannot be read or is too large"};
   if (!found.problem.empty())

@@ -12,7 +12,7 @@ namespace tavrel {
 namespace {
 
 bool isProgram(const std::string& path) {
-  return askPatiently(path, FinalLink::follow, false, [path] {
+  return askWithTimeout(path, FinalLink::follow, false, [path] {
     struct stat status = {};
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
            ::access(path.c_str(), X_OK) == 0;

@@ -25,8 +25,8 @@ std::vector<std::string> filesNow(const std::string& folder) {
 }
 
 std::vector<std::string> filesIn(const std::string& folder) {
-  return askPatiently(folder, FinalLink::follow, std::vector<std::string>(),
-                      [folder] { return filesNow(folder); });
+  return askWithTimeout(folder, FinalLink::follow, std::vector<std::string>(),
+                        [folder] { return filesNow(folder); });
 }
 
 bool isServiceNamed(const std::string& file, const std::string& name) {

@@ -8,10 +8,10 @@
 namespace tavrel {
 
 /// As `readFile`, and nothing when the file system does not answer in time.
-[[nodiscard]] std::optional<std::string> readFilePatiently(const std::string& path,
-                                                           std::size_t limit);
+[[nodiscard]] std::optional<std::string> readFileWithTimeout(const std::string& path,
+                                                             std::size_t limit);
 
 /// As `loadDesktopEntry`, and nothing when the file system does not answer in time.
-[[nodiscard]] std::optional<DesktopEntry> loadEntryPatiently(const std::string& path);
+[[nodiscard]] std::optional<DesktopEntry> loadEntryWithTimeout(const std::string& path);
 
 } // namespace tavrel
