@@ -57,7 +57,7 @@ std::vector<ListedFile> FolderListings::browse(const std::string& folder) {
                                              : std::make_shared<FolderReading>();
   std::unique_lock lock(reading->mutex);
   if (answers)
-    reading->finished.wait_for(lock, patience_, [&] { return reading->done; });
+    reading->finished.wait_for(lock, timeout_, [&] { return reading->done; });
   if (reading->done)
     return std::move(reading->files);
   if (answers)

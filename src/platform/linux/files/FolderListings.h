@@ -16,13 +16,13 @@ struct FolderReading;
 /// gets no answer at all ends with the process.
 class FolderListings {
 public:
-  explicit FolderListings(std::chrono::milliseconds patience) : patience_(patience) {}
+  explicit FolderListings(std::chrono::milliseconds timeout) : timeout_(timeout) {}
 
   /// As `Files::browse`. While a reading of the same folder is still stuck it is not tried again.
   [[nodiscard]] std::vector<ListedFile> browse(const std::string& folder);
 
 private:
-  std::chrono::milliseconds patience_;
+  std::chrono::milliseconds timeout_;
   std::map<std::string, std::shared_ptr<FolderReading>> stuck_; ///< by folder
 };
 

@@ -47,9 +47,9 @@ std::shared_ptr<Asked> ask(std::function<void()> question) {
   return asked;
 }
 
-bool isDone(Asked& asked, std::chrono::seconds patience) {
+bool isDone(Asked& asked, std::chrono::seconds timeout) {
   std::unique_lock lock(asked.mutex);
-  return asked.answered.wait_for(lock, patience, [&] { return asked.done; });
+  return asked.answered.wait_for(lock, timeout, [&] { return asked.done; });
 }
 
 /// What is known of the distant file systems, by mount point.

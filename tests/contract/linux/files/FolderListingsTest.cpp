@@ -20,7 +20,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-constexpr std::chrono::milliseconds patience{200};
+constexpr std::chrono::milliseconds timeout{200};
 
 class FolderListingsTest : public ::testing::Test {
 protected:
@@ -45,7 +45,7 @@ protected:
     return rows;
   }
 
-  FolderListings listings{patience};
+  FolderListings listings{timeout};
   ScratchFolder scratch_;
 };
 
@@ -117,7 +117,7 @@ TEST_F(DeadFileSystemTest, CostsOneBoundedWaitAndIsEmptyAndSaysSo) {
   EXPECT_THAT(browsed(folder), IsEmpty());
   EXPECT_THAT(::testing::internal::GetCapturedStderr(),
               ::testing::AllOf(HasSubstr(folder), HasSubstr("does not answer")));
-  EXPECT_GE(std::chrono::steady_clock::now() - start, patience);
+  EXPECT_GE(std::chrono::steady_clock::now() - start, timeout);
 }
 
 TEST_F(DeadFileSystemTest, IsNotWaitedForAgainWhileItIsStuck) {
