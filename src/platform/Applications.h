@@ -21,7 +21,7 @@ struct RunningApplication {
   std::optional<std::string> name;
   std::optional<std::string> path; ///< of the application, absolute
   std::int32_t processIdentifier = 0;
-  ProcessSerialNumber serialNumber;
+  ProcessSerialNumber serialNumber{};
 };
 
 /// The applications that run.
