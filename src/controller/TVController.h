@@ -121,6 +121,7 @@ private:
 
   void addFixedTop(Menu& menu);
   void addFixedBottom(Menu& menu);
+  void fitSelectedFolderEntry(Menu& menu);
   /// Takes over the name of the application in front; its process, nothing when none is.
   [[nodiscard]] std::optional<std::int32_t> recordFrontApplication();
   void captureFrontSelection();

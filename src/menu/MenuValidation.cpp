@@ -1,11 +1,15 @@
+#include "base/Format.h"
 #include "controller/TVController.h"
-#include "menu/ItemOffer.h"
+#include "menu/HidingRule.h"
 #include "menu/ItemRecord.h"
 #include "menu/MenuEntryState.h"
 #include "menu/PathHelpers.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
+#include "platform/SystemLog.h"
 #include "selection/PrivatePasteboard.h"
+
+#include <functional>
 
 namespace tavrel {
 
@@ -42,6 +46,13 @@ void showSelectedFolder(MenuItem& entry, const std::string& path, MenuDelegate* 
   entry.representedObject = selectedFolderRecord(folder);
 }
 
+// Where the log is off, nothing is put together for it.
+void explainHidden(const MenuItem& item, const std::function<std::string()>& reason) {
+  SystemLog& log = platform().log;
+  if (log.isDebugOn(LogArea::menu))
+    log.debug(LogArea::menu, filledInOrder("\"%@\" is hidden: %@", {item.title, reason()}));
+}
+
 void fitSelectedFolder(Menu& menu, const std::optional<std::string>& path, MenuDelegate* delegate) {
   if (path && !menu.items.empty())
     showSelectedFolder(*menu.items[selectedFolderIndex], *path, delegate);
@@ -49,13 +60,21 @@ void fitSelectedFolder(Menu& menu, const std::optional<std::string>& path, MenuD
   hideMenuItem(menu, selectedFolderSeparatorIndex, !path);
 }
 
-void fitEntries(Menu& menu, std::size_t first, const TVController& controller,
+void fitRecordEntry(MenuItem& item, const std::string& hostName) {
+  const PropertyList& record = *item.representedObject;
+  const HidingRule rule = hidingRule(hostName, record);
+  item.hidden = rule != HidingRule::none;
+  if (item.hidden)
+    explainHidden(item, [&] { return hidingReason(rule, hostName, record); });
+}
+
+void fitEntries(Menu& menu, std::size_t first, const std::string& hostName,
                 std::vector<Menu*>& groups) {
   for (std::size_t i = first; i < menu.items.size(); ++i) {
     MenuItem& item = *menu.items[i];
     if (!item.representedObject)
       continue;
-    item.hidden = controller.isHideItem(*item.representedObject);
+    fitRecordEntry(item, hostName);
     if (itemType(*item.representedObject) == ItemType::group && item.submenu)
       groups.push_back(item.submenu.get());
   }
@@ -64,22 +83,32 @@ void fitEntries(Menu& menu, std::size_t first, const TVController& controller,
 } // namespace
 
 bool TVController::isHideItem(const PropertyList& item) const {
-  return !isOfferedIn(host_.hostName, item) || !isOfferedForSelection(item);
+  return hidingRule(host_.hostName, item) != HidingRule::none;
+}
+
+void TVController::fitSelectedFolderEntry(Menu& menu) {
+  const auto path = settings_.browseFolder ? singleSelectedFolder() : std::nullopt;
+  fitSelectedFolder(menu, path, this);
+  if (!path && !menu.items.empty())
+    explainHidden(*menu.items[selectedFolderIndex], [this] {
+      return settings_.browseFolder ? "not one folder alone is selected"
+                                    : "folders are not browsed by the settings";
+    });
 }
 
 void TVController::validateContextMenu(Menu& menu, const PropertyList::Array& /*array*/,
                                        int level) {
   validateSeparator(menu, 0);
   if (level == 0)
-    fitSelectedFolder(menu, settings_.browseFolder ? singleSelectedFolder() : std::nullopt, this);
+    fitSelectedFolderEntry(menu);
   // Groups wait in a list, not on the stack: a tree may be of any depth.
   std::vector<Menu*> groups;
-  fitEntries(menu, level == 0 ? selectedFolderSeparatorIndex + 1 : 0, *this, groups);
+  fitEntries(menu, level == 0 ? selectedFolderSeparatorIndex + 1 : 0, host_.hostName, groups);
   while (!groups.empty()) {
     Menu& group = *groups.back();
     groups.pop_back();
     validateSeparator(group, 0);
-    fitEntries(group, 0, *this, groups);
+    fitEntries(group, 0, host_.hostName, groups);
   }
 }
 

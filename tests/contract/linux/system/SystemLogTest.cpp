@@ -1,5 +1,7 @@
 #include "platform/linux/system/LinuxSystemLog.h"
 
+#include <QLoggingCategory>
+
 #include <gtest/gtest.h>
 
 namespace tavrel {
@@ -19,6 +21,21 @@ TEST(LinuxSystemLog, AnEntryIsALineWithTheProgramsName) {
 TEST(LinuxSystemLog, LineFeedsInsideAreKeptAndIndented) {
   EXPECT_EQ(written("types=a  contents(b)=[c] \nchangeCount=1"),
             "tavrel: types=a  contents(b)=[c] \n  changeCount=1\n");
+}
+
+std::string debugWritten(const char* rules) {
+  QLoggingCategory::setFilterRules(rules);
+  ::testing::internal::CaptureStderr();
+  LinuxSystemLog().debug(LogArea::menu, "\"a\" is hidden");
+  std::string text = ::testing::internal::GetCapturedStderr();
+  QLoggingCategory::setFilterRules({});
+  return text;
+}
+
+TEST(LinuxSystemLog, DebugLinesOfAnAreaAreOffUnlessTheLoggingRulesWantThem) {
+  EXPECT_FALSE(LinuxSystemLog().isDebugOn(LogArea::menu));
+  EXPECT_EQ(debugWritten(""), "");
+  EXPECT_EQ(debugWritten("tavrel.menu.debug=true"), "tavrel.menu: \"a\" is hidden\n");
 }
 
 } // namespace
