@@ -23,7 +23,7 @@ TVController::TVController(TVApplication& application) : application_(applicatio
       [this](EventHotKeyRef reference) { return performHotkey(reference); });
 }
 
-// The item goes first: its menu, a member, must outlive it.
+// The status item is destroyed first: its menu, a member, must outlive it.
 TVController::~TVController() {
   launcher_.statusItem.reset();
   platform().presenter.setActionTarget(nullptr);
@@ -71,7 +71,8 @@ void TVController::applicationDidFinishLaunching() {
   platform().services.setServicesProvider(this);
 }
 
-// Whatever the name: who posts says what is meant.
+// Notifications are told apart by their sender: the preference program may use any name, and those
+// of the plug-in are requests (bridge/BridgeMessage.h).
 void TVController::observeOtherPrograms() {
   NotificationCenter& center = platform().distributedNotifications;
   distributedObservers_.push_back(center.addObserver(
@@ -84,7 +85,7 @@ void TVController::observeOtherPrograms() {
       }));
 }
 
-// The name is added for the key that the settings name now.
+// Registers the double tap of the key that the settings name now.
 void TVController::armDoubleTap() {
   const bool byDoubleTap =
       settings_.popupSartType == static_cast<std::int32_t>(PopupStart::doubleTap);

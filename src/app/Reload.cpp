@@ -10,8 +10,8 @@
 
 namespace tavrel {
 
-// Unlike a launch this installs no shortcut for the pop-up: after a reload without one there is
-// none.
+// Only a launch installs the default shortcut of the pop-up. When a reload finds none, the user has
+// taken it out.
 void TVController::receiveNotificationFromPrefrences(const Notification&) {
   platform().preferences.synchronize(preferenceDomain);
   settings_ = readSettings();

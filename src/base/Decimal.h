@@ -12,8 +12,8 @@ enum class DecimalForm {
   powers,  ///< as in 2.5e-01
 };
 
-/// The shortest text that reads back as the same number. A full stop divides, whatever the person's
-/// language; what is no number reads "inf", "-inf" or "nan".
+/// The shortest text that reads back as the same number. A full stop divides, whatever the user's
+/// language; infinities and NaN read "inf", "-inf" and "nan".
 [[nodiscard]] std::string decimalText(double number, DecimalForm form);
 
 /// The number that a whole text is: digits with at most one full stop, a minus before and a power

@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// The format with every "%@" replaced by the same text; the text itself is not looked at.
+/// The format with every "%@" replaced by the same text; a "%@" inside the text stays.
 [[nodiscard]] std::string filled(std::string_view format, std::string_view text);
 
 /// The format with each "%@" replaced by the next text; empty for those beyond the last.

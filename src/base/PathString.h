@@ -5,7 +5,7 @@
 
 namespace tavrel {
 
-/// Operations on POSIX path strings as strings: nothing here looks at a disk.
+/// Operations on POSIX path strings as strings: the file system is not asked.
 
 /// "/a/b.txt/" gives "b.txt", "/" gives "/", "" gives "".
 [[nodiscard]] std::string lastPathComponent(std::string_view path);

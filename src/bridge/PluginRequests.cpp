@@ -13,7 +13,7 @@ namespace tavrel {
 
 namespace {
 
-// The key is asked for as it is now: no menu choice has stored it.
+// `sOptionKeyPressed` is of the last menu choice, and this request comes from none.
 void runScriptFile(const std::string& path) {
   if (CheckOptionKey())
     platform().workspace.openFile(path);
@@ -22,7 +22,7 @@ void runScriptFile(const std::string& path) {
 }
 
 void openPath(const std::string& path, TVController& controller) {
-  if (isDirectory(path, CleanUp::first) == DirectoryKind::folder)
+  if (isDirectory(path, CleanPath::yes) == DirectoryKind::folder)
     controller.openFolder(path);
   else
     platform().workspace.openFile(path);
@@ -60,7 +60,7 @@ void TVController::receiveNotificationFromContextMenu(const Notification& notifi
   }
 }
 
-// The host is stored even when nothing runs: items run next see what the menu was shown over.
+// The host is stored even when no script follows: later items see what the plug-in's menu was over.
 void TVController::execScriptFor(const PropertyList::Dictionary& userInfo) {
   const std::string* host = stringFor(userInfo, "hostName");
   host_.hostName = orNone(host);
@@ -68,7 +68,7 @@ void TVController::execScriptFor(const PropertyList::Dictionary& userInfo) {
   if (const std::string* path = stringFor(userInfo, "path"))
     runScriptFile(*path);
   else if (const std::string* source = stringFor(userInfo, "sourceCode"))
-    execScriptSource(*source, ScriptOrigin::Person);
+    execScriptSource(*source, ScriptOrigin::User);
 }
 
 } // namespace tavrel

@@ -23,7 +23,8 @@ std::string fileNameOf(const std::optional<RunningApplication>& application) {
   return known ? deletingPathExtension(lastPathComponent(*application->path)) : std::string();
 }
 
-// Unlike a services item this does not wait longer than the answer takes.
+// Polls, so that a quick service is not waited for longer than it takes; performServiceItem
+// (exec/ServiceItem.cpp) always waits a whole second.
 void awaitAnswer(std::int64_t before) {
   for (int reads = 1; privatePasteboard().changeCount() == before && reads < mostReads; ++reads)
     platform().clock.sleep(pollInterval);
@@ -55,7 +56,7 @@ void TVController::execServices(const std::string& serviceName) {
     activateApplication(name);
     setPasteboardToSelection(applicationRef);
   }
-  if (isPassword) // be it what the service made of it, which nothing marks any more
+  if (isPassword) // or what the service made of it, which is not marked as concealed
     clearPasteboard(privatePasteboard());
 }
 

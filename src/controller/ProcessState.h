@@ -27,8 +27,8 @@ extern std::optional<Image> blankIcon;
 /// True while a compiled script runs. Menus are not prepared meanwhile.
 extern bool gExecutingScript;
 
-/// Whether Option was held when the item being carried out was chosen. Whoever dispatches an item
-/// stores it; a hot key stores false.
+/// Whether Option was held when the item being carried out was chosen. The code that dispatches
+/// an item stores it; a hot key stores false.
 extern bool sOptionKeyPressed;
 
 /// The component instance of all compiled scripts: opened by the first, never closed. 0 before.

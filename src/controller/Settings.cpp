@@ -44,7 +44,8 @@ Settings readSettings() {
 void installDefaultPopupShortcut(Settings& settings) {
   if (settings.popupShortcutString)
     return;
-  settings.popupShortcutString = std::string("1"); // from a literal g++ 12 warns of an overlap
+  // Assigned from the literal itself, g++ 12 gives a false -Wrestrict warning.
+  settings.popupShortcutString = std::string("1");
   settings.popupShortcutModifier = static_cast<std::int32_t>(modifier::command | modifier::option);
   settings.popupShortcutKeyCode = keyCodeOfOne;
 }

@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// 10.4: recent items exist, links can be looked at without being followed.
+/// 10.4: recent items exist, a link can be asked about without being followed.
 [[nodiscard]] inline bool hasRecentItems() {
   return gOsVersion >= 0x1040;
 }

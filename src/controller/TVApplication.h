@@ -27,7 +27,7 @@ public:
   [[nodiscard]] std::optional<std::string> hostAppName() const override;
   void setHostName(std::optional<std::string> name);
 
-  /// The first localization the person prefers, "English" when there is none.
+  /// The first localization the user prefers, "English" when there is none.
   [[nodiscard]] std::string currentLocalization() const override;
 
   /// The bundle's long version text, read anew each time; nothing when the bundle names none.

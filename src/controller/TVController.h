@@ -146,7 +146,8 @@ private:
   HostContext host_;
   Gestures gestures_;
   std::vector<ObserverId> distributedObservers_;
-  std::shared_ptr<const char> alive_ = std::make_shared<const char>(); ///< timers ask for it
+  /// Expires with the controller: timers hold it weakly and do nothing then.
+  std::shared_ptr<const char> alive_ = std::make_shared<const char>();
 };
 
 } // namespace tavrel

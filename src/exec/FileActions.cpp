@@ -17,7 +17,7 @@ namespace tavrel {
 
 namespace {
 bool isHandedOver(const std::string& path, std::int32_t mask) {
-  const bool folder = isDirectory(path, CleanUp::first) == DirectoryKind::folder;
+  const bool folder = isDirectory(path, CleanPath::yes) == DirectoryKind::folder;
   return (mask & (folder ? openType::noFolders : openType::noFiles)) == 0;
 }
 } // namespace

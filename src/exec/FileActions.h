@@ -9,7 +9,7 @@
 namespace tavrel {
 
 /// Opens files with an application, those that the open-type mask (bits of `openType`) lets
-/// through; with none left the application is opened alone. Answers the launch status, 0 for
+/// through; with none left the application is opened alone. Returns the launch status, 0 for
 /// success.
 std::int32_t openFiles(const std::vector<std::string>& paths, const std::string& application,
                        std::int32_t mask);
@@ -22,7 +22,7 @@ std::int32_t OpenDocuments(const std::vector<std::string>& urls, const std::stri
 /// tells success, the beep failure.
 bool moveSelectedFiles(const std::string& destination);
 
-/// Reveals a path in the person's file browser: in Path Finder where the settings say so. The path
+/// Reveals a path in the user's file browser: in Path Finder where the settings say so. The path
 /// stands in a script source as it is, so one with a quotation mark is not revealed.
 void showInFinder(const std::string& path);
 

@@ -24,7 +24,7 @@ ItemAction scriptAction(const ItemChoice& choice) {
   return commandMod(choice) ? ItemAction::showInFinder : ItemAction::execScript;
 }
 
-// The Option key is tested alone: whoever comes from a hot key has stored that it is up.
+// The Option key is tested alone: a hot key has stored that it is up.
 ItemAction applicationAction(const ItemChoice& choice) {
   if (commandMod(choice))
     return ItemAction::showInFinder;

@@ -50,7 +50,7 @@ void TVController::executeItem(const PropertyList& item, bool fromHotKey,
   ItemChoice choice = choiceNow(type);
   choice.fromHotKey = fromHotKey;
   choice.alternate = menuItem != nullptr && menuItem->isAlternate;
-  choice.plainFolder = isDirectory(target.path, CleanUp::first) == DirectoryKind::folder;
+  choice.plainFolder = isDirectory(target.path, CleanPath::yes) == DirectoryKind::folder;
   choice.filesCaptured = hasCapturedFiles();
   doCheckUpdates();
   perform(actionForItem(choice), target, *this);

@@ -14,7 +14,8 @@ namespace tavrel {
 
 void execScript(const std::string& path) {
   TVAppleScript script(path);
-  // A script that asks the person something lets another one run meanwhile, and goes on after it.
+  // While a script waits for the user, another one may run inside it; the flag must outlast that
+  // one.
   const bool isInsideAnother = std::exchange(gExecutingScript, true);
   script.executeAndReturnError();
   gExecutingScript = isInsideAnother;

@@ -37,7 +37,7 @@ void TVController::performServiceItem(const std::string& serviceName) {
   if (const auto host = application_.hostAppName())
     activateApplication(*host);
   setPasteboardToSelection(applicationRef);
-  if (wasConcealed) // so is what the service made of it, and nothing says so any more
+  if (wasConcealed) // what the service made of it is not marked as concealed
     clearPasteboard(privatePasteboard());
 }
 

@@ -12,7 +12,7 @@ struct TVAppleScript {
   TVAppleScript& operator=(const TVAppleScript&) = delete;
 
   /// Loads the script, unless one is loaded, runs it and disposes of it. After success what the run
-  /// changed is stored back. Answers the code of the load or, once it is loaded, of the run.
+  /// changed is stored back. Returns the code of the load or, once it is loaded, of the run.
   OSAError executeAndReturnError();
 
   /// Stores the script back when it ran and may be stored; 0 when there was nothing to store.

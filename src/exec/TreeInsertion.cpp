@@ -10,7 +10,7 @@
 namespace tavrel {
 
 namespace {
-// A kind that no record can hold still gets its place in the tree, as a record without keys.
+// A file of no item type is added, too, as an empty record: each captured file has its place.
 PropertyList recordOfFile(const std::string& path) {
   const std::string clean = cleanedUpPath(path);
   const std::string type = itemTypeFromPath(clean);

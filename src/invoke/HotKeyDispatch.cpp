@@ -32,7 +32,7 @@ void postKey(const AXUIElementRef& application, const KeyboardEvent& event) {
   platform().accessibility.postKeyboardEvent(application, event);
 }
 
-// Also the releases go in this order, not backwards.
+// Keys are released in the same order as they are pressed, not in the reverse one.
 void postModifiers(const AXUIElementRef& application, KeyDirection direction) {
   for (const auto& [mask, code] : modifierKeys)
     if (gAppModifiers & mask)
@@ -85,7 +85,8 @@ void TVController::captureForHotKey() {
   sOptionKeyPressed = false;
 }
 
-// Later, so that the release of the hot key has been handled to its end before keys are posted.
+// At the next turn of the event loop: the release of the hot key, which is being handled now, must
+// be over before keys are posted.
 bool TVController::handOnKeystroke() {
   const char16_t small = lowerCase(gAppCharCode);
   if (small != gAppCharCode)

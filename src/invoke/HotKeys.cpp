@@ -16,7 +16,7 @@ namespace tavrel {
 namespace {
 constexpr std::uint32_t hotKeySignature = 0x5456524D; // 'TVRM'
 
-// Of a text that is not empty.
+// The text must not be empty.
 char16_t firstCharacter(const std::string& text) {
   return utf16FromUtf8(text).front();
 }
@@ -58,7 +58,8 @@ void TVController::registerHotkeys() {
               static_cast<std::uint32_t>(settings_.popupShortcutKeyCode), std::nullopt);
 }
 
-// Depth first, in the tree's order; without recursion, since a tree may nest as deep as it likes.
+// Depth first, in the tree's order; without recursion, which would overflow the stack on a deep
+// tree.
 void TVController::registerHotkeysForMenuArray(const PropertyList::Array& array) {
   std::vector<const PropertyList*> waiting; // the next one last
   const auto wait = [&](const PropertyList::Array& items) {

@@ -17,8 +17,8 @@ struct KeyName {
   std::string_view dvorak;
 };
 
-// By ascending key code. The extra key of ISO keyboards has no name, and "*" and "+" are the
-// keypad's: both are meant so.
+// By ascending key code. The extra key of ISO keyboards (10) has no name, and "*" and "+" are
+// the keypad's, on purpose.
 constexpr auto keyNames = std::to_array<KeyName>({
     {0, "a", "a"},
     {1, "s", "o"},

@@ -21,7 +21,7 @@ std::uint16_t keyTyping(const Ascii2KeyCodeTable& table, std::uint16_t character
   return keyCode < 0 ? noKey : static_cast<std::uint16_t>(keyCode);
 }
 
-// None at all is no success: a caller that names no key asks for nothing that is down.
+// No key at all is "not down": std::all_of alone would answer true.
 template <class Keys, class KeyOf> bool allDown(const Keys& keys, KeyOf keyOf) {
   const KeyMap now = keysNow();
   return keys.begin() != keys.end() &&

@@ -67,7 +67,7 @@ void LongPress::intervalPassed() {
   press_.reset();
   if (!actions_.isTarget(where))
     return;
-  isOpen_ = true; // a press in the menu is none of ours
+  isOpen_ = true; // a press inside the menu starts no long press
   actions_.open();
   isOpen_ = false;
 }

@@ -104,7 +104,7 @@ void NTModifierKeyActionHandler::handleModifierEvent(const Event& event) {
   if (lastModifierFlags_ != flags || time - lastModifierDownTime_ >= doubleTapInterval)
     return remember(flags, time);
   lastModifierDownTime_ = time;
-  post(std::set(clients->second)); // a copy: who is told may take clients away
+  post(std::set(clients->second)); // a copy: a handler may remove clients
   lastModifierFlags_ = 0;
 }
 

@@ -52,7 +52,8 @@ private:
   double lastModifierDownTime_ = 0;     ///< seconds since 2001-01-01 GMT
   std::uint32_t lastModifierFlags_ = 0; ///< of the first tap; 0: none is pending
   std::map<std::uint32_t, std::set<std::string>> notificationClients_;
-  std::shared_ptr<const char> alive_ = std::make_shared<const char>(); ///< the monitor stays
+  /// Expires with the handler: the event monitor, which outlives it, holds it weakly.
+  std::shared_ptr<const char> alive_ = std::make_shared<const char>();
 };
 
 } // namespace tavrel

@@ -61,7 +61,7 @@ void TVController::menuDidClose(Menu& menu) {
     return;
   if (launcher_.statusItem)
     setIcon(*launcher_.statusItem, normalIcon);
-  if (!gExecutingScript) // else the script is at work on the selection still
+  if (!gExecutingScript) // a script may still read the selection
     forgetConcealedSelection();
 }
 
@@ -85,7 +85,7 @@ void TVController::prepareStatusMenu() {
 void TVController::captureFrontSelection() {
   const std::optional<std::int32_t> process = recordFrontApplication();
   if (!process)
-    return clearPasteboard(privatePasteboard()); // nobody to wait for
+    return clearPasteboard(privatePasteboard()); // no application to copy from
   const AXUIElementRef applicationRef = platform().accessibility.applicationElement(*process);
   if (host_.hostName == ownName)
     return;
@@ -106,8 +106,8 @@ std::optional<std::int32_t> TVController::recordFrontApplication() {
 }
 
 void TVController::menuItemChosen(MenuItem& item) {
-  popupPanel_.visible =
-      false; // its menu has closed, and may be called up again while the item runs
+  // The menu has closed, and may be called up again while the item runs.
+  popupPanel_.visible = false;
   switch (item.action) {
   case MenuAction::none:
     return;

@@ -30,8 +30,8 @@ float installedNumber() {
   return numberOf(installed ? &*installed : nullptr);
 }
 
-// Nobody else writes it where no preference program is installed. What somebody did write stays,
-// unless it is older than the program that runs.
+// Where no preference program is installed, no other program writes it. A value that one wrote
+// stays, unless it is older than the program that runs.
 void recordInstalledVersion() {
   const auto version = platform().bundle.informationValue("CFBundleShortVersionString");
   if (version && numberOf(&*version) > installedNumber())

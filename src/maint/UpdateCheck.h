@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// Whether the person hears of an outcome that is no news, too.
+/// Whether the user hears of an outcome that is no news, too.
 enum class NotifyIfUnsuccessful { no, yes };
 
 /// Looks for a newer version, at most once in ten days; for use before an item runs. Blocks for as

@@ -17,7 +17,7 @@ constexpr auto systemPaths =
                                      "/mach.sym", "/mach_kernel", "/Desktop Folder", "/Network"});
 } // namespace
 
-// Looking at a link instead of through it came with 10.4, as recent items did.
+// System 10.4 was the first that could ask about a link instead of its target.
 FinalLink visibilityLink() {
   return gOsVersion >= 0x1040 ? FinalLink::keep : FinalLink::follow;
 }

@@ -8,7 +8,8 @@ namespace tavrel {
 
 namespace {
 
-// One menu being filled. Levels wait in a list, not on the stack: a tree may be of any depth.
+// One menu being filled. Levels are kept in a list, since recursion over a deep tree would overflow
+// the stack.
 struct Level {
   Menu* menu;
   const PropertyList::Array* records;

@@ -24,7 +24,7 @@ using RecordPlace = std::vector<std::size_t>;
 /// "2.4" for the fourth record of the group that is the second.
 [[nodiscard]] std::string recordPlaceText(const RecordPlace& place);
 
-/// Appends the entries of the records, groups as submenus of any depth. Answers the place of the
+/// Appends the entries of the records, groups as submenus of any depth. Returns the place of the
 /// first record without a title: there the build ended, outer levels included, and what was built
 /// before stands. Nothing when every record was built.
 [[nodiscard]] std::optional<RecordPlace>

@@ -2,7 +2,7 @@
 #include "controller/TVController.h"
 #include "menu/HidingRule.h"
 #include "menu/ItemRecord.h"
-#include "menu/MenuEntryState.h"
+#include "menu/MenuEdits.h"
 #include "menu/PathHelpers.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
@@ -15,7 +15,7 @@ namespace tavrel {
 
 namespace {
 
-// Where building puts them in the whole menu.
+// Where addFixedTop (menu/MenuConstruction.cpp) puts them.
 constexpr std::size_t selectedFolderIndex = 0;
 constexpr std::size_t selectedFolderSeparatorIndex = 1;
 
@@ -31,7 +31,7 @@ std::optional<std::string> singleSelectedFolder() {
   if (!files || files->array()->size() != 1)
     return std::nullopt;
   const std::string* path = files->array()->front().string();
-  if (!path || !path->starts_with('/') || isDirectory(*path, CleanUp::first) == DirectoryKind::none)
+  if (!path || !path->starts_with('/') || isDirectory(*path, CleanPath::yes) == DirectoryKind::none)
     return std::nullopt;
   return *path;
 }
@@ -46,7 +46,7 @@ void showSelectedFolder(MenuItem& entry, const std::string& path, MenuDelegate* 
   entry.representedObject = selectedFolderRecord(folder);
 }
 
-// Where the log is off, nothing is put together for it.
+// The reason is only put together when the log wants it.
 void explainHidden(const MenuItem& item, const std::function<std::string()>& reason) {
   SystemLog& log = platform().log;
   if (log.isDebugOn(LogArea::menu))
@@ -101,7 +101,7 @@ void TVController::validateContextMenu(Menu& menu, const PropertyList::Array& /*
   validateSeparator(menu, 0);
   if (level == 0)
     fitSelectedFolderEntry(menu);
-  // Groups wait in a list, not on the stack: a tree may be of any depth.
+  // Groups are kept in a list, since recursion over a deep tree would overflow the stack.
   std::vector<Menu*> groups;
   fitEntries(menu, level == 0 ? selectedFolderSeparatorIndex + 1 : 0, host_.hostName, groups);
   while (!groups.empty()) {

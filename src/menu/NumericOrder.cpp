@@ -7,10 +7,10 @@
 namespace tavrel {
 
 namespace {
-// A lambda, not a function: the loop then holds it, not a call of it.
+// A lambda, because the compiler inlines it into the loop; a function it calls.
 constexpr auto unitAt = [](const std::u16string& text, std::size_t index) { return text[index]; };
 
-// Converted once a name: a comparison must not convert.
+// Each name is converted once, before sorting: comparisons would convert it again and again.
 std::vector<std::u16string> unitsOf(const std::vector<std::string_view>& names) {
   std::vector<std::u16string> texts;
   texts.reserve(names.size());

@@ -10,7 +10,7 @@
 
 namespace tavrel {
 
-/// Answers the UTF-16 unit of a text at an index below its length.
+/// Returns the UTF-16 unit of a text at an index below its length.
 template <class T>
 concept CharacterAccessor = requires(T accessor, const std::u16string& text, std::size_t index) {
   { accessor(text, index) } -> std::same_as<char16_t>;
@@ -40,7 +40,7 @@ template <CharacterAccessor Character>
   return run;
 }
 
-/// Compares from a start index in each as people count: runs of the ASCII digits as numbers, the
+/// Compares from a start index in each by value: runs of the ASCII digits as numbers, the
 /// rest unit by unit, so that capitals come before small letters and digits before both.
 /// -1, 0 or 1. This is a strict weak order: a text is a row of tokens, units and numbers, and the
 /// tokens have one; texts that count alike ("007" and "7") are equivalent.

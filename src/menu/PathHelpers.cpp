@@ -17,8 +17,8 @@ std::string standardized(const std::string& path) {
   return removingDotSegments(expanded);
 }
 
-// "/~/x" stands for a place in the home folder. A path must stay absolute, so that of another
-// person, whose home is not known, is left as it is.
+// "/~/x" stands for a place in the home folder. The result must be absolute: "/~name/x", in the
+// home of another user, which is not known, is left as it is.
 std::string fromHome(const std::string& path) {
   if (!path.starts_with("/~"))
     return path;
@@ -67,9 +67,9 @@ std::string cleanedUpPath(const std::string& path) {
   return resolveAliasFile(resolvedSymlinks(path));
 }
 
-DirectoryKind isDirectory(const std::string& path, CleanUp cleanUp) {
+DirectoryKind isDirectory(const std::string& path, CleanPath cleanPath) {
   return directoryKind(
-      platform().files.kind(cleanUp == CleanUp::first ? cleanedUpPath(path) : path));
+      platform().files.kind(cleanPath == CleanPath::yes ? cleanedUpPath(path) : path));
 }
 
 DirectoryKind directoryKind(FileKind kind) {
@@ -99,7 +99,7 @@ std::optional<std::string> fullPathForItem(const PropertyList& record) {
 }
 
 std::string fileUrlForPath(const std::string& path) {
-  const bool directory = isDirectory(path, CleanUp::no) != DirectoryKind::none;
+  const bool directory = isDirectory(path, CleanPath::no) != DirectoryKind::none;
   return fileUrlOfPath(path, directory ? PathIs::directory : PathIs::file);
 }
 

@@ -17,7 +17,8 @@ namespace tavrel {
 /// `resolveAliasFile` of `resolvedSymlinks`.
 [[nodiscard]] std::string cleanedUpPath(const std::string& path);
 
-enum class CleanUp { no, first };
+/// Whether a path goes through `cleanedUpPath` before it is asked about.
+enum class CleanPath { no, yes };
 
 /// What stands at a path: 0 nothing or a plain file, 1 a folder, 2 a package. The numbers are the
 /// ones menus and actions compare with.
@@ -26,7 +27,7 @@ enum class DirectoryKind { none = 0, folder = 1, package = 2 };
 /// The number for a kind of file.
 [[nodiscard]] DirectoryKind directoryKind(FileKind kind);
 
-[[nodiscard]] DirectoryKind isDirectory(const std::string& path, CleanUp cleanUp);
+[[nodiscard]] DirectoryKind isDirectory(const std::string& path, CleanPath cleanPath);
 
 /// The item type of a file, as "application"; empty for a kind that no record can hold.
 [[nodiscard]] std::string itemTypeFromPath(const std::string& path);

@@ -5,7 +5,7 @@
 #include "controller/ProcessState.h"
 #include "controller/SystemVersion.h"
 #include "exec/ItemAction.h"
-#include "menu/MenuEntryState.h"
+#include "menu/MenuEdits.h"
 #include "menu/MenuIcons.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
@@ -23,7 +23,7 @@ bool isServers(const std::string& key) {
   return key == "RecentServers" || key == "Servers";
 }
 
-// Those of the section, in stored order; null for none.
+// The items of the section, in stored order; null when it has none.
 const PropertyList::Array* customItems(const std::optional<PropertyList>& section) {
   const PropertyList::Array* items = section ? section->arrayFor("CustomListItems") : nullptr;
   return items && !items->empty() ? items : nullptr;

@@ -15,7 +15,7 @@ void addRecentItems(Menu& menu);
 
 /// Appends one section, named by its key in the domain: a header, its items one level in and, but
 /// after servers, a separator; nothing for a section without items. `index` is where its first
-/// entry goes; answers the index after its last.
+/// entry goes; returns the index after its last.
 std::size_t attachRecentItems(Menu& menu, const std::string& key, std::size_t index);
 
 } // namespace tavrel

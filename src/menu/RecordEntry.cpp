@@ -61,7 +61,7 @@ void addFolderAlternate(Menu& menu, const MenuItem& folder, const std::string& t
 // Whatever is no absolute path names no file: an entry must not depend on the folder that the
 // application was started in.
 DirectoryKind kindOf(const std::optional<std::string>& path) {
-  return path && path->starts_with('/') ? isDirectory(*path, CleanUp::first) : DirectoryKind::none;
+  return path && path->starts_with('/') ? isDirectory(*path, CleanPath::yes) : DirectoryKind::none;
 }
 
 void addFileParts(Menu& menu, MenuItem& item, const std::string& title, const MenuBuild& build) {

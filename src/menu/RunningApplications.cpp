@@ -13,7 +13,7 @@ namespace tavrel {
 
 namespace {
 
-// An application in front that has no path counts as none.
+// Empty also when the application in front has no path.
 std::string nameInFront() {
   const auto front = platform().applications.active();
   return front && front->path ? front->name.value_or("") : std::string();

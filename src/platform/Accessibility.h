@@ -45,7 +45,7 @@ public:
   [[nodiscard]] virtual std::optional<PropertyList> role(const AXUIElementRef& element) = 0;
 
   /// Sends the application one key event. Modifiers go as keys of their own around the key they
-  /// modify; what the person holds at the moment does not mix in. Between a modifier's down and its
+  /// modify; what the user holds at the moment does not mix in. Between a modifier's down and its
   /// up the caller keeps posting and does nothing else. False when it could not be sent.
   virtual bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) = 0;
 };

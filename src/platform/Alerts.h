@@ -5,7 +5,7 @@
 
 namespace tavrel {
 
-/// A question put to the person. An empty button text: no such button.
+/// A question put to the user. An empty button text: no such button.
 struct AlertPanel {
   std::string title;
   std::string message;

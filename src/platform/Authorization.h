@@ -26,7 +26,7 @@ class AuthorizationRef {
 public:
   virtual ~AuthorizationRef() = default;
 
-  /// Asks the person, once, for an administrator's word; false when it is not given.
+  /// Asks the user, once, for an administrator's word; false when it is not given.
   [[nodiscard]] virtual bool copyRights(const std::string& right, std::uint32_t flags) = 0;
 
   /// Starts a tool as the administrator, its output held for the caller; nothing when it was not
@@ -34,7 +34,7 @@ public:
   [[nodiscard]] virtual std::optional<ToolOutput>
   executeWithPrivileges(const std::string& tool, const std::vector<std::string>& arguments) = 0;
 
-  /// Gives the session back; with `destroyRights` what the person granted goes, too.
+  /// Gives the session back; with `destroyRights` what the user granted goes, too.
   virtual void free(std::uint32_t flags) = 0;
 };
 

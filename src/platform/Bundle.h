@@ -11,10 +11,10 @@ class Bundle {
 public:
   virtual ~Bundle() = default;
 
-  /// The text for a key in the person's language; the key itself when there is none.
+  /// The text for a key in the user's language; the key itself when there is none.
   [[nodiscard]] virtual std::string localizedString(const std::string& key) = 0;
 
-  /// The bundle's localizations that the person prefers, best first; may be empty.
+  /// The bundle's localizations that the user prefers, best first; may be empty.
   [[nodiscard]] virtual std::vector<std::string> preferredLocalizations() = 0;
 
   /// The text under a key of the information property list; nothing when missing.

@@ -7,8 +7,7 @@ namespace tavrel {
 
 using TimerId = std::uint64_t;
 
-/// Time. Nobody else in the system asks for it. A span that is negative or no number counts as
-/// none.
+/// Time. Nobody else in the system asks for it. A negative span, or NaN, counts as 0.
 class Clock {
 public:
   virtual ~Clock() = default;

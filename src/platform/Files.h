@@ -49,13 +49,13 @@ struct ListedFile {
 
 /// How far resolving a bookmark may go.
 enum class BookmarkResolution {
-  withoutInterface = 0x100, ///< never asks the person
+  withoutInterface = 0x100, ///< never asks the user
   withoutMounting = 0x200,  ///< never mounts a volume
 };
 
 /// How a classic alias record is resolved.
 enum class AliasResolution {
-  withoutInterface = 1,    ///< never asks the person, never mounts
+  withoutInterface = 1,    ///< never asks the user, never mounts
   fileIdentifierFirst = 2, ///< the file's identity before its path; may ask, and may mount
 };
 
@@ -87,7 +87,7 @@ public:
   /// not exist comes back unchanged but for the tilde.
   [[nodiscard]] virtual std::string resolveSymlinks(const std::string& path) = 0;
 
-  /// The target of an alias file, chains followed, never asking the person or mounting anything;
+  /// The target of an alias file, chains followed, never asking the user or mounting anything;
   /// nothing when the path names no alias or the target cannot be had. A loop is no target.
   [[nodiscard]] virtual std::optional<std::string> resolveAlias(const std::string& path) = 0;
 
@@ -107,7 +107,7 @@ public:
   [[nodiscard]] virtual std::optional<std::string> resolveAliasRecord(const Bytes& record,
                                                                       AliasResolution how) = 0;
 
-  /// The person's home folder, without a trailing slash.
+  /// The user's home folder, without a trailing slash.
   [[nodiscard]] virtual std::string homeDirectory() = 0;
 };
 

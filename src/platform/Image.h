@@ -28,7 +28,7 @@ struct Image {
   Size size; ///< in points; what is drawn outside it is cut off
 };
 
-/// The image at another size: every layer keeps its share of it.
+/// The image at another size: every layer keeps its proportion to it.
 [[nodiscard]] inline Image resized(Image image, Size size) {
   for (ImageLayer& layer : image.layers) {
     layer.size.width *= image.size.width > 0 ? size.width / image.size.width : 1;

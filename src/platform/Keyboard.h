@@ -34,7 +34,7 @@ public:
   /// The current layout's identifier, as "com.apple.keylayout.Dvorak"; empty when unknown.
   [[nodiscard]] virtual std::string layoutIdentifier() = 0;
 
-  /// A number that tells layouts apart; changes when the person switches layouts.
+  /// A number that tells layouts apart; changes when the user switches layouts.
   [[nodiscard]] virtual std::int16_t layoutId() = 0;
 
   /// The current layout's tables; nothing when the desktop cannot tell.

@@ -59,7 +59,7 @@ class Pasteboards {
 public:
   virtual ~Pasteboards() = default;
   [[nodiscard]] virtual Pasteboard& named(const std::string& name) = 0;
-  /// The person's clipboard, shared with every other program. It also offers what other programs
+  /// The user's clipboard, shared with every other program. It also offers what other programs
   /// put there under names of the desktop's own; declaring those again and setting their data puts
   /// back exactly what was there. A pasteboard cleared to nothing but an empty string (with
   /// `setString`; with `setData` it is contents), and contents put back as they were read, leave

@@ -34,7 +34,7 @@ public:
   /// data when "rawData" is true; the empty string for an encoding that nobody knows.
   [[nodiscard]] virtual PropertyList
   handleConvertScriptCommand(const ScriptArguments& arguments) = 0;
-  /// Asks the person, then removes the installed pieces. Returns when that is over.
+  /// Asks the user, then removes the installed pieces. Returns when that is over.
   virtual void handleUninstallScriptCommand() = 0;
 };
 

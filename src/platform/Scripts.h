@@ -33,7 +33,7 @@ inline constexpr OSAError scriptError = -1753; ///< the script ran and failed
 
 /// Who wrote the text of a source. One that the application itself builds, around a path or a name,
 /// never runs shell commands: so nothing hidden in the path can.
-enum class ScriptOrigin { Application, Person };
+enum class ScriptOrigin { Application, User };
 
 struct LoadedScript {
   OSAError code = osaError::none;
@@ -94,11 +94,11 @@ public:
 
   /// Writes a loaded script with the state it has now over the file at a path; `fileNotFound` when
   /// none is there, for what was taken away during the run stays away. A file whose script the
-  /// person has edited meanwhile is left alone. On failure the file is as it was.
+  /// user has edited meanwhile is left alone. On failure the file is as it was.
   virtual OSAError store(ComponentInstance component, OSAID script, const std::string& path) = 0;
 
   /// A compiled script of our own resources, to be run for its result; null when it cannot be read.
-  /// Its text is fixed, with nothing put into it, so it may ask for whatever a person's script may.
+  /// Its text is fixed, with nothing put into it, so it may ask for whatever a user's script may.
   [[nodiscard]] virtual std::unique_ptr<NSAppleScript>
   initWithContentsOfFile(const std::string& path) = 0;
 

@@ -5,7 +5,7 @@
 
 namespace tavrel {
 
-/// What the person hears. Playing never waits for the end of a sound.
+/// What the user hears. Playing never waits for the end of a sound.
 class Sounds {
 public:
   virtual ~Sounds() = default;

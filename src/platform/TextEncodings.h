@@ -25,7 +25,7 @@ public:
   /// at the end.
   [[nodiscard]] virtual std::vector<StringEncoding> available() = 0;
 
-  /// What people call it, as "Unicode (UTF-8)"; nothing for a number that is not listed.
+  /// Its name for users, as "Unicode (UTF-8)"; nothing for a number that is not listed.
   [[nodiscard]] virtual std::optional<std::string> nameOf(StringEncoding encoding) = 0;
 
   /// The number that the application framework uses for the same encoding; `invalidEncoding` for

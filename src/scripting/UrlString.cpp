@@ -9,7 +9,7 @@ namespace tavrel {
 
 namespace {
 
-// Comparisons joined without branches, so that the compiler tests many bytes at once.
+// Bitwise operators instead of && and ||, so that the compiler vectorises the loop over a block.
 constexpr bool isEscaped(unsigned char byte) {
   const bool isAngle = (byte & 0xFDU) == '<'; // or '>'
   const bool isInner =
@@ -54,7 +54,7 @@ constexpr std::size_t blockSize = 64;
 constexpr std::size_t blocksAtATime = 64;
 using Buffer = std::array<char, blockSize * blocksAtATime * 6 + sizeof(Escape)>;
 
-// Of a whole block, whose size the compiler knows.
+// Over a whole block, whose size the compiler knows: it vectorises the loop.
 std::size_t escapesInBlock(const char* block) {
   std::uint8_t count = 0;
   for (std::size_t i = 0; i < blockSize; ++i)
@@ -62,8 +62,8 @@ std::size_t escapesInBlock(const char* block) {
   return count;
 }
 
-// Every byte writes a whole entry, and the next one over what was too much: no branch waits for
-// what the byte is.
+// Every byte copies a whole table entry and advances by its length, so the next one overwrites what
+// was too much: there is no branch to mispredict.
 char* putEscaped(char* to, std::string_view bytes, const Escapes& escapes) {
   for (const char each : bytes) {
     const Escape& escape = escapes[static_cast<unsigned char>(each)];
@@ -80,7 +80,7 @@ char* putBlock(char* to, std::string_view block, const Escapes& escapes) {
   return to + blockSize;
 }
 
-// One loop for all bytes would not be done many at once.
+// By blocks as well: a loop of unknown length is not vectorised.
 std::size_t lineFeedsInBlock(const char* block) {
   std::uint8_t count = 0;
   for (std::size_t i = 0; i < blockSize; ++i)

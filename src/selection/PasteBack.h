@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// Puts the captured selection into an application as if the person pasted it, once. The clipboard
+/// Puts the captured selection into an application as if the user pasted it, once. The clipboard
 /// is afterwards as it was.
 void setPasteboardToSelection(const AXUIElementRef& application);
 

@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// The name of the pasteboard that keeps the person's clipboard during one capture or paste.
+/// The name of the pasteboard that keeps the user's clipboard during one capture or paste.
 inline constexpr const char* TVRBackupPboard = "TVRBackupPboard";
 
 /// Makes the destination offer what the source offers, in the same order; a type that the source

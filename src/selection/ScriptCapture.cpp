@@ -18,7 +18,7 @@ std::unique_ptr<NSAppleScript> loadedScript(const std::string& name) {
   return path ? platform().scripts.initWithContentsOfFile(*path) : nullptr;
 }
 
-// One file counts as text, too.
+// A single file is offered as text, too: its path.
 void setCapturedPaths(Pasteboard& selection, const std::vector<std::string>& paths) {
   if (paths.empty())
     return clearPasteboard(selection);

@@ -43,7 +43,7 @@ protected:
     return executed.code;
   }
   OSAError numberOf(const std::string& source) {
-    const auto run = scripts().runSource(source, ScriptOrigin::Person);
+    const auto run = scripts().runSource(source, ScriptOrigin::User);
     const PropertyList* number =
         run && run->error ? run->error->find("NSAppleScriptErrorNumber") : nullptr;
     return number ? static_cast<OSAError>(number->integer().value_or(0)) : osaError::none;
@@ -199,7 +199,7 @@ TYPED_TEST_P(ScriptsContract, AResultIsNoScript) {
 }
 
 TYPED_TEST_P(ScriptsContract, ASourceThatRunsToItsEndHasNoError) {
-  for (ScriptOrigin origin : {ScriptOrigin::Application, ScriptOrigin::Person}) {
+  for (ScriptOrigin origin : {ScriptOrigin::Application, ScriptOrigin::User}) {
     const auto run = this->scripts().runSource(this->world.goodSource(), origin);
     ASSERT_TRUE(run);
     EXPECT_FALSE(run->error);

@@ -4,7 +4,7 @@
 
 namespace tavrel {
 
-/// A system's version, part by part.
+/// A system's version, split into its numbers.
 struct VersionNumber {
   std::int64_t major = 0;
   std::int64_t minor = 0;

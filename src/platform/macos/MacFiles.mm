@@ -1,8 +1,8 @@
 #import "platform/macos/MacFiles.h"
 
 #include "base/PathString.h"
+#include "platform/common/BoundedListing.h"
 #include "platform/common/ItemFacts.h"
-#include "platform/common/PatientListing.h"
 #import "platform/macos/Conversions.h"
 
 #include <cstdlib>
@@ -100,7 +100,7 @@ std::vector<ListedFile> MacFiles::browse(const std::string& path, FinalLink link
       return listedFile(path, name, link);
     }
   };
-  return listPatiently({names, look}, patience);
+  return listWithin({names, look}, patience);
 }
 
 std::string MacFiles::displayName(const std::string& path) {

@@ -5,7 +5,7 @@
 namespace tavrel {
 
 namespace {
-// In this order the comparison makes none of what is no number, too.
+// In this order the comparison turns NaN into 0, too.
 double span(double seconds) {
   return std::max(0.0, seconds);
 }

@@ -24,7 +24,7 @@ public:
     bool listingFails = false;
   };
 
-  /// What tests steer and look at. Paths are absolute and need no cleaning.
+  /// What tests set and read. Paths are absolute and need no cleaning.
   struct Control {
     std::string home = "/Users/me";
     /// By path without a trailing slash; "/" and the home folder are there from the start.

@@ -33,7 +33,7 @@ public:
                                     EventHotKeyID id) override;
   OSStatus unregisterHotKey(EventHotKeyRef reference) override;
 
-  /// The person presses and releases the combination; false when nobody has it registered.
+  /// The user presses and releases the combination; false when nobody has it registered.
   bool press(std::uint32_t keyCode, std::uint32_t modifiers);
 
 private:

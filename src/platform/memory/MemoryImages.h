@@ -15,7 +15,7 @@ public:
   /// The files decide which paths have an icon; not owned.
   explicit MemoryImages(Files& files) : files_(files) {}
 
-  /// What tests steer and look at.
+  /// What tests set and read.
   struct Control {
     std::map<std::string, Size> resources; ///< the named images there are, with their natural size
     Size dataSize{32.0, 32.0};             ///< natural size of pictures made from data

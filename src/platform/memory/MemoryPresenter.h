@@ -8,7 +8,7 @@
 
 namespace tavrel {
 
-/// Shows menus to a test: what a person would do is a script that runs while a menu is open.
+/// Shows menus to a test: what a user would do is a script that runs while a menu is open.
 class MemoryPresenter final : public Presenter {
 public:
   struct Shown {

@@ -28,7 +28,7 @@ public:
 
   [[nodiscard]] std::unique_ptr<StatusItem> addItem(double length) override;
 
-  /// A person's click on an item of the area; returns when the menu has closed.
+  /// A user's click on an item of the area; returns when the menu has closed.
   void click(std::size_t index = 0);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace tavrel {
 
-/// What `menuText` writes: the rows that a person sees with Option up, or all that a menu holds.
+/// What `menuText` writes: the rows that a user sees with Option up, or all that a menu holds.
 enum class MenuTextDetail { visibleRows, everything };
 
 /// A menu as text, to compare with an approved one: a line for each entry, submenus indented by two

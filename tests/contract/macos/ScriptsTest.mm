@@ -52,7 +52,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Macos, ScriptsContract, MacScriptsWorld);
 TEST(MacScripts, ASourceOfTheApplicationsOwnRunsNoShell) {
   MacScripts scripts;
   EXPECT_FALSE(scripts.runSource("do shell script \"true\"", ScriptOrigin::Application));
-  EXPECT_TRUE(scripts.runSource("do shell script \"true\"", ScriptOrigin::Person));
+  EXPECT_TRUE(scripts.runSource("do shell script \"true\"", ScriptOrigin::User));
 }
 
 } // namespace

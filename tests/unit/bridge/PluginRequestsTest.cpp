@@ -74,7 +74,7 @@ TEST_F(PluginRequests, TheKeyCountsAndNotWhatAMenuChoiceStored) {
 TEST_F(PluginRequests, ASourceRunsAsThePersonsOwn) {
   hold(keyCode::option);
   post("execScript", {{"sourceCode", "beep"}, {"hostName", "Editor"}});
-  EXPECT_THAT(sources, ElementsAre(MemoryScripts::Source{"beep", ScriptOrigin::Person}));
+  EXPECT_THAT(sources, ElementsAre(MemoryScripts::Source{"beep", ScriptOrigin::User}));
 }
 
 TEST_F(PluginRequests, ASourceThatFailsLeavesItsLine) {

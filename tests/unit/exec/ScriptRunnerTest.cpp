@@ -151,14 +151,14 @@ TEST_F(ScriptRunner, AScriptInsideAScriptIsLoadedStoredAndDisposedOfByItself) {
 TEST_F(ScriptRunner, ASourceDoesNotPutTheFlagUp) {
   bool during = true;
   control.sourceRan = [&](const std::string&) { during = gExecutingScript; };
-  execScriptSource("beep", ScriptOrigin::Person);
+  execScriptSource("beep", ScriptOrigin::User);
   EXPECT_FALSE(during);
 }
 
 TEST_F(ScriptRunner, ASourceRunsWithTheNameOfItsAuthor) {
-  execScriptSource("beep", ScriptOrigin::Person);
+  execScriptSource("beep", ScriptOrigin::User);
   execScriptSource("beep 2", ScriptOrigin::Application);
-  EXPECT_THAT(control.sources, ElementsAre(Source{"beep", ScriptOrigin::Person},
+  EXPECT_THAT(control.sources, ElementsAre(Source{"beep", ScriptOrigin::User},
                                            Source{"beep 2", ScriptOrigin::Application}));
   EXPECT_THAT(logged, IsEmpty());
 }
@@ -166,7 +166,7 @@ TEST_F(ScriptRunner, ASourceRunsWithTheNameOfItsAuthor) {
 TEST_F(ScriptRunner, AFailingSourceIsOneEntryInTheLog) {
   control.sourceErrors.insert(
       {"beep", PropertyList::Dictionary{{"NSAppleScriptErrorNumber", -1728}}});
-  execScriptSource("beep", ScriptOrigin::Person);
+  execScriptSource("beep", ScriptOrigin::User);
   EXPECT_THAT(
       logged,
       ElementsAre("execScriptSource error {\n    NSAppleScriptErrorNumber = \"-1728\";\n}"));
@@ -174,7 +174,7 @@ TEST_F(ScriptRunner, AFailingSourceIsOneEntryInTheLog) {
 
 TEST_F(ScriptRunner, ASourceThatMakesNoScriptIsSilent) {
   control.unusableSources = {"beep"};
-  execScriptSource("beep", ScriptOrigin::Person);
+  execScriptSource("beep", ScriptOrigin::User);
   EXPECT_THAT(logged, IsEmpty());
 }
 

@@ -15,18 +15,18 @@ TEST_F(PathHelpers, IsDirectoryTellsFoldersFromPackagesAndFiles) {
   files.addApplication("/a/App.app");
   files.addFolder("/a/folder");
   files.addFile("/a/file");
-  EXPECT_EQ(isDirectory("/a/App.app", CleanUp::no), DirectoryKind::package);
-  EXPECT_EQ(isDirectory("/a/folder", CleanUp::no), DirectoryKind::folder);
-  EXPECT_EQ(isDirectory("/a/file", CleanUp::no), DirectoryKind::none);
-  EXPECT_EQ(isDirectory("/a/missing", CleanUp::first), DirectoryKind::none);
+  EXPECT_EQ(isDirectory("/a/App.app", CleanPath::no), DirectoryKind::package);
+  EXPECT_EQ(isDirectory("/a/folder", CleanPath::no), DirectoryKind::folder);
+  EXPECT_EQ(isDirectory("/a/file", CleanPath::no), DirectoryKind::none);
+  EXPECT_EQ(isDirectory("/a/missing", CleanPath::yes), DirectoryKind::none);
   EXPECT_EQ(static_cast<int>(DirectoryKind::package), 2);
 }
 
 TEST_F(PathHelpers, AnAliasToAFolderIsAFolderOnlyWhenCleanedUp) {
   files.addFolder("/a/folder");
   files.addAlias("/a/alias", "/a/folder");
-  EXPECT_EQ(isDirectory("/a/alias", CleanUp::no), DirectoryKind::none);
-  EXPECT_EQ(isDirectory("/a/alias", CleanUp::first), DirectoryKind::folder);
+  EXPECT_EQ(isDirectory("/a/alias", CleanPath::no), DirectoryKind::none);
+  EXPECT_EQ(isDirectory("/a/alias", CleanPath::yes), DirectoryKind::folder);
 }
 
 TEST_F(PathHelpers, CleaningUpResolvesLinksThenAliases) {

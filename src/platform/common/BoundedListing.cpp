@@ -1,4 +1,4 @@
-#include "platform/common/PatientListing.h"
+#include "platform/common/BoundedListing.h"
 
 #include <condition_variable>
 #include <memory>
@@ -34,7 +34,7 @@ void readAll(const FolderQuestions& ask, Reading& reading) {
   };
   answer([&] { reading.files = unknownFiles(names); });
   for (std::size_t at = 0; at < names.size(); ++at) {
-    ListedFile told = ask.look(names[at]);
+    ListedFile told = ask.describe(names[at]);
     answer([&] { reading.files[at] = std::move(told); });
   }
   answer([&] { reading.done = true; });
@@ -54,12 +54,11 @@ std::shared_ptr<Reading> startedReading(const FolderQuestions& ask) {
 
 } // namespace
 
-std::vector<ListedFile> listPatiently(const FolderQuestions& ask,
-                                      std::chrono::milliseconds patience) {
+std::vector<ListedFile> listWithin(const FolderQuestions& ask, std::chrono::milliseconds timeout) {
   const auto reading = startedReading(ask);
   std::unique_lock lock(reading->mutex);
   std::size_t answers = 0;
-  while (!reading->ended.wait_for(lock, patience, [&] { return reading->done; })) {
+  while (!reading->ended.wait_for(lock, timeout, [&] { return reading->done; })) {
     if (answers == reading->answers)
       break;
     answers = reading->answers;

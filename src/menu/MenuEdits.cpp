@@ -1,4 +1,4 @@
-#include "menu/MenuEntryState.h"
+#include "menu/MenuEdits.h"
 
 namespace tavrel {
 

@@ -13,12 +13,12 @@ namespace tavrel {
 /// thread of their own, which may outlive the caller.
 struct FolderQuestions {
   std::function<std::vector<std::string>()> names;
-  std::function<ListedFile(const std::string& name)> look;
+  std::function<ListedFile(const std::string& name)> describe;
 };
 
-/// Reads a folder for as long as answers come. Once none has come for `patience`, the names that
+/// Reads a folder for as long as answers come. Once none has come for `timeout`, the names that
 /// nothing is known of yet are of the kind `none`, and the thread is left to itself.
-[[nodiscard]] std::vector<ListedFile> listPatiently(const FolderQuestions& ask,
-                                                    std::chrono::milliseconds patience);
+[[nodiscard]] std::vector<ListedFile> listWithin(const FolderQuestions& ask,
+                                                 std::chrono::milliseconds timeout);
 
 } // namespace tavrel

@@ -1,4 +1,4 @@
-#include "platform/common/PatientListing.h"
+#include "platform/common/BoundedListing.h"
 
 #include <gmock/gmock.h>
 
@@ -41,37 +41,37 @@ private:
   std::shared_future<void> wait_ = end_.get_future().share();
 };
 
-TEST(PatientListing, TellsWhatThereIsToTellOfEachName) {
-  const auto files = listPatiently({aAndB, plainFile}, milliseconds(20'000));
+TEST(BoundedListing, TellsWhatThereIsToTellOfEachName) {
+  const auto files = listWithin({aAndB, plainFile}, milliseconds(20'000));
   EXPECT_THAT(files, ElementsAre(Field(&ListedFile::displayName, "shown a"),
                                  Field(&ListedFile::displayName, "shown b")));
   EXPECT_THAT(kindsOf(files), ElementsAre(FileKind::plain, FileKind::plain));
 }
 
-TEST(PatientListing, AFolderWhoseNamesDoNotComeIsEmpty) {
+TEST(BoundedListing, AFolderWhoseNamesDoNotComeIsEmpty) {
   const KeptBack keptBack;
   const auto names = [wait = keptBack.wait()] {
     wait.wait();
     return std::vector<std::string>{"a"};
   };
-  EXPECT_THAT(listPatiently({names, plainFile}, milliseconds(10)), IsEmpty());
+  EXPECT_THAT(listWithin({names, plainFile}, milliseconds(10)), IsEmpty());
 }
 
-TEST(PatientListing, ANameThatIsNotAnsweredForIsOfNoKind) {
+TEST(BoundedListing, ANameThatIsNotAnsweredForIsOfNoKind) {
   const KeptBack keptBack;
   const auto look = [wait = keptBack.wait()](const std::string& name) {
     if (name == "b")
       wait.wait();
     return plainFile(name);
   };
-  const auto files = listPatiently({aAndB, look}, milliseconds(200));
+  const auto files = listWithin({aAndB, look}, milliseconds(200));
   EXPECT_THAT(kindsOf(files), ElementsAre(FileKind::plain, FileKind::none));
   EXPECT_EQ(files.back().displayName, "b");
 }
 
-TEST(PatientListing, AnEmptyFolderIsEmptyAtOnce) {
+TEST(BoundedListing, AnEmptyFolderIsEmptyAtOnce) {
   const auto none = [] { return std::vector<std::string>(); };
-  EXPECT_THAT(listPatiently({none, plainFile}, milliseconds(20'000)), IsEmpty());
+  EXPECT_THAT(listWithin({none, plainFile}, milliseconds(20'000)), IsEmpty());
 }
 
 } // namespace

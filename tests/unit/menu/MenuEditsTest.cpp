@@ -1,4 +1,4 @@
-#include "menu/MenuEntryState.h"
+#include "menu/MenuEdits.h"
 #include "platform/memory/MenuText.h"
 #include "support/MenuEntries.h"
 
@@ -7,9 +7,9 @@
 namespace tavrel {
 namespace {
 
-class MenuEntryState : public ::testing::Test {
+class MenuEdits : public ::testing::Test {
 protected:
-  MenuEntryState() {
+  MenuEdits() {
     menu.add(entry("first"));
     menu.add(entry("second"));
   }
@@ -21,7 +21,7 @@ protected:
   Menu menu;
 };
 
-TEST_F(MenuEntryState, AnEntryIsHiddenAndShown) {
+TEST_F(MenuEdits, AnEntryIsHiddenAndShown) {
   EXPECT_FALSE(isHiddenMenuItem(menu, 1));
   hideMenuItem(menu, 1, true);
   EXPECT_TRUE(isHiddenMenuItem(menu, 1));
@@ -30,12 +30,12 @@ TEST_F(MenuEntryState, AnEntryIsHiddenAndShown) {
   EXPECT_EQ(shown(), "first\nsecond\n");
 }
 
-TEST_F(MenuEntryState, AnEntryIsDisabled) {
+TEST_F(MenuEdits, AnEntryIsDisabled) {
   disableMenuItem(menu, 0);
   EXPECT_EQ(shown(), "first [disabled]\nsecond\n");
 }
 
-TEST_F(MenuEntryState, AnEntryIsIndentedFromLevelOneOn) {
+TEST_F(MenuEdits, AnEntryIsIndentedFromLevelOneOn) {
   setMenuItemIndent(menu, 1, 2);
   EXPECT_EQ(menu.items[1]->indentation, 2);
   setMenuItemIndent(menu, 1, 0);
@@ -45,7 +45,7 @@ TEST_F(MenuEntryState, AnEntryIsIndentedFromLevelOneOn) {
   EXPECT_EQ(menu.items[1]->indentation, 1);
 }
 
-TEST_F(MenuEntryState, WhereThereIsNoEntryNothingHappens) {
+TEST_F(MenuEdits, WhereThereIsNoEntryNothingHappens) {
   hideMenuItem(menu, 2, true);
   disableMenuItem(menu, 2);
   setMenuItemIndent(menu, 2, 1);
@@ -54,20 +54,20 @@ TEST_F(MenuEntryState, WhereThereIsNoEntryNothingHappens) {
   EXPECT_EQ(shown(), "first\nsecond\n");
 }
 
-TEST_F(MenuEntryState, ASeparatorBetweenEntriesHidesNothing) {
+TEST_F(MenuEdits, ASeparatorBetweenEntriesHidesNothing) {
   separate();
   menu.add(entry("third"));
   validateSeparator(menu, 0);
   EXPECT_EQ(shown(), "first\nsecond\n----\nthird\n");
 }
 
-TEST_F(MenuEntryState, ASeparatorAtTheEndHidesTheEntryAtTheStart) {
+TEST_F(MenuEdits, ASeparatorAtTheEndHidesTheEntryAtTheStart) {
   separate();
   validateSeparator(menu, 0);
   EXPECT_EQ(shown(), "first [hidden]\nsecond\n----\n");
 }
 
-TEST_F(MenuEntryState, TwoSeparatorsThatMeetHideTheEntryAtTheStart) {
+TEST_F(MenuEdits, TwoSeparatorsThatMeetHideTheEntryAtTheStart) {
   separate();
   separate();
   menu.add(entry("third"));
@@ -75,7 +75,7 @@ TEST_F(MenuEntryState, TwoSeparatorsThatMeetHideTheEntryAtTheStart) {
   EXPECT_EQ(shown(), "first\nsecond [hidden]\n----\n----\nthird\n");
 }
 
-TEST_F(MenuEntryState, HiddenEntriesDoNotKeepSeparatorsApart) {
+TEST_F(MenuEdits, HiddenEntriesDoNotKeepSeparatorsApart) {
   separate();
   menu.add(entry("third")).hidden = true;
   separate();
@@ -84,13 +84,13 @@ TEST_F(MenuEntryState, HiddenEntriesDoNotKeepSeparatorsApart) {
   EXPECT_EQ(shown(), "first [hidden]\nsecond\n----\nthird [hidden]\n----\nfourth\n");
 }
 
-TEST_F(MenuEntryState, AHiddenSeparatorCountsForNothing) {
+TEST_F(MenuEdits, AHiddenSeparatorCountsForNothing) {
   separate(true);
   validateSeparator(menu, 0);
   EXPECT_EQ(shown(), "first\nsecond\n---- [hidden]\n");
 }
 
-TEST_F(MenuEntryState, WhatComesBeforeTheStartIsNotLookedAt) {
+TEST_F(MenuEdits, WhatComesBeforeTheStartIsNotLookedAt) {
   Menu separators;
   separators.addSeparator();
   separators.addSeparator();

@@ -1,4 +1,4 @@
-#include "invoke/DragTest.h"
+#include "invoke/DragDetection.h"
 
 #include "invoke/LiveInput.h"
 #include "platform/Clock.h"
