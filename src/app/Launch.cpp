@@ -1,4 +1,3 @@
-#include "app/DoubleTapName.h"
 #include "bridge/BridgeMessage.h"
 #include "controller/PreferenceStore.h"
 #include "controller/ProcessState.h"

@@ -1,10 +1,8 @@
-#include "app/DoubleTapName.h"
 #include "controller/PreferenceStore.h"
 #include "controller/ProcessState.h"
 #include "controller/TVController.h"
 #include "invoke/LongPress.h"
 #include "invoke/NTModifierKeyActionHandler.h"
-#include "menu/MenuIcons.h"
 #include "platform/Platform.h"
 #include "platform/Preferences.h"
 

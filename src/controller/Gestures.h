@@ -13,6 +13,9 @@ namespace tavrel {
 class LongPress;
 class NTModifierKeyActionHandler;
 
+/// What a double tap is announced as, inside this process, and the detector's client.
+inline constexpr const char* doubleTapName = "TVR_TheKeyDoubleTapped";
+
 /// What calls the pop-up at the pointer up.
 struct Gestures {
   std::unique_ptr<NTModifierKeyActionHandler> doubleTapActionHandler;

@@ -9,8 +9,6 @@
 #include "platform/SystemLog.h"
 #include "selection/PrivatePasteboard.h"
 
-#include <functional>
-
 namespace tavrel {
 
 namespace {
@@ -46,11 +44,13 @@ void showSelectedFolder(MenuItem& entry, const std::string& path, MenuDelegate* 
   entry.representedObject = selectedFolderRecord(folder);
 }
 
-// The reason is only put together when the log wants it.
-void explainHidden(const MenuItem& item, const std::function<std::string()>& reason) {
-  SystemLog& log = platform().log;
-  if (log.isDebugOn(LogArea::menu))
-    log.debug(LogArea::menu, filledInOrder("\"%@\" is hidden: %@", {item.title, reason()}));
+// To be asked before a reason is put together.
+bool isHidingExplained() {
+  return platform().log.isDebugOn(LogArea::menu);
+}
+
+void explainHidden(const MenuItem& item, const std::string& reason) {
+  platform().log.debug(LogArea::menu, filledInOrder("\"%@\" is hidden: %@", {item.title, reason}));
 }
 
 void fitSelectedFolder(Menu& menu, const std::optional<std::string>& path, MenuDelegate* delegate) {
@@ -64,8 +64,8 @@ void fitRecordEntry(MenuItem& item, const std::string& hostName) {
   const PropertyList& record = *item.representedObject;
   const HidingRule rule = hidingRule(hostName, record);
   item.hidden = rule != HidingRule::none;
-  if (item.hidden)
-    explainHidden(item, [&] { return hidingReason(rule, hostName, record); });
+  if (item.hidden && isHidingExplained())
+    explainHidden(item, hidingReason(rule, hostName, record));
 }
 
 void fitEntries(Menu& menu, std::size_t first, const std::string& hostName,
@@ -89,11 +89,10 @@ bool TVController::isHideItem(const PropertyList& item) const {
 void TVController::fitSelectedFolderEntry(Menu& menu) {
   const auto path = settings_.browseFolder ? singleSelectedFolder() : std::nullopt;
   fitSelectedFolder(menu, path, this);
-  if (!path && !menu.items.empty())
-    explainHidden(*menu.items[selectedFolderIndex], [this] {
-      return settings_.browseFolder ? "not one folder alone is selected"
-                                    : "folders are not browsed by the settings";
-    });
+  if (!path && !menu.items.empty() && isHidingExplained())
+    explainHidden(*menu.items[selectedFolderIndex],
+                  settings_.browseFolder ? "not one folder alone is selected"
+                                         : "folders are not browsed by the settings");
 }
 
 void TVController::validateContextMenu(Menu& menu, const PropertyList::Array& /*array*/,
