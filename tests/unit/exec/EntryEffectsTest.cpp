@@ -59,7 +59,7 @@ TEST_F(EntryEffectsTest, TheAlternateOfAFolderOfTheTreeMovesFilesAndThatOfADocum
 }
 
 TEST_F(EntryEffectsTest, ARunningApplicationComesToTheFrontIsShownOrQuits) {
-  desktop.applications.control.running = {{.name = "Mail", .path = "/apps/Mail.app"}};
+  desktop.applications.control.running = {{"Mail", "/apps/Mail.app", 1, {}}};
   EXPECT_EQ(effectsIn("TVRM_ProcessMenu", 0),
             (EntryEffects{.plain = ItemAction::bringToFront,
                           .withoutFiles = ItemAction::bringToFront,
