@@ -1,5 +1,5 @@
-#include "app/DoubleTapName.h"
 #include "bridge/BridgeMessage.h"
+#include "controller/Gestures.h"
 #include "controller/PreferenceStore.h"
 #include "controller/SettingKeys.h"
 #include "invoke/NTModifierKeyActionHandler.h"

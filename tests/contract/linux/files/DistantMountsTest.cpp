@@ -1,7 +1,12 @@
 #include "platform/linux/files/DistantMounts.h"
 
+#include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/files/LinuxFiles.h"
 #include "platform/linux/files/MountPoints.h"
+#include "platform/linux/images/IconChoice.h"
+#include "platform/linux/places/RecentUsesFile.h"
+#include "platform/linux/processes/ProgramSearch.h"
+#include "platform/linux/services/ServiceFolders.h"
 #include "support/DeadFileSystem.h"
 #include "support/ScratchFolders.h"
 
@@ -151,7 +156,7 @@ TEST_F(LinksIntoNowhere, WhatIsMountedAmongTheEntriesIsNotEntered) {
 
 TEST_F(LinksIntoNowhere, AListOfWhatWasUsedThatIsOneIsEmpty) {
   const std::string list = linkAt("recently-used.xbel");
-  KeptRecentUses kept;
+  CachedRecentUses kept;
   EXPECT_EQ(answerOfTheDead([&] { return kept.read(list).size(); }), 0U);
 }
 
