@@ -64,7 +64,7 @@ bool isSharedLibrary(std::string_view path) {
 }
 
 ItemKind kindOfExecutable(const std::string& path) {
-  const std::string start = readStart(path, elfTypeEnd).value_or(std::string());
+  const std::string start = readStartOfRegular(path, elfTypeEnd).value_or(std::string());
   if (start.starts_with("#!"))
     return ItemKind::script;
   const bool elf = start.size() == elfTypeEnd && start.starts_with("\x7F"

@@ -147,8 +147,10 @@ std::optional<std::string> LinuxFiles::resolveAlias(const std::string& path) {
 }
 
 std::optional<ItemInformation> LinuxFiles::information(const std::string& path, FinalLink link) {
-  const auto kind = askWithTimeout(path, link, std::optional<ItemKind>(),
-                                   [path, link] { return itemKindNow(path, link); });
+  const auto mount = doubtfulMountOf(path, link); // without a copy of the path where there is none
+  const auto kind = mount ? askAt(*mount, std::optional<ItemKind>(),
+                                  [path, link] { return itemKindNow(path, link); })
+                          : itemKindNow(path, link);
   if (!kind)
     return std::nullopt;
   const std::uint32_t invisible = hiddenNames_.hides(path) ? itemFlag::invisible : 0;

@@ -45,8 +45,10 @@ std::optional<std::string> readUpTo(const FileDescriptor& file, std::size_t coun
 } // namespace
 
 std::optional<std::string> readStart(const std::string& path, std::size_t count) {
-  if (!isRegular(path))
-    return std::nullopt;
+  return isRegular(path) ? readStartOfRegular(path, count) : std::nullopt;
+}
+
+std::optional<std::string> readStartOfRegular(const std::string& path, std::size_t count) {
   const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
   const auto size = regularSize(file);
   return size ? readUpTo(file, std::min(*size, count)) : std::nullopt;

@@ -13,4 +13,9 @@ namespace tavrel {
 /// The first `count` bytes of a regular file, fewer of a shorter one; nothing as above.
 [[nodiscard]] std::optional<std::string> readStart(const std::string& path, std::size_t count);
 
+/// The same of what was a regular file a moment ago, which saves a question. Should it be a pipe by
+/// now, nothing waits for its other end.
+[[nodiscard]] std::optional<std::string> readStartOfRegular(const std::string& path,
+                                                            std::size_t count);
+
 } // namespace tavrel
