@@ -41,8 +41,8 @@ std::shared_ptr<const ScriptDefinition> bindSource(Heap& heap, const std::string
 
 } // namespace
 
-/// Counts the runs inside one another. After the outermost one the host is told, and the scripts
-/// are freed that hold each other, as one and the script it stands in do.
+/// Counts the runs inside one another. After the outermost one it tells the host, and frees scripts
+/// that hold each other, as a script and one inside it do.
 class Engine::Running {
 public:
   explicit Running(Engine& engine) : engine_(engine) { ++engine_.runs_; }

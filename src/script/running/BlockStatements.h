@@ -17,9 +17,9 @@ struct ConditionalBlock {
 
 struct TryClauses {
   Block body;
-  Block errorBlock;              ///< behind `on error`
-  ExpressionPtr messageVariable; ///< told of the error, as is the next; null where there is none
-  ExpressionPtr numberVariable;
+  Block errorBlock;                         ///< behind `on error`
+  ExpressionPtr messageVariable;            ///< gets the error's message; null where there is none
+  ExpressionPtr numberVariable;             ///< gets its number; null where there is none
   std::optional<std::int64_t> caughtNumber; ///< the one that is caught; nothing for all of them
 };
 [[nodiscard]] StatementPtr tryStatement(TryClauses clauses);

@@ -22,14 +22,14 @@ protected:
   ObjectStep stepOf(Frame& frame) const override {
     return {ObjectStep::Kind::element, type_, {valueForHost(frame.runtime, key_->evaluate(frame))}};
   }
-  Value memberOf(Frame& frame, const Value& whole) const override {
-    return elementOf(frame.runtime, whole, type_, key_->evaluate(frame));
+  Value memberOf(Frame& frame, const Value& container) const override {
+    return elementOf(frame.runtime, container, type_, key_->evaluate(frame));
   }
-  Value referenceToMember(Frame& frame, const Value& place, const Value&) const override {
-    return elementReference(frame.runtime, place, type_, key_->evaluate(frame));
+  Value referenceToMember(Frame& frame, const Value& base, const Value&) const override {
+    return elementReference(frame.runtime, base, type_, key_->evaluate(frame));
   }
-  void setMember(Frame& frame, const Value& whole, Value value) const override {
-    setElement(frame.runtime, whole, type_, key_->evaluate(frame), std::move(value));
+  void setMember(Frame& frame, const Value& container, Value value) const override {
+    setElement(frame.runtime, container, type_, key_->evaluate(frame), std::move(value));
   }
 
 private:
@@ -44,8 +44,8 @@ public:
 
 protected:
   ObjectStep stepOf(Frame&) const override { return {ObjectStep::Kind::every, type_, {}}; }
-  Value memberOf(Frame& frame, const Value& whole) const override {
-    return everyElement(frame.runtime, whole, type_);
+  Value memberOf(Frame& frame, const Value& container) const override {
+    return everyElement(frame.runtime, container, type_);
   }
 
 private:
@@ -61,11 +61,11 @@ protected:
   ObjectStep stepOf(Frame&) const override {
     throw ScriptError{errors::noSuchObject, "Applications have no such elements."};
   }
-  Value memberOf(Frame& frame, const Value& whole) const override {
-    const std::int64_t count = countElements(frame.runtime, whole, type_);
+  Value memberOf(Frame& frame, const Value& container) const override {
+    const std::int64_t count = countElements(frame.runtime, container, type_);
     const std::int64_t last = std::max<std::int64_t>(count, 1);
     std::uniform_int_distribution<std::int64_t> any(1, last);
-    return elementAt(frame.runtime, whole, type_,
+    return elementAt(frame.runtime, container, type_,
                      pick_ == PickedElement::middle ? (last + 1) / 2 : any(frame.runtime.random));
   }
 
@@ -87,8 +87,9 @@ protected:
             {valueForHost(frame.runtime, first_.index->evaluate(frame)),
              valueForHost(frame.runtime, last_.index->evaluate(frame))}};
   }
-  Value memberOf(Frame& frame, const Value& whole) const override {
-    return elementsBetween(frame.runtime, whole, type_, bound(frame, first_), bound(frame, last_));
+  Value memberOf(Frame& frame, const Value& container) const override {
+    return elementsBetween(frame.runtime, container, type_, bound(frame, first_),
+                           bound(frame, last_));
   }
 
 private:
@@ -134,14 +135,14 @@ public:
       : point_(point), container_(std::move(container)) {}
 
   Value evaluate(Frame& frame) const override {
-    const Value whole = fetched(frame.runtime, containerOf(frame, container_));
-    return elementAt(frame.runtime, whole, "item", point_ == InsertionPoint::end ? -1 : 1);
+    const Value container = fetched(frame.runtime, containerOf(frame, container_));
+    return elementAt(frame.runtime, container, "item", point_ == InsertionPoint::end ? -1 : 1);
   }
   void assign(Frame& frame, Value value) const override {
-    const Value whole = dereferenced(frame.runtime, containerOf(frame, container_));
-    auto* list = whole.as<List>();
+    const Value container = dereferenced(frame.runtime, containerOf(frame, container_));
+    auto* list = container.as<List>();
     if (!list)
-      cannotGet("end", whole);
+      cannotGet("end", container);
     if (point_ == InsertionPoint::end)
       list->append(std::move(value));
     else

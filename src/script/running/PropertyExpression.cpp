@@ -14,14 +14,14 @@ public:
 
 protected:
   ObjectStep stepOf(Frame&) const override { return {ObjectStep::Kind::property, *name_, {}}; }
-  Value memberOf(Frame& frame, const Value& whole) const override {
-    return propertyOf(frame.runtime, whole, name_);
+  Value memberOf(Frame& frame, const Value& container) const override {
+    return propertyOf(frame.runtime, container, name_);
   }
-  Value referenceToMember(Frame& frame, const Value& place, const Value&) const override {
-    return isContents() ? place : propertyReference(frame.runtime, place, name_);
+  Value referenceToMember(Frame& frame, const Value& base, const Value&) const override {
+    return isContents() ? base : propertyReference(frame.runtime, base, name_);
   }
-  void setMember(Frame& frame, const Value& whole, Value value) const override {
-    setProperty(frame.runtime, whole, name_, std::move(value));
+  void setMember(Frame& frame, const Value& container, Value value) const override {
+    setProperty(frame.runtime, container, name_, std::move(value));
   }
   bool isContents() const override { return *name_ == "contents"; }
 

@@ -120,8 +120,8 @@ std::optional<Node> Parser::phrase() {
     return node(NodeKind::command, "count", {reference()});
   if (!seesWord("beginning") && !seesWord("end"))
     return std::nullopt;
-  const std::string place = tokens_[at_++].text;
-  return node(NodeKind::insertionPoint, place, {Node{}});
+  const std::string point = tokens_[at_++].text;
+  return node(NodeKind::insertionPoint, point, {Node{}});
 }
 
 const NameTerm* Parser::termAt(std::span<const NameTerm> terms) const {

@@ -39,13 +39,13 @@ Node Parser::withOwners(Node primary) {
 }
 
 Node Parser::ownedBy(Node owner) {
-  Node part = primary();
-  if (part.kind == NodeKind::variable || part.kind == NodeKind::typeName)
-    part.kind = NodeKind::property;
-  if (!isMember(part.kind))
+  Node member = primary();
+  if (member.kind == NodeKind::variable || member.kind == NodeKind::typeName)
+    member.kind = NodeKind::property;
+  if (!isMember(member.kind))
     expected("property");
-  attach(part, std::move(owner));
-  return part;
+  attach(member, std::move(owner));
+  return member;
 }
 
 // Gives the container to the innermost member that has none yet.

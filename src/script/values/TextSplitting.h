@@ -18,7 +18,7 @@ public:
   explicit TextRanges(Heap& heap) : reservation_(heap) {}
   void add(const TextRange& textAt);
   [[nodiscard]] std::size_t size() const { return ranges_.size(); }
-  [[nodiscard]] const TextRange& operator[](std::size_t place) const { return ranges_[place]; }
+  [[nodiscard]] const TextRange& operator[](std::size_t index) const { return ranges_[index]; }
   [[nodiscard]] TextRange& last() { return ranges_.back(); }
   [[nodiscard]] auto begin() const { return ranges_.begin(); }
   [[nodiscard]] auto end() const { return ranges_.end(); }
