@@ -154,6 +154,13 @@ TEST_F(DoubleTap, AModifierNobodyWaitsForLeavesAPendingTap) {
   EXPECT_EQ(posted, 1);
 }
 
+TEST_F(DoubleTap, WhoWaitsForAKeyThatIsNoModifierDisturbsNobody) {
+  handler.addClient("never", 0);
+  tapAt(10, 0.05);
+  tapAt(10.1, 0.05);
+  EXPECT_EQ(posted, 1);
+}
+
 TEST_F(DoubleTap, ARemovedClientHearsNothing) {
   handler.removeClient("tapped");
   tapAt(10, 0.05);
