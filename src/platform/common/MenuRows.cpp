@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include <utility>
+
 namespace tavrel {
 
 bool isAlternateOf(const MenuItem& alternate, const MenuItem& partner) {
