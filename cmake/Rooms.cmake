@@ -3,7 +3,7 @@
 function(tavrel_rooms target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
   foreach(source IN LISTS ARGN)
-    file(RELATIVE_PATH place ${CMAKE_CURRENT_SOURCE_DIR} ${source})
+    file(RELATIVE_PATH place ${CMAKE_SOURCE_DIR} ${source})
     get_filename_component(folder ${place} DIRECTORY)
     string(MAKE_C_IDENTIFIER "${folder}" room)
     set_source_files_properties(${source} PROPERTIES UNITY_GROUP "${room}")

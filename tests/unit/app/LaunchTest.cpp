@@ -152,6 +152,7 @@ TEST_F(Launch, TheStatusItemShowsTheMenuThatTheControllerPrepares) {
 }
 
 TEST_F(Launch, TheStatusItemIsThereBeforeTheFirstHotKey) {
+  set("TVR2_PopupStartType", 0);
   std::vector<std::size_t> items;
   desktop.hotKeys.control.onRegister = [&] {
     items.push_back(desktop.statusBar.control.items.size());
