@@ -13,7 +13,7 @@ struct XdgFolders {
   std::vector<std::string> desktops; ///< XDG_CURRENT_DESKTOP, in lower case
 };
 
-/// By the environment variables; relative folders are ignored, as the specification wants it.
+/// By the environment variables; relative folders are ignored, as XDG Base Directory 0.8 wants it.
 [[nodiscard]] XdgFolders xdgFolders();
 
 } // namespace tavrel
