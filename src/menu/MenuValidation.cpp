@@ -3,6 +3,7 @@
 #include "menu/HidingRule.h"
 #include "menu/ItemRecord.h"
 #include "menu/MenuEdits.h"
+#include "menu/MenuIcons.h"
 #include "menu/PathHelpers.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"

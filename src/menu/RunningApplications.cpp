@@ -4,6 +4,7 @@
 #include "exec/ItemAction.h"
 #include "exec/PerformAction.h"
 #include "invoke/KeyState.h"
+#include "menu/MenuIcons.h"
 #include "platform/Applications.h"
 #include "platform/Platform.h"
 
