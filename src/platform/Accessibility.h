@@ -21,11 +21,17 @@ using AXUIElementRef = std::shared_ptr<const AXUIElement>;
 
 enum class KeyDirection { down, up };
 
+/// What a keystroke is posted for. A program may be asked for its selection, or given a paste, by
+/// another key than that of the event, or by none (see the desktop's adapter); a plain keystroke
+/// arrives as it is.
+enum class KeyPurpose { keystroke, copySelection, pasteSelection };
+
 /// One key going down or up, as an application is to receive it.
 struct KeyboardEvent {
   std::uint16_t character = 0; ///< what it types; 0 for a modifier key
   std::uint16_t keyCode = 0;   ///< virtual key code: the key's place
   KeyDirection direction = KeyDirection::down;
+  KeyPurpose purpose = KeyPurpose::keystroke;
 };
 
 /// What assistive programs may do: look at other applications' elements and send them keys.
@@ -47,6 +53,11 @@ public:
   /// Sends the application one key event. Modifiers go as keys of their own around the key they
   /// modify; what the user holds at the moment does not mix in. Between a modifier's down and its
   /// up the caller keeps posting and does nothing else. False when it could not be sent.
+  ///
+  /// A chord for `copySelection` blocks until the application has copied, or has shown that it has
+  /// nothing to copy, or for half a second. Posted again while the clipboard has not been declared
+  /// anew, it sends no second key. One for `pasteSelection` goes only to the window whose selection
+  /// was copied last.
   virtual bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) = 0;
 };
 

@@ -12,6 +12,7 @@ void postCommandKeystroke(const AXUIElementRef& application, const LetterKey& le
                           isDvorak() ? letter.dvorakKeyCode : letter.usKeyCode, KeyDirection::down};
   const auto post = [&](KeyboardEvent event, KeyDirection direction) {
     event.direction = direction;
+    event.purpose = letter.purpose;
     platform().accessibility.postKeyboardEvent(application, event);
   };
   post(command, KeyDirection::down);

@@ -9,10 +9,11 @@ struct LetterKey {
   char character;
   std::uint16_t usKeyCode;
   std::uint16_t dvorakKeyCode;
+  KeyPurpose purpose;
 };
 
-inline constexpr LetterKey copyKey{'c', 8, 34};
-inline constexpr LetterKey pasteKey{'v', 9, 47};
+inline constexpr LetterKey copyKey{'c', 8, 34, KeyPurpose::copySelection};
+inline constexpr LetterKey pasteKey{'v', 9, 47, KeyPurpose::pasteSelection};
 
 /// Presses and releases the key with Command held, as the application's own keystroke.
 void postCommandKeystroke(const AXUIElementRef& application, const LetterKey& letter);

@@ -60,6 +60,8 @@ void TVController::setSelectionToPasteboard(const AXUIElementRef& application) {
   const std::int64_t changes = copyUntilAnswered(application);
   muteVolume(false);
   copyPasteboard(general, privatePasteboard());
+  if (privatePasteboard().types().empty()) // what was copied could not be read
+    clearPasteboard(privatePasteboard());
   restoreGeneralPasteboard();
   logCapture(changes);
 }

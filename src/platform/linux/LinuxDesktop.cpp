@@ -40,8 +40,8 @@
 #include "platform/linux/x11/gestures/LinuxEventQueue.h"
 #include "platform/linux/x11/gestures/LinuxHotKeys.h"
 #include "platform/linux/x11/keyboard/LinuxKeyboard.h"
-#include "platform/linux/x11/keystrokes/LinuxAccessibility.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
+#include "platform/linux/x11/selection/LinuxAccessibility.h"
 #include "platform/linux/x11/windows/DesktopWindows.h"
 
 namespace tavrel {
@@ -60,6 +60,18 @@ bool writeLoginWindow(const PropertyList::Dictionary& values) {
 }
 } // namespace
 
+namespace {
+std::vector<std::string> copyKeyExceptions(LinuxPreferences& preferences) {
+  const auto value = preferences.value(preferenceDomain, "TVR_CopyKeyExceptions");
+  std::vector<std::string> names;
+  if (value && value->array())
+    for (const PropertyList& name : *value->array())
+      if (const std::string* text = name.string())
+        names.push_back(*text);
+  return names;
+}
+} // namespace
+
 struct LinuxDesktop::Adapters {
   void tellOfSaving() {
     if (preferences.hasChangedElsewhere(preferenceDomain))
@@ -72,24 +84,26 @@ struct LinuxDesktop::Adapters {
   BusObject busObject;
 
   OwnKeystrokes ownKeystrokes;
-  LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
+  LinuxClock clock;
+  LinuxPasteboards pasteboards;
+  LinuxAccessibility accessibility{{registry, windows, ownKeystrokes, pasteboards.clipboard(),
+                                    [this] { return copyKeyExceptions(preferences); },
+                                    [this] { clock.skipNextSleep(); }}};
   LinuxAlerts alerts;
   GestureKeyBuffer gestureKeyBuffer{
       [this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
   LinuxApplications applications{registry, windows, resources + "/roles"};
   LinuxAuthorization authorization{uninstallHelperCommand()};
   LinuxBundle bundle{resources};
-  LinuxClock clock;
   LinuxEventMonitor eventMonitor{ownKeystrokes, &gestureKeyBuffer};
   LinuxEventQueue eventQueue{clock};
   LinuxFiles files;
-  LinuxHotKeys hotKeys{&gestureKeyBuffer};
+  LinuxHotKeys hotKeys{ownKeystrokes, &gestureKeyBuffer};
   LinuxImages images{resources + "/images"};
   LinuxKeyboard keyboard{[this] { return eventMonitor.tapIsInterrupted(); }};
   InProcessNotificationCenter notifications;
   LinuxDistributedNotificationCenter distributedNotifications{
       [this] { return presenter.isOpen(); }};
-  LinuxPasteboards pasteboards;
   CachedRecentUses recentUses;
   LinuxPreferences preferences{
       preferenceFolder(),

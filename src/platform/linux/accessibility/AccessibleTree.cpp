@@ -1,5 +1,7 @@
 #include "platform/linux/accessibility/AccessibleTree.h"
 
+#include "platform/linux/accessibility/FocusRule.h"
+
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -20,7 +22,12 @@ const QString daemonName = QStringLiteral("org.freedesktop.DBus");
 constexpr int depthLimit = 64; // of elements within elements
 constexpr int heightLimit = 4; // a label in a box in a box in a button
 constexpr std::uint32_t screenCoordinates = 0;
-constexpr std::uint32_t manyLinesState = 1U << 17;
+
+// AtspiStateType, as bits.
+constexpr std::uint64_t activeState = 1ULL << 1U;
+constexpr std::uint64_t focusedState = 1ULL << 12U;
+constexpr std::uint64_t manyLinesState = 1ULL << 17U;
+constexpr std::uint64_t showingState = 1ULL << 25U;
 
 AccessibleElement elementFrom(const QDBusArgument& argument) {
   AccessibleElement element;
@@ -177,13 +184,56 @@ AccessibleElement AccessibleTree::parentOf(const AccessibleElement& element) {
                                            : AccessibleElement();
 }
 
-bool AccessibleTree::hasManyLines(const AccessibleElement& element) {
+std::uint64_t AccessibleTree::states(const AccessibleElement& element) {
   const QDBusMessage reply = call(element, accessible, QStringLiteral("GetState"));
   const auto list = argumentOf(reply, QStringLiteral("au"));
-  QList<std::uint32_t> states;
+  QList<std::uint32_t> halves;
   if (list)
-    *list >> states;
-  return !states.empty() && (states.front() & manyLinesState) != 0;
+    *list >> halves;
+  return halves.value(0) | std::uint64_t{halves.value(1)} << 32U;
+}
+
+bool AccessibleTree::hasManyLines(const AccessibleElement& element) {
+  return (states(element) & manyLinesState) != 0;
+}
+
+std::optional<AccessibleElement> AccessibleTree::focused(const AccessibleElement& application) {
+  for (const AccessibleElement& window : children(application))
+    if ((states(window) & activeState) != 0) {
+      const auto found = focusedMatch(window);
+      return found ? found : focusedBelow(window);
+    }
+  return std::nullopt;
+}
+
+// One call where the toolkit can search (GTK 3).
+std::optional<AccessibleElement> AccessibleTree::focusedMatch(const AccessibleElement& window) {
+  constexpr std::uint32_t anyOrder = 1; // ATSPI_Collection_SORT_ORDER_CANONICAL
+  const auto list = argumentOf(call(window, QStringLiteral("org.a11y.atspi.Collection"),
+                                    QStringLiteral("GetMatches"),
+                                    {QVariant::fromValue(focusRule()), anyOrder, 1, true}),
+                               QStringLiteral("a(so)"));
+  if (!list)
+    return std::nullopt;
+  list->beginArray();
+  return list->atEnd() ? std::nullopt : std::optional(elementFrom(*list));
+}
+
+// Elements that do not show hold none that has the keyboard.
+std::optional<AccessibleElement> AccessibleTree::focusedBelow(const AccessibleElement& window) {
+  std::vector<AccessibleElement> left = children(window);
+  while (!left.empty() && !deadline_.hasExpired()) {
+    const AccessibleElement element = left.back();
+    left.pop_back();
+    const std::uint64_t state = states(element);
+    if ((state & focusedState) != 0)
+      return element;
+    if ((state & showingState) == 0)
+      continue;
+    const std::vector<AccessibleElement> below = children(element);
+    left.insert(left.end(), below.begin(), below.end());
+  }
+  return std::nullopt;
 }
 
 } // namespace tavrel

@@ -36,6 +36,8 @@ public:
   /// `window`.
   [[nodiscard]] std::optional<AccessibleElement> elementAt(const AccessibleElement& application,
                                                            const QRect& window, QPoint point);
+  /// The element with the keyboard, in the application's active window.
+  [[nodiscard]] std::optional<AccessibleElement> focused(const AccessibleElement& application);
   [[nodiscard]] AccessibleFacts facts(const AccessibleElement& element);
 
 private:
@@ -51,6 +53,9 @@ private:
   [[nodiscard]] AccessibleElement controlAround(const AccessibleElement& element);
   [[nodiscard]] std::uint32_t roleOf(const AccessibleElement& element);
   [[nodiscard]] AccessibleElement parentOf(const AccessibleElement& element);
+  [[nodiscard]] std::optional<AccessibleElement> focusedMatch(const AccessibleElement& window);
+  [[nodiscard]] std::optional<AccessibleElement> focusedBelow(const AccessibleElement& window);
+  [[nodiscard]] std::uint64_t states(const AccessibleElement& element);
   [[nodiscard]] bool hasManyLines(const AccessibleElement& element);
 
   QDBusConnection bus_;

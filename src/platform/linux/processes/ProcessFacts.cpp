@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 
 namespace tavrel {
@@ -28,7 +27,8 @@ std::string executableOf(std::int32_t pid) {
 std::uint64_t startTimeOf(std::int32_t pid) {
   constexpr int fieldsBetween = 19; // from the state, after the name in brackets, to the start time
   std::ifstream file(folderOf(pid) + "/stat");
-  const std::string text{std::istreambuf_iterator<char>(file), {}};
+  std::string text; // read by a function that reports what fails midway: the process may end
+  std::getline(file, text, '\0');
   const std::size_t end = text.rfind(')');
   if (end == std::string::npos)
     return 0;

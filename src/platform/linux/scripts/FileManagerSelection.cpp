@@ -10,13 +10,8 @@ namespace tavrel {
 
 namespace {
 
-constexpr KeyboardEvent letterC{'c', 8, KeyDirection::down};
+constexpr KeyboardEvent letterC{'c', 8, KeyDirection::down, KeyPurpose::copySelection};
 constexpr std::uint16_t dvorakC = 34;
-
-constexpr int mostPresses = 10;
-constexpr int pollsPerPress = 10;
-constexpr double pollIntervalSeconds = 0.001;
-constexpr double timeoutSeconds = 0.3;
 
 struct SavedPasteboard {
   std::vector<std::string> types;
@@ -67,17 +62,9 @@ bool isCleared(const SavedPasteboard& contents) {
 bool makeItCopy(ScriptDesktop& desktop) {
   Pasteboard& general = desktop.pasteboards.general();
   const std::int64_t before = general.changeCount();
-  const double end = desktop.clock.now() + timeoutSeconds;
-  for (int press = 0; press < mostPresses && desktop.clock.now() < end; ++press) {
-    if (!pressCopy(desktop))
-      return false;
-    for (int poll = 0; poll < pollsPerPress; ++poll) {
-      if (general.changeCount() != before)
-        return true;
-      desktop.clock.sleep(pollIntervalSeconds);
-    }
-  }
-  return general.changeCount() != before;
+  const bool isPressed = pressCopy(desktop);
+  desktop.clock.sleep(0); // for the desktop: a sleep after a copy may end early, here none follows
+  return isPressed && general.changeCount() != before;
 }
 
 std::vector<std::string> filesCopiedTo(Pasteboard& pasteboard) {

@@ -94,7 +94,7 @@ bool pressInFront(ScriptDesktop& desktop, const ScriptKey& key) {
       desktop.accessibility.applicationElement(front ? front->processIdentifier : 0);
   std::vector<KeyboardEvent> keys;
   for (const std::uint16_t modifier : key.modifiers)
-    keys.push_back({0, modifier, KeyDirection::down});
+    keys.push_back({0, modifier, KeyDirection::down, key.key.purpose});
   keys.push_back(key.key);
   bool isSent = true;
   const auto post = [&](KeyboardEvent event, KeyDirection direction) {

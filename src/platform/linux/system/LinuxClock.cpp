@@ -6,6 +6,7 @@
 #include <chrono>
 #include <ctime>
 #include <thread>
+#include <utility>
 
 namespace tavrel {
 
@@ -43,6 +44,8 @@ double LinuxClock::now() {
 }
 
 void LinuxClock::sleep(double seconds) {
+  if (std::exchange(isNextSleepSkipped_, false))
+    return;
   std::this_thread::sleep_for(timerDuration(seconds));
 }
 

@@ -22,12 +22,16 @@ public:
   TimerId schedule(double seconds, std::function<void()> action) override;
   void cancel(TimerId timer) override;
 
+  /// What the next `sleep` is to wait for has come already: it returns at once.
+  void skipNextSleep() { isNextSleepSkipped_ = true; }
+
 private:
   void fire(TimerId timer);
 
   double realTimeAtBoot_; ///< seconds since 2001
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
   TimerId lastId_ = 0;
+  bool isNextSleepSkipped_ = false;
 };
 
 } // namespace tavrel

@@ -8,7 +8,7 @@
 #include "platform/linux/system/LinuxSystemLog.h"
 #include "platform/linux/x11/clipboard/LinuxPasteboards.h"
 #include "platform/linux/x11/keyboard/LinuxKeyboard.h"
-#include "platform/linux/x11/keystrokes/LinuxAccessibility.h"
+#include "platform/linux/x11/selection/LinuxAccessibility.h"
 #include "platform/linux/x11/windows/DesktopWindows.h"
 #include "script/engine/Engine.h"
 
@@ -63,14 +63,14 @@ protected:
   ApplicationRegistry registry{fakes.folders()};
   DesktopWindows windows;
   OwnKeystrokes ownKeystrokes;
-  LinuxAccessibility accessibility{registry, windows, ownKeystrokes};
+  LinuxPasteboards pasteboards;
+  LinuxAccessibility accessibility{{registry, windows, ownKeystrokes, pasteboards.clipboard()}};
   LinuxKeyboard keyboard;
   LinuxApplications applications{registry, windows, TAVREL_RESOURCES "/roles"};
   LinuxClock clock;
   QuietSounds sounds;
   KeptLog log;
   LinuxWorkspace workspace{registry, windows};
-  LinuxPasteboards pasteboards;
   LongRunningScripts runs;
   ScriptableApplication* application = nullptr;
   LinuxScriptHost host{{accessibility, applications, clock, keyboard, sounds, log, pasteboards,

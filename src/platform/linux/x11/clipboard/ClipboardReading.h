@@ -18,9 +18,9 @@ struct ClipboardReading {
 };
 
 /// Reads every target that holds data, without those of the protocol itself (TIMESTAMP, MULTIPLE,
-/// DELETE and the like). Stops at the first timeout (300 ms for an answer, 600 ms for the next
-/// piece of one), after two seconds and 20 ms for each megabyte, and at 256 MB. What could not be
-/// read is listed as unread; what is left out is logged.
+/// DELETE and the like) and those that link to a document. Stops at the first timeout (300 ms for
+/// an answer, 600 ms for the next piece of one), after two seconds and 20 ms for each megabyte, and
+/// at 256 MB. What could not be read is listed as unread; what is left out is logged.
 [[nodiscard]] ClipboardReading readClipboard(SelectionConnection& connection,
                                              SelectionReader& reader);
 

@@ -34,14 +34,14 @@ LateCopies::LateCopies(SelectionConnection& connection, xcb_window_t ownWindows)
 }
 
 // Without XInput the user's copies could not be told from late ones: then none counts as late.
-void LateCopies::expect() {
+void LateCopies::expect(const std::optional<CopySource>& source) {
   stop();
   if (inputExtension_ == 0)
     return;
   // First: once the server has replied to the requests after it, no press is missed any more.
   selectPresses(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
   findModifiers();
-  focusedWindow_ = findFocusedWindow();
+  source_ = source ? *source : CopySource(connection_, findFocusedWindow());
   deadline_ = std::chrono::steady_clock::now() + lateCopyTimeout;
   remaining_ = lateCopyLimit;
   isExpecting_ = true;
@@ -65,9 +65,14 @@ void LateCopies::handle(const xcb_generic_event_t& event) {
 
 bool LateCopies::isLate(xcb_window_t owner) {
   stopAfterTimeout();
-  const bool hasFocus =
-      focusedWindow_ == XCB_WINDOW_NONE || connection_.areOfOneClient(focusedWindow_, owner);
-  return isExpecting_ && hasFocus && remaining_-- > 0;
+  const bool isAnybody = source_ && source_->window() == XCB_WINDOW_NONE;
+  return isExpecting_ && (isAnybody || source_->made(owner)) && remaining_-- > 0;
+}
+
+// Another program may clear the clipboard for good reason: a password manager does.
+bool LateCopies::isLateClear(xcb_window_t ownerBefore) {
+  return ownerBefore == connection_.window() ? isLate(source_ ? source_->window() : ownerBefore)
+                                             : isLate(ownerBefore);
 }
 
 bool LateCopies::isPress(const xcb_generic_event_t& event) const {

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "platform/linux/x11/clipboard/SelectionConnection.h"
+#include "platform/linux/x11/clipboard/CopySource.h"
+
+#include <optional>
 
 namespace tavrel {
 
 /// Tells late copies from copies of the user. A capture posts the copy keystroke up to ten times
 /// and then restores the clipboard; a slow program handles the rest of the keystrokes after that
 /// and would overwrite what was restored (GIMP 2.10 and LibreOffice 7.4 do). A copy is late when
-/// the program with the keyboard focus makes it within three seconds, and the user has pressed
+/// the program that was asked to copy makes it within three seconds, and the user has pressed
 /// nothing meanwhile: no key but modifiers, no button but the wheel. What the user presses in an
 /// open menu of ours does not count.
 class LateCopies {
@@ -15,8 +17,9 @@ public:
   /// `ownWindows`: any window number of the connection that shows our menus; 0 for none.
   LateCopies(SelectionConnection& connection, xcb_window_t ownWindows);
 
-  /// The clipboard has been restored: late copies may come from now on.
-  void expect();
+  /// The clipboard has been restored: late copies of the source may come from now on; without one,
+  /// of the program with the keyboard focus.
+  void expect(const std::optional<CopySource>& source);
   void stop();
   [[nodiscard]] bool isExpecting() const { return isExpecting_; }
   /// Stops once three seconds have passed since `expect`.
@@ -24,6 +27,8 @@ public:
   void handle(const xcb_generic_event_t& event);
   /// Whether a copy that this window has just made is late.
   [[nodiscard]] bool isLate(xcb_window_t owner);
+  /// Whether the source, and nobody else, may have left the clipboard without an owner.
+  [[nodiscard]] bool isLateClear(xcb_window_t ownerBefore);
 
 private:
   void selectPresses(std::uint32_t events);
@@ -37,7 +42,7 @@ private:
   std::uint8_t inputExtension_ = 0;
   bool isExpecting_ = false;
   int remaining_ = 0;
-  xcb_window_t focusedWindow_ = XCB_WINDOW_NONE;
+  std::optional<CopySource> source_;
   SelectionTime deadline_;
   std::vector<std::uint32_t> modifiers_;
 };

@@ -15,6 +15,8 @@ public:
     return pasteboards_.named(name);
   }
   [[nodiscard]] Pasteboard& general() override;
+  /// Null without a server.
+  [[nodiscard]] ClipboardThread* clipboard() { return thread_.get(); }
 
 private:
   InProcessPasteboards pasteboards_;

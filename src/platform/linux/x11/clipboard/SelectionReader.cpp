@@ -30,12 +30,13 @@ bool isNewValue(const xcb_generic_event_t& event, xcb_window_t window, xcb_atom_
 
 } // namespace
 
-SelectionReader::SelectionReader(SelectionConnection& connection,
+SelectionReader::SelectionReader(SelectionConnection& connection, const std::string& selection,
                                  std::function<bool()> isInterrupted)
-    : connection_(connection), isInterrupted_(std::move(isInterrupted)) {
+    : connection_(connection), selection_(connection.atom(selection)),
+      isInterrupted_(std::move(isInterrupted)) {
   std::vector<std::string> names;
   for (int i = 0; i < propertyCount; ++i)
-    names.push_back("TAVREL_SELECTION_" + std::to_string(i));
+    names.push_back("TAVREL_" + selection + "_" + std::to_string(i));
   properties_ = connection_.atoms(names);
 }
 
@@ -65,14 +66,13 @@ std::optional<xcb_atom_t> SelectionReader::requestTarget(xcb_atom_t target,
                                                          const ReadBudget& budget) {
   xcb_connection_t* server = connection_.server();
   const xcb_window_t window = connection_.window();
-  const xcb_atom_t clipboard = connection_.atom("CLIPBOARD");
   xcb_delete_property(server, window, awaitedProperty_);
-  xcb_convert_selection(server, window, clipboard, target, awaitedProperty_, connection_.now());
+  xcb_convert_selection(server, window, selection_, target, awaitedProperty_, connection_.now());
   std::optional<xcb_atom_t> answer;
   const auto isAnswer = [&](const xcb_generic_event_t& event) {
     const auto& notice = reinterpret_cast<const xcb_selection_notify_event_t&>(event);
     if (kindOf(event) != XCB_SELECTION_NOTIFY || notice.requestor != window ||
-        notice.selection != clipboard || notice.target != target ||
+        notice.selection != selection_ || notice.target != target ||
         (notice.property != awaitedProperty_ && notice.property != XCB_ATOM_NONE))
       return isNewValue(event, window, awaitedProperty_);
     answer = notice.property;

@@ -18,7 +18,7 @@ enum class TransferEnd {
   refused,     ///< the owner answered that it cannot
   timedOut,    ///< no answer or no further piece before the timeout, or the budget's time is over
   tooMuch,     ///< more bytes than the budget has left
-  interrupted, ///< the clipboard has another owner by now
+  interrupted, ///< the selection has another owner by now
 };
 
 struct TargetReading {
@@ -28,12 +28,14 @@ struct TargetReading {
   Bytes bytes;
 };
 
-/// Reads targets of the clipboard, whole or in pieces (INCR). While it waits, other events go to
+/// Reads targets of one selection, whole or in pieces (INCR). While it waits, other events go to
 /// the handler of the connection.
 class SelectionReader {
 public:
-  /// `isInterrupted` ends the wait when it answers true: the clipboard has another owner.
-  SelectionReader(SelectionConnection& connection, std::function<bool()> isInterrupted);
+  /// `selection`: CLIPBOARD or PRIMARY. `isInterrupted` ends the wait when it answers true: the
+  /// selection has another owner.
+  SelectionReader(SelectionConnection& connection, const std::string& selection,
+                  std::function<bool()> isInterrupted);
 
   [[nodiscard]] TargetReading read(xcb_atom_t target, ReadBudget& budget);
 
@@ -49,6 +51,7 @@ private:
   [[nodiscard]] bool waitForPiece(const ReadBudget& budget);
 
   SelectionConnection& connection_;
+  xcb_atom_t selection_;
   std::function<bool()> isInterrupted_;
   std::vector<xcb_atom_t> properties_;
   std::size_t next_ = 0;

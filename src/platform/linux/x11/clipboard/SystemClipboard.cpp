@@ -5,6 +5,7 @@
 #include "platform/linux/x11/clipboard/ClipboardManager.h"
 #include "platform/linux/x11/clipboard/SelectionTarget.h"
 #include "platform/linux/x11/server/XcbReply.h"
+#include "platform/linux/x11/windows/ClientProcess.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,12 +18,15 @@ namespace {
 constexpr auto readingLifetime = std::chrono::seconds(5);
 constexpr auto busyInterval = std::chrono::milliseconds(50);
 constexpr auto idleInterval = std::chrono::hours(1);
+constexpr auto readTimeout = std::chrono::seconds(2);
+constexpr auto ownerTimeout = std::chrono::milliseconds(300);
 constexpr int attemptLimit = 3;
 
-xcb_window_t currentOwner(SelectionConnection& connection) {
+xcb_window_t currentOwner(SelectionConnection& connection,
+                          const std::string& selection = "CLIPBOARD") {
   xcb_connection_t* server = connection.server();
   const auto reply = xcbReply(xcb_get_selection_owner_reply(
-      server, xcb_get_selection_owner(server, connection.atom("CLIPBOARD")), nullptr));
+      server, xcb_get_selection_owner(server, connection.atom(selection)), nullptr));
   return reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
@@ -39,7 +43,8 @@ SystemClipboard::SystemClipboard(SelectionConnection& connection, xcb_window_t o
                                  std::atomic<std::int64_t>& changeCount)
     : connection_(connection), changeCount_(changeCount), server_(connection),
       lateCopies_(connection, ownWindows),
-      reader_(connection, [this] { return ownerChanges_ != changesWhenRead_; }) {
+      reader_(connection, "CLIPBOARD", [this] { return ownerChanges_ != changesWhenRead_; }),
+      primaryReader_(connection, "PRIMARY", [] { return false; }), watch_(connection) {
   connection_.setHandler([this](const xcb_generic_event_t& event) { handle(event); });
   owner_ = currentOwner(connection_);
 }
@@ -47,8 +52,12 @@ SystemClipboard::SystemClipboard(SelectionConnection& connection, xcb_window_t o
 void SystemClipboard::handle(const xcb_generic_event_t& event) {
   if (kindOf(event) == connection_.ownerEvent())
     return ownerChanged(reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event).owner);
-  if (kindOf(event) == XCB_PROPERTY_NOTIFY)
-    reader_.discardLate(reinterpret_cast<const xcb_property_notify_event_t&>(event));
+  if (kindOf(event) == XCB_PROPERTY_NOTIFY) {
+    const auto& notice = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    reader_.discardLate(notice);
+    primaryReader_.discardLate(notice);
+  }
+  watch_.handle(event);
   lateCopies_.handle(event);
   server_.handle(event);
 }
@@ -62,18 +71,28 @@ void SystemClipboard::ownerChanged(xcb_window_t owner) {
       ++changeCount_;
     return;
   }
-  ++changeCount_;
+  const bool isCopyToCome = owner == XCB_WINDOW_NONE && watch_.isCapturing();
+  if (!isCopyToCome)
+    ++changeCount_;
   ++ownerChanges_;
-  owner_ = owner;
+  const xcb_window_t ownerBefore = std::exchange(owner_, owner);
   ownerReading_.reset();
   served_.reset();
   server_.serve(nullptr, 0);
+  watch_.ownerChanged(owner);
+  isRestoreDue_ = protected_ && isLate(owner, ownerBefore);
   if (owner == XCB_WINDOW_NONE)
     return;
   ownView_.reset();
-  isRestoreDue_ = protected_ && lateCopies_.isLate(owner);
   if (!isRestoreDue_)
     stopProtecting();
+}
+
+// What a program owes since before the user pressed anything is late, however late it comes.
+bool SystemClipboard::isLate(xcb_window_t owner, xcb_window_t ownerBefore) {
+  if (owner == XCB_WINDOW_NONE)
+    return lateCopies_.isLateClear(ownerBefore);
+  return lateCopies_.isLate(owner) || (watch_.owesAnswer() && watch_.source()->made(owner));
 }
 
 void SystemClipboard::doDueWork() {
@@ -81,7 +100,8 @@ void SystemClipboard::doDueWork() {
   lateCopies_.stopAfterTimeout();
   if (std::exchange(isRestoreDue_, false) && protected_)
     restoreProtected();
-  if (!lateCopies_.isExpecting())
+  watch_.stopWhenAnswered();
+  if (!lateCopies_.isExpecting() && !watch_.owesAnswer())
     protected_.reset();
   if (ownerReading_ && !ownView_ && !protected_ &&
       std::chrono::steady_clock::now() >= ownerReadAt_ + readingLifetime)
@@ -97,7 +117,8 @@ SelectionTime SystemClipboard::nextDueTime() const {
 }
 
 void SystemClipboard::read() {
-  for (int attempt = 0; attempt < attemptLimit && owner_ != XCB_WINDOW_NONE; ++attempt) {
+  const SelectionTime end = std::chrono::steady_clock::now() + readTimeout;
+  while (std::chrono::steady_clock::now() < end && hasOwnerSoon()) {
     changesWhenRead_ = ownerChanges_;
     ClipboardReading reading = readClipboard(connection_, reader_);
     ownerReadAt_ = std::chrono::steady_clock::now();
@@ -107,6 +128,36 @@ void SystemClipboard::read() {
     ownerReading_ = std::move(reading);
     return;
   }
+}
+
+// Programs clear the clipboard a moment before they copy: LibreOffice 7.4 up to 20 ms.
+bool SystemClipboard::hasOwnerSoon() {
+  if (owner_ == XCB_WINDOW_NONE && watch_.isCapturing())
+    connection_.wait([](const xcb_generic_event_t&) { return false; },
+                     [this] { return owner_ != XCB_WINDOW_NONE; },
+                     std::chrono::steady_clock::now() + ownerTimeout);
+  return owner_ != XCB_WINDOW_NONE;
+}
+
+void SystemClipboard::awaitPaste(xcb_window_t window, std::chrono::milliseconds settle) {
+  watch_.begin(window);
+  (void)watch_.wait(settle);
+  watch_.end();
+}
+
+CopyAnswer SystemClipboard::showPrimaryOf(xcb_window_t window) {
+  const xcb_window_t owner = currentOwner(connection_, "PRIMARY");
+  const std::int32_t process = processOfClient(*connection_.server(), window);
+  const bool isSame = connection_.areOfOneClient(owner, window) ||
+                      (process != 0 && processOfClient(*connection_.server(), owner) == process);
+  if (owner == XCB_WINDOW_NONE || !isSame)
+    return CopyAnswer::nothing;
+  ClipboardReading reading = readClipboard(connection_, primaryReader_);
+  if (reading.contents.data.empty())
+    return reading.isComplete ? CopyAnswer::nothing : CopyAnswer::silent;
+  ownView_ = std::move(reading.contents);
+  ++changeCount_;
+  return CopyAnswer::copied;
 }
 
 std::vector<std::string> SystemClipboard::types() {
@@ -143,6 +194,8 @@ const ClipboardContents* SystemClipboard::ownersContents() const {
 
 void SystemClipboard::declare(const std::vector<std::string>& names) {
   ++changeCount_;
+  ++declarations_;
+  watch_.end();
   stopProtecting();
   ownView_ = ClipboardContents{names, {}};
   const ClipboardContents* offered = ownersContents();
@@ -188,8 +241,7 @@ bool SystemClipboard::hasAllData() const {
 
 void SystemClipboard::leaveToOwner() {
   ownView_.reset();
-  protected_ = isOurs() ? served_ : std::make_shared<ClipboardContents>(*ownersContents());
-  lateCopies_.expect();
+  protect(isOurs() ? served_ : std::make_shared<ClipboardContents>(*ownersContents()));
 }
 
 void SystemClipboard::takeFromOwner() {
@@ -197,8 +249,12 @@ void SystemClipboard::takeFromOwner() {
   becomeOwner(contents);
   if (!hasSelectionTargets(contents->names))
     return;
-  protected_ = contents;
-  lateCopies_.expect();
+  protect(contents);
+}
+
+void SystemClipboard::protect(std::shared_ptr<ClipboardContents> contents) {
+  protected_ = std::move(contents);
+  lateCopies_.expect(watch_.source());
 }
 
 // The round trip for the time stamp brings all events up to now: if the user has pressed a key or

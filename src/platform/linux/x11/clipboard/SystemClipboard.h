@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/x11/clipboard/ClipboardReading.h"
+#include "platform/linux/x11/clipboard/CopyWatch.h"
 #include "platform/linux/x11/clipboard/LateCopies.h"
 #include "platform/linux/x11/clipboard/SelectionServer.h"
 
@@ -36,6 +37,25 @@ public:
   [[nodiscard]] bool setData(Bytes bytes, const std::string& name, Emptiness emptiness);
   [[nodiscard]] std::optional<Bytes> data(const std::string& name);
 
+  /// A copy keystroke is about to be posted to this window. Until the next declaration a clipboard
+  /// that is left without an owner does not count as a change: the copy is still to come.
+  void expectCopy(xcb_window_t window) { watch_.begin(window); }
+  /// See CopyWatch.
+  [[nodiscard]] CopyAnswer awaitCopy(std::chrono::milliseconds settle) {
+    return watch_.wait(settle);
+  }
+  /// Whether a copy keystroke that was posted to this window earlier has not been handled yet.
+  [[nodiscard]] bool owesAnswer(xcb_window_t window) const { return watch_.owesAnswer(window); }
+  /// Whether the program of this window answers a ping within half a second.
+  [[nodiscard]] bool isResponding(xcb_window_t window) { return watch_.isResponding(window); }
+  /// Waits until the program has handled a paste keystroke, or is silent.
+  void awaitPaste(xcb_window_t window, std::chrono::milliseconds settle);
+  /// Has this program read, until the next declaration, the selection PRIMARY in place of the
+  /// clipboard, which is left alone. Nothing when PRIMARY is not of the program of this window.
+  [[nodiscard]] CopyAnswer showPrimaryOf(xcb_window_t window);
+  /// How often the contents have been declared.
+  [[nodiscard]] std::int64_t declarations() const { return declarations_; }
+
   /// Has the clipboard manager, if there is one, save what this program serves, unless it is
   /// concealed. The timeout is three seconds, and longer while the manager is reading.
   void saveToManager();
@@ -49,12 +69,15 @@ public:
 private:
   void handle(const xcb_generic_event_t& event);
   void ownerChanged(xcb_window_t owner);
+  [[nodiscard]] bool isLate(xcb_window_t owner, xcb_window_t ownerBefore);
   void read();
+  [[nodiscard]] bool hasOwnerSoon();
   [[nodiscard]] const ClipboardContents* ownersContents() const;
   [[nodiscard]] bool ownerOffersSame(const std::string& name) const;
   [[nodiscard]] bool hasAllData() const;
   void leaveToOwner();
   void takeFromOwner();
+  void protect(std::shared_ptr<ClipboardContents> contents);
   void restoreProtected();
   void becomeOwner(const std::shared_ptr<ClipboardContents>& contents);
   void giveUpOwnership();
@@ -68,6 +91,9 @@ private:
   SelectionServer server_;
   LateCopies lateCopies_;
   SelectionReader reader_;
+  SelectionReader primaryReader_;
+  CopyWatch watch_;
+  std::int64_t declarations_ = 0;
 
   xcb_window_t owner_ = XCB_WINDOW_NONE;
   std::uint64_t ownerChanges_ = 0;

@@ -1,6 +1,7 @@
 #include "platform/linux/x11/gestures/LinuxHotKeys.h"
 
 #include "platform/linux/x11/gestures/GestureKeyBuffer.h"
+#include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "platform/linux/x11/server/QtConnection.h"
 
 #include <QLoggingCategory>
@@ -17,16 +18,26 @@ Q_LOGGING_CATEGORY(hotKeyLog, "tavrel.hotkeys")
 constexpr const char* noKeyHere = "this keyboard has no such key";
 constexpr const char* anotherProgram = "another program has this key";
 constexpr const char* anotherItem = "another item has this key";
+
+bool liesOnAnyOf(const ServerKeySet& keys, const std::vector<KeyGrab>& grabs) {
+  return std::any_of(grabs.begin(), grabs.end(),
+                     [&](const KeyGrab& grab) { return keys[grab.key]; });
+}
 } // namespace
 
-LinuxHotKeys::LinuxHotKeys(GestureKeyBuffer* keyBuffer)
-    : keyBuffer_(keyBuffer), connection_(qtConnection()),
+LinuxHotKeys::LinuxHotKeys(OwnKeystrokes& own, GestureKeyBuffer* keyBuffer)
+    : own_(own), keyBuffer_(keyBuffer), connection_(qtConnection()),
       keys_(connection_ ? serverKeys(*connection_) : ServerKeys()),
       pressed_([this](auto key, auto modifiers) { return find(key, modifiers); },
                [this] { hotKeyPressed(); }, [this](auto reference) { hotKeyReleased(reference); }),
-      layoutWatch_([this] { followLayout(); }) {}
+      layoutWatch_([this] { followLayout(); }) {
+  own_.setHotKeySwitch([this](OwnKeystrokes::HotKeys state, const ServerKeySet& keys) {
+    state == OwnKeystrokes::HotKeys::suspended ? suspend(keys) : resume(keys);
+  });
+}
 
 LinuxHotKeys::~LinuxHotKeys() {
+  own_.setHotKeySwitch({});
   for (const Registered& key : registered_)
     ungrabKeys(*connection_, key.grabs);
   if (!registered_.empty())
@@ -101,6 +112,20 @@ void LinuxHotKeys::followLayout() {
   for (const auto& [key, worked] : moving)
     if (const char* why = grab(*key); why && worked)
       warnOf(*key, why);
+}
+
+void LinuxHotKeys::suspend(const ServerKeySet& keys) {
+  for (const Registered& key : registered_)
+    if (liesOnAnyOf(keys, key.grabs))
+      ungrabKeys(*connection_, key.grabs);
+}
+
+// Another program may have grabbed the key meanwhile; then it is as refused as one that never was.
+void LinuxHotKeys::resume(const ServerKeySet& keys) {
+  for (Registered& key : registered_)
+    if (liesOnAnyOf(keys, key.grabs))
+      if (const char* why = grab(key))
+        warnOf(key, why);
 }
 
 void LinuxHotKeys::warnOf(const Registered& key, const char* why) const {

@@ -3,6 +3,7 @@
 #include "platform/HotKeys.h"
 #include "platform/linux/x11/gestures/PressedHotKeys.h"
 #include "platform/linux/x11/keyboard/LayoutWatch.h"
+#include "platform/linux/x11/keyboard/ServerKey.h"
 #include "platform/linux/x11/keyboard/ServerKeys.h"
 
 #include <QObject>
@@ -12,6 +13,7 @@
 namespace tavrel {
 
 class GestureKeyBuffer;
+class OwnKeystrokes;
 
 /// Hot keys by passive grabs on the toolkit's connection: grabbed on another one, a hot key that is
 /// still down would keep our own menu from grabbing the keyboard. A hot key is a place on the
@@ -19,9 +21,10 @@ class GestureKeyBuffer;
 /// combination that cannot be grabbed, as "Ctrl+Alt+1".
 class LinuxHotKeys final : public HotKeys {
 public:
-  /// Needs a QGuiApplication. The buffer, if any, keeps what is typed from a hot key's press until
-  /// its item has been carried out; it must be constructed before this and outlive it.
-  explicit LinuxHotKeys(GestureKeyBuffer* keyBuffer = nullptr);
+  /// Needs a QGuiApplication. Keystrokes of our own are no hot keys. The buffer, if any, keeps what
+  /// is typed from a hot key's press until its item has been carried out; both must be constructed
+  /// before this and outlive it.
+  explicit LinuxHotKeys(OwnKeystrokes& own, GestureKeyBuffer* keyBuffer = nullptr);
   ~LinuxHotKeys() override;
 
   void setEventTarget(EventTarget* target) override { target_ = target; }
@@ -42,10 +45,13 @@ private:
   [[nodiscard]] bool isRegistered(EventHotKeyRef reference) const;
   [[nodiscard]] EventHotKeyRef find(std::uint8_t key, std::uint16_t modifiers) const;
   void followLayout();
+  void suspend(const ServerKeySet& keys);
+  void resume(const ServerKeySet& keys);
   void warnOf(const Registered& key, const char* why) const;
   void hotKeyPressed();
   void hotKeyReleased(EventHotKeyRef reference);
 
+  OwnKeystrokes& own_;
   GestureKeyBuffer* keyBuffer_;
   xcb_connection_t* connection_; ///< null where there is no X server
   ServerKeys keys_;

@@ -57,10 +57,6 @@ bool hasAny(const std::vector<KeyboardEvent>& events, std::initializer_list<std:
   });
 }
 
-bool isCopyOrPaste(std::uint32_t character) {
-  return character == 'c' || character == 'v' || character == 'C' || character == 'V';
-}
-
 bool isDigit(std::uint32_t character) {
   return character >= '0' && character <= '9';
 }
@@ -91,14 +87,12 @@ bool isModifierKey(std::uint16_t keyCode) {
          modifierSymbols.end();
 }
 
-KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& layout,
-                  KeyReceiver receiver) {
+KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& layout) {
   const bool hasCommand = hasAny(events, {keyCode::command, rightCommand});
   const bool hasShift = hasAny(events, {keyCode::shift, rightShift});
   const bool hasOthers =
       hasAny(events, {keyCode::option, rightOption, keyCode::control, rightControl});
   const bool isShortcut = hasCommand || hasOthers;
-  const bool isBareCommand = hasCommand && !hasShift && !hasOthers;
   // A shortcut is the same whether Caps Lock is on or off; a typed character is not.
   CharacterKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock);
   const auto shift = modifierKeyFor(layout.keymap, keyCode::shift);
@@ -112,15 +106,11 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
     const auto key = typing.keyFor(event);
     if (!key)
       continue;
-    const bool forTerminal = receiver != KeyReceiver::application && isBareCommand &&
-                             isCopyOrPaste(typing.characterOf(*key));
-    if (forTerminal && receiver == KeyReceiver::bareTerminal)
-      return {{}, layout.group};
     // Where digits need Shift, as on French keyboards, shortcuts are pressed without it.
     const bool takesShift =
         key->withShift && !hasShift && !(isShortcut && isDigit(event.character));
     chord.group = key->group;
-    appendKey(chord.keys, *key, takesShift || forTerminal ? shift : std::nullopt, event.direction);
+    appendKey(chord.keys, *key, takesShift ? shift : std::nullopt, event.direction);
   }
   releaseKeysLeftDown(chord.keys);
   return chord;

@@ -9,9 +9,6 @@ struct xkb_keymap;
 
 namespace tavrel {
 
-/// Who gets the keys. In a terminal Command-C and Command-V take Shift, because Ctrl-C interrupts
-/// what runs there. A bare terminal (xterm, rxvt) has no keys for copying and pasting.
-enum class KeyReceiver { application, terminal, bareTerminal };
 enum class CapsLock { off, on };
 
 /// A chord in the server's terms: the keys in order, and the group that has to be in force.
@@ -33,11 +30,9 @@ struct TypingLayout {
 ///    Shift for digits, and users press such a shortcut without.
 ///  - A key without a character, or with one that no key types, is the key in its place.
 ///  - Modifiers are the keys that act as such, wherever the layout puts them; Command is Ctrl.
-///  - In a terminal Command-C and Command-V get Shift. In a bare one they are left out: xterm 379
-///    takes Ctrl-Shift-C for Ctrl-C.
 ///  - Keys that are left down go up at the end.
 [[nodiscard]] KeyChord keyChord(const std::vector<KeyboardEvent>& events,
-                                const TypingLayout& layout, KeyReceiver receiver);
+                                const TypingLayout& layout);
 
 [[nodiscard]] bool isModifierKey(std::uint16_t keyCode);
 

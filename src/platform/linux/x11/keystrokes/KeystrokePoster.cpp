@@ -1,7 +1,5 @@
 #include "platform/linux/x11/keystrokes/KeystrokePoster.h"
 
-#include "platform/linux/applications/ApplicationRegistry.h"
-#include "platform/linux/applications/TerminalWindows.h"
 #include "platform/linux/x11/keyboard/KeyboardGrab.h"
 #include "platform/linux/x11/windows/DesktopWindows.h"
 
@@ -50,9 +48,8 @@ ServerKeySet codesOf(const KeyChord& chord) {
 
 } // namespace
 
-KeystrokePoster::KeystrokePoster(ApplicationRegistry& registry, DesktopWindows& windows,
-                                 OwnKeystrokes& own)
-    : registry_(registry), windows_(windows), own_(own) {
+KeystrokePoster::KeystrokePoster(DesktopWindows& windows, OwnKeystrokes& own)
+    : windows_(windows), own_(own) {
   chordTimeout_.setSingleShot(true);
   chordTimeout_.setInterval(chordTime);
   chordTimeout_.callOnTimeout([this] { sendChord(); });
@@ -84,20 +81,28 @@ bool KeystrokePoster::post(std::int32_t process, const KeyboardEvent& event) {
 
 void KeystrokePoster::sendChord() {
   chordTimeout_.stop();
-  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   const std::vector<KeyboardEvent> events = std::exchange(pendingEvents_, {});
+  const KeyPurpose purpose = events.front().purpose;
+  if (purpose != KeyPurpose::keystroke && selectionHandler_)
+    return selectionHandler_(purpose, process_);
+  bringToFront(process_);
+  type(events, [] {});
+}
+
+void KeystrokePoster::type(const std::vector<KeyboardEvent>& chord,
+                           const std::function<void()>& meanwhile) {
+  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return;
-  bringToFront();
   const std::uint32_t group = server_->group();
   const TypingLayout layout{*keymap, group, server_->capsLockIsOn() ? CapsLock::on : CapsLock::off};
-  typeChord(keyChord(events, layout, receiver()), server_->modifierKeys(*keymap), group);
+  typeChord(keyChord(chord, layout), server_->modifierKeys(*keymap), group, meanwhile);
 }
 
 // Keys that we pressed again for the user are released, too: the server ignores the press of a key
 // that is down.
 void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modifiers,
-                                std::uint32_t group) {
+                                std::uint32_t group, const std::function<void()>& meanwhile) {
   own_.begin();
   std::optional<PhysicalKeyboards> pressed;
   if (KeyboardGrab::isHeld())
@@ -109,10 +114,13 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
   server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
   if (chord.group != group)
     server_->lockGroup(chord.group);
-  server_->send(chord.keys);
+  own_.postPastHotKeys(codesOf(chord), [&] {
+    server_->send(chord.keys);
+    server_->roundTrip();
+  });
   if (chord.group != group)
     server_->lockGroup(group);
-  server_->roundTrip();
+  meanwhile();
   ServerKeySet touched = released;
   if (pressed)
     touched |= grabAgain(*pressed);
@@ -183,35 +191,27 @@ void KeystrokePoster::releaseWithUser() {
     own_.end();
 }
 
-bool KeystrokePoster::isInFront() {
+bool KeystrokePoster::isInFront(std::int32_t process) {
   const auto facts = windows_.facts(windows_.activeWindow());
-  return facts && facts->pid == process_;
+  return facts && facts->pid == process;
 }
 
-// For a process without a window the keys go to whatever is in front.
-void KeystrokePoster::bringToFront() {
-  if (process_ <= 0 || isInFront())
+void KeystrokePoster::bringToFront(std::int32_t process) {
+  if (process <= 0 || isInFront(process))
     return;
   const std::vector<WindowId> stacking = windows_.stacking();
   for (auto window = stacking.rbegin(); window != stacking.rend(); ++window) {
     const auto facts = windows_.facts(*window);
-    if (!facts || facts->pid != process_ || facts->kind != WindowKind::ordinary)
+    if (!facts || facts->pid != process || facts->kind != WindowKind::ordinary)
       continue;
     QElapsedTimer waiting;
     waiting.start();
     if (!windows_.activate(*window))
       return;
-    while (!isInFront() && waiting.elapsed() < activationTimeout)
+    while (!isInFront(process) && waiting.elapsed() < activationTimeout)
       std::this_thread::sleep_for(1ms);
     return;
   }
-}
-
-KeyReceiver KeystrokePoster::receiver() {
-  const auto facts = windows_.facts(windows_.activeWindow());
-  if (facts && isBareTerminal(*facts))
-    return KeyReceiver::bareTerminal;
-  return facts && isTerminal(*facts, registry_) ? KeyReceiver::terminal : KeyReceiver::application;
 }
 
 } // namespace tavrel

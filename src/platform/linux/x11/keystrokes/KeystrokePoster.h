@@ -8,12 +8,12 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace tavrel {
 
-class ApplicationRegistry;
 class DesktopWindows;
 
 /// Posts keystrokes to the focused client (XTest). Key events are gathered until every key of the
@@ -23,10 +23,21 @@ class DesktopWindows;
 /// it is.
 class KeystrokePoster {
 public:
-  KeystrokePoster(ApplicationRegistry& registry, DesktopWindows& windows, OwnKeystrokes& own);
+  /// Called with a complete chord that is no plain keystroke, and the process it is for.
+  using SelectionHandler = std::function<void(KeyPurpose, std::int32_t process)>;
+
+  KeystrokePoster(DesktopWindows& windows, OwnKeystrokes& own);
+  void setSelectionHandler(SelectionHandler handler) { selectionHandler_ = std::move(handler); }
 
   /// False without a server to post to.
   bool post(std::int32_t process, const KeyboardEvent& event);
+  /// Types a chord for the client that has the focus. `meanwhile` runs while our grab is still
+  /// released and the user's modifiers are still up: some programs handle no key while another one
+  /// has the keyboard (LibreOffice 7.4).
+  void type(const std::vector<KeyboardEvent>& chord, const std::function<void()>& meanwhile);
+  /// Brings a window of the process to the front and waits for that, a tenth of a second at most.
+  /// For a process without a window the keys go to whatever is in front.
+  void bringToFront(std::int32_t process);
   /// Types what the user typed during our keyboard grab once more, for the client that has the
   /// focus now. A key that the user still holds arrives as pressed and released; a modifier stays
   /// down.
@@ -35,18 +46,17 @@ public:
 private:
   bool hasServer();
   void sendChord();
-  void bringToFront();
-  [[nodiscard]] bool isInFront();
-  [[nodiscard]] KeyReceiver receiver();
-  void typeChord(const KeyChord& chord, const ServerKeySet& modifiers, std::uint32_t group);
+  [[nodiscard]] bool isInFront(std::int32_t process);
+  void typeChord(const KeyChord& chord, const ServerKeySet& modifiers, std::uint32_t group,
+                 const std::function<void()>& meanwhile);
   ServerKeySet grabAgain(PhysicalKeyboards& pressed);
   void pressAgain(const ServerKeySet& released);
   void releaseWithUser();
 
-  ApplicationRegistry& registry_;
   DesktopWindows& windows_;
   OwnKeystrokes& own_;
   std::unique_ptr<KeystrokeServer> server_;
+  SelectionHandler selectionHandler_;
   std::int32_t process_ = 0;
   std::vector<KeyboardEvent> pendingEvents_;
   ServerKeySet pressedAgain_; ///< by our posting, for as long as the user holds them

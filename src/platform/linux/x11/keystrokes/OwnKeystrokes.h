@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/x11/keyboard/ServerKey.h"
+
 #include <functional>
 #include <utility>
 
@@ -24,6 +26,21 @@ public:
   /// that the old answer holds for.
   void setBoundaryListener(std::function<void()> listener) { listener_ = std::move(listener); }
 
+  enum class HotKeys { suspended, active };
+  /// Suspends those of our hot keys that lie on some keys, or has them act again.
+  using HotKeySwitch = std::function<void(HotKeys, const ServerKeySet& keys)>;
+  void setHotKeySwitch(HotKeySwitch hotKeys) { hotKeys_ = std::move(hotKeys); }
+
+  /// Runs `post`, which posts these keys and returns when the server has carried them out. None of
+  /// our hot keys catches them.
+  template <typename Post> void postPastHotKeys(const ServerKeySet& keys, Post post) {
+    if (hotKeys_)
+      hotKeys_(HotKeys::suspended, keys);
+    post();
+    if (hotKeys_)
+      hotKeys_(HotKeys::active, keys);
+  }
+
 private:
   void notifyBoundary() const {
     if (listener_)
@@ -32,6 +49,7 @@ private:
 
   int depth_ = 0;
   std::function<void()> listener_;
+  HotKeySwitch hotKeys_;
 };
 
 } // namespace tavrel

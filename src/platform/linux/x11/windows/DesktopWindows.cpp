@@ -1,5 +1,6 @@
 #include "platform/linux/x11/windows/DesktopWindows.h"
 
+#include "platform/linux/x11/windows/ClientProcess.h"
 #include "platform/linux/x11/windows/FocusedWindow.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <cstring>
 #include <string_view>
 #include <unistd.h>
-#include <xcb/res.h>
 #include <xcb/xcb.h>
 
 namespace tavrel {
@@ -134,22 +134,6 @@ struct DesktopWindows::Connection {
 
 namespace {
 
-/// The process at the other end of the connection, as the server knows it (XRes); 0 for a client on
-/// another machine.
-std::int32_t processOfClient(xcb_connection_t* xcb, WindowId window) {
-  const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-  const auto reply = owned(
-      xcb_res_query_client_ids_reply(xcb, xcb_res_query_client_ids(xcb, 1, &wanted), nullptr));
-  if (!reply)
-    return 0;
-  for (auto at = xcb_res_query_client_ids_ids_iterator(reply.get()); at.rem > 0;
-       xcb_res_client_id_value_next(&at))
-    if ((at.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) != 0 &&
-        xcb_res_client_id_value_value_length(at.data) > 0)
-      return static_cast<std::int32_t>(*xcb_res_client_id_value_value(at.data));
-  return 0;
-}
-
 bool isRunning(std::int32_t pid) {
   return pid > 0 && ::access(("/proc/" + std::to_string(pid)).c_str(), F_OK) == 0;
 }
@@ -181,6 +165,11 @@ WindowId DesktopWindows::activeWindow() {
   return values.empty() ? focusedWindow(*connection_->xcb, connection_->root) : values.front();
 }
 
+bool DesktopWindows::hasKeyboard(WindowId window) {
+  return connection_ && activeWindow() == window &&
+         focusedWindow(*connection_->xcb, connection_->root) == window;
+}
+
 std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {
   WindowFacts facts;
   if (!connection_)
@@ -203,7 +192,7 @@ std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {
   if (!values.empty() && (host.empty() || host == hostName()))
     facts.pid = static_cast<std::int32_t>(values.front());
   if (!isRunning(facts.pid)) // a sandbox numbers its processes itself
-    facts.pid = processOfClient(x.xcb, window);
+    facts.pid = processOfClient(*x.xcb, window);
   const std::string both = textOf(x.propertyReply(names).get());
   facts.instance = upToNul(both);
   if (both.size() > facts.instance.size())

@@ -36,6 +36,8 @@ public:
   [[nodiscard]] std::vector<WindowId> stacking();
   /// The window that has the keyboard; 0 for none.
   [[nodiscard]] WindowId activeWindow();
+  /// Whether keys go to this window: window managers name one active a moment before it has them.
+  [[nodiscard]] bool hasKeyboard(WindowId window);
   /// Nothing when the window is gone.
   [[nodiscard]] std::optional<WindowFacts> facts(WindowId window);
 

@@ -2,12 +2,45 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <xcb/xtest.h>
 
 namespace tavrel {
 namespace {
 
 constexpr const char* theirs = "the user's";
+
+using namespace std::chrono_literals;
+
+// A process of its own, which copies a text when it is told to.
+class ForkedOwner {
+public:
+  explicit ForkedOwner(const char* text) {
+    EXPECT_EQ(::pipe(pipe_), 0);
+    process_ = ::fork();
+    if (process_ != 0)
+      return;
+    char start = 0;
+    if (::read(pipe_[0], &start, 1) == 1) {
+      const SelectionOwner owner({plain("UTF8_STRING", text)});
+      (void)::read(pipe_[0], &start, 1); // until the test is over
+    }
+    std::_Exit(0);
+  }
+  ~ForkedOwner() {
+    ::kill(process_, SIGKILL);
+    ::waitpid(process_, nullptr, 0);
+  }
+  ForkedOwner(const ForkedOwner&) = delete;
+  ForkedOwner& operator=(const ForkedOwner&) = delete;
+  void copy() const { EXPECT_EQ(::write(pipe_[1], "c", 1), 1); }
+
+private:
+  int pipe_[2] = {};
+  pid_t process_ = 0;
+};
 
 // A program with the focus that copies after the capture gave up.
 class LateCopiesTest : public ClipboardFixture {
@@ -109,9 +142,12 @@ TEST_F(LateCopiesTest, WhatTheUserPressesInOurMenuIsNoCopy) {
 }
 
 TEST_F(LateCopiesTest, AProgramThatIsNotInFrontIsNotLate) {
+  const ForkedOwner other("late");
+  std::this_thread::sleep_for(20ms); // two ticks of the clock that tells when a process started
   captureNothing();
-  SelectionOwner other({});
-  expectCopyWins(other);
+  afterCopy([&] { other.copy(); });
+  (void)general.types(); // all that was due has been done
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "late"));
 }
 
 TEST_F(LateCopiesTest, TheNextCaptureTakesWhatIsCopied) {

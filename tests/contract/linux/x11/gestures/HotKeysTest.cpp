@@ -2,6 +2,7 @@
 
 #include "platform/linux/x11/gestures/LinuxHotKeys.h"
 #include "platform/linux/x11/keyboard/ServerModifiers.h"
+#include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
 
@@ -69,7 +70,8 @@ public:
     ASSERT_TRUE(other.grabKey(serverKeysOf.at(keyCode), XCB_MOD_MASK_CONTROL));
   }
 
-  LinuxHotKeys adapter;
+  OwnKeystrokes own;
+  LinuxHotKeys adapter{own};
   FakeInput keyboard{Device::keyboard};
   FakeInput other;
 

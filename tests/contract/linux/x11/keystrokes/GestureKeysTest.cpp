@@ -7,8 +7,8 @@
 #include "platform/linux/x11/gestures/LinuxHotKeys.h"
 #include "platform/linux/x11/keyboard/LinuxKeyboard.h"
 #include "platform/linux/x11/keystrokes/KeystrokeServer.h"
-#include "platform/linux/x11/keystrokes/LinuxAccessibility.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
+#include "platform/linux/x11/selection/LinuxAccessibility.h"
 #include "platform/linux/x11/windows/DesktopWindows.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
@@ -135,10 +135,10 @@ protected:
   ApplicationRegistry registry{{}};
   DesktopWindows windows;
   OwnKeystrokes own;
-  LinuxAccessibility accessibility{registry, windows, own};
+  LinuxAccessibility accessibility{{registry, windows, own, nullptr}};
   GestureKeyBuffer keyBuffer{
       [this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
-  LinuxHotKeys hotKeys{&keyBuffer};
+  LinuxHotKeys hotKeys{own, &keyBuffer};
   LinuxPresenter presenter;
   std::unique_ptr<KeystrokeServer> server = KeystrokeServer::create();
   MenuDiary diary;

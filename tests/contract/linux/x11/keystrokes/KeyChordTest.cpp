@@ -38,7 +38,7 @@ using Keys = std::vector<std::uint8_t>;
 
 TEST(KeyChord, CommandCIsControlC) {
   const XkbKeymap us = layoutNamed("us");
-  const KeyChord chord = keyChord(copyWith(8), {*us}, KeyReceiver::application);
+  const KeyChord chord = keyChord(copyWith(8), {*us});
   const std::vector<ServerKey> expected{{control, KeyDirection::down},
                                         {c, KeyDirection::down},
                                         {c, KeyDirection::up},
@@ -48,32 +48,19 @@ TEST(KeyChord, CommandCIsControlC) {
 
 TEST(KeyChord, OnDvorakTheKeyThatTypesCIsInAnotherPlace) {
   const XkbKeymap dvorak = layoutNamed("us", "dvorak");
-  EXPECT_EQ(pressed(keyChord(copyWith(34), {*dvorak}, KeyReceiver::application)),
-            (Keys{control, i}));
+  EXPECT_EQ(pressed(keyChord(copyWith(34), {*dvorak})), (Keys{control, i}));
 }
 
 TEST(KeyChord, ACyrillicGroupIsLeftForTheOneThatTypesC) {
   const XkbKeymap both = layoutNamed("us,ru");
-  const KeyChord chord = keyChord(copyWith(8), {*both, 1}, KeyReceiver::application);
+  const KeyChord chord = keyChord(copyWith(8), {*both, 1});
   EXPECT_EQ(chord.group, 0U);
   EXPECT_EQ(pressed(chord), (Keys{control, c}));
 }
 
 TEST(KeyChord, CapsLockDoesNotAddShiftToAShortcut) {
   const XkbKeymap us = layoutNamed("us");
-  EXPECT_EQ(pressed(keyChord(copyWith(8), {*us, 0, CapsLock::on}, KeyReceiver::application)),
-            (Keys{control, c}));
-}
-
-TEST(KeyChord, ATerminalGetsShiftToo) {
-  const XkbKeymap us = layoutNamed("us");
-  EXPECT_EQ(pressed(keyChord(copyWith(8), {*us}, KeyReceiver::terminal)),
-            (Keys{control, shift, c}));
-}
-
-TEST(KeyChord, ABareTerminalGetsNothingThatCouldInterruptWhatRunsThere) {
-  const XkbKeymap us = layoutNamed("us");
-  EXPECT_TRUE(keyChord(copyWith(8), {*us}, KeyReceiver::bareTerminal).keys.empty());
+  EXPECT_EQ(pressed(keyChord(copyWith(8), {*us, 0, CapsLock::on})), (Keys{control, c}));
 }
 
 /// Virtual key codes of the modifier keys, and the server's key (evdev) that each one presses.
@@ -91,10 +78,7 @@ const ModifierKeys usualPlaces{{55, 37},   // Command: the left Ctrl key
 void expectModifierKeys(xkb_keymap& layout, const ModifierKeys& expected) {
   for (const auto& [code, key] : expected) {
     EXPECT_TRUE(isModifierKey(code)) << code;
-    EXPECT_EQ(
-        pressed(keyChord({{0, code, KeyDirection::down}}, {layout}, KeyReceiver::application)),
-        Keys{key})
-        << code;
+    EXPECT_EQ(pressed(keyChord({{0, code, KeyDirection::down}}, {layout})), Keys{key}) << code;
   }
 }
 
@@ -118,25 +102,23 @@ TEST(KeyChord, AModifierThatALayoutPutsElsewhereIsFoundThere) {
 
 TEST(KeyChord, KeysThatAreLeftDownGoUp) {
   const XkbKeymap us = layoutNamed("us");
-  const KeyChord chord = keyChord({{'c', 8, KeyDirection::down}}, {*us}, KeyReceiver::application);
+  const KeyChord chord = keyChord({{'c', 8, KeyDirection::down}}, {*us});
   const std::vector<ServerKey> expected{{c, KeyDirection::down}, {c, KeyDirection::up}};
   EXPECT_EQ(chord.keys, expected);
 }
 
 TEST(KeyChord, ACapitalTakesShift) {
   const XkbKeymap us = layoutNamed("us");
-  EXPECT_EQ(pressed(keyChord({{'C', 8, KeyDirection::down}}, {*us}, KeyReceiver::application)),
-            (Keys{shift, c}));
+  EXPECT_EQ(pressed(keyChord({{'C', 8, KeyDirection::down}}, {*us})), (Keys{shift, c}));
 }
 
 TEST(KeyChord, ADigitOfAShortcutIsItsKeyAloneWhereDigitsNeedShift) {
   const XkbKeymap french = layoutNamed("fr");
   constexpr std::uint8_t one = 10;
-  EXPECT_EQ(pressed(keyChord({{0, 55, KeyDirection::down}, {'1', 18, KeyDirection::down}},
-                             {*french}, KeyReceiver::application)),
-            (Keys{control, one}));
-  EXPECT_EQ(pressed(keyChord({{'1', 18, KeyDirection::down}}, {*french}, KeyReceiver::application)),
-            (Keys{shift, one}));
+  EXPECT_EQ(
+      pressed(keyChord({{0, 55, KeyDirection::down}, {'1', 18, KeyDirection::down}}, {*french})),
+      (Keys{control, one}));
+  EXPECT_EQ(pressed(keyChord({{'1', 18, KeyDirection::down}}, {*french})), (Keys{shift, one}));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "platform/linux/x11/keystrokes/LinuxAccessibility.h"
+#include "platform/linux/x11/selection/LinuxAccessibility.h"
 
 #include "platform/linux/x11/windows/WindowAtPoint.h"
 
@@ -57,6 +57,16 @@ bool processIsThere(std::int32_t process) {
 }
 
 } // namespace
+
+LinuxAccessibility::LinuxAccessibility(const AccessibilityDesktop& desktop)
+    : windows_(desktop.windows), poster_(desktop.windows, desktop.own),
+      selectionKeys_({desktop.registry, desktop.windows, bus_, poster_, desktop.clipboard,
+                      desktop.exceptions, desktop.answered}) {
+  poster_.setSelectionHandler([this](KeyPurpose purpose, std::int32_t process) {
+    purpose == KeyPurpose::copySelection ? selectionKeys_.copy(process)
+                                         : selectionKeys_.paste(process);
+  });
+}
 
 AXUIElementRef LinuxAccessibility::applicationElement(std::int32_t processIdentifier) {
   return std::make_shared<ProcessElement>(processIdentifier);

@@ -2,8 +2,8 @@
 
 #include "platform/linux/applications/ApplicationRegistry.h"
 #include "platform/linux/dbus/BusProbe.h"
-#include "platform/linux/x11/keystrokes/LinuxAccessibility.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
+#include "platform/linux/x11/selection/LinuxAccessibility.h"
 #include "platform/linux/x11/windows/DesktopWindows.h"
 #include "support/Desktop.h"
 #include "support/TemporaryFolder.h"
@@ -26,7 +26,7 @@ struct LinuxAccessibilityWorld {
   ApplicationRegistry registry{{}};
   DesktopWindows windows;
   OwnKeystrokes own;
-  LinuxAccessibility adapter{registry, windows, own};
+  LinuxAccessibility adapter{{registry, windows, own, nullptr}};
   Accessibility& accessibility() { return adapter; }
   std::int32_t aProcess() { return ::getpid(); }
   std::int32_t noProcess() { return 0x3FFFFFFF; } // beyond the highest that the system gives

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/linux/x11/clipboard/CopySource.h"
+#include "platform/linux/x11/clipboard/WindowPings.h"
+
+#include <optional>
+
+namespace tavrel {
+
+enum class CopyAnswer {
+  copied,
+  nothing, ///< the program has handled the key, and copied nothing
+  silent,  ///< it has not handled the key in time
+};
+
+/// Waits for what a program does with a copy keystroke. The program has handled the key when it has
+/// answered several pings that were sent after it, one after the other: Qt 6.4 answers the first
+/// before it handles a key that it has read already, and LibreOffice 7.4 copies two rounds of its
+/// event loop later.
+class CopyWatch {
+public:
+  explicit CopyWatch(SelectionConnection& connection)
+      : connection_(connection), pings_(connection) {}
+
+  /// To be called before the key is posted to the window.
+  void begin(xcb_window_t window);
+  /// Waits until the program has copied or, with nothing to copy, has been quiet for `settle` after
+  /// its first answer; half a second for a program that does not answer. Handles events meanwhile.
+  [[nodiscard]] CopyAnswer wait(std::chrono::milliseconds settle);
+  /// Whether the window's program answers a ping within half a second; true for one that answers
+  /// none at all.
+  [[nodiscard]] bool isResponding(xcb_window_t window);
+  /// What the program copies from now on is no part of the capture any more.
+  void end() { isCapturing_ = false; }
+
+  /// Between `begin` and `end`: the clipboard's changes belong to a capture.
+  [[nodiscard]] bool isCapturing() const { return isCapturing_; }
+  /// Whether a key that was posted to this window, or to any, has not been handled yet.
+  [[nodiscard]] bool owesAnswer(xcb_window_t window) const;
+  [[nodiscard]] bool owesAnswer() const { return pings_.isAwaited(); }
+  [[nodiscard]] const std::optional<CopySource>& source() const { return source_; }
+
+  /// Frees what is only needed while an answer is owed.
+  void stopWhenAnswered();
+  void ownerChanged(xcb_window_t owner);
+  void handle(const xcb_generic_event_t& event) { pings_.handle(event); }
+
+private:
+  [[nodiscard]] bool sleepUntil(SelectionTime deadline, bool endsWithAnswer);
+  [[nodiscard]] CopyAnswer waitBlindly();
+  [[nodiscard]] bool waitForRounds(std::chrono::milliseconds settle);
+
+  SelectionConnection& connection_;
+  WindowPings pings_;
+  std::optional<CopySource> source_;
+  bool isCapturing_ = false;
+  bool isCopied_ = false;
+  bool isCleared_ = false; ///< the clipboard has lost its owner: programs clear it before they copy
+};
+
+} // namespace tavrel

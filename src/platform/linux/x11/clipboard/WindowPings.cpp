@@ -1,0 +1,66 @@
+#include "platform/linux/x11/clipboard/WindowPings.h"
+
+#include "platform/linux/x11/server/XcbReply.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavrel {
+
+bool WindowPings::isAnswering(xcb_window_t window) {
+  xcb_connection_t* server = connection_.server();
+  constexpr std::uint32_t mostProtocols = 64;
+  const auto list = xcbReply(
+      xcb_get_property_reply(server,
+                             xcb_get_property(server, 0, window, connection_.atom("WM_PROTOCOLS"),
+                                              XCB_ATOM_ATOM, 0, mostProtocols),
+                             nullptr));
+  if (!list || list->format != 32)
+    return false;
+  const auto* protocols = static_cast<const xcb_atom_t*>(xcb_get_property_value(list.get()));
+  const auto* end = protocols + list->value_len;
+  return std::find(protocols, end, connection_.atom("_NET_WM_PING")) != end;
+}
+
+// Answers go to the root window, for whoever watches its children; Qt's go to those who watch
+// itself.
+void WindowPings::send(xcb_window_t window) {
+  watchRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+  window_ = window;
+  time_ = connection_.now(); // toolkits take it for a time of the server
+  xcb_client_message_event_t ping{};
+  ping.response_type = XCB_CLIENT_MESSAGE;
+  ping.format = 32;
+  ping.window = window;
+  ping.type = connection_.atom("WM_PROTOCOLS");
+  ping.data.data32[0] = connection_.atom("_NET_WM_PING");
+  ping.data.data32[1] = time_;
+  ping.data.data32[2] = window;
+  xcb_send_event(connection_.server(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                 reinterpret_cast<const char*>(&ping));
+  xcb_flush(connection_.server());
+}
+
+void WindowPings::handle(const xcb_generic_event_t& event) {
+  const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+  if (!isAwaited() || kindOf(event) != XCB_CLIENT_MESSAGE || message.window != connection_.root() ||
+      message.type != connection_.atom("WM_PROTOCOLS"))
+    return;
+  if (message.data.data32[0] == connection_.atom("_NET_WM_PING") &&
+      message.data.data32[1] == time_ && message.data.data32[2] == window_)
+    time_ = XCB_CURRENT_TIME;
+}
+
+void WindowPings::stop() {
+  time_ = XCB_CURRENT_TIME;
+  if (std::exchange(window_, XCB_WINDOW_NONE) != XCB_WINDOW_NONE)
+    watchRoot(XCB_EVENT_MASK_NO_EVENT);
+}
+
+void WindowPings::watchRoot(std::uint32_t events) {
+  xcb_change_window_attributes(connection_.server(), connection_.root(), XCB_CW_EVENT_MASK,
+                               &events);
+  xcb_flush(connection_.server());
+}
+
+} // namespace tavrel

@@ -1,0 +1,121 @@
+#include "platform/linux/x11/selection/ProgramEvidence.h"
+
+#include "platform/linux/accessibility/AccessibilityBus.h"
+#include "platform/linux/applications/TerminalWindows.h"
+#include "platform/linux/applications/WindowMatch.h"
+#include "platform/linux/processes/MappedFiles.h"
+#include "platform/linux/processes/ProcessFacts.h"
+#include "platform/linux/system/UserFolders.h"
+
+#include <QDeadlineTimer>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tavrel {
+
+namespace {
+
+constexpr int focusTimeout = 160; // in milliseconds
+
+struct ToolkitFile {
+  std::string_view beginning;
+  Toolkit toolkit;
+};
+
+constexpr auto toolkitFiles = std::to_array<ToolkitFile>({
+    {"libgtk-3.so", Toolkit::common},
+    {"libgtk-4.so", Toolkit::common},
+    {"libgtk-x11-2.0.so", Toolkit::common},
+    {"libQt5Gui.so", Toolkit::common},
+    {"libQt6Gui.so", Toolkit::common},
+    {"libawt_xawt.so", Toolkit::common},
+    {"libtk8.", Toolkit::common},
+    {"winex11", Toolkit::common},
+    {"libvcllo.so", Toolkit::office},
+    {"libmergedlo.so", Toolkit::office},
+    {"libxul.so", Toolkit::multiProcess},
+    {"chrome_100_percent.pak", Toolkit::multiProcess},
+    {"libwebkit2gtk-", Toolkit::multiProcess},
+    {"libwebkitgtk-", Toolkit::multiProcess},
+    {"libQt5WebEngineCore.so", Toolkit::multiProcess},
+    {"libQt6WebEngineCore.so", Toolkit::multiProcess},
+});
+
+// Terminals and other machines' screens as parts of windows.
+constexpr auto handingOnFiles = std::to_array<std::string_view>(
+    {"libvte-", "konsolepart.so", "libkonsoleprivate.so", "libkonsoleapp.so", "libqtermwidget",
+     "libspice-client-gtk", "libgtk-vnc-", "libvncclient.so", "libfreerdp"});
+
+std::string programOf(const WindowFacts& window) {
+  const std::string path = executableOf(window.pid);
+  return path.substr(path.rfind('/') + 1);
+}
+
+TerminalKind terminalKind(const WindowFacts& window, ApplicationRegistry& registry) {
+  if (isBareTerminal(window))
+    return TerminalKind::bare;
+  return isTerminal(window, registry) ? TerminalKind::withCopyKey : TerminalKind::none;
+}
+
+void addMappedFiles(ProgramEvidence& evidence, std::int32_t process) {
+  forEachMappedFile(process, [&](std::string_view file) {
+    for (const ToolkitFile& each : toolkitFiles)
+      if (file.starts_with(each.beginning))
+        evidence.toolkit = std::max(evidence.toolkit, each.toolkit);
+    evidence.handsKeysOn =
+        evidence.handsKeysOn ||
+        std::ranges::any_of(handingOnFiles, [&](auto each) { return file.starts_with(each); });
+  });
+}
+
+bool isSameName(const std::string& one, const std::string& other) {
+  return !one.empty() && QString::fromStdString(one).compare(QString::fromStdString(other),
+                                                             Qt::CaseInsensitive) == 0;
+}
+
+bool isNamedIn(const std::vector<std::string>& names, const ProgramEvidence& evidence,
+               const InstalledApplication* application) {
+  return std::ranges::any_of(names, [&](const std::string& name) {
+    const bool isEntry =
+        application != nullptr &&
+        (isSameName(application->entry->name(messagesLocale()), name) ||
+         isSameName(application->id, name) || isSameName(application->id, name + ".desktop"));
+    return isEntry || isSameName(evidence.program, name) || isSameName(evidence.windowClass, name);
+  });
+}
+
+const InstalledApplication* entryOf(const WindowFacts& window, ApplicationRegistry& registry) {
+  registry.refresh();
+  return applicationOf(window, executableOf(window.pid), registry);
+}
+
+} // namespace
+
+ProgramEvidence programEvidence(const WindowFacts& window, ApplicationRegistry& registry,
+                                AccessibilityBus& bus, const std::vector<std::string>& exceptions) {
+  ProgramEvidence evidence;
+  evidence.program = programOf(window);
+  evidence.windowClass = window.windowClass;
+  evidence.terminal = terminalKind(window, registry);
+  const InstalledApplication* application = entryOf(window, registry);
+  if (application != nullptr)
+    evidence.categories = application->entry->categories();
+  evidence.isExcepted = isNamedIn(exceptions, evidence, application);
+  if (evidence.terminal != TerminalKind::none || evidence.isExcepted)
+    return evidence;
+  addMappedFiles(evidence, window.pid);
+  if (evidence.handsKeysOn)
+    evidence.focusedRole = bus.focusedRole(window.pid, QDeadlineTimer(focusTimeout));
+  return evidence;
+}
+
+std::string programName(const WindowFacts& window, ApplicationRegistry& registry) {
+  if (const InstalledApplication* application = entryOf(window, registry))
+    return application->entry->name(messagesLocale());
+  return window.windowClass.empty() ? programOf(window) : window.windowClass;
+}
+
+} // namespace tavrel

@@ -1,0 +1,141 @@
+#include "platform/linux/x11/selection/SelectionKeys.h"
+
+#include "base/Modifiers.h"
+#include "platform/Accessibility.h"
+#include "platform/linux/x11/clipboard/ClipboardThread.h"
+#include "platform/linux/x11/keystrokes/KeystrokePoster.h"
+
+#include <QElapsedTimer>
+#include <QLoggingCategory>
+
+#include <thread>
+#include <unistd.h>
+
+namespace tavrel {
+
+namespace {
+
+Q_LOGGING_CATEGORY(selectionLog, "tavrel.selection")
+
+using namespace std::chrono_literals;
+
+constexpr qint64 activationTimeout = 200; // in milliseconds
+constexpr auto pasteSettle = 20ms;
+constexpr KeyboardEvent letterC{'c', 8, KeyDirection::down};
+constexpr KeyboardEvent letterV{'v', 9, KeyDirection::down};
+constexpr KeyboardEvent insertKey{0, 114, KeyDirection::down};
+
+std::vector<KeyboardEvent> chordOf(std::initializer_list<std::uint16_t> modifiers,
+                                   KeyboardEvent key) {
+  std::vector<KeyboardEvent> events;
+  for (const std::uint16_t modifier : modifiers)
+    events.push_back({0, modifier, KeyDirection::down});
+  events.push_back(key);
+  for (std::size_t at = events.size(); at-- > 0;) {
+    events.push_back(events[at]);
+    events.back().direction = KeyDirection::up;
+  }
+  return events;
+}
+
+std::vector<KeyboardEvent> pasteChord(PasteRoad road) {
+  switch (road) {
+  case PasteRoad::none:
+    return {};
+  case PasteRoad::shiftInsert:
+    return chordOf({keyCode::shift}, insertKey);
+  case PasteRoad::controlV:
+    return chordOf({keyCode::command}, letterV);
+  case PasteRoad::controlShiftV:
+    return chordOf({keyCode::command, keyCode::shift}, letterV);
+  }
+  return {};
+}
+
+} // namespace
+
+void SelectionKeys::copy(std::int32_t process) {
+  if (desktop_.clipboard == nullptr)
+    return;
+  const auto declarations =
+      desktop_.clipboard->call([](SystemClipboard& clipboard) { return clipboard.declarations(); });
+  if (asked_.declarations != declarations) {
+    desktop_.poster.bringToFront(process);
+    asked_ = {desktop_.windows.activeWindow(), declarations, CopyAnswer::nothing};
+    asked_.answer = answerOf(asked_.window);
+  }
+  if (asked_.answer != CopyAnswer::silent) // else the answer may still come
+    desktop_.answered();
+}
+
+CopyAnswer SelectionKeys::answerOf(WindowId window) {
+  const auto facts = window != 0 ? desktop_.windows.facts(window) : std::nullopt;
+  if (!facts || facts->pid == ::getpid())
+    return CopyAnswer::nothing;
+  const SelectionRoad road = selectionRoad(
+      programEvidence(*facts, desktop_.registry, desktop_.accessibilityBus, desktop_.exceptions()));
+  const CopyAnswer answer = road.copy == CopyRoad::primary
+                                ? desktop_.clipboard->call([&](SystemClipboard& clipboard) {
+                                    return clipboard.showPrimaryOf(window);
+                                  })
+                                : press(window, road);
+  if (answer == CopyAnswer::silent)
+    warn(*facts, "did not answer; what is selected there is not known");
+  return answer;
+}
+
+// A program that has not handled the last key gets no further one.
+CopyAnswer SelectionKeys::press(WindowId window, const SelectionRoad& road) {
+  const bool isBusy = desktop_.clipboard->call([&](SystemClipboard& clipboard) {
+    const bool owes = clipboard.owesAnswer(window);
+    if (!owes)
+      clipboard.expectCopy(window);
+    return owes;
+  });
+  if (isBusy)
+    return CopyAnswer::silent;
+  CopyAnswer answer = CopyAnswer::nothing;
+  const auto chord =
+      chordOf({keyCode::command}, road.copy == CopyRoad::controlC ? letterC : insertKey);
+  desktop_.poster.type(chord, [&] {
+    answer = desktop_.clipboard->call(
+        [&](SystemClipboard& clipboard) { return clipboard.awaitCopy(road.settle); });
+  });
+  return answer;
+}
+
+void SelectionKeys::paste(std::int32_t) {
+  const auto facts = asked_.window != 0 ? desktop_.windows.facts(asked_.window) : std::nullopt;
+  if (!facts || desktop_.clipboard == nullptr)
+    return;
+  const SelectionRoad road = selectionRoad(
+      programEvidence(*facts, desktop_.registry, desktop_.accessibilityBus, desktop_.exceptions()));
+  if (road.paste == PasteRoad::none)
+    return warn(*facts, "has no key that is known to paste; nothing is pasted there");
+  if (!bringBack(asked_.window))
+    return warn(*facts, "does not come to the front; nothing is pasted there");
+  const auto call = [&](auto work) { return desktop_.clipboard->call(work); };
+  if (!call([&](SystemClipboard& clipboard) { return clipboard.isResponding(asked_.window); }))
+    return warn(*facts, "did not answer; nothing is pasted there");
+  desktop_.poster.type(pasteChord(road.paste), [&] {
+    call([&](SystemClipboard& clipboard) { clipboard.awaitPaste(asked_.window, pasteSettle); });
+  });
+}
+
+bool SelectionKeys::bringBack(WindowId window) {
+  if (desktop_.windows.hasKeyboard(window))
+    return true;
+  if (!desktop_.windows.activate(window))
+    return false;
+  QElapsedTimer waiting;
+  waiting.start();
+  while (!desktop_.windows.hasKeyboard(window) && waiting.elapsed() < activationTimeout)
+    std::this_thread::sleep_for(1ms);
+  return desktop_.windows.activeWindow() == window;
+}
+
+void SelectionKeys::warn(const WindowFacts& window, const char* what) const {
+  qCWarning(selectionLog, "%s %s", programName(window, desktop_.registry).c_str(), what);
+}
+
+} // namespace tavrel

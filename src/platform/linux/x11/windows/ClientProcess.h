@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+
+struct xcb_connection_t;
+
+namespace tavrel {
+
+/// The process that made a window, as the server knows it (X-Resource extension 1.2), whichever of
+/// its connections that was; 0 for a program on another machine and for a window that is gone.
+[[nodiscard]] std::int32_t processOfClient(xcb_connection_t& server, std::uint32_t window);
+
+} // namespace tavrel

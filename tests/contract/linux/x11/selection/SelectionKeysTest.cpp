@@ -1,0 +1,132 @@
+#include "contract/linux/x11/selection/SelectionFixture.h"
+
+namespace tavrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+
+const QString words = QStringLiteral("selected=Words");
+
+QStringList answering(const QString& how, int delay = 0) {
+  return {words, QStringLiteral("answer=") + how, QStringLiteral("delay=%1").arg(delay)};
+}
+
+TEST_F(SelectionFixture, WhatIsSelectedIsCapturedByOneKey) {
+  front(answering("once"));
+  EXPECT_EQ(captureText(), "Words");
+  EXPECT_EQ(tries, 1);
+  EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
+  EXPECT_TRUE(clipboardIsAsBefore());
+}
+
+TEST_F(SelectionFixture, NothingSelectedIsKnownAfterOneKey) {
+  front({});
+  const auto time = timeOf([&] { EXPECT_EQ(captureText(), ""); });
+  EXPECT_EQ(tries, 10);
+  EXPECT_LT(time.count(), 1000); // no try waits
+  EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
+  EXPECT_TRUE(clipboardIsAsBefore());
+}
+
+class CopyingPrograms : public SelectionFixture,
+                        public ::testing::WithParamInterface<std::pair<const char*, int>> {};
+INSTANTIATE_TEST_SUITE_P(Answers, CopyingPrograms,
+                         ::testing::Values(std::pair("elsewhere", 0), std::pair("elsewhere", 15),
+                                           std::pair("xclip", 0), std::pair("cleared", 1),
+                                           std::pair("cleared", 20), std::pair("cleared", 150),
+                                           std::pair("often", 0), std::pair("often", 50),
+                                           std::pair("anew", 0), std::pair("hangs", 250)));
+
+TEST_P(CopyingPrograms, AreCaptured) {
+  front(answering(GetParam().first, GetParam().second));
+  EXPECT_EQ(captureText(), "Words");
+}
+
+class LateCopyingPrograms : public CopyingPrograms {};
+INSTANTIATE_TEST_SUITE_P(Answers, LateCopyingPrograms,
+                         ::testing::Values(std::pair("once", 60), std::pair("once", 250),
+                                           std::pair("elsewhere", 5), std::pair("elsewhere", 60),
+                                           std::pair("elsewhere", 250), std::pair("xclip", 5),
+                                           std::pair("xclip", 60), std::pair("xclip", 250),
+                                           std::pair("cleared", 400), std::pair("often", 50),
+                                           std::pair("hangs", 900)));
+
+// However late the copy comes: the clipboard of the user comes back.
+TEST_P(LateCopyingPrograms, LeaveTheClipboardAsItWas) {
+  front(answering(GetParam().first, GetParam().second));
+  const std::int64_t before = general.changeCount();
+  const std::string text = captureText();
+  EXPECT_TRUE(text == "Words" || text.empty()) << text;
+  const auto isOver = [&] { // the copy has come: another change than those of saving and restoring
+    return general.changeCount() - before >= (text.empty() ? 4 : 3);
+  };
+  EXPECT_TRUE(eventually(isOver)) << general.changeCount() - before;
+  EXPECT_TRUE(eventually([&] { return clipboardIsAsBefore(); }));
+  EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
+}
+
+TEST_F(SelectionFixture, AProgramThatDiesHarmsNothing) {
+  front(answering("dies"));
+  EXPECT_EQ(captureText(), "");
+  EXPECT_TRUE(clipboardIsAsBefore());
+}
+
+TEST_F(SelectionFixture, AProgramThatHangsGetsNoFurtherKey) {
+  front(answering("hangs", 3000));
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(captureText(), "");
+  EXPECT_EQ(captureText(), "");
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+              ::testing::HasSubstr("contract_copying_application did not answer"));
+  EXPECT_TRUE(clipboardIsAsBefore());
+  const std::int64_t before = general.changeCount();
+  EXPECT_TRUE(eventually([&] { return general.changeCount() > before; }));
+  EXPECT_TRUE(eventually([&] { return clipboardIsAsBefore(); }));
+  EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
+}
+
+TEST_F(SelectionFixture, AnExceptionGetsNoKeyAndItsPrimarySelectionIsTaken) {
+  front({QStringLiteral("primary=Marked")});
+  exceptions = {"Contract_Copying_Application"};
+  EXPECT_EQ(captureText(), "Marked");
+  EXPECT_THAT(keys(), ElementsAre("ready"));
+  EXPECT_TRUE(clipboardIsAsBefore());
+}
+
+TEST_F(SelectionFixture, ThePrimarySelectionOfAnotherProgramIsNotTaken) {
+  front({});
+  exceptions = {"contract_copying_application"};
+  const SelectionClient other;
+  other.own("PRIMARY");
+  EXPECT_EQ(captureText(), "");
+  EXPECT_THAT(keys(), ElementsAre("ready"));
+}
+
+TEST_F(SelectionFixture, APlainKeystrokeArrivesAsItIs) {
+  front({});
+  post(KeyPurpose::keystroke, {'c', 8, KeyDirection::down});
+  EXPECT_TRUE(eventually([&] { return keys().back() == "Ctrl+C"; }));
+}
+
+TEST_F(SelectionFixture, APasteGoesToTheWindowThatWasCaptured) {
+  front(answering("once"));
+  EXPECT_EQ(captureText(), "Words");
+  const Program other(QStringLiteral(TAVREL_WINDOW_APPLICATION), {QStringLiteral("field")});
+  ASSERT_TRUE(eventually([&] {
+    const auto facts = windows.facts(windows.activeWindow());
+    return facts && facts->pid != process && facts->pid != 0;
+  }));
+  post(KeyPurpose::pasteSelection, {'v', 9, KeyDirection::down});
+  EXPECT_TRUE(eventually([&] { return keys().back() == "Shift+Ins"; }));
+}
+
+TEST_F(SelectionFixture, APasteWithoutACaptureGoesNowhere) {
+  front({});
+  post(KeyPurpose::pasteSelection, {'v', 9, KeyDirection::down});
+  EXPECT_EQ(captureText(), ""); // a later key has been handled
+  EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
+}
+
+} // namespace
+} // namespace tavrel
