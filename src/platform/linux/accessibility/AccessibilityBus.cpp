@@ -58,15 +58,18 @@ std::optional<std::string> AccessibilityBus::roleAt(QPoint point, std::int32_t p
                                                   : std::optional(std::string(axRole(facts)));
 }
 
-std::optional<std::uint32_t> AccessibilityBus::focusedRole(std::int32_t process,
-                                                           const QDeadlineTimer& deadline) {
+std::optional<std::vector<std::uint32_t>>
+AccessibilityBus::focusedRoles(std::int32_t process, const QDeadlineTimer& deadline) {
   if (!connect(deadline))
     return std::nullopt;
   AccessibleTree tree(QDBusConnection(connectionName), deadline);
   const auto application = tree.application(process);
-  const auto element = application ? tree.focused(*application) : std::nullopt;
-  const std::uint32_t role = element ? tree.facts(*element).role : 0;
-  return role == 0 ? std::nullopt : std::optional(role);
+  if (!application)
+    return std::nullopt;
+  std::vector<std::uint32_t> roles;
+  for (const AccessibleElement& element : tree.focused(*application))
+    roles.push_back(tree.facts(element).role);
+  return deadline.hasExpired() ? std::nullopt : std::optional(roles);
 }
 
 } // namespace tavrel

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QDeadlineTimer;
 
@@ -28,10 +29,10 @@ public:
   [[nodiscard]] std::optional<std::string>
   roleAt(QPoint point, std::int32_t process, const QRect& window, const QDeadlineTimer& deadline);
 
-  /// The number (AtspiRole) of the role of the process's element that has the keyboard; nothing
-  /// when the process is not on the bus, or when it is not found by the deadline.
-  [[nodiscard]] std::optional<std::uint32_t> focusedRole(std::int32_t process,
-                                                         const QDeadlineTimer& deadline);
+  /// The roles (AtspiRole) of the process's elements that say that they have the keyboard; nothing
+  /// when the process is not on the bus or does not answer by the deadline.
+  [[nodiscard]] std::optional<std::vector<std::uint32_t>>
+  focusedRoles(std::int32_t process, const QDeadlineTimer& deadline);
 
 private:
   [[nodiscard]] bool connect(const QDeadlineTimer& deadline);

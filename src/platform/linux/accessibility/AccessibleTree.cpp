@@ -39,6 +39,15 @@ AccessibleElement elementFrom(const QDBusArgument& argument) {
   return element;
 }
 
+std::vector<AccessibleElement> elementsFrom(const QDBusArgument& list) {
+  std::vector<AccessibleElement> all;
+  list.beginArray();
+  while (!list.atEnd())
+    all.push_back(elementFrom(list));
+  list.endArray();
+  return all;
+}
+
 std::optional<QDBusArgument> argumentOf(const QDBusMessage& reply, const QString& signature) {
   if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != signature)
     return std::nullopt;
@@ -128,16 +137,9 @@ QDBusMessage AccessibleTree::call(const AccessibleElement& element, const QStrin
 }
 
 std::vector<AccessibleElement> AccessibleTree::children(const AccessibleElement& element) {
-  std::vector<AccessibleElement> all;
   const auto list =
       argumentOf(call(element, accessible, QStringLiteral("GetChildren")), QStringLiteral("a(so)"));
-  if (!list)
-    return all;
-  list->beginArray();
-  while (!list->atEnd())
-    all.push_back(elementFrom(*list));
-  list->endArray();
-  return all;
+  return list ? elementsFrom(*list) : std::vector<AccessibleElement>();
 }
 
 std::int32_t AccessibleTree::processOf(const QString& owner) {
@@ -197,43 +199,43 @@ bool AccessibleTree::hasManyLines(const AccessibleElement& element) {
   return (states(element) & manyLinesState) != 0;
 }
 
-std::optional<AccessibleElement> AccessibleTree::focused(const AccessibleElement& application) {
+std::vector<AccessibleElement> AccessibleTree::focused(const AccessibleElement& application) {
   for (const AccessibleElement& window : children(application))
     if ((states(window) & activeState) != 0) {
-      const auto found = focusedMatch(window);
-      return found ? found : focusedBelow(window);
+      const auto found = focusedMatches(window);
+      return found ? *found : focusedBelow(window);
     }
-  return std::nullopt;
+  return {};
 }
 
 // One call where the toolkit can search (GTK 3).
-std::optional<AccessibleElement> AccessibleTree::focusedMatch(const AccessibleElement& window) {
+std::optional<std::vector<AccessibleElement>>
+AccessibleTree::focusedMatches(const AccessibleElement& window) {
   constexpr std::uint32_t anyOrder = 1; // ATSPI_Collection_SORT_ORDER_CANONICAL
+  constexpr int all = 0;
   const auto list = argumentOf(call(window, QStringLiteral("org.a11y.atspi.Collection"),
                                     QStringLiteral("GetMatches"),
-                                    {QVariant::fromValue(focusRule()), anyOrder, 1, true}),
+                                    {QVariant::fromValue(focusRule()), anyOrder, all, true}),
                                QStringLiteral("a(so)"));
-  if (!list)
-    return std::nullopt;
-  list->beginArray();
-  return list->atEnd() ? std::nullopt : std::optional(elementFrom(*list));
+  return list ? std::optional(elementsFrom(*list)) : std::nullopt;
 }
 
 // Elements that do not show hold none that has the keyboard.
-std::optional<AccessibleElement> AccessibleTree::focusedBelow(const AccessibleElement& window) {
+std::vector<AccessibleElement> AccessibleTree::focusedBelow(const AccessibleElement& window) {
+  std::vector<AccessibleElement> found;
   std::vector<AccessibleElement> left = children(window);
   while (!left.empty() && !deadline_.hasExpired()) {
     const AccessibleElement element = left.back();
     left.pop_back();
     const std::uint64_t state = states(element);
     if ((state & focusedState) != 0)
-      return element;
+      found.push_back(element);
     if ((state & showingState) == 0)
       continue;
     const std::vector<AccessibleElement> below = children(element);
     left.insert(left.end(), below.begin(), below.end());
   }
-  return std::nullopt;
+  return found;
 }
 
 } // namespace tavrel

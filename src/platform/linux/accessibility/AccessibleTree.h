@@ -36,8 +36,9 @@ public:
   /// `window`.
   [[nodiscard]] std::optional<AccessibleElement> elementAt(const AccessibleElement& application,
                                                            const QRect& window, QPoint point);
-  /// The element with the keyboard, in the application's active window.
-  [[nodiscard]] std::optional<AccessibleElement> focused(const AccessibleElement& application);
+  /// The elements of the application's active window that say that they have the keyboard: where Qt
+  /// shows several lists, the current item of each one does.
+  [[nodiscard]] std::vector<AccessibleElement> focused(const AccessibleElement& application);
   [[nodiscard]] AccessibleFacts facts(const AccessibleElement& element);
 
 private:
@@ -53,8 +54,9 @@ private:
   [[nodiscard]] AccessibleElement controlAround(const AccessibleElement& element);
   [[nodiscard]] std::uint32_t roleOf(const AccessibleElement& element);
   [[nodiscard]] AccessibleElement parentOf(const AccessibleElement& element);
-  [[nodiscard]] std::optional<AccessibleElement> focusedMatch(const AccessibleElement& window);
-  [[nodiscard]] std::optional<AccessibleElement> focusedBelow(const AccessibleElement& window);
+  [[nodiscard]] std::optional<std::vector<AccessibleElement>>
+  focusedMatches(const AccessibleElement& window);
+  [[nodiscard]] std::vector<AccessibleElement> focusedBelow(const AccessibleElement& window);
   [[nodiscard]] std::uint64_t states(const AccessibleElement& element);
   [[nodiscard]] bool hasManyLines(const AccessibleElement& element);
 

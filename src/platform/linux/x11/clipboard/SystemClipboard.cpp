@@ -57,7 +57,10 @@ void SystemClipboard::handle(const xcb_generic_event_t& event) {
     reader_.discardLate(notice);
     primaryReader_.discardLate(notice);
   }
+  const bool owed = watch_.owesAnswer();
   watch_.handle(event);
+  if (owed && !watch_.owesAnswer() && !watch_.isCapturing() && protected_)
+    lateCopies_.expect(watch_.source()); // a browser's other process copies after the answer
   lateCopies_.handle(event);
   server_.handle(event);
 }
@@ -145,12 +148,17 @@ void SystemClipboard::awaitPaste(xcb_window_t window, std::chrono::milliseconds 
   watch_.end();
 }
 
-CopyAnswer SystemClipboard::showPrimaryOf(xcb_window_t window) {
+bool SystemClipboard::isPrimaryOf(xcb_window_t window) {
   const xcb_window_t owner = currentOwner(connection_, "PRIMARY");
+  if (owner == XCB_WINDOW_NONE)
+    return false;
   const std::int32_t process = processOfClient(*connection_.server(), window);
-  const bool isSame = connection_.areOfOneClient(owner, window) ||
-                      (process != 0 && processOfClient(*connection_.server(), owner) == process);
-  if (owner == XCB_WINDOW_NONE || !isSame)
+  return connection_.areOfOneClient(owner, window) ||
+         (process != 0 && processOfClient(*connection_.server(), owner) == process);
+}
+
+CopyAnswer SystemClipboard::showPrimaryOf(xcb_window_t window) {
+  if (!isPrimaryOf(window))
     return CopyAnswer::nothing;
   ClipboardReading reading = readClipboard(connection_, primaryReader_);
   if (reading.contents.data.empty())

@@ -50,6 +50,9 @@ public:
   [[nodiscard]] bool isResponding(xcb_window_t window) { return watch_.isResponding(window); }
   /// Waits until the program has handled a paste keystroke, or is silent.
   void awaitPaste(xcb_window_t window, std::chrono::milliseconds settle);
+  /// Whether the selection PRIMARY is of the program of this window: something is marked there, or
+  /// was.
+  [[nodiscard]] bool isPrimaryOf(xcb_window_t window);
   /// Has this program read, until the next declaration, the selection PRIMARY in place of the
   /// clipboard, which is left alone. Nothing when PRIMARY is not of the program of this window.
   [[nodiscard]] CopyAnswer showPrimaryOf(xcb_window_t window);

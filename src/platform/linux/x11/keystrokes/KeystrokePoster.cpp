@@ -103,29 +103,48 @@ void KeystrokePoster::type(const std::vector<KeyboardEvent>& chord,
 // that is down.
 void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modifiers,
                                 std::uint32_t group, const std::function<void()>& meanwhile) {
+  withGrabReleased(modifiers, [&] {
+    const ServerKeySet disturbing =
+        KeyboardGrab::isHeld() ? ~ServerKeySet() : modifiers | codesOf(chord);
+    // The server may not see a key go up while its keyboard is grabbed.
+    const ServerKeySet released = server_->down() & disturbing;
+    server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
+    if (chord.group != group)
+      server_->lockGroup(chord.group);
+    own_.postPastHotKeys(codesOf(chord), [&] {
+      server_->send(chord.keys);
+      server_->roundTrip();
+    });
+    if (chord.group != group)
+      server_->lockGroup(group);
+    meanwhile();
+    return released;
+  });
+}
+
+// `work` answers which keys it has released.
+void KeystrokePoster::withGrabReleased(const ServerKeySet& modifiers,
+                                       const std::function<ServerKeySet()>& work) {
   own_.begin();
   std::optional<PhysicalKeyboards> pressed;
   if (KeyboardGrab::isHeld())
     pressed.emplace(server_->connection());
   KeyboardGrab::release(); // and with it a hot key's: it is on the same connection
-  const ServerKeySet disturbing = pressed ? ~ServerKeySet() : modifiers | codesOf(chord);
-  // The server may not see a key go up while its keyboard is grabbed.
-  const ServerKeySet released = server_->down() & disturbing;
-  server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
-  if (chord.group != group)
-    server_->lockGroup(chord.group);
-  own_.postPastHotKeys(codesOf(chord), [&] {
-    server_->send(chord.keys);
-    server_->roundTrip();
-  });
-  if (chord.group != group)
-    server_->lockGroup(group);
-  meanwhile();
-  ServerKeySet touched = released;
+  ServerKeySet touched = work();
   if (pressed)
     touched |= grabAgain(*pressed);
   pressAgain(touched & modifiers);
   own_.end();
+}
+
+void KeystrokePoster::whileGrabIsReleased(const std::function<void()>& work) {
+  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
+  if (!keymap)
+    return work();
+  withGrabReleased(server_->modifierKeys(*keymap), [&] {
+    work();
+    return ServerKeySet();
+  });
 }
 
 // What the user types during the chord is for the menu, too.
@@ -208,7 +227,7 @@ void KeystrokePoster::bringToFront(std::int32_t process) {
     waiting.start();
     if (!windows_.activate(*window))
       return;
-    while (!isInFront(process) && waiting.elapsed() < activationTimeout)
+    while (!windows_.hasKeyboard(*window) && waiting.elapsed() < activationTimeout)
       std::this_thread::sleep_for(1ms);
     return;
   }

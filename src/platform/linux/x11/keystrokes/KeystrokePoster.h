@@ -35,6 +35,9 @@ public:
   /// released and the user's modifiers are still up: some programs handle no key while another one
   /// has the keyboard (LibreOffice 7.4).
   void type(const std::vector<KeyboardEvent>& chord, const std::function<void()>& meanwhile);
+  /// Runs `work` while the client that has the focus counts as having the keyboard, which it does
+  /// not during our grab. What the user types meanwhile is kept as during the grab.
+  void whileGrabIsReleased(const std::function<void()>& work);
   /// Brings a window of the process to the front and waits for that, a tenth of a second at most.
   /// For a process without a window the keys go to whatever is in front.
   void bringToFront(std::int32_t process);
@@ -49,6 +52,7 @@ private:
   [[nodiscard]] bool isInFront(std::int32_t process);
   void typeChord(const KeyChord& chord, const ServerKeySet& modifiers, std::uint32_t group,
                  const std::function<void()>& meanwhile);
+  void withGrabReleased(const ServerKeySet& modifiers, const std::function<ServerKeySet()>& work);
   ServerKeySet grabAgain(PhysicalKeyboards& pressed);
   void pressAgain(const ServerKeySet& released);
   void releaseWithUser();

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <thread>
 
 namespace tavrel {
 
@@ -95,7 +96,7 @@ const InstalledApplication* entryOf(const WindowFacts& window, ApplicationRegist
 } // namespace
 
 ProgramEvidence programEvidence(const WindowFacts& window, ApplicationRegistry& registry,
-                                AccessibilityBus& bus, const std::vector<std::string>& exceptions) {
+                                const std::vector<std::string>& exceptions) {
   ProgramEvidence evidence;
   evidence.program = programOf(window);
   evidence.windowClass = window.windowClass;
@@ -107,9 +108,18 @@ ProgramEvidence programEvidence(const WindowFacts& window, ApplicationRegistry& 
   if (evidence.terminal != TerminalKind::none || evidence.isExcepted)
     return evidence;
   addMappedFiles(evidence, window.pid);
-  if (evidence.handsKeysOn)
-    evidence.focusedRole = bus.focusedRole(window.pid, QDeadlineTimer(focusTimeout));
   return evidence;
+}
+
+// A window that our grab has been released for has the keyboard again a moment later.
+std::vector<std::uint32_t> focusedRoles(std::int32_t process, AccessibilityBus& bus) {
+  const QDeadlineTimer deadline(focusTimeout);
+  auto roles = bus.focusedRoles(process, deadline);
+  while (roles && roles->empty()) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    roles = bus.focusedRoles(process, deadline);
+  }
+  return roles.value_or(std::vector<std::uint32_t>());
 }
 
 std::string programName(const WindowFacts& window, ApplicationRegistry& registry) {

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <thread>
 #include <unistd.h>
 
@@ -15,12 +16,14 @@ namespace tavrel {
 
 namespace {
 
-Q_LOGGING_CATEGORY(selectionLog, "tavrel.selection")
+Q_LOGGING_CATEGORY(selectionLog, "tavrel.selection", QtInfoMsg)
 
 using namespace std::chrono_literals;
 
 constexpr qint64 activationTimeout = 200; // in milliseconds
 constexpr auto pasteSettle = 20ms;
+// Where something is marked, or was, a copy may still come by a helper program.
+constexpr auto markedSettle = 100ms;
 constexpr KeyboardEvent letterC{'c', 8, KeyDirection::down};
 constexpr KeyboardEvent letterV{'v', 9, KeyDirection::down};
 constexpr KeyboardEvent insertKey{0, 114, KeyDirection::down};
@@ -36,6 +39,25 @@ std::vector<KeyboardEvent> chordOf(std::initializer_list<std::uint16_t> modifier
     events.back().direction = KeyDirection::up;
   }
   return events;
+}
+
+std::string numbersIn(const std::vector<std::uint32_t>& roles) {
+  std::string text;
+  for (const std::uint32_t role : roles)
+    text += (text.empty() ? "" : " ") + std::to_string(role);
+  return text;
+}
+
+const char* nameOf(CopyRoad road) {
+  switch (road) {
+  case CopyRoad::primary:
+    return "PRIMARY";
+  case CopyRoad::controlInsert:
+    return "Ctrl+Insert";
+  case CopyRoad::controlC:
+    return "Ctrl+C";
+  }
+  return "";
 }
 
 std::vector<KeyboardEvent> pasteChord(PasteRoad road) {
@@ -72,8 +94,7 @@ CopyAnswer SelectionKeys::answerOf(WindowId window) {
   const auto facts = window != 0 ? desktop_.windows.facts(window) : std::nullopt;
   if (!facts || facts->pid == ::getpid())
     return CopyAnswer::nothing;
-  const SelectionRoad road = selectionRoad(
-      programEvidence(*facts, desktop_.registry, desktop_.accessibilityBus, desktop_.exceptions()));
+  const SelectionRoad road = roadOf(*facts);
   const CopyAnswer answer = road.copy == CopyRoad::primary
                                 ? desktop_.clipboard->call([&](SystemClipboard& clipboard) {
                                     return clipboard.showPrimaryOf(window);
@@ -82,6 +103,18 @@ CopyAnswer SelectionKeys::answerOf(WindowId window) {
   if (answer == CopyAnswer::silent)
     warn(*facts, "did not answer; what is selected there is not known");
   return answer;
+}
+
+SelectionRoad SelectionKeys::roadOf(const WindowFacts& window) {
+  ProgramEvidence evidence = programEvidence(window, desktop_.registry, desktop_.exceptions());
+  if (evidence.handsKeysOn)
+    desktop_.poster.whileGrabIsReleased(
+        [&] { evidence.focusedRoles = focusedRoles(window.pid, desktop_.accessibilityBus); });
+  const SelectionRoad road = selectionRoad(evidence);
+  qCDebug(selectionLog, "%s: road=%s (toolkit %d, hands keys on %d, focus %s)",
+          window.windowClass.c_str(), nameOf(road.copy), static_cast<int>(evidence.toolkit),
+          static_cast<int>(evidence.handsKeysOn), numbersIn(evidence.focusedRoles).c_str());
+  return road;
 }
 
 // A program that has not handled the last key gets no further one.
@@ -98,8 +131,10 @@ CopyAnswer SelectionKeys::press(WindowId window, const SelectionRoad& road) {
   const auto chord =
       chordOf({keyCode::command}, road.copy == CopyRoad::controlC ? letterC : insertKey);
   desktop_.poster.type(chord, [&] {
-    answer = desktop_.clipboard->call(
-        [&](SystemClipboard& clipboard) { return clipboard.awaitCopy(road.settle); });
+    answer = desktop_.clipboard->call([&](SystemClipboard& clipboard) {
+      return clipboard.awaitCopy(clipboard.isPrimaryOf(window) ? std::max(road.settle, markedSettle)
+                                                               : road.settle);
+    });
   });
   return answer;
 }
@@ -108,8 +143,7 @@ void SelectionKeys::paste(std::int32_t) {
   const auto facts = asked_.window != 0 ? desktop_.windows.facts(asked_.window) : std::nullopt;
   if (!facts || desktop_.clipboard == nullptr)
     return;
-  const SelectionRoad road = selectionRoad(
-      programEvidence(*facts, desktop_.registry, desktop_.accessibilityBus, desktop_.exceptions()));
+  const SelectionRoad road = roadOf(*facts);
   if (road.paste == PasteRoad::none)
     return warn(*facts, "has no key that is known to paste; nothing is pasted there");
   if (!bringBack(asked_.window))

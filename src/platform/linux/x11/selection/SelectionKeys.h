@@ -43,6 +43,7 @@ private:
   };
 
   [[nodiscard]] CopyAnswer answerOf(WindowId window);
+  [[nodiscard]] SelectionRoad roadOf(const WindowFacts& window);
   [[nodiscard]] CopyAnswer press(WindowId window, const SelectionRoad& road);
   [[nodiscard]] bool bringBack(WindowId window);
   void warn(const WindowFacts& window, const char* what) const;

@@ -29,7 +29,7 @@ constexpr std::array<std::string_view, 3> foreignCategories{"RemoteAccess", "Emu
 // Lists of files and pictures: their only copy key is often Ctrl+C.
 constexpr std::array<std::string_view, 2> objectCategories{"FileManager", "Graphics"};
 
-// AtspiRole of elements in which text or objects are selected, and no key is handed on.
+// AtspiRole of elements in which text or objects are selected.
 constexpr std::array<std::uint32_t, 19> selectingRoles{
     26, // icon
     31, // list
@@ -52,10 +52,9 @@ constexpr std::array<std::uint32_t, 19> selectingRoles{
     52, // spin button
 };
 
-bool isAnyOf(const std::vector<std::string>& categories, auto known) {
-  return std::ranges::any_of(categories, [&](const std::string& each) {
-    return std::ranges::find(known, each) != known.end();
-  });
+bool isAnyOf(const auto& values, const auto& known) {
+  return std::ranges::any_of(
+      values, [&](const auto& each) { return std::ranges::find(known, each) != known.end(); });
 }
 
 const NamedProgram* namedProgram(const ProgramEvidence& evidence) {
@@ -64,11 +63,18 @@ const NamedProgram* namedProgram(const ProgramEvidence& evidence) {
   return found == namedPrograms.end() ? nullptr : &*found;
 }
 
+// AtspiRole of elements that hand keys on, or that may.
+constexpr std::array<std::uint32_t, 5> handingOnRoles{
+    0,  // invalid
+    6,  // canvas
+    18, // drawing area
+    60, // terminal
+    67, // unknown
+};
+
 bool mayHandOn(const ProgramEvidence& evidence) {
-  if (!evidence.handsKeysOn)
-    return false;
-  return !evidence.focusedRole ||
-         std::ranges::find(selectingRoles, *evidence.focusedRole) == selectingRoles.end();
+  return evidence.handsKeysOn && (!isAnyOf(evidence.focusedRoles, selectingRoles) ||
+                                  isAnyOf(evidence.focusedRoles, handingOnRoles));
 }
 
 std::chrono::milliseconds settleTime(Toolkit toolkit) {
@@ -98,7 +104,7 @@ SelectionRoad selectionRoad(const ProgramEvidence& evidence) {
       mayHandOn(evidence))
     return withoutKey;
   const std::chrono::milliseconds settle = settleTime(evidence.toolkit);
-  if (isAnyOf(evidence.categories, objectCategories))
+  if (!evidence.handsKeysOn && isAnyOf(evidence.categories, objectCategories))
     return {CopyRoad::controlC, PasteRoad::controlV, settle};
   return {CopyRoad::controlInsert, PasteRoad::shiftInsert, settle};
 }

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,8 +46,9 @@ struct ProgramEvidence {
   Toolkit toolkit = Toolkit::unknown;
   /// Whether parts of its windows hand keys on to something else: a shell, another machine.
   bool handsKeysOn = false;
-  /// AtspiRole of the element with the keyboard; asked for only where keys may be handed on.
-  std::optional<std::uint32_t> focusedRole;
+  /// AtspiRole of the elements that say that they have the keyboard; asked for only where keys may
+  /// be handed on.
+  std::vector<std::uint32_t> focusedRoles;
   bool isExcepted = false; ///< by the user's settings
 };
 

@@ -176,5 +176,20 @@ TEST_F(OnTheAccessibilityBus, OfWindowsThatOverlapTheOneOnTopCounts) {
   }
 }
 
+TEST_F(OnTheAccessibilityBus, TheElementWithTheKeyboardIsKnownByItsRole) {
+  constexpr std::uint32_t text = 61;
+  for (const auto& [program, arguments] : {std::pair(QStringLiteral("mousepad"), QStringList{}),
+                                           std::pair(QStringLiteral(TAVREL_WINDOW_APPLICATION),
+                                                     QStringList{QStringLiteral("field")})}) {
+    const Program other(program, arguments);
+    EXPECT_TRUE(eventually([&] {
+      const auto facts = world.windows.facts(world.windows.activeWindow());
+      AccessibilityBus bus;
+      const auto roles = bus.focusedRoles(facts ? facts->pid : 0, QDeadlineTimer(1000));
+      return roles && std::ranges::find(*roles, text) != roles->end();
+    })) << program.toStdString();
+  }
+}
+
 } // namespace
 } // namespace tavrel

@@ -30,7 +30,8 @@ protected:
     ASSERT_TRUE(eventually([&] {
       const auto facts = windows.facts(windows.activeWindow());
       process = facts ? facts->pid : 0;
-      return facts && facts->windowClass == windowClass;
+      return facts && facts->windowClass == windowClass &&
+             windows.hasKeyboard(windows.activeWindow());
     })) << windowClass;
   }
 
