@@ -69,6 +69,12 @@ bool SelectionConnection::areOfOneClient(xcb_window_t a, xcb_window_t b) const {
   return (a & ~resource) == (b & ~resource);
 }
 
+xcb_window_t SelectionConnection::ownerOf(const std::string& selection) {
+  const auto reply = xcbReply(xcb_get_selection_owner_reply(
+      server_, xcb_get_selection_owner(server_, atom(selection)), nullptr));
+  return reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
+}
+
 xcb_atom_t SelectionConnection::atom(const std::string& name) {
   return atoms({name}).front();
 }

@@ -46,6 +46,8 @@ public:
   /// Whether both windows were made by one program.
   [[nodiscard]] bool areOfOneClient(xcb_window_t a, xcb_window_t b) const;
 
+  /// The window that owns a selection now; none for one without an owner.
+  [[nodiscard]] xcb_window_t ownerOf(const std::string& selection);
   [[nodiscard]] xcb_atom_t atom(const std::string& name);
   [[nodiscard]] std::vector<xcb_atom_t> atoms(const std::vector<std::string>& names);
   [[nodiscard]] std::vector<std::string> names(const std::vector<xcb_atom_t>& atoms);

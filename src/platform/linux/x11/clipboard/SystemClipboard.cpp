@@ -4,8 +4,6 @@
 #include "platform/linux/x11/clipboard/ClipboardFlavors.h"
 #include "platform/linux/x11/clipboard/ClipboardManager.h"
 #include "platform/linux/x11/clipboard/SelectionTarget.h"
-#include "platform/linux/x11/server/XcbReply.h"
-#include "platform/linux/x11/windows/ClientProcess.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,14 +20,6 @@ constexpr auto readTimeout = std::chrono::seconds(2);
 constexpr auto ownerTimeout = std::chrono::milliseconds(300);
 constexpr int attemptLimit = 3;
 
-xcb_window_t currentOwner(SelectionConnection& connection,
-                          const std::string& selection = "CLIPBOARD") {
-  xcb_connection_t* server = connection.server();
-  const auto reply = xcbReply(xcb_get_selection_owner_reply(
-      server, xcb_get_selection_owner(server, connection.atom(selection)), nullptr));
-  return reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
-}
-
 bool hasDataToServe(const ClipboardContents& contents) {
   const std::vector<std::string> targets = servedTargets(contents);
   return std::any_of(targets.begin(), targets.end(), [&](const std::string& target) {
@@ -44,9 +34,9 @@ SystemClipboard::SystemClipboard(SelectionConnection& connection, xcb_window_t o
     : connection_(connection), changeCount_(changeCount), server_(connection),
       lateCopies_(connection, ownWindows),
       reader_(connection, "CLIPBOARD", [this] { return ownerChanges_ != changesWhenRead_; }),
-      primaryReader_(connection, "PRIMARY", [] { return false; }), watch_(connection) {
+      primary_(connection), watch_(connection) {
   connection_.setHandler([this](const xcb_generic_event_t& event) { handle(event); });
-  owner_ = currentOwner(connection_);
+  owner_ = connection_.ownerOf("CLIPBOARD");
 }
 
 void SystemClipboard::handle(const xcb_generic_event_t& event) {
@@ -55,7 +45,7 @@ void SystemClipboard::handle(const xcb_generic_event_t& event) {
   if (kindOf(event) == XCB_PROPERTY_NOTIFY) {
     const auto& notice = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     reader_.discardLate(notice);
-    primaryReader_.discardLate(notice);
+    primary_.discardLate(notice);
   }
   const bool owed = watch_.owesAnswer();
   watch_.handle(event);
@@ -148,19 +138,10 @@ void SystemClipboard::awaitPaste(xcb_window_t window, std::chrono::milliseconds 
   watch_.end();
 }
 
-bool SystemClipboard::isPrimaryOf(xcb_window_t window) {
-  const xcb_window_t owner = currentOwner(connection_, "PRIMARY");
-  if (owner == XCB_WINDOW_NONE)
-    return false;
-  const std::int32_t process = processOfClient(*connection_.server(), window);
-  return connection_.areOfOneClient(owner, window) ||
-         (process != 0 && processOfClient(*connection_.server(), owner) == process);
-}
-
 CopyAnswer SystemClipboard::showPrimaryOf(xcb_window_t window) {
-  if (!isPrimaryOf(window))
+  if (!primary_.isOf(window))
     return CopyAnswer::nothing;
-  ClipboardReading reading = readClipboard(connection_, primaryReader_);
+  ClipboardReading reading = primary_.read();
   if (reading.contents.data.empty())
     return reading.isComplete ? CopyAnswer::nothing : CopyAnswer::silent;
   ownView_ = std::move(reading.contents);
@@ -310,7 +291,7 @@ bool SystemClipboard::setOwner(xcb_window_t owner, xcb_timestamp_t time) {
   owner_ = owner;
   expectedOwner_ = owner;
   xcb_set_selection_owner(connection_.server(), owner, connection_.atom("CLIPBOARD"), time);
-  const xcb_window_t present = currentOwner(connection_);
+  const xcb_window_t present = connection_.ownerOf("CLIPBOARD");
   connection_.drain();
   if (!std::exchange(expectedOwner_, std::nullopt))
     return true;

@@ -3,6 +3,7 @@
 #include "platform/linux/x11/clipboard/ClipboardReading.h"
 #include "platform/linux/x11/clipboard/CopyWatch.h"
 #include "platform/linux/x11/clipboard/LateCopies.h"
+#include "platform/linux/x11/clipboard/PrimarySelection.h"
 #include "platform/linux/x11/clipboard/SelectionServer.h"
 
 #include <atomic>
@@ -52,7 +53,7 @@ public:
   void awaitPaste(xcb_window_t window, std::chrono::milliseconds settle);
   /// Whether the selection PRIMARY is of the program of this window: something is marked there, or
   /// was.
-  [[nodiscard]] bool isPrimaryOf(xcb_window_t window);
+  [[nodiscard]] bool isPrimaryOf(xcb_window_t window) { return primary_.isOf(window); }
   /// Has this program read, until the next declaration, the selection PRIMARY in place of the
   /// clipboard, which is left alone. Nothing when PRIMARY is not of the program of this window.
   [[nodiscard]] CopyAnswer showPrimaryOf(xcb_window_t window);
@@ -94,7 +95,7 @@ private:
   SelectionServer server_;
   LateCopies lateCopies_;
   SelectionReader reader_;
-  SelectionReader primaryReader_;
+  PrimarySelection primary_;
   CopyWatch watch_;
   std::int64_t declarations_ = 0;
 

@@ -1,5 +1,8 @@
 #include "contract/linux/x11/selection/SelectionFixture.h"
 
+#include "base/Modifiers.h"
+#include "platform/linux/x11/gestures/LinuxHotKeys.h"
+
 namespace tavrel {
 namespace {
 
@@ -125,6 +128,43 @@ TEST_F(SelectionFixture, APasteWithoutACaptureGoesNowhere) {
   front({});
   post(KeyPurpose::pasteSelection, {'v', 9, KeyDirection::down});
   EXPECT_EQ(captureText(), ""); // a later key has been handled
+  EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
+}
+
+class OwnHotKeys : public SelectionFixture, public EventTarget {
+protected:
+  static constexpr std::uint32_t insert = 114, letterC = 8, letterV = 9;
+
+  OwnHotKeys() { hotKeys.setEventTarget(this); }
+  void sendEvent(const Event&) override { ++fired; }
+  void registerKey(std::uint32_t keyCode, std::uint32_t modifiers) {
+    EXPECT_EQ(hotKeys.registerHotKey(keyCode, modifiers, {}).status, hotKeyStatus::registered);
+  }
+
+  LinuxHotKeys hotKeys{own};
+  int fired = 0;
+};
+
+TEST_F(OwnHotKeys, AreNotFiredByTheKeystrokesThatWePost) {
+  front(answering("once"));
+  registerKey(insert, eventModifier::command);
+  registerKey(insert, eventModifier::shift);
+  registerKey(letterC, eventModifier::command);
+  EXPECT_EQ(captureText(), "Words");
+  post(KeyPurpose::pasteSelection, {'v', 9, KeyDirection::down});
+  EXPECT_TRUE(eventually([&] { return keys().back() == "Shift+Ins"; }));
+  post(KeyPurpose::keystroke, {'c', 8, KeyDirection::down});
+  EXPECT_TRUE(eventually([&] { return keys().back() == "Ctrl+C"; }));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(fired, 0);
+}
+
+TEST_F(OwnHotKeys, AreFiredByTheUserAgainAfterOurKeystroke) {
+  front(answering("once"));
+  registerKey(insert, eventModifier::command);
+  EXPECT_EQ(captureText(), "Words");
+  xdotool({QStringLiteral("key"), QStringLiteral("ctrl+Insert")});
+  EXPECT_TRUE(eventually([&] { return fired == 1; }));
   EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
 }
 
