@@ -2,6 +2,7 @@
 
 #include "platform/linux/x11/gestures/RawInput.h"
 #include "platform/linux/x11/server/XcbReply.h"
+#include "platform/linux/x11/windows/ScreenLock.h"
 
 #include <QLoggingCategory>
 #include <QSocketNotifier>
@@ -71,7 +72,7 @@ private:
 
   // Motion events come in hundreds a second: they are selected during a drag only.
   ButtonChange pressed(std::uint32_t button) {
-    if (button != primaryButton)
+    if (button != primaryButton || isScreenLocked(*server_))
       return ButtonChange::otherPressed;
     (void)selectRawButtons(*server_, RawMotion::reported);
     return ButtonChange::primaryPressed;

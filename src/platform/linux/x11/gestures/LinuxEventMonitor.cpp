@@ -3,6 +3,7 @@
 #include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 #include "platform/linux/x11/gestures/RawInput.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
+#include "platform/linux/x11/windows/ScreenLock.h"
 
 #include <QLoggingCategory>
 #include <QSocketNotifier>
@@ -106,7 +107,8 @@ void LinuxEventMonitor::deliverChanges() {
   while (!taps_->changes.empty()) {
     delivered_ = taps_->changes.front();
     taps_->changes.pop_front();
-    callHandlers();
+    if (!isScreenLocked(input_->connection())) // nothing opens over the password prompt
+      callHandlers();
     delivered_ = {};
   }
   isDelivering_ = false;

@@ -19,9 +19,9 @@ class OwnKeystrokes;
 class RawInput;
 
 /// Reports every press and release of a modifier key, whatever program has the keyboard, from raw
-/// XInput events (RawInput). Keystrokes that this program posts (OwnKeystrokes) are left out.
-/// Installing a handler fails on a display without XInput 2, and one line on standard error says
-/// so.
+/// XInput events (RawInput). Keystrokes that this program posts (OwnKeystrokes) are left out, and
+/// what is pressed while the screen is locked. Installing a handler fails on a display without
+/// XInput 2, and one line on standard error says so.
 class LinuxEventMonitor final : public EventMonitor {
 public:
   /// Both must outlive this. The buffer, if any, keeps what is typed from the second press of a

@@ -1,6 +1,8 @@
 #include "platform/linux/x11/selection/ProgramEvidence.h"
 
 #include "platform/linux/accessibility/AccessibilityBus.h"
+#include "platform/linux/applications/ExecLine.h"
+#include "platform/linux/applications/FileManagerRoles.h"
 #include "platform/linux/applications/TerminalWindows.h"
 #include "platform/linux/applications/WindowMatch.h"
 #include "platform/linux/processes/MappedFiles.h"
@@ -61,6 +63,27 @@ TerminalKind terminalKind(const WindowFacts& window, ApplicationRegistry& regist
   return isTerminal(window, registry) ? TerminalKind::withCopyKey : TerminalKind::none;
 }
 
+std::string programIn(const InstalledApplication& application) {
+  const auto line = splitExec(application.entry->exec());
+  return line ? line->front().substr(line->front().rfind('/') + 1) : std::string();
+}
+
+// Some file managers have an entry of their own for opening folders (Caja 1.26), but editors open
+// folders, too.
+bool isFileManager(const InstalledApplication& application, const ProgramEvidence& evidence,
+                   const ApplicationRegistry& registry) {
+  if (rolePlayedBy(application, fileManagers(registry)))
+    return true;
+  constexpr std::array<std::string_view, 2> editorCategories{"Development", "TextEditor"};
+  const bool isEditor = std::ranges::any_of(evidence.categories, [&](const std::string& each) {
+    return std::ranges::find(editorCategories, each) != editorCategories.end();
+  });
+  return !isEditor && std::ranges::any_of(registry.handlersOf("inode/directory"),
+                                          [&](const InstalledApplication* handler) {
+                                            return programIn(*handler) == evidence.program;
+                                          });
+}
+
 void addMappedFiles(ProgramEvidence& evidence, std::int32_t process) {
   forEachMappedFile(process, [&](std::string_view file) {
     for (const ToolkitFile& each : toolkitFiles)
@@ -102,8 +125,10 @@ ProgramEvidence programEvidence(const WindowFacts& window, ApplicationRegistry& 
   evidence.windowClass = window.windowClass;
   evidence.terminal = terminalKind(window, registry);
   const InstalledApplication* application = entryOf(window, registry);
-  if (application != nullptr)
+  if (application != nullptr) {
     evidence.categories = application->entry->categories();
+    evidence.isFileManager = isFileManager(*application, evidence, registry);
+  }
   evidence.isExcepted = isNamedIn(exceptions, evidence, application);
   if (evidence.terminal != TerminalKind::none || evidence.isExcepted)
     return evidence;

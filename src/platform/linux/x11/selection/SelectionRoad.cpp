@@ -26,8 +26,8 @@ constexpr std::array<NamedProgram, 4> namedPrograms{{
 // Of the desktop menu specification 1.1: what is typed there is for another machine or a game.
 constexpr std::array<std::string_view, 3> foreignCategories{"RemoteAccess", "Emulator", "Game"};
 
-// Lists of files and pictures: their only copy key is often Ctrl+C.
-constexpr std::array<std::string_view, 2> objectCategories{"FileManager", "Graphics"};
+// Pictures and lists of files: their only copy key is often Ctrl+C.
+constexpr std::array<std::string_view, 2> objectCategories{"Graphics", "FileManager"};
 
 // AtspiRole of elements in which text or objects are selected.
 constexpr std::array<std::uint32_t, 19> selectingRoles{
@@ -104,7 +104,9 @@ SelectionRoad selectionRoad(const ProgramEvidence& evidence) {
       mayHandOn(evidence))
     return withoutKey;
   const std::chrono::milliseconds settle = settleTime(evidence.toolkit);
-  if (!evidence.handsKeysOn && isAnyOf(evidence.categories, objectCategories))
+  const bool showsObjects =
+      evidence.isFileManager || isAnyOf(evidence.categories, objectCategories);
+  if (showsObjects && !evidence.handsKeysOn)
     return {CopyRoad::controlC, PasteRoad::controlV, settle};
   return {CopyRoad::controlInsert, PasteRoad::shiftInsert, settle};
 }

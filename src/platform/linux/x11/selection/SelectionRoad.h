@@ -42,6 +42,7 @@ struct ProgramEvidence {
   std::string program;                 ///< the name of its executable
   std::string windowClass;             ///< of its window
   std::vector<std::string> categories; ///< of its desktop entry
+  bool isFileManager = false;
   TerminalKind terminal = TerminalKind::none;
   Toolkit toolkit = Toolkit::unknown;
   /// Whether parts of its windows hand keys on to something else: a shell, another machine.

@@ -112,6 +112,48 @@ TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatTheLayoutMakesAModifierIsReported) {
   }));
 }
 
+/// As a screen locker: a window over all of the screen that no window manager manages.
+class Cover {
+public:
+  Cover() {
+    const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(server_)).data;
+    const std::uint32_t unmanaged = 1;
+    const xcb_window_t window = xcb_generate_id(server_);
+    xcb_create_window(server_, 0, window, screen.root, 0, 0, screen.width_in_pixels,
+                      screen.height_in_pixels, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, 0,
+                      XCB_CW_OVERRIDE_REDIRECT, &unmanaged);
+    xcb_map_window(server_, window);
+    std::free(xcb_get_input_focus_reply(server_, xcb_get_input_focus(server_), nullptr));
+  }
+  ~Cover() { xcb_disconnect(server_); }
+  Cover(const Cover&) = delete;
+  Cover& operator=(const Cover&) = delete;
+
+private:
+  xcb_connection_t* server_ = xcb_connect(nullptr, nullptr);
+};
+
+TEST_F(LinuxEventMonitorOnKeyboard, KeysAreNotReportedWhileTheScreenIsLocked) {
+  {
+    const Cover cover;
+    FakeInput locker;
+    ASSERT_TRUE(locker.grabKeyboardAndPointer());
+    world.input.tap(serverKey::control);
+    QElapsedTimer passed;
+    passed.start();
+    EXPECT_TRUE(eventually([&] { return passed.hasExpired(100); }));
+    EXPECT_EQ(calls, 0);
+  }
+  world.input.tap(serverKey::control);
+  EXPECT_EQ(callsUpToNow(), 2) << "and are again afterwards";
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, KeysOverAFullScreenWindowWithoutAGrabAreReported) {
+  const Cover cover;
+  world.input.tap(serverKey::control);
+  EXPECT_EQ(callsUpToNow(), 2);
+}
+
 TEST_F(LinuxEventMonitorOnKeyboard, OwnKeystrokesAreNotReported) {
   FakeInput program;
   world.own.begin();

@@ -38,6 +38,12 @@ TEST(SelectionRoad, ListsOfFilesAndPicturesKnowCtrlCAlone) {
   }
 }
 
+TEST(SelectionRoad, AFileManagerIsKnownByItsRoleToo) {
+  ProgramEvidence evidence = ordinary();
+  evidence.isFileManager = true;
+  EXPECT_EQ(selectionRoad(evidence).copy, CopyRoad::controlC);
+}
+
 TEST(SelectionRoad, WhatIsTypedForAnotherMachineOrAGameStaysUntyped) {
   for (const char* category : {"RemoteAccess", "Emulator", "Game"}) {
     EXPECT_TRUE(getsNoKey(ofCategory(category))) << category;
