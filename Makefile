@@ -3,8 +3,9 @@ BUILD ?= build
 JOBS ?= $(shell nproc)
 SAMPLE ?= 200
 SEED ?= 1
+COUNT ?= 100000
 
-.PHONY: help run test build with-tests deb check bench bench-desktop asan mutate fresh format clean
+.PHONY: help run test build with-tests deb check bench bench-desktop soak asan mutate fresh format clean
 
 help:
 	@echo "make run     installs what is missing, builds, starts Tavrel (on a virtual desktop without a display)"
@@ -16,6 +17,7 @@ help:
 	@echo "make mutate  changes the core in $(SAMPLE) places, one at a time, and tells what no unit test notices"
 	@echo "make bench   measures, and prints the ratios"
 	@echo "make bench-desktop  measures gestures beside other launchers"
+	@echo "make soak    captures a selection $(COUNT) times, from a program that copies in every way"
 	@echo "make fresh SUITE=trixie  tries both on a fresh Debian 13 (SUITE=bookworm: 12), as root"
 	@echo "make format  lays the sources out"
 	@echo "make clean   removes what was built"
@@ -63,6 +65,9 @@ bench:
 bench-desktop:
 	@tools/install-packages build run demo test bench
 	@tools/bench-desktop
+
+soak: with-tests
+	tools/with-desktop --wm $(BUILD)/tests/soak/capture_soak $(COUNT)
 
 fresh:
 	@tools/install-packages fresh

@@ -10,6 +10,9 @@
 //       anew            copies once more as soon as it is asked for the text
 //       hangs           handles nothing for the delay, then copies
 //       dies            ends without an answer
+//       mixed           one of "once" to "often", by chance (the same each time), with a delay up
+//       to
+//                       the given one
 //     delay=MS        before it copies
 //     primary=TEXT    what it offers as the selection PRIMARY
 // LOG gets a line for each key press that it handles, by Qt's name, and "ready" at first.
@@ -22,7 +25,9 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <array>
 #include <fstream>
+#include <random>
 #include <sys/prctl.h>
 
 #include <csignal>
@@ -44,7 +49,7 @@ public:
 
 private:
   QString text(const char* name) { return QString::fromStdString(settings_[name]); }
-  [[nodiscard]] int delay() { return text("delay").toInt(); }
+  [[nodiscard]] int delay() { return delay_ >= 0 ? delay_ : text("delay").toInt(); }
 
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() >= Qt::Key_Shift && event->key() <= Qt::Key_ScrollLock)
@@ -56,6 +61,22 @@ private:
 
   void answer() {
     const std::string how = settings_["answer"];
+    if (how == "mixed")
+      answerByChance();
+    else
+      answer(how);
+  }
+  void answerByChance() {
+    static constexpr std::array<const char*, 5> ways{"once", "elsewhere", "cleared", "often",
+                                                     "xclip"};
+    // A program is started for one copy in a hundred: that takes longest.
+    const std::size_t way = chance_() % 100 == 0 ? 4 : chance_() % 4;
+    const auto longest = static_cast<unsigned>(text("delay").toInt());
+    delay_ = chance_() % 10 == 0 ? static_cast<int>(chance_() % (longest + 1)) : 0;
+    write(std::string(ways[way]) + " after " + std::to_string(delay_) + " ms");
+    answer(ways[way]);
+  }
+  void answer(const std::string& how) {
     if (how == "once")
       later(delay(), [this] { copy(); });
     else if (how == "elsewhere")
@@ -111,6 +132,8 @@ private:
   std::string log_;
   Settings settings_;
   std::unique_ptr<SelectionOwner> owner_;
+  std::mt19937 chance_;
+  int delay_ = -1; ///< by chance; -1: as given
 };
 
 Settings settingsIn(const QStringList& arguments) {
