@@ -30,6 +30,12 @@ public:
     up(key);
     pause_ = usual;
   }
+  /// Presses the key after that many milliseconds.
+  void waitAndPress(std::uint8_t key, std::uint32_t milliseconds) {
+    const std::uint32_t usual = std::exchange(pause_, milliseconds);
+    down(key);
+    pause_ = usual;
+  }
   void tap(std::uint8_t key) {
     down(key);
     up(key);
