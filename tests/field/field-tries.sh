@@ -1,0 +1,134 @@
+# Tries: the gesture, the item, what it got, and what must not have happened. Sourced by
+# field-lib.sh. A try that goes wrong is told and counted; the script goes on.
+
+failures=0
+harmed=0 lost=0 done_tries=0
+nothing_kept=0 nothing_tried=0 told=-
+rows=$shots/rows
+: >"$rows"
+
+# A script may replace these: what was done to the program (nothing when it is unharmed), what puts it
+# back to where it was, and whether it has done all that the keys asked it for.
+harm() { :; }
+put_back() { :; }
+settled() { :; }
+
+wrong() {
+  failures=$((failures + 1))
+  echo "  $name, $phase, try $try: $1"
+}
+
+# once EXPECTED: one gesture; whether the item got this. Blank lines at its end are not looked at.
+once() {
+  local ms got primary=-
+  done_tries=$((done_tries + 1))
+  [ $((try % 2)) = 0 ] && [ $clipboard_lost = no ] || wait_for 20 "another copy" copy_anew
+  clipboard_lost=no
+  [ "$stopped" = yes ] || primary=$(marked_text || true)
+  rm -f "$HOME/kept"
+  ms=$(gesture) || { wrong "no menu came"; return 1; }
+  menu_times+=" $ms"
+  type_text "$([ "$1" = picture ] && echo image || echo keep)"
+  press Return
+  soon test -e "$HOME/kept" || { wrong "the entry is not there, or was not run"; press Escape; wait_for 20 "the menu to close" no_menu_open; return 1; }
+  wait_for 20 "the menu to close" no_menu_open
+  got=$(cat "$HOME/kept")
+  [ "$stopped" = yes ] || look_after "$primary"
+  [ "$got" = "$1" ] || { wrong "captured was \"${got:0:60}\", not \"$1\""; return 1; }
+}
+
+# A machine that is busy may miss a gesture.
+gesture() {
+  local turn
+  for turn in 1 2 3; do
+    ! "$keys" --gap 60 --menu tavrel ctrl ctrl || return 0
+    echo "  $name: a gesture opened no menu" >&2
+  done
+  return 1
+}
+
+# look_after PRIMARY: what was marked before; "-" if nobody knows.
+look_after() {
+  local all
+  wait_for 20 "$name to have done what it was asked" settled
+  all=$(every_harm "$1" | paste_lines)
+  [ -z "$all" ] || { harmed=$((harmed + 1)); wrong "$all"; put_back; }
+  soon clipboard_is_as_before || {
+    lost=$((lost + 1)) clipboard_lost=yes
+    wrong "the clipboard was lost: $(paste -t TARGETS | tr '\n' ' ')"
+  }
+}
+every_harm() {
+  harm
+  [ "$1" = - ] || primary_is "$1" || echo "the marked text was \"$1\" and is \"$(marked_text)\""
+  soon nothing_held || echo "a key was left down"
+}
+
+# many EXPECTED: tries of one kind; leaves how many were captured in $captured.
+many() {
+  first_key=$(($(wc -l <"$shots/keys.log") + 1)) first_line=$(($(wc -l <"$log") + 1))
+  menu_times="" captured=0 clipboard_lost=no stopped=no
+  for try in $(seq "$tries"); do
+    if once "$1"; then captured=$((captured + 1)); fi
+  done
+  screenshot "$phase" >/dev/null
+}
+
+# captures WHAT EXPECTED: what is selected now, "text ..." or "file ..." or "picture".
+captures() {
+  phase=$1
+  many "$2"
+  printf '%s|%s|%s of %s|%s|%s\n' "$1" "$(road)" "$captured" "$tries" "$(median)" "$(spread)" >>"$rows"
+}
+# nothing WHEN: nothing is selected now, and nothing may be captured.
+nothing() {
+  phase="nothing selected $1"
+  many "text "
+  nothing_kept=$((nothing_kept + captured)) nothing_tried=$((nothing_tried + tries))
+}
+
+# stops NAME...: while the program is stopped the menu comes without a selection, and the log tells the
+# program's name; any of these will do. Afterwards it has another try of the same selection.
+stops() {
+  local process expected=$1 names=$2 from
+  phase=stopped try=1 stopped=yes clipboard_lost=no
+  process=$(front_process)
+  from=$(($(wc -l <"$log") + 1))
+  wait_for 20 "another copy" copy_anew
+  kill -STOP "$process"
+  once "text " || true
+  stopped=no
+  if tail -n "+$from" "$log" | grep -iE "($names).*did not answer" >/dev/null; then told=yes; else
+    told=no
+    wrong "the log does not tell that it did not answer"
+  fi
+  kill -CONT "$process"
+  wait_for 20 "$name to be idle again" idle "$process"
+  try=1
+  look_after -
+  phase="after it was stopped"
+  [ -z "$expected" ] || once "$expected" || true
+}
+
+# The road that the log tells; else the keystrokes that were posted, each once.
+road() {
+  local told_road
+  told_road=$(tail -n "+$first_line" "$log" | grep -oP 'road[= ]\K[^ ,]+' | sort | uniq -c | awk '{ printf "%s%s", (NR > 1 ? ", " : ""), $2 }')
+  [ -n "$told_road" ] || told_road=$(posted_keys "$first_key" | sort -u | paste_lines)
+  echo "${told_road:-no key}"
+}
+paste_lines() { awk '{ printf "%s%s", (NR > 1 ? ", " : ""), $0 }'; }
+median() { tr ' ' '\n' <<<"$menu_times" | grep . | sort -n | awk '{ all[NR] = $1 } END { if (NR) printf "%.0f", all[int((NR + 1) / 2)] }'; }
+spread() { tr ' ' '\n' <<<"$menu_times" | grep . | sort -n | awk 'NR == 1 { least = $1 } END { if (NR) printf "%.0f to %.0f", least, $1 }'; }
+
+# finish: the rows for the table, and the end.
+finish() {
+  local row first=yes common
+  common="$nothing_kept of $nothing_tried|$lost of $done_tries|$harmed of $done_tries|$told"
+  while read -r row; do
+    echo "$name|$row|$common"
+    common="|||"
+  done <"$rows" | tee "$shots/result"
+  [ $failures = 0 ] || echo "failed: $failures complaints about $name; see $shots" >&2
+  exit $((failures > 0))
+}
