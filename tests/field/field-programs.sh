@@ -30,7 +30,17 @@ terminal() {
   start "$1" "${@:3}"
   terminal_tries "$2"
 }
-# The same in a program that has a terminal in its window: the keyboard is there already.
+# A terminal in the window of another program, which the key brings up.
+#   terminal_panel CLASS NAMES KEY COMMAND...
+terminal_panel() {
+  ln -s "$PWD/tests/field/listen.py" "$HOME/listen"
+  start "$1" "${@:4}"
+  press "$3"
+  settle_front
+  type_text "~/listen"
+  press Return
+  terminal_tries "$2"
+}
 terminal_tries() {
   wait_for 20 "the program in the terminal" test -e "$HOME/listening"
   settle_front
@@ -39,9 +49,11 @@ terminal_tries() {
   wait_for 20 "a marked word" word_marked
   captures "a marked word" "text Grüße"
   stops "text Grüße" "$1"
-  click_at 500 300
-  settle_front
-  nothing "any more"
+  if [ $nothing_afterwards = yes ]; then
+    click_at 500 "$from_top"
+    settle_front
+    nothing "any more"
+  fi
   finish
 }
 settle_front() { wait_for 60 "$name to be idle" idle "$(front_process)"; }
@@ -50,12 +62,15 @@ terminal_harm() {
   [ ! -e "$HOME/typed" ] || echo "typed was: $(tr '\n' ' ' <"$HOME/typed")"
   rm -f "$HOME/interrupted" "$HOME/typed"
 }
+# Where in the window the terminal shows text, and whether it forgets what was marked in it.
+from_top=150
+nothing_afterwards=yes
 click_at() { xdotool mousemove --window "$(xdotool getactivewindow)" "$1" "$2" click 1; }
 # In several places: one of them may be between two words.
 word_marked() {
-  local place
-  for place in "200 ${1:-150}" "331 ${1:-190}" "270 ${1:-110}"; do
-    xdotool mousemove --window "$(xdotool getactivewindow)" $place click --repeat 2 --delay 40 1
+  local across
+  for across in 200 331 270; do
+    xdotool mousemove --window "$(xdotool getactivewindow)" $across "$from_top" click --repeat 2 --delay 40 1
     ! soon primary_is Grüße || return 0
   done
   return 1
@@ -134,3 +149,30 @@ END_OF_DOCUMENT
 END_OF_SETTINGS
   office=(soffice --norestore --nologo --nofirststartwizard "-env:UserInstallation=file://$profile")
 }
+
+# A file manager that shows three files; all of them are selected.
+#   file_manager CLASS NAMES COMMAND...
+file_manager() {
+  local shown=$HOME/shown
+  mkdir "$shown"
+  touch "$shown/a b.txt" "$shown/c.txt" "$shown/Grüße.txt"
+  listing() { find "$shown" | sort; }
+  before=$(listing)
+  harm() { [ "$(listing)" = "$before" ] || echo "the folder holds $(listing | paste_lines)"; }
+  start "$1" "${@:3}" "$shown"
+  nothing "at first"
+  wait_for 20 "the files to be selected" all_copied
+  wait_for 20 "another copy" copy_anew
+  expected=$(find "$shown" -type f -printf 'file %p\n' | sort)
+  captures "three files" "$expected"
+  stops "$expected" "$2"
+  click_at 600 400
+  settle_front
+  nothing "any more"
+  finish
+}
+all_copied() {
+  press ctrl+a ctrl+c
+  soon three_copied
+}
+three_copied() { [ "$(paste -t text/uri-list | grep -c file:)" = 3 ]; }

@@ -1,0 +1,6 @@
+#!/usr/bin/env bash
+# The terminal panel of Dolphin: it takes Ctrl+C for an interrupt, though its window is a file manager.
+# packages: dolphin konsole-kpart
+. "$(dirname "$0")/field-lib.sh"
+from_top=520
+terminal_panel dolphin dolphin F4 dolphin "$HOME"
