@@ -2,10 +2,11 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 SAMPLE ?= 200
+TRIES ?= 5
 SEED ?= 1
 COUNT ?= 100000
 
-.PHONY: help run test build with-tests deb check bench bench-desktop soak asan mutate fresh format clean
+.PHONY: help run test build with-tests deb check bench bench-desktop soak field asan mutate fresh format clean
 
 help:
 	@echo "make run     installs what is missing, builds, starts Tavrel (on a virtual desktop without a display)"
@@ -15,6 +16,7 @@ help:
 	@echo "make check   runs the checks of style and structure"
 	@echo "make asan    runs the tests that need no display under the sanitizers"
 	@echo "make mutate  changes the core in $(SAMPLE) places, one at a time, and tells what no unit test notices"
+	@echo "make field   tries what is selected in the programs that people have, TRIES=$(TRIES) times each"
 	@echo "make bench   measures, and prints the ratios"
 	@echo "make bench-desktop  measures gestures beside other launchers"
 	@echo "make soak    captures a selection $(COUNT) times, from a program that copies in every way"
@@ -40,6 +42,14 @@ with-tests:
 
 test: with-tests
 	ctest --test-dir $(BUILD) --no-tests=error --output-on-failure -j $(JOBS)
+
+# Programs that are large, and some hundred gestures: no part of the tests, but for the lightest.
+field:
+	@tools/install-packages build run demo test field
+	cmake --preset default -B $(BUILD) >/dev/null
+	cmake --build $(BUILD) -j $(JOBS) --target tavrel device_keys
+	TAVREL_DEVICE_KEYS=$(abspath $(BUILD))/tests/field/device_keys \
+	  tests/field/run --write docs/gestures.md $(BUILD)/src/tavrel $(TRIES)
 
 # Packages bring newer versions themselves.
 deb:

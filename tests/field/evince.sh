@@ -24,4 +24,7 @@ wait_for 20 "the text to be selected" all_copied
 wait_for 20 "another copy" copy_anew
 captures "a page" "text Some words"
 stops "text Some words" "evince|document viewer"
+click_at 400 300
+settle_front
+nothing "any more"
 finish

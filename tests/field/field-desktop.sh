@@ -53,16 +53,16 @@ clipboard() {
 }
 clipboard_is_as_before() { [ "$(clipboard)" = "$clipboard_before" ]; }
 
-# The other program copies again, something else than before; its clipboard is what must not change.
-copies=0
+# The other program copied_times again, something else than before; its clipboard is what must not change.
+copied_times=0
 copy_anew() {
-  [ $copies = 0 ] || kill -USR1 $clipboard_owner
+  [ $copied_times = 0 ] || kill -USR1 $clipboard_owner
   soon is_copied || return 1
-  copies=$((copies + 1))
+  copied_times=$((copied_times + 1))
   clipboard_before=$(clipboard)
   [ "$(wc -l <<<"$clipboard_before")" = 7 ] || give_up "the clipboard's owner has lost a target: $clipboard_before"
 }
-is_copied() { [ "$(paste)" = "copy $((copies + 1)) of Grüße" ]; }
+is_copied() { [ "$(paste)" = "copy $((copied_times + 1)) of Grüße" ]; }
 
 marked_text() { timeout 2 xclip -selection primary -o 2>/dev/null; }
 primary_is() { [ "$(marked_text)" = "$1" ]; }

@@ -172,6 +172,7 @@ file_manager() {
   finish
 }
 all_copied() {
+  click_at 600 400
   press ctrl+a ctrl+c
   soon three_copied
 }

@@ -3,7 +3,8 @@
 
 failures=0
 harmed=0 lost=0 done_tries=0
-nothing_kept=0 nothing_tried=0 told=-
+copies='Ctrl\+C|Ctrl\+Shift\+C|Ctrl\+Insert' # every keystroke that may be posted at all
+nothing_captured="" told=-
 rows=$shots/rows
 : >"$rows"
 
@@ -65,11 +66,12 @@ every_harm() {
   harm
   [ "$1" = - ] || primary_is "$1" || echo "the marked text was \"$1\" and is \"$(marked_text)\""
   soon nothing_held || echo "a key was left down"
+  posted_keys "$first_key" | grep -vxE "$copies" | sed 's/^/posted was: /' | sort -u
 }
 
 # many EXPECTED: tries of one kind; leaves how many were captured in $captured.
 many() {
-  first_key=$(($(wc -l <"$shots/keys.log") + 1)) first_line=$(($(wc -l <"$log") + 1))
+  look_from_here
   menu_times="" captured=0 clipboard_lost=no stopped=no
   for try in $(seq "$tries"); do
     if once "$1"; then captured=$((captured + 1)); fi
@@ -77,31 +79,34 @@ many() {
   screenshot "$phase" >/dev/null
 }
 
+# What is posted and logged from now on.
+look_from_here() { first_key=$(($(wc -l <"$shots/keys.log") + 1)) first_line=$(($(wc -l <"$log") + 1)); }
+
 # captures WHAT EXPECTED: what is selected now, "text ..." or "file ..." or "picture".
 captures() {
   phase=$1
   many "$2"
-  printf '%s|%s|%s of %s|%s|%s\n' "$1" "$(road)" "$captured" "$tries" "$(median)" "$(spread)" >>"$rows"
+  printf '%s|%s|%s of %s|%s\n' "$1" "$(road)" "$captured" "$tries" "$(menu_time)" >>"$rows"
 }
 # nothing WHEN: nothing is selected now, and nothing may be captured.
 nothing() {
   phase="nothing selected $1"
   many "text "
-  nothing_kept=$((nothing_kept + captured)) nothing_tried=$((nothing_tried + tries))
+  nothing_captured+="${nothing_captured:+, }$1 $captured of $tries"
 }
 
 # stops NAME...: while the program is stopped the menu comes without a selection, and the log tells the
 # program's name; any of these will do. Afterwards it has another try of the same selection.
 stops() {
-  local process expected=$1 names=$2 from
+  local process expected=$1 names=$2
   phase=stopped try=1 stopped=yes clipboard_lost=no
   process=$(front_process)
-  from=$(($(wc -l <"$log") + 1))
+  look_from_here
   wait_for 20 "another copy" copy_anew
   kill -STOP "$process"
   once "text " || true
   stopped=no
-  if tail -n "+$from" "$log" | grep -iE "($names).*did not answer" >/dev/null; then told=yes; else
+  if tail -n "+$first_line" "$log" | grep -iE "($names).*did not answer" >/dev/null; then told=yes; else
     told=no
     wrong "the log does not tell that it did not answer"
   fi
@@ -120,14 +125,18 @@ road() {
   [ -n "$told_road" ] || told_road=$(posted_keys "$first_key" | sort -u | paste_lines)
   echo "${told_road:-no key}"
 }
+# Several lines as one.
 paste_lines() { awk '{ printf "%s%s", (NR > 1 ? ", " : ""), $0 }'; }
-median() { tr ' ' '\n' <<<"$menu_times" | grep . | sort -n | awk '{ all[NR] = $1 } END { if (NR) printf "%.0f", all[int((NR + 1) / 2)] }'; }
-spread() { tr ' ' '\n' <<<"$menu_times" | grep . | sort -n | awk 'NR == 1 { least = $1 } END { if (NR) printf "%.0f to %.0f", least, $1 }'; }
+# The median of the milliseconds from the gesture to the menu, and their spread.
+menu_time() {
+  tr ' ' '\n' <<<"$menu_times" | grep . | sort -n | awk '{ all[NR] = $1 }
+    END { if (NR) printf "%.0f ms (%.0f to %.0f)", all[int((NR + 1) / 2)], all[1], all[NR] }'
+}
 
 # finish: the rows for the table, and the end.
 finish() {
   local row first=yes common
-  common="$nothing_kept of $nothing_tried|$lost of $done_tries|$harmed of $done_tries|$told"
+  common="$nothing_captured|$lost of $done_tries|$harmed of $done_tries|$told"
   while read -r row; do
     echo "$name|$row|$common"
     common="|||"

@@ -2,4 +2,4 @@
 # A text area of Java's Swing: the first of two lines is selected.
 # packages: default-jdk
 . "$(dirname "$0")/field-lib.sh"
-editor SwingWords 'swingwords|java' java -Dfile.encoding=UTF-8 tests/field/SwingWords.java
+editor javac-launcher 'javac-launcher|java|words' java -Dfile.encoding=UTF-8 tests/field/SwingWords.java
