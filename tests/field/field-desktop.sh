@@ -3,6 +3,15 @@
 
 log=$shots/tavrel.log
 
+# within SECONDS COMMAND...: whether it succeeds before they are over.
+within() {
+  local deadline=$((SECONDS + $1))
+  until "${@:2}"; do
+    [ $SECONDS -lt $deadline ] || return 1
+    sleep 0.05
+  done
+}
+
 # press KEY...: on the keyboard. type_text TEXT: quickly.
 press() { "$keys" "$@"; }
 type_text() { "$keys" --hold 30 --gap 20 "text:$1"; }

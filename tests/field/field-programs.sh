@@ -50,7 +50,7 @@ terminal_tries() {
   captures "a marked word" "text Grüße"
   stops "text Grüße" "$1"
   if [ $nothing_afterwards = yes ]; then
-    click_at 500 "$from_top"
+    click_at 430 "$from_top"
     settle_front
     nothing "any more"
   fi

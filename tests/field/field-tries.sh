@@ -31,7 +31,7 @@ once() {
   menu_times+=" $ms"
   type_text "$([ "$1" = picture ] && echo image || echo keep)"
   press Return
-  soon test -e "$HOME/kept" || { wrong "the entry is not there, or was not run"; press Escape; wait_for 20 "the menu to close" no_menu_open; return 1; }
+  within 5 test -e "$HOME/kept" || { wrong "the entry is not there, or was not run"; press Escape; wait_for 20 "the menu to close" no_menu_open; return 1; }
   wait_for 20 "the menu to close" no_menu_open
   got=$(kept)
   [ "$stopped" = yes ] || look_after "$primary"
