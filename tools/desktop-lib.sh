@@ -102,3 +102,13 @@ levels() { [ "$(menu_windows | wc -l)" = "$1" ]; }
 
 # active_class TEXT: whether a window of such a class has the keyboard.
 active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
+
+# nothing_held: whether no key is down, neither on the keyboard nor on that of programs. The server
+# tells of these two alone, not of the one that stands for both.
+nothing_held() {
+  local keyboard
+  for keyboard in 'Xvfb keyboard' 'Virtual core XTEST keyboard'; do
+    xinput query-state "$keyboard" | grep -q 'key\[.*=up' || return 1
+    ! xinput query-state "$keyboard" | grep -q 'key\[.*=down' || return 1
+  done
+}

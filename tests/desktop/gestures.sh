@@ -36,7 +36,6 @@ shortcut() { printf '<key>TVR_MenuItemShortcutString</key><string>%s</string>' "
 } >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist"
 
 primary_is() { [ "$(xclip -selection primary -o)" = "$1" ]; }
-nothing_held() { [ -z "$(xinput query-state "$(xinput list --id-only 'Virtual core keyboard')" | grep 'key\[[0-9]*\]=down')" ]; }
 selected_first_word() {
   xdotool key ctrl+Home ctrl+shift+Right
   primary_is words

@@ -91,10 +91,3 @@ posted_keys() {
       else if (down) print modifiers ($2 in names ? names[$2] : "key " $2)
       raw = 0 }'
 }
-nothing_held() {
-  local keyboard
-  for keyboard in 'Xvfb keyboard' 'Virtual core XTEST keyboard'; do
-    xinput query-state "$keyboard" | grep -q 'key\[.*=up' || return 1
-    ! xinput query-state "$keyboard" | grep -q 'key\[.*=down' || return 1
-  done
-}
