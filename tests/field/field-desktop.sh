@@ -26,7 +26,8 @@ begin_desktop() {
   clipboard_owner=$!
   xinput test-xi2 --root >"$shots/keys.log" 2>/dev/null &
   wait_for 20 "the panel's tray" xdotool search --class tint2
-  "$tavrel" 2>"$log" &
+  # Its debug lines tell by which road a program was asked.
+  QT_LOGGING_RULES=tavrel.selection.debug=true "$tavrel" 2>"$log" &
   wait_for 20 "the status item" tray_icon_embedded
   wait_for 20 "the clipboard of another program" copy_anew
 }

@@ -118,12 +118,12 @@ stops() {
   [ -z "$expected" ] || once "$expected" || true
 }
 
-# The road that the log tells; else the keystrokes that were posted, each once.
+# The road that the log tells, and the keystrokes that were posted, each once.
 road() {
-  local told_road
-  told_road=$(tail -n "+$first_line" "$log" | grep -oP 'road[= ]\K[^ ,]+' | sort | uniq -c | awk '{ printf "%s%s", (NR > 1 ? ", " : ""), $2 }')
-  [ -n "$told_road" ] || told_road=$(posted_keys "$first_key" | sort -u | paste_lines)
-  echo "${told_road:-no key}"
+  local roads posted
+  roads=$(tail -n "+$first_line" "$log" | grep -oP 'road=\K[^ (]+' | sort -u | paste_lines)
+  posted=$(posted_keys "$first_key" | sort -u | paste_lines)
+  if [ -z "$posted" ] || [ "$posted" = "$roads" ]; then echo "${roads:-no key}"; else echo "${roads:+$roads: }$posted"; fi
 }
 # Several lines as one.
 paste_lines() { awk '{ printf "%s%s", (NR > 1 ? ", " : ""), $0 }'; }
