@@ -8,7 +8,7 @@
 //       cleared         leaves the clipboard without an owner, and copies after the delay
 //       often           copies ten times, with the delay in between
 //       anew            copies once more as soon as it is asked for the text
-//       hangs           handles nothing for the delay, then copies
+//       hangs           handles nothing for the delay, then copies elsewhere
 //       dies            ends without an answer
 //       mixed           one of "once" to "often", by chance (the same each time), with a delay up
 //       to
@@ -91,7 +91,7 @@ private:
     else if (how == "anew")
       copyAnew();
     else if (how == "hangs")
-      std::this_thread::sleep_for(std::chrono::milliseconds(delay())), copy();
+      std::this_thread::sleep_for(std::chrono::milliseconds(delay())), copyElsewhere();
     else if (how == "dies")
       std::_Exit(1);
   }

@@ -68,7 +68,7 @@ AccessibilityBus::focusedRoles(std::int32_t process, const QDeadlineTimer& deadl
     return std::nullopt;
   std::vector<std::uint32_t> roles;
   for (const AccessibleElement& element : tree.focused(*application))
-    roles.push_back(tree.facts(element).role);
+    roles.push_back(tree.roleOf(element));
   return deadline.hasExpired() ? std::nullopt : std::optional(roles);
 }
 

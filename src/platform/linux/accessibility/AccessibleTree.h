@@ -39,6 +39,7 @@ public:
   /// The elements of the application's active window that say that they have the keyboard: where Qt
   /// shows several lists, the current item of each one does.
   [[nodiscard]] std::vector<AccessibleElement> focused(const AccessibleElement& application);
+  [[nodiscard]] std::uint32_t roleOf(const AccessibleElement& element);
   [[nodiscard]] AccessibleFacts facts(const AccessibleElement& element);
 
 private:
@@ -52,7 +53,6 @@ private:
   [[nodiscard]] AccessibleElement childAt(const AccessibleElement& element, QPoint point);
   [[nodiscard]] AccessibleElement innermost(AccessibleElement element, QPoint point);
   [[nodiscard]] AccessibleElement controlAround(const AccessibleElement& element);
-  [[nodiscard]] std::uint32_t roleOf(const AccessibleElement& element);
   [[nodiscard]] AccessibleElement parentOf(const AccessibleElement& element);
   [[nodiscard]] std::optional<std::vector<AccessibleElement>>
   focusedMatches(const AccessibleElement& window);

@@ -1,6 +1,7 @@
 #include "platform/linux/processes/ChildProcess.h"
 
 #include "platform/linux/processes/ProcessStart.h"
+#include "platform/linux/processes/StartTimes.h"
 #include "platform/linux/system/BrokenPipeGuard.h"
 
 #include <array>
@@ -110,6 +111,7 @@ int ChildProcess::start(const ProcessRequest& request) {
       argumentList.data(),     environmentList.data(),
       input.reading.get(),     output.writing.get(),
       errors.writing.get(),    errorPipe.writing.get()};
+  noteProgramStart();
   const pid_t child = ::fork();
   if (child == 0)
     execChild(prepared);

@@ -1,5 +1,6 @@
 #include "platform/linux/processes/ProcessStart.h"
 
+#include "platform/linux/processes/StartTimes.h"
 #include "platform/linux/system/FileDescriptor.h"
 
 #include <algorithm>
@@ -160,6 +161,7 @@ std::error_code startDetachedProcess(const ProcessRequest& request) {
   FileDescriptor writing(ends[1]);
   const DetachedProgram prepared{request.program.c_str(), folder.c_str(), argumentList.data(),
                                  environmentList.data(), writing.get()};
+  noteProgramStart();
   const pid_t child = ::fork();
   if (child == 0)
     execDetached(prepared);

@@ -59,12 +59,9 @@ bool isCleared(const SavedPasteboard& contents) {
          contents.data.at(pasteboardType::string).empty();
 }
 
-bool makeItCopy(ScriptDesktop& desktop) {
-  Pasteboard& general = desktop.pasteboards.general();
-  const std::int64_t before = general.changeCount();
-  const bool isPressed = pressCopy(desktop);
+void makeItCopy(ScriptDesktop& desktop) {
+  (void)pressCopy(desktop);
   desktop.clock.sleep(0); // for the desktop: a sleep after a copy may end early, here none follows
-  return isPressed && general.changeCount() != before;
 }
 
 std::vector<std::string> filesCopiedTo(Pasteboard& pasteboard) {
@@ -87,10 +84,11 @@ std::vector<std::string> selectionOfFileManager(ScriptDesktop& desktop, const st
   Pasteboard& general = desktop.pasteboards.general();
   const SavedPasteboard before = save(general);
   clear(general); // else a late copy, the answer to an earlier keystroke, would be undone
-  const bool isCopied = makeItCopy(desktop);
+  makeItCopy(desktop);
   const std::vector<std::string> paths = filesCopiedTo(general);
-  if (isCleared(before) && !isCopied)
-    clear(general); // restored, it would become an empty text of ours; cleared, it keeps its owner
+  if (isCleared(before))
+    clear(
+        general); // restored, it would become an empty text of ours; the capture restores the rest
   else
     restore(before, general);
   return paths;

@@ -1,35 +1,36 @@
 #include "platform/linux/x11/clipboard/CopySource.h"
 
 #include "platform/linux/processes/ProcessFacts.h"
+#include "platform/linux/processes/StartTimes.h"
+#include "platform/linux/x11/server/XcbReply.h"
 #include "platform/linux/x11/windows/ClientProcess.h"
-
-#include <ctime>
-#include <unistd.h>
 
 namespace tavrel {
 
-namespace {
-std::uint64_t ticksSinceStart() {
-  timespec time{};
-  ::clock_gettime(CLOCK_BOOTTIME, &time);
-  const auto perSecond = static_cast<std::uint64_t>(::sysconf(_SC_CLK_TCK));
-  return static_cast<std::uint64_t>(time.tv_sec) * perSecond +
-         static_cast<std::uint64_t>(time.tv_nsec) * perSecond / 1'000'000'000;
-}
-} // namespace
-
 CopySource::CopySource(SelectionConnection& connection, xcb_window_t window)
     : connection_(&connection), window_(window),
-      process_(processOfClient(*connection.server(), window)), madeAt_(ticksSinceStart()) {}
+      process_(processOfClient(*connection.server(), window)), madeAt_(ticksSinceBoot()) {}
 
-bool CopySource::made(xcb_window_t owner) const {
+bool CopySource::madeItself(xcb_window_t owner) const {
   if (connection_->areOfOneClient(window_, owner))
     return true;
+  return process_ != 0 && processOfClient(*connection_->server(), owner) == process_;
+}
+
+bool CopySource::made(xcb_window_t owner) const {
+  if (madeItself(owner))
+    return true;
   const std::int32_t process = processOfClient(*connection_->server(), owner);
-  if (process == 0)
+  if (process == 0 || lastProgramStart() >= madeAt_)
     return false;
   const std::uint64_t started = startTimeOf(process);
-  return process == process_ || started >= madeAt_ || started == 0;
+  return started >= madeAt_ || started == 0;
+}
+
+bool CopySource::isThere() const {
+  const auto attributes = xcbReply(xcb_get_window_attributes_reply(
+      connection_->server(), xcb_get_window_attributes(connection_->server(), window_), nullptr));
+  return attributes && processOfClient(*connection_->server(), window_) == process_;
 }
 
 } // namespace tavrel

@@ -7,18 +7,22 @@
 namespace tavrel {
 
 /// The window that is asked to copy, by which the copies of its program are told from those of
-/// others. A program may copy over another connection than that of its window (Alacritty 0.11), or
-/// start a helper for it (xclip, by many editors in terminals): what counts is its process, any
-/// that was started after the request, and any that has ended: xclip 0.13 leaves its window to a
-/// child.
+/// others.
 class CopySource {
 public:
   /// To be made before the request is sent.
   CopySource(SelectionConnection& connection, xcb_window_t window);
 
   [[nodiscard]] xcb_window_t window() const { return window_; }
-  /// Whether a clipboard that belongs to this window now is a copy by the source.
+  /// Whether a clipboard that belongs to this window now is a copy by the process of the source,
+  /// over whichever connection (Alacritty 0.11 copies over another one than that of its window).
+  [[nodiscard]] bool madeItself(xcb_window_t owner) const;
+  /// The same, or one by a helper of it (xclip, in many editors): a program that was started after
+  /// the request, or that has ended: xclip 0.13 leaves its window to a child. Once this program has
+  /// started another one, none is taken for a helper: it may be an item's.
   [[nodiscard]] bool made(xcb_window_t owner) const;
+  /// Whether the window and its program are still there.
+  [[nodiscard]] bool isThere() const;
 
 private:
   SelectionConnection* connection_;

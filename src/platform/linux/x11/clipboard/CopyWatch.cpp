@@ -1,5 +1,7 @@
 #include "platform/linux/x11/clipboard/CopyWatch.h"
 
+#include <algorithm>
+
 namespace tavrel {
 
 namespace {
@@ -8,6 +10,7 @@ using namespace std::chrono_literals;
 constexpr auto silentTimeout = 500ms;
 constexpr auto blindTimeout = 100ms;   // for windows that answer no pings
 constexpr auto clearedTimeout = 300ms; // from a cleared clipboard to the copy
+constexpr auto lookInterval = 1s;
 constexpr int roundCount = 3;
 
 SelectionTime after(std::chrono::milliseconds time) {
@@ -16,30 +19,41 @@ SelectionTime after(std::chrono::milliseconds time) {
 } // namespace
 
 void CopyWatch::begin(xcb_window_t window) {
-  pings_.stop();
+  keepOwed();
   source_.emplace(connection_, window);
   isCapturing_ = true;
   isCopied_ = false;
   isCleared_ = false;
 }
 
-bool CopyWatch::owesAnswer(xcb_window_t window) const {
-  return pings_.isAwaited() && pings_.window() == window;
+void CopyWatch::forgetSource() {
+  keepOwed();
+  source_.reset();
 }
 
-bool CopyWatch::isResponding(xcb_window_t window) {
-  if (!pings_.isAnswering(window))
-    return true;
-  pings_.send(window);
-  const auto isAnswered = [this] { return !pings_.isAwaited(); };
-  connection_.wait([](const xcb_generic_event_t&) { return false; }, isAnswered,
-                   after(silentTimeout));
-  return isAnswered();
+void CopyWatch::keepOwed() {
+  if (source_ && pings_.isAwaited(source_->window()))
+    owed_.push_back(*source_);
 }
 
-void CopyWatch::stopWhenAnswered() {
-  if (!isCapturing_ && !pings_.isAwaited())
-    pings_.stop();
+bool CopyWatch::isOwed(xcb_window_t owner) const {
+  const auto owes = [&](const CopySource& source) {
+    return pings_.isAwaited(source.window()) && source.madeItself(owner);
+  };
+  return (source_ && owes(*source_)) || std::ranges::any_of(owed_, owes);
+}
+
+void CopyWatch::forgetEnded() {
+  std::erase_if(owed_, [&](const CopySource& each) { return !pings_.isAwaited(each.window()); });
+  if (!pings_.isAwaited() || std::chrono::steady_clock::now() < lookedAt_ + lookInterval)
+    return;
+  lookedAt_ = std::chrono::steady_clock::now();
+  std::vector<CopySource> all = owed_;
+  if (source_)
+    all.push_back(*source_);
+  for (const CopySource& each : all)
+    if (pings_.isAwaited(each.window()) && !each.isThere())
+      pings_.forget(each.window());
 }
 
 void CopyWatch::ownerChanged(xcb_window_t owner) {
@@ -47,6 +61,19 @@ void CopyWatch::ownerChanged(xcb_window_t owner) {
     isCleared_ = true;
   else if (source_ && source_->made(owner))
     isCopied_ = true;
+}
+
+bool CopyWatch::isResponding(xcb_window_t window) {
+  if (pings_.isAwaited(window))
+    return false; // it has not handled a key yet
+  if (!pings_.isAnswering(window))
+    return true;
+  pings_.send(window);
+  connection_.wait([](const xcb_generic_event_t&) { return false; },
+                   [&] { return !pings_.isAwaited(window); }, after(silentTimeout));
+  const bool isAnswered = !pings_.isAwaited(window);
+  pings_.forget(window); // no key is owed
+  return isAnswered;
 }
 
 CopyAnswer CopyWatch::wait(std::chrono::milliseconds settle) {
@@ -70,10 +97,11 @@ CopyAnswer CopyWatch::waitBlindly() {
 
 // Whether the program has answered all pings; a copy ends the wait as well.
 bool CopyWatch::waitForRounds(std::chrono::milliseconds settle) {
+  const SelectionTime end = after(silentTimeout);
   SelectionTime settled;
   for (int round = 0; round < roundCount; ++round) {
     pings_.send(source_->window());
-    if (sleepUntil(after(silentTimeout), true) || pings_.isAwaited())
+    if (sleepUntil(end, true) || pings_.isAwaited(source_->window()))
       return isCopied_;
     if (round == 0)
       settled = after(settle);
@@ -84,8 +112,9 @@ bool CopyWatch::waitForRounds(std::chrono::milliseconds settle) {
 
 // Whether the program has copied.
 bool CopyWatch::sleepUntil(SelectionTime deadline, bool endsWithAnswer) {
+  const auto isAnswered = [&] { return endsWithAnswer && !pings_.isAwaited(source_->window()); };
   connection_.wait([](const xcb_generic_event_t&) { return false; },
-                   [&] { return isCopied_ || (endsWithAnswer && !pings_.isAwaited()); }, deadline);
+                   [&] { return isCopied_ || isAnswered(); }, deadline);
   return isCopied_;
 }
 

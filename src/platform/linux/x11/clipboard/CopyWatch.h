@@ -4,6 +4,7 @@
 #include "platform/linux/x11/clipboard/WindowPings.h"
 
 #include <optional>
+#include <vector>
 
 namespace tavrel {
 
@@ -16,7 +17,8 @@ enum class CopyAnswer {
 /// Waits for what a program does with a copy keystroke. The program has handled the key when it has
 /// answered several pings that were sent after it, one after the other: Qt 6.4 answers the first
 /// before it handles a key that it has read already, and LibreOffice 7.4 copies two rounds of its
-/// event loop later.
+/// event loop later. Programs that have not handled their key are remembered until they do, however
+/// many others are asked meanwhile.
 class CopyWatch {
 public:
   explicit CopyWatch(SelectionConnection& connection)
@@ -32,20 +34,27 @@ public:
   [[nodiscard]] bool isResponding(xcb_window_t window);
   /// What the program copies from now on is no part of the capture any more.
   void end() { isCapturing_ = false; }
+  /// No program is asked this time.
+  void forgetSource();
 
   /// Between `begin` and `end`: the clipboard's changes belong to a capture.
   [[nodiscard]] bool isCapturing() const { return isCapturing_; }
-  /// Whether a key that was posted to this window, or to any, has not been handled yet.
-  [[nodiscard]] bool owesAnswer(xcb_window_t window) const;
-  [[nodiscard]] bool owesAnswer() const { return pings_.isAwaited(); }
+  /// The window that was asked last; none since `forgetSource`.
   [[nodiscard]] const std::optional<CopySource>& source() const { return source_; }
 
-  /// Frees what is only needed while an answer is owed.
-  void stopWhenAnswered();
+  /// Whether a key that was posted to this window, or to any, has not been handled yet.
+  [[nodiscard]] bool owesAnswer(xcb_window_t window) const { return pings_.isAwaited(window); }
+  [[nodiscard]] bool owesAnswer() const { return pings_.isAwaited(); }
+  /// Whether a clipboard that belongs to this window now is the copy of a program that owes one.
+  [[nodiscard]] bool isOwed(xcb_window_t owner) const;
+  /// Forgets programs that have answered or ended.
+  void forgetEnded();
+
   void ownerChanged(xcb_window_t owner);
   void handle(const xcb_generic_event_t& event) { pings_.handle(event); }
 
 private:
+  void keepOwed();
   [[nodiscard]] bool sleepUntil(SelectionTime deadline, bool endsWithAnswer);
   [[nodiscard]] CopyAnswer waitBlindly();
   [[nodiscard]] bool waitForRounds(std::chrono::milliseconds settle);
@@ -53,6 +62,8 @@ private:
   SelectionConnection& connection_;
   WindowPings pings_;
   std::optional<CopySource> source_;
+  std::vector<CopySource> owed_; ///< of earlier captures
+  SelectionTime lookedAt_;       ///< when `forgetEnded` looked last
   bool isCapturing_ = false;
   bool isCopied_ = false;
   bool isCleared_ = false; ///< the clipboard has lost its owner: programs clear it before they copy

@@ -11,7 +11,7 @@ namespace tavrel {
 namespace {
 
 constexpr auto lateCopyTimeout = std::chrono::seconds(3);
-constexpr int lateCopyLimit = 20; // twice the keystrokes of one capture
+constexpr int lateCopyLimit = 20; // more often no program answers one keystroke
 constexpr std::uint32_t firstWheelButton = 4;
 constexpr std::uint32_t lastWheelButton = 7;
 
@@ -34,17 +34,21 @@ LateCopies::LateCopies(SelectionConnection& connection, xcb_window_t ownWindows)
 }
 
 // Without XInput the user's copies could not be told from late ones: then none counts as late.
-void LateCopies::expect(const std::optional<CopySource>& source) {
+void LateCopies::expect(const CopySource& source) {
   stop();
   if (inputExtension_ == 0)
     return;
   // First: once the server has replied to the requests after it, no press is missed any more.
   selectPresses(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
   findModifiers();
-  source_ = source ? *source : CopySource(connection_, findFocusedWindow());
-  deadline_ = std::chrono::steady_clock::now() + lateCopyTimeout;
+  source_ = source;
   remaining_ = lateCopyLimit;
   isExpecting_ = true;
+  prolong();
+}
+
+void LateCopies::prolong() {
+  deadline_ = std::chrono::steady_clock::now() + lateCopyTimeout;
 }
 
 void LateCopies::stop() {
@@ -64,15 +68,13 @@ void LateCopies::handle(const xcb_generic_event_t& event) {
 }
 
 bool LateCopies::isLate(xcb_window_t owner) {
-  stopAfterTimeout();
-  const bool isAnybody = source_ && source_->window() == XCB_WINDOW_NONE;
-  return isExpecting_ && (isAnybody || source_->made(owner)) && remaining_-- > 0;
+  return isExpecting_ && source_->made(owner) && remaining_-- > 0;
 }
 
-// Another program may clear the clipboard for good reason: a password manager does.
+// What another program owned it may have cleared itself, as password managers do.
 bool LateCopies::isLateClear(xcb_window_t ownerBefore) {
-  return ownerBefore == connection_.window() ? isLate(source_ ? source_->window() : ownerBefore)
-                                             : isLate(ownerBefore);
+  return isLate(isExpecting_ && ownerBefore == connection_.window() ? source_->window()
+                                                                    : ownerBefore);
 }
 
 bool LateCopies::isPress(const xcb_generic_event_t& event) const {
@@ -100,24 +102,6 @@ void LateCopies::findModifiers() {
     return;
   const xcb_keycode_t* keys = xcb_get_modifier_mapping_keycodes(reply.get());
   modifiers_.assign(keys, keys + xcb_get_modifier_mapping_keycodes_length(reply.get()));
-}
-
-// The window with the input focus; where the server names none, the active one by the window
-// manager.
-xcb_window_t LateCopies::findFocusedWindow() {
-  xcb_connection_t* server = connection_.server();
-  const auto focus =
-      xcbReply(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
-  if (focus && focus->focus > XCB_INPUT_FOCUS_POINTER_ROOT && focus->focus != connection_.root())
-    return focus->focus;
-  const auto active = xcbReply(xcb_get_property_reply(
-      server,
-      xcb_get_property(server, 0, connection_.root(), connection_.atom("_NET_ACTIVE_WINDOW"),
-                       XCB_ATOM_WINDOW, 0, 1),
-      nullptr));
-  if (!active || active->value_len == 0)
-    return XCB_WINDOW_NONE;
-  return *static_cast<const xcb_window_t*>(xcb_get_property_value(active.get()));
 }
 
 bool LateCopies::isMenuOpen() {

@@ -6,20 +6,20 @@
 
 namespace tavrel {
 
-/// Tells late copies from copies of the user. A capture posts the copy keystroke up to ten times
-/// and then restores the clipboard; a slow program handles the rest of the keystrokes after that
-/// and would overwrite what was restored (GIMP 2.10 and LibreOffice 7.4 do). A copy is late when
-/// the program that was asked to copy makes it within three seconds, and the user has pressed
-/// nothing meanwhile: no key but modifiers, no button but the wheel. What the user presses in an
-/// open menu of ours does not count.
+/// Tells late copies from copies of the user. A capture has a program copy and then restores the
+/// clipboard; a slow program copies after that, or once more (GIMP 2.10 and LibreOffice 7.4 do),
+/// and would overwrite what was restored. A copy is late when the program that was asked makes it
+/// within three seconds, and the user has pressed nothing meanwhile: no key but modifiers, no
+/// button but the wheel. What the user presses in an open menu of ours does not count.
 class LateCopies {
 public:
   /// `ownWindows`: any window number of the connection that shows our menus; 0 for none.
   LateCopies(SelectionConnection& connection, xcb_window_t ownWindows);
 
-  /// The clipboard has been restored: late copies of the source may come from now on; without one,
-  /// of the program with the keyboard focus.
-  void expect(const std::optional<CopySource>& source);
+  /// The clipboard has been restored: late copies of the source may come from now on.
+  void expect(const CopySource& source);
+  /// Three more seconds.
+  void prolong();
   void stop();
   [[nodiscard]] bool isExpecting() const { return isExpecting_; }
   /// Stops once three seconds have passed since `expect`.
@@ -27,13 +27,12 @@ public:
   void handle(const xcb_generic_event_t& event);
   /// Whether a copy that this window has just made is late.
   [[nodiscard]] bool isLate(xcb_window_t owner);
-  /// Whether the source, and nobody else, may have left the clipboard without an owner.
+  /// Whether the source may have left the clipboard without an owner, which this window was.
   [[nodiscard]] bool isLateClear(xcb_window_t ownerBefore);
 
 private:
   void selectPresses(std::uint32_t events);
   void findModifiers();
-  [[nodiscard]] xcb_window_t findFocusedWindow();
   [[nodiscard]] bool isMenuOpen();
   [[nodiscard]] bool isPress(const xcb_generic_event_t& event) const;
 

@@ -48,10 +48,12 @@ void SystemClipboard::handle(const xcb_generic_event_t& event) {
     primary_.discardLate(notice);
   }
   const bool owed = watch_.owesAnswer();
-  watch_.handle(event);
-  if (owed && !watch_.owesAnswer() && !watch_.isCapturing() && protected_)
-    lateCopies_.expect(watch_.source()); // a browser's other process copies after the answer
   lateCopies_.handle(event);
+  watch_.handle(event);
+  // A browser's other process copies after the answer. The user's own copy may come then, too, if
+  // the user has pressed something meanwhile.
+  if (owed && !watch_.owesAnswer() && !watch_.isCapturing() && lateCopies_.isExpecting())
+    lateCopies_.prolong();
   server_.handle(event);
 }
 
@@ -77,23 +79,28 @@ void SystemClipboard::ownerChanged(xcb_window_t owner) {
   if (owner == XCB_WINDOW_NONE)
     return;
   ownView_.reset();
-  if (!isRestoreDue_)
-    stopProtecting();
+  if (isRestoreDue_)
+    return;
+  stopProtecting();
+  isNewCopyAtRisk_ = watch_.owesAnswer();
 }
 
 // What a program owes since before the user pressed anything is late, however late it comes.
 bool SystemClipboard::isLate(xcb_window_t owner, xcb_window_t ownerBefore) {
   if (owner == XCB_WINDOW_NONE)
     return lateCopies_.isLateClear(ownerBefore);
-  return lateCopies_.isLate(owner) || (watch_.owesAnswer() && watch_.source()->made(owner));
+  return lateCopies_.isLate(owner) || watch_.isOwed(owner);
 }
 
 void SystemClipboard::doDueWork() {
   server_.doDueWork();
-  lateCopies_.stopAfterTimeout();
+  watch_.forgetEnded();
+  if (!watch_.owesAnswer())
+    lateCopies_.stopAfterTimeout();
   if (std::exchange(isRestoreDue_, false) && protected_)
     restoreProtected();
-  watch_.stopWhenAnswered();
+  if (std::exchange(isNewCopyAtRisk_, false) && watch_.owesAnswer())
+    protectNewCopy();
   if (!lateCopies_.isExpecting() && !watch_.owesAnswer())
     protected_.reset();
   if (ownerReading_ && !ownView_ && !protected_ &&
@@ -139,6 +146,7 @@ void SystemClipboard::awaitPaste(xcb_window_t window, std::chrono::milliseconds 
 }
 
 CopyAnswer SystemClipboard::showPrimaryOf(xcb_window_t window) {
+  watch_.forgetSource();
   if (!primary_.isOf(window))
     return CopyAnswer::nothing;
   ClipboardReading reading = primary_.read();
@@ -233,17 +241,27 @@ void SystemClipboard::leaveToOwner() {
   protect(isOurs() ? served_ : std::make_shared<ClipboardContents>(*ownersContents()));
 }
 
+// A late copy may come while the ownership is being taken.
 void SystemClipboard::takeFromOwner() {
   const auto contents = std::make_shared<ClipboardContents>(*std::exchange(ownView_, std::nullopt));
+  if (hasSelectionTargets(contents->names))
+    protect(contents);
   becomeOwner(contents);
-  if (!hasSelectionTargets(contents->names))
-    return;
-  protect(contents);
+}
+
+// A program that hangs may overwrite what the user has copied since.
+void SystemClipboard::protectNewCopy() {
+  read();
+  if (ownerReading_)
+    protected_ = std::make_shared<ClipboardContents>(ownerReading_->contents);
 }
 
 void SystemClipboard::protect(std::shared_ptr<ClipboardContents> contents) {
+  if (!watch_.source() && !watch_.owesAnswer())
+    return;
   protected_ = std::move(contents);
-  lateCopies_.expect(watch_.source());
+  if (watch_.source())
+    lateCopies_.expect(*watch_.source());
 }
 
 // The round trip for the time stamp brings all events up to now: if the user has pressed a key or
@@ -252,7 +270,8 @@ void SystemClipboard::protect(std::shared_ptr<ClipboardContents> contents) {
 void SystemClipboard::restoreProtected() {
   ++changeCount_;
   const auto contents = protected_;
-  const bool isWorthIt = hasDataToServe(*contents);
+  // The contents may just be put together: their data comes type by type.
+  const bool isWorthIt = hasDataToServe(*contents) || !hasNothingToServe(contents->names);
   const xcb_timestamp_t time = connection_.now();
   if (protected_ != contents)
     return;

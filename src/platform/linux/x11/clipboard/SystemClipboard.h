@@ -82,6 +82,7 @@ private:
   void leaveToOwner();
   void takeFromOwner();
   void protect(std::shared_ptr<ClipboardContents> contents);
+  void protectNewCopy();
   void restoreProtected();
   void becomeOwner(const std::shared_ptr<ClipboardContents>& contents);
   void giveUpOwnership();
@@ -109,6 +110,7 @@ private:
   std::optional<ClipboardContents> ownView_;     ///< what this program reads instead
   std::shared_ptr<ClipboardContents> protected_; ///< what replaces a late copy
   bool isRestoreDue_ = false;
+  bool isNewCopyAtRisk_ = false;
 };
 
 } // namespace tavrel

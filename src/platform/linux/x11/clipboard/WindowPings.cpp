@@ -3,7 +3,6 @@
 #include "platform/linux/x11/server/XcbReply.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tavrel {
 
@@ -22,19 +21,19 @@ bool WindowPings::isAnswering(xcb_window_t window) {
   return std::find(protocols, end, connection_.atom("_NET_WM_PING")) != end;
 }
 
-// Answers go to the root window, for whoever watches its children; Qt's go to those who watch
-// itself.
+// Answers are sent to the root window: by most to those who watch its children, by Qt 6.4 to those
+// who watch the root window itself.
 void WindowPings::send(xcb_window_t window) {
   watchRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-  window_ = window;
-  time_ = connection_.now(); // toolkits take it for a time of the server
+  const xcb_timestamp_t time = connection_.now(); // toolkits take it for a time of the server
+  awaited_[window] = time;
   xcb_client_message_event_t ping{};
   ping.response_type = XCB_CLIENT_MESSAGE;
   ping.format = 32;
   ping.window = window;
   ping.type = connection_.atom("WM_PROTOCOLS");
   ping.data.data32[0] = connection_.atom("_NET_WM_PING");
-  ping.data.data32[1] = time_;
+  ping.data.data32[1] = time;
   ping.data.data32[2] = window;
   xcb_send_event(connection_.server(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                  reinterpret_cast<const char*>(&ping));
@@ -44,16 +43,16 @@ void WindowPings::send(xcb_window_t window) {
 void WindowPings::handle(const xcb_generic_event_t& event) {
   const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
   if (!isAwaited() || kindOf(event) != XCB_CLIENT_MESSAGE || message.window != connection_.root() ||
-      message.type != connection_.atom("WM_PROTOCOLS"))
+      message.type != connection_.atom("WM_PROTOCOLS") ||
+      message.data.data32[0] != connection_.atom("_NET_WM_PING"))
     return;
-  if (message.data.data32[0] == connection_.atom("_NET_WM_PING") &&
-      message.data.data32[1] == time_ && message.data.data32[2] == window_)
-    time_ = XCB_CURRENT_TIME;
+  const auto asked = awaited_.find(message.data.data32[2]);
+  if (asked != awaited_.end() && asked->second == message.data.data32[1])
+    forget(asked->first);
 }
 
-void WindowPings::stop() {
-  time_ = XCB_CURRENT_TIME;
-  if (std::exchange(window_, XCB_WINDOW_NONE) != XCB_WINDOW_NONE)
+void WindowPings::forget(xcb_window_t window) {
+  if (awaited_.erase(window) > 0 && awaited_.empty())
     watchRoot(XCB_EVENT_MASK_NO_EVENT);
 }
 

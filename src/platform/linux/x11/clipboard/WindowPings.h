@@ -2,14 +2,16 @@
 
 #include "platform/linux/x11/clipboard/SelectionConnection.h"
 
+#include <map>
+
 namespace tavrel {
 
-/// Asks a window whether its program is alive (_NET_WM_PING of EWMH 1.5). The answer comes when the
-/// program has read all that was sent to the window before, keys included. One question at a time.
+/// Asks windows whether their programs are alive (_NET_WM_PING of EWMH 1.5). The answer comes when
+/// the program has read all that was sent to the window before, keys included. One question to a
+/// window at a time.
 class WindowPings {
 public:
   explicit WindowPings(SelectionConnection& connection) : connection_(connection) {}
-  ~WindowPings() { stop(); }
   WindowPings(const WindowPings&) = delete;
   WindowPings& operator=(const WindowPings&) = delete;
 
@@ -17,18 +19,16 @@ public:
   [[nodiscard]] bool isAnswering(xcb_window_t window);
   void send(xcb_window_t window);
   void handle(const xcb_generic_event_t& event);
-  /// Whether the last question has not been answered.
-  [[nodiscard]] bool isAwaited() const { return time_ != XCB_CURRENT_TIME; }
-  /// The window of that question.
-  [[nodiscard]] xcb_window_t window() const { return window_; }
-  void stop();
+  /// Whether the last question to this window, or to any, has not been answered.
+  [[nodiscard]] bool isAwaited(xcb_window_t window) const { return awaited_.contains(window); }
+  [[nodiscard]] bool isAwaited() const { return !awaited_.empty(); }
+  void forget(xcb_window_t window);
 
 private:
   void watchRoot(std::uint32_t events);
 
   SelectionConnection& connection_;
-  xcb_window_t window_ = XCB_WINDOW_NONE;
-  xcb_timestamp_t time_ = XCB_CURRENT_TIME; ///< of the question
+  std::map<xcb_window_t, xcb_timestamp_t> awaited_; ///< when each was asked
 };
 
 } // namespace tavrel

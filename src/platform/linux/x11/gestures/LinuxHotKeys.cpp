@@ -124,8 +124,10 @@ void LinuxHotKeys::suspend(const ServerKeySet& keys) {
 void LinuxHotKeys::resume(const ServerKeySet& keys) {
   for (Registered& key : registered_)
     if (liesOnAnyOf(keys, key.grabs))
-      if (const char* why = grab(key))
+      if (const char* why = grab(key)) {
+        key.grabs.clear();
         warnOf(key, why);
+      }
 }
 
 void LinuxHotKeys::warnOf(const Registered& key, const char* why) const {

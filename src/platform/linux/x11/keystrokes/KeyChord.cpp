@@ -80,6 +80,15 @@ void appendKey(std::vector<ServerKey>& keys, const CharacterKey& key,
   keys.push_back(direction == KeyDirection::down ? typed : shifted);
 }
 
+// Insert by its symbol: in its place users may have put another key.
+std::optional<CharacterKey> keyOf(const KeyboardEvent& event, CharacterKeys& typing,
+                                  const TypingLayout& layout) {
+  if (event.character != insertCharacter)
+    return typing.keyFor(event);
+  const auto code = keyWithSymbol(layout.keymap, XKB_KEY_Insert);
+  return code ? std::optional(CharacterKey{*code, layout.group, false}) : std::nullopt;
+}
+
 } // namespace
 
 bool isModifierKey(std::uint16_t keyCode) {
@@ -96,14 +105,15 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
   // A shortcut is the same whether Caps Lock is on or off; a typed character is not.
   CharacterKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock);
   const auto shift = modifierKeyFor(layout.keymap, keyCode::shift);
-  KeyChord chord{{}, layout.group};
+  KeyChord chord{{}, layout.group, true};
   for (const KeyboardEvent& event : events) {
     if (event.character == 0 && isModifierKey(event.keyCode)) {
       if (const auto key = modifierKeyFor(layout.keymap, event.keyCode))
         chord.keys.push_back({*key, event.direction});
       continue;
     }
-    const auto key = typing.keyFor(event);
+    const auto key = keyOf(event, typing, layout);
+    chord.isWhole = chord.isWhole && key;
     if (!key)
       continue;
     // Where digits need Shift, as on French keyboards, shortcuts are pressed without it.

@@ -15,7 +15,11 @@ enum class CapsLock { off, on };
 struct KeyChord {
   std::vector<ServerKey> keys;
   std::uint32_t group = 0;
+  bool isWhole = true; ///< the keyboard has all keys of it
 };
+
+/// What the key Insert types, as `NSInsertFunctionKey`.
+inline constexpr std::uint16_t insertCharacter = 0xF727;
 
 /// The layout that a chord is typed on.
 struct TypingLayout {

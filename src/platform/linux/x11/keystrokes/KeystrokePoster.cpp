@@ -85,25 +85,46 @@ void KeystrokePoster::sendChord() {
   const KeyPurpose purpose = events.front().purpose;
   if (purpose != KeyPurpose::keystroke && selectionHandler_)
     return selectionHandler_(purpose, process_);
-  bringToFront(process_);
-  type(events, [] {});
-}
-
-void KeystrokePoster::type(const std::vector<KeyboardEvent>& chord,
-                           const std::function<void()>& meanwhile) {
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return;
-  const std::uint32_t group = server_->group();
-  const TypingLayout layout{*keymap, group, server_->capsLockIsOn() ? CapsLock::on : CapsLock::off};
-  typeChord(keyChord(chord, layout), server_->modifierKeys(*keymap), group, meanwhile);
+  bringToFront(process_);
+  const KeyChord chord = chordNow(events, *keymap);
+  type(
+      {chord, server_->modifierKeys(*keymap), server_->group()}, [&] { server_->send(chord.keys); },
+      [] {});
+}
+
+KeyChord KeystrokePoster::chordNow(const std::vector<KeyboardEvent>& events, xkb_keymap& keymap) {
+  const TypingLayout layout{keymap, server_->group(),
+                            server_->capsLockIsOn() ? CapsLock::on : CapsLock::off};
+  return keyChord(events, layout);
+}
+
+bool KeystrokePoster::typeTo(WindowId window, const std::vector<KeyboardEvent>& chord,
+                             const std::function<void()>& meanwhile) {
+  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
+  if (!keymap)
+    return false;
+  const KeyChord keys = chordNow(chord, *keymap);
+  bool isTyped = false;
+  if (keys.isWhole)
+    type(
+        {keys, server_->modifierKeys(*keymap), server_->group()},
+        [&] { isTyped = server_->sendTo(window, keys.keys); },
+        [&] {
+          if (isTyped)
+            meanwhile();
+        });
+  return isTyped;
 }
 
 // Keys that we pressed again for the user are released, too: the server ignores the press of a key
 // that is down.
-void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modifiers,
-                                std::uint32_t group, const std::function<void()>& meanwhile) {
-  withGrabReleased(modifiers, [&] {
+void KeystrokePoster::type(const Typing& typing, const std::function<void()>& post,
+                           const std::function<void()>& meanwhile) {
+  const auto& [chord, modifiers, group] = typing;
+  withGrabReleased(modifiers, [&, &chord = chord, &modifiers = modifiers, group = group] {
     const ServerKeySet disturbing =
         KeyboardGrab::isHeld() ? ~ServerKeySet() : modifiers | codesOf(chord);
     // The server may not see a key go up while its keyboard is grabbed.
@@ -112,7 +133,7 @@ void KeystrokePoster::typeChord(const KeyChord& chord, const ServerKeySet& modif
     if (chord.group != group)
       server_->lockGroup(chord.group);
     own_.postPastHotKeys(codesOf(chord), [&] {
-      server_->send(chord.keys);
+      post();
       server_->roundTrip();
     });
     if (chord.group != group)

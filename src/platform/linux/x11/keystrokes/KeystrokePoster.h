@@ -4,6 +4,7 @@
 #include "platform/linux/x11/keyboard/RecordedKeyEvents.h"
 #include "platform/linux/x11/keystrokes/KeyChord.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
+#include "platform/linux/x11/windows/DesktopWindows.h"
 
 #include <QTimer>
 
@@ -13,8 +14,6 @@
 #include <vector>
 
 namespace tavrel {
-
-class DesktopWindows;
 
 /// Posts keystrokes to the focused client (XTest). Key events are gathered until every key of the
 /// chord is up again; then the chord is posted at once. Around it our own keyboard grab is
@@ -31,10 +30,12 @@ public:
 
   /// False without a server to post to.
   bool post(std::int32_t process, const KeyboardEvent& event);
-  /// Types a chord for the client that has the focus. `meanwhile` runs while our grab is still
-  /// released and the user's modifiers are still up: some programs handle no key while another one
-  /// has the keyboard (LibreOffice 7.4).
-  void type(const std::vector<KeyboardEvent>& chord, const std::function<void()>& meanwhile);
+  /// Types a chord for this window. `meanwhile` runs while our grab is still released and the
+  /// user's modifiers are still up: some programs handle no key while another one has the keyboard
+  /// (LibreOffice 7.4). False, and nothing is typed, when the keyboard lacks a key or the window
+  /// has not the focus.
+  [[nodiscard]] bool typeTo(WindowId window, const std::vector<KeyboardEvent>& chord,
+                            const std::function<void()>& meanwhile);
   /// Runs `work` while the client that has the focus counts as having the keyboard, which it does
   /// not during our grab. What the user types meanwhile is kept as during the grab.
   void whileGrabIsReleased(const std::function<void()>& work);
@@ -50,8 +51,14 @@ private:
   bool hasServer();
   void sendChord();
   [[nodiscard]] bool isInFront(std::int32_t process);
-  void typeChord(const KeyChord& chord, const ServerKeySet& modifiers, std::uint32_t group,
-                 const std::function<void()>& meanwhile);
+  struct Typing {
+    KeyChord chord;
+    ServerKeySet modifiers; ///< of the keyboard
+    std::uint32_t group;    ///< in force
+  };
+  void type(const Typing& typing, const std::function<void()>& post,
+            const std::function<void()>& meanwhile);
+  [[nodiscard]] KeyChord chordNow(const std::vector<KeyboardEvent>& events, xkb_keymap& keymap);
   void withGrabReleased(const ServerKeySet& modifiers, const std::function<ServerKeySet()>& work);
   ServerKeySet grabAgain(PhysicalKeyboards& pressed);
   void pressAgain(const ServerKeySet& released);

@@ -3,6 +3,7 @@
 #include "platform/linux/x11/keyboard/PhysicalKeyboards.h"
 #include "platform/linux/x11/server/XcbReply.h"
 #include "platform/linux/x11/server/XcbXkb.h"
+#include "platform/linux/x11/windows/FocusedWindow.h"
 
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
@@ -163,6 +164,16 @@ void KeystrokeServer::send(const std::vector<ServerKey>& keys) {
                         key.direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE,
                         key.code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
   xcb_flush(connection_->xcb);
+}
+
+bool KeystrokeServer::sendTo(std::uint32_t window, const std::vector<ServerKey>& keys) {
+  xcb_grab_server(connection_->xcb);
+  const bool hasFocus = isFocusIn(*connection_->xcb, window);
+  if (hasFocus)
+    send(keys);
+  xcb_ungrab_server(connection_->xcb);
+  xcb_flush(connection_->xcb);
+  return hasFocus;
 }
 
 void KeystrokeServer::roundTrip() {

@@ -36,6 +36,9 @@ public:
 
   void lockGroup(std::uint32_t group);
   void send(const std::vector<ServerKey>& keys);
+  /// Sends them only if the keyboard focus is in this window, and says so. Nothing can take the
+  /// focus between the look and the keys.
+  [[nodiscard]] bool sendTo(std::uint32_t window, const std::vector<ServerKey>& keys);
   /// Returns when the server has carried out all requests.
   void roundTrip();
 

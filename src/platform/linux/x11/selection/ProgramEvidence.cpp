@@ -50,7 +50,7 @@ constexpr auto toolkitFiles = std::to_array<ToolkitFile>({
 // Terminals and other machines' screens as parts of windows.
 constexpr auto handingOnFiles = std::to_array<std::string_view>(
     {"libvte-", "konsolepart.so", "libkonsoleprivate.so", "libkonsoleapp.so", "libqtermwidget",
-     "libspice-client-gtk", "libgtk-vnc-", "libvncclient.so", "libfreerdp"});
+     "libspice-client-gtk", "UICommon.so", "libgtk-vnc-", "libvncclient.so", "libfreerdp"});
 
 std::string programOf(const WindowFacts& window) {
   const std::string path = executableOf(window.pid);

@@ -2,6 +2,7 @@
 
 #include "base/Modifiers.h"
 #include "platform/Accessibility.h"
+#include "platform/linux/processes/ProcessFacts.h"
 #include "platform/linux/x11/clipboard/ClipboardThread.h"
 #include "platform/linux/x11/keystrokes/KeystrokePoster.h"
 
@@ -26,7 +27,7 @@ constexpr auto pasteSettle = 20ms;
 constexpr auto markedSettle = 100ms;
 constexpr KeyboardEvent letterC{'c', 8, KeyDirection::down};
 constexpr KeyboardEvent letterV{'v', 9, KeyDirection::down};
-constexpr KeyboardEvent insertKey{0, 114, KeyDirection::down};
+constexpr KeyboardEvent insertKey{insertCharacter, 114, KeyDirection::down};
 
 std::vector<KeyboardEvent> chordOf(std::initializer_list<std::uint16_t> modifiers,
                                    KeyboardEvent key) {
@@ -83,26 +84,29 @@ void SelectionKeys::copy(std::int32_t process) {
       desktop_.clipboard->call([](SystemClipboard& clipboard) { return clipboard.declarations(); });
   if (asked_.declarations != declarations) {
     desktop_.poster.bringToFront(process);
-    asked_ = {desktop_.windows.activeWindow(), declarations, CopyAnswer::nothing};
-    asked_.answer = answerOf(asked_.window);
+    asked_ = {0, 0, 0, declarations, CopyAnswer::nothing};
+    ask(desktop_.windows.activeWindow());
   }
   if (asked_.answer != CopyAnswer::silent) // else the answer may still come
     desktop_.answered();
 }
 
-CopyAnswer SelectionKeys::answerOf(WindowId window) {
+void SelectionKeys::ask(WindowId window) {
   const auto facts = window != 0 ? desktop_.windows.facts(window) : std::nullopt;
   if (!facts || facts->pid == ::getpid())
-    return CopyAnswer::nothing;
+    return;
+  asked_.window = window;
+  asked_.process = facts->pid;
+  asked_.started = startTimeOf(facts->pid);
   const SelectionRoad road = roadOf(*facts);
-  const CopyAnswer answer = road.copy == CopyRoad::primary
-                                ? desktop_.clipboard->call([&](SystemClipboard& clipboard) {
-                                    return clipboard.showPrimaryOf(window);
-                                  })
-                                : press(window, road);
-  if (answer == CopyAnswer::silent)
+  asked_.answer = road.copy == CopyRoad::primary ? readPrimary() : press(road);
+  if (asked_.answer == CopyAnswer::silent)
     warn(*facts, "did not answer; what is selected there is not known");
-  return answer;
+}
+
+CopyAnswer SelectionKeys::readPrimary() {
+  return desktop_.clipboard->call(
+      [&](SystemClipboard& clipboard) { return clipboard.showPrimaryOf(asked_.window); });
 }
 
 SelectionRoad SelectionKeys::roadOf(const WindowFacts& window) {
@@ -118,7 +122,8 @@ SelectionRoad SelectionKeys::roadOf(const WindowFacts& window) {
 }
 
 // A program that has not handled the last key gets no further one.
-CopyAnswer SelectionKeys::press(WindowId window, const SelectionRoad& road) {
+CopyAnswer SelectionKeys::press(const SelectionRoad& road) {
+  const WindowId window = asked_.window;
   const bool isBusy = desktop_.clipboard->call([&](SystemClipboard& clipboard) {
     const bool owes = clipboard.owesAnswer(window);
     if (!owes)
@@ -130,30 +135,37 @@ CopyAnswer SelectionKeys::press(WindowId window, const SelectionRoad& road) {
   CopyAnswer answer = CopyAnswer::nothing;
   const auto chord =
       chordOf({keyCode::command}, road.copy == CopyRoad::controlC ? letterC : insertKey);
-  desktop_.poster.type(chord, [&] {
+  const bool isTyped = desktop_.poster.typeTo(window, chord, [&] {
     answer = desktop_.clipboard->call([&](SystemClipboard& clipboard) {
       return clipboard.awaitCopy(clipboard.isPrimaryOf(window) ? std::max(road.settle, markedSettle)
                                                                : road.settle);
     });
   });
-  return answer;
+  return isTyped ? answer : readPrimary();
 }
 
-void SelectionKeys::paste(std::int32_t) {
+void SelectionKeys::paste(std::int32_t process) {
   const auto facts = asked_.window != 0 ? desktop_.windows.facts(asked_.window) : std::nullopt;
-  if (!facts || desktop_.clipboard == nullptr)
+  if (!facts || !isAsked(*facts) || (process != 0 && process != facts->pid))
     return;
+  if (!bringBack(asked_.window))
+    return warn(*facts, "does not come to the front; nothing is pasted there");
   const SelectionRoad road = roadOf(*facts);
   if (road.paste == PasteRoad::none)
     return warn(*facts, "has no key that is known to paste; nothing is pasted there");
-  if (!bringBack(asked_.window))
-    return warn(*facts, "does not come to the front; nothing is pasted there");
   const auto call = [&](auto work) { return desktop_.clipboard->call(work); };
   if (!call([&](SystemClipboard& clipboard) { return clipboard.isResponding(asked_.window); }))
     return warn(*facts, "did not answer; nothing is pasted there");
-  desktop_.poster.type(pasteChord(road.paste), [&] {
+  const bool isTyped = desktop_.poster.typeTo(asked_.window, pasteChord(road.paste), [&] {
     call([&](SystemClipboard& clipboard) { clipboard.awaitPaste(asked_.window, pasteSettle); });
   });
+  if (!isTyped)
+    warn(*facts, "has not the keyboard; nothing is pasted there");
+}
+
+// The number of a window that has been closed may be another one's by now.
+bool SelectionKeys::isAsked(const WindowFacts& window) const {
+  return window.pid == asked_.process && startTimeOf(window.pid) == asked_.started;
 }
 
 bool SelectionKeys::bringBack(WindowId window) {
@@ -165,7 +177,7 @@ bool SelectionKeys::bringBack(WindowId window) {
   waiting.start();
   while (!desktop_.windows.hasKeyboard(window) && waiting.elapsed() < activationTimeout)
     std::this_thread::sleep_for(1ms);
-  return desktop_.windows.activeWindow() == window;
+  return desktop_.windows.hasKeyboard(window);
 }
 
 void SelectionKeys::warn(const WindowFacts& window, const char* what) const {

@@ -32,19 +32,23 @@ public:
   /// Blocks until it is known what the program in front copies. A second call for the same capture
   /// sends nothing.
   void copy(std::int32_t process);
-  /// Only into the window of the last copy.
+  /// Only into the window of the last copy, and only if that is of this process; 0 for any.
   void paste(std::int32_t process);
 
 private:
   struct Asked {
-    WindowId window = 0;
+    WindowId window = 0; ///< 0 when no program was asked
+    std::int32_t process = 0;
+    std::uint64_t started = 0; ///< see startTimeOf
     std::int64_t declarations = -1;
     CopyAnswer answer = CopyAnswer::nothing;
   };
 
-  [[nodiscard]] CopyAnswer answerOf(WindowId window);
+  void ask(WindowId window);
   [[nodiscard]] SelectionRoad roadOf(const WindowFacts& window);
-  [[nodiscard]] CopyAnswer press(WindowId window, const SelectionRoad& road);
+  [[nodiscard]] CopyAnswer press(const SelectionRoad& road);
+  [[nodiscard]] CopyAnswer readPrimary();
+  [[nodiscard]] bool isAsked(const WindowFacts& window) const;
   [[nodiscard]] bool bringBack(WindowId window);
   void warn(const WindowFacts& window, const char* what) const;
 

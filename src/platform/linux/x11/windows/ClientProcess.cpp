@@ -3,10 +3,14 @@
 #include "platform/linux/x11/server/XcbReply.h"
 
 #include <xcb/res.h>
+#include <xcb/xcb.h>
 
 namespace tavrel {
 
 std::int32_t processOfClient(xcb_connection_t& server, std::uint32_t window) {
+  const xcb_query_extension_reply_t* extension = xcb_get_extension_data(&server, &xcb_res_id);
+  if (extension == nullptr || extension->present == 0) // else libxcb would close the connection
+    return 0;
   const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
   const auto reply = xcbReply(xcb_res_query_client_ids_reply(
       &server, xcb_res_query_client_ids(&server, 1, &wanted), nullptr));

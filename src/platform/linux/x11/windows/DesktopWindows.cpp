@@ -189,10 +189,13 @@ std::optional<WindowFacts> DesktopWindows::facts(WindowId window) {
       facts.kind = each == x.atoms[typeDock] ? WindowKind::dock : WindowKind::desktop;
   const std::vector<std::uint32_t> values = numbersOf(x.propertyReply(pid).get());
   const std::string host = upToNul(textOf(x.propertyReply(machine).get()));
-  if (!values.empty() && (host.empty() || host == hostName()))
+  const bool isOfThisMachine = host.empty() || host == hostName();
+  if (!values.empty() && isOfThisMachine)
     facts.pid = static_cast<std::int32_t>(values.front());
-  if (!isRunning(facts.pid)) // a sandbox numbers its processes itself
-    facts.pid = processOfClient(*x.xcb, window);
+  // A sandbox numbers its processes itself: the server knows better, but not of other machines.
+  if (const std::int32_t known = processOfClient(*x.xcb, window);
+      known != 0 && (isOfThisMachine || !isRunning(facts.pid)))
+    facts.pid = known;
   const std::string both = textOf(x.propertyReply(names).get());
   facts.instance = upToNul(both);
   if (both.size() > facts.instance.size())

@@ -29,19 +29,30 @@ xcb_window_t parentOf(xcb_connection_t& server, xcb_window_t window) {
       xcbReply(xcb_query_tree_reply(&server, xcb_query_tree(&server, window), nullptr));
   return tree ? tree->parent : xcb_window_t{XCB_WINDOW_NONE};
 }
+
+xcb_window_t inputFocus(xcb_connection_t& server) {
+  const auto focus =
+      xcbReply(xcb_get_input_focus_reply(&server, xcb_get_input_focus(&server), nullptr));
+  return focus ? focus->focus : xcb_window_t{XCB_INPUT_FOCUS_NONE};
+}
 } // namespace
 
 std::uint32_t focusedWindow(xcb_connection_t& server, std::uint32_t root) {
   const xcb_atom_t mark = managedAtom(server);
-  const auto focus =
-      xcbReply(xcb_get_input_focus_reply(&server, xcb_get_input_focus(&server), nullptr));
-  xcb_window_t window = focus ? focus->focus : xcb_window_t{XCB_INPUT_FOCUS_NONE};
+  xcb_window_t window = inputFocus(server);
   while (window > XCB_INPUT_FOCUS_POINTER_ROOT && window != root) {
     if (isManaged(server, window, mark))
       return window;
     window = parentOf(server, window);
   }
   return 0;
+}
+
+bool isFocusIn(xcb_connection_t& server, std::uint32_t window) {
+  xcb_window_t focus = inputFocus(server);
+  while (focus > XCB_INPUT_FOCUS_POINTER_ROOT && focus != window)
+    focus = parentOf(server, focus);
+  return focus == window;
 }
 
 } // namespace tavrel

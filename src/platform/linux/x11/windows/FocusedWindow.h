@@ -10,4 +10,7 @@ namespace tavrel {
 /// For window managers that do not set _NET_ACTIVE_WINDOW.
 [[nodiscard]] std::uint32_t focusedWindow(xcb_connection_t& server, std::uint32_t root);
 
+/// Whether the input focus is this window, or a window in it.
+[[nodiscard]] bool isFocusIn(xcb_connection_t& server, std::uint32_t window);
+
 } // namespace tavrel

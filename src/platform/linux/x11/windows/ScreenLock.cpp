@@ -3,6 +3,10 @@
 #include "platform/linux/x11/server/QtConnection.h"
 #include "platform/linux/x11/server/XcbReply.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
 #include <xcb/xcb.h>
 
 namespace tavrel {
@@ -22,13 +26,15 @@ bool isUnmanaged(xcb_connection_t& server, xcb_window_t window) {
   return attributes && attributes->override_redirect != 0;
 }
 
-bool coversScreen(xcb_connection_t& server, xcb_window_t window) {
+// Lockers make one window for all monitors, or one for each.
+bool coversMonitor(xcb_connection_t& server, xcb_window_t window) {
   const auto place =
       xcbReply(xcb_get_geometry_reply(&server, xcb_get_geometry(&server, window), nullptr));
-  const auto screen = xcbReply(
-      xcb_get_geometry_reply(&server, xcb_get_geometry(&server, rootWindow(server)), nullptr));
-  return place && screen && place->x <= 0 && place->y <= 0 &&
-         place->x + place->width >= screen->width && place->y + place->height >= screen->height;
+  const auto screens = QGuiApplication::screens();
+  return place && std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
+           const QSize pixels = screen->size() * screen->devicePixelRatio();
+           return place->width >= pixels.width() && place->height >= pixels.height();
+         });
 }
 
 bool isKeyboardGrabbed(xcb_connection_t& server) {
@@ -49,8 +55,8 @@ bool isKeyboardGrabbed(xcb_connection_t& server) {
 
 bool isScreenLocked(xcb_connection_t& server) {
   const xcb_window_t window = windowUnderPointer(server);
-  return window != XCB_WINDOW_NONE && isUnmanaged(server, window) && coversScreen(server, window) &&
-         isKeyboardGrabbed(server);
+  return window != XCB_WINDOW_NONE && isUnmanaged(server, window) &&
+         coversMonitor(server, window) && isKeyboardGrabbed(server);
 }
 
 } // namespace tavrel

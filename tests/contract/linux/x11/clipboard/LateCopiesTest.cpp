@@ -1,4 +1,6 @@
 #include "contract/linux/x11/clipboard/ClipboardFixture.h"
+#include "platform/linux/processes/ProcessFacts.h"
+#include "platform/linux/processes/StartTimes.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -11,8 +13,6 @@ namespace tavrel {
 namespace {
 
 constexpr const char* theirs = "the user's";
-
-using namespace std::chrono_literals;
 
 // A process of its own, which copies a text when it is told to.
 class ForkedOwner {
@@ -35,6 +35,8 @@ public:
   }
   ForkedOwner(const ForkedOwner&) = delete;
   ForkedOwner& operator=(const ForkedOwner&) = delete;
+  /// By the clock that tells when processes started.
+  [[nodiscard]] bool isOlderThanNow() const { return startTimeOf(process_) < ticksSinceBoot(); }
   void copy() const { EXPECT_EQ(::write(pipe_[1], "c", 1), 1); }
 
 private:
@@ -49,6 +51,17 @@ protected:
     application.takeFocus();
     clipboardOwner.copy({plain("UTF8_STRING", theirs)});
     waitFor([&] { return general.string(pasteboardType::string) == theirs; });
+  }
+  /// As a capture does before it has the program copy.
+  void save() {
+    ClipboardFixture::save();
+    pasteboards->clipboard()->call(
+        [&](SystemClipboard& clipboard) { clipboard.expectCopy(application.window); });
+  }
+  void captureNothing() {
+    save();
+    capture();
+    restore();
   }
   static void press(const QString& what) { output("xdotool", what.split(' ')); }
   void copyLate(SelectionOwner& program) {
@@ -143,7 +156,7 @@ TEST_F(LateCopiesTest, WhatTheUserPressesInOurMenuIsNoCopy) {
 
 TEST_F(LateCopiesTest, AProgramThatIsNotInFrontIsNotLate) {
   const ForkedOwner other("late");
-  std::this_thread::sleep_for(20ms); // two ticks of the clock that tells when a process started
+  ASSERT_TRUE(waitFor([&] { return other.isOlderThanNow(); }));
   captureNothing();
   afterCopy([&] { other.copy(); });
   (void)general.types(); // all that was due has been done
@@ -156,6 +169,42 @@ TEST_F(LateCopiesTest, TheNextCaptureTakesWhatIsCopied) {
   copyLate(application);
   capture();
   EXPECT_EQ(captured.string(pasteboardType::string), "late");
+}
+
+// The clipboard is restored type by type: what comes in between meets contents without data.
+TEST_F(LateCopiesTest, WhatIsClearedWhileTheClipboardIsRestoredComesBackWhole) {
+  save();
+  copyLate(application);
+  clear(general);
+  const auto types = backup.types();
+  general.declareTypes(types);
+  for (const std::string& type : types) {
+    afterCopy([&] {
+      xcb_set_selection_owner(application.server, XCB_WINDOW_NONE, application.atom("CLIPBOARD"),
+                              XCB_CURRENT_TIME);
+      application.sync();
+    });
+    if (auto data = backup.data(type))
+      general.setData(*std::move(data), type);
+  }
+  EXPECT_TRUE(comesBack());
+}
+
+// An item that the user has chosen may copy by a program of its own.
+TEST_F(LateCopiesTest, WhatAProgramCopiesThatWeHaveStartedIsNotLate) {
+  captureNothing();
+  noteProgramStart();
+  const ForkedOwner other("late");
+  afterCopy([&] { other.copy(); });
+  (void)general.types(); // all that was due has been done
+  EXPECT_EQ(paster.paste("UTF8_STRING"), textProperty("UTF8_STRING", "late"));
+}
+
+TEST_F(LateCopiesTest, AHelperThatTheProgramHasStartedIsLate) {
+  captureNothing();
+  const ForkedOwner helper("late");
+  afterCopy([&] { helper.copy(); });
+  EXPECT_TRUE(comesBack());
 }
 
 } // namespace

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 #include <xkbcommon/xkbcommon.h>
 
+#include <cstdlib>
 #include <initializer_list>
 #include <map>
+#include <regex>
 #include <utility>
 
 namespace tavrel {
@@ -119,6 +121,27 @@ TEST(KeyChord, ADigitOfAShortcutIsItsKeyAloneWhereDigitsNeedShift) {
       pressed(keyChord({{0, 55, KeyDirection::down}, {'1', 18, KeyDirection::down}}, {*french})),
       (Keys{control, one}));
   EXPECT_EQ(pressed(keyChord({{'1', 18, KeyDirection::down}}, {*french})), (Keys{shift, one}));
+}
+
+TEST(KeyChord, InsertIsTheKeyThatActsAsIt) {
+  constexpr std::uint8_t insert = 118;
+  const XkbKeymap us = layoutNamed("us");
+  const KeyChord chord = keyChord({{insertCharacter, 114, KeyDirection::down}}, {*us});
+  EXPECT_TRUE(chord.isWhole);
+  EXPECT_EQ(pressed(chord), Keys{insert});
+}
+
+// Ctrl and what the user has put into its place could be a command.
+TEST(KeyChord, AKeyboardWithoutInsertHasNotTheWholeChord) {
+  const XkbKeymap us = layoutNamed("us");
+  char* text = xkb_keymap_get_as_string(us.get(), XKB_KEYMAP_FORMAT_TEXT_V1);
+  const std::string changed = std::regex_replace(text, std::regex(" Insert "), " Delete ");
+  std::free(text);
+  xkb_context* context = xkb_context_new(XKB_CONTEXT_NO_FLAGS);
+  const XkbKeymap without(xkb_keymap_new_from_string(
+      context, changed.c_str(), XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS));
+  xkb_context_unref(context);
+  EXPECT_FALSE(keyChord({{insertCharacter, 114, KeyDirection::down}}, {*without}).isWhole);
 }
 
 } // namespace
