@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "controller/SettingKeys.h"
 #include "controller/TVApplication.h"
 #include "controller/TVController.h"
 #include "platform/Services.h"
@@ -39,7 +40,7 @@ int run(int argc, char** argv) {
   }
   nameWindows();
   const tavrel::TerminationSignals signals;
-  tavrel::LinuxDesktop desktop;
+  tavrel::LinuxDesktop desktop{tavrel::TVR_CopyKeyExceptions};
   tavrel::installPlatform(desktop.ports());
   QtEvents base;
   tavrel::TVApplication application(base);

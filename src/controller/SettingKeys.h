@@ -26,6 +26,8 @@ inline constexpr const char* TVR_SmallFontSize = "TVR_SmallFontSize";
 inline constexpr const char* TVR_OpenWithPathFinder = "TVR_OpenWithPathFinder";
 inline constexpr const char* TVR_OnlineUpdateCheck = "TVR_OnlineUpdateCheck";
 inline constexpr const char* TVR_LastUpdateCheck = "TVR_LastUpdateCheck";
+/// Handed to the desktop, which reads it before each capture.
+inline constexpr const char* TVR_CopyKeyExceptions = "TVR_CopyKeyExceptions";
 inline constexpr const char* TVR_VersionString = "TVR_VersionString";
 
 } // namespace tavrel

@@ -59,9 +59,7 @@ void TVController::setSelectionToPasteboard(const AXUIElementRef& application) {
   clearPasteboard(general);
   const std::int64_t changes = copyUntilAnswered(application);
   muteVolume(false);
-  copyPasteboard(general, privatePasteboard());
-  if (privatePasteboard().types().empty()) // what was copied could not be read
-    clearPasteboard(privatePasteboard());
+  captureGeneralPasteboard();
   restoreGeneralPasteboard();
   logCapture(changes);
 }

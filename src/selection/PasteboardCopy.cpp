@@ -28,6 +28,12 @@ void copyPasteboard(Pasteboard& source, Pasteboard& destination) {
   copyContents(source, destination);
 }
 
+void captureGeneralPasteboard() {
+  copyPasteboard(platform().pasteboards.general(), privatePasteboard());
+  if (privatePasteboard().types().empty())
+    clearPasteboard(privatePasteboard());
+}
+
 void clearPasteboard(Pasteboard& pasteboard) {
   pasteboard.declareTypes({pasteboardType::string});
   pasteboard.setString("", pasteboardType::string);

@@ -11,6 +11,10 @@ inline constexpr const char* TVRBackupPboard = "TVRBackupPboard";
 /// has no data for has none there either.
 void copyPasteboard(Pasteboard& source, Pasteboard& destination);
 
+/// What the clipboard holds becomes the captured selection, which is never without a type: an empty
+/// string where the clipboard could not be read.
+void captureGeneralPasteboard();
+
 /// Leaves an empty string: a cleared pasteboard is never without a type.
 void clearPasteboard(Pasteboard& pasteboard);
 

@@ -35,7 +35,7 @@ void setCapturedPaths(Pasteboard& selection, const std::vector<std::string>& pat
 void captureBy(NSAppleScript& script) {
   const auto result = script.execute();
   platform().clock.sleep(scriptWait);
-  copyPasteboard(platform().pasteboards.general(), privatePasteboard());
+  captureGeneralPasteboard();
   if (const auto paths = pathsIn(result))
     setCapturedPaths(privatePasteboard(), *paths);
 }

@@ -40,5 +40,5 @@ captures "the region" "text Some words"
 stops "text Some words" emacs
 press ctrl+g
 was=$(state)
-nothing "any more"
+nothing "any more" "text Some words"
 finish

@@ -52,7 +52,7 @@ terminal_tries() {
   if [ $nothing_afterwards = yes ]; then
     click_at 430 "$from_top"
     settle_front
-    nothing "any more"
+    nothing "any more" "${marked_last-text Grüße}"
   fi
   finish
 }
@@ -89,13 +89,13 @@ text_of() { cat "$1"; }
 editor_tries() {
   start "$1" "${@:3}"
   press ctrl+Home
-  nothing "at first"
+  nothing "at first" "${copied_anyway-}"
   wait_for 20 "the selected line" line_selected
   captures "a line of text" "text $words"
   stops "text $words" "$2"
   press Home
   settle_front
-  nothing "any more"
+  nothing "any more" "${copied_anyway-}"
   wait_for 20 "the selected line" line_selected
   press x ctrl+s
   saved x

@@ -88,10 +88,11 @@ captures() {
   many "$2"
   printf '%s|%s|%s of %s|%s\n' "$1" "$(road)" "$captured" "$tries" "$(menu_time)" >>"$rows"
 }
-# nothing WHEN: nothing is selected now, and nothing may be captured.
+# nothing WHEN [TEXT]: nothing is selected now, and nothing may be captured; where nobody can tell that
+# the mark is gone, TEXT, which was marked last.
 nothing() {
   phase="nothing selected $1"
-  many "text "
+  many "${2:-text }"
   nothing_captured+="${nothing_captured:+, }$1 $captured of $tries"
 }
 

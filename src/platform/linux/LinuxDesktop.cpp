@@ -44,6 +44,8 @@
 #include "platform/linux/x11/selection/LinuxAccessibility.h"
 #include "platform/linux/x11/windows/DesktopWindows.h"
 
+#include <utility>
+
 namespace tavrel {
 
 namespace {
@@ -61,8 +63,8 @@ bool writeLoginWindow(const PropertyList::Dictionary& values) {
 } // namespace
 
 namespace {
-std::vector<std::string> copyKeyExceptions(LinuxPreferences& preferences) {
-  const auto value = preferences.value(preferenceDomain, "TVR_CopyKeyExceptions");
+std::vector<std::string> textsIn(LinuxPreferences& preferences, const std::string& key) {
+  const auto value = preferences.value(preferenceDomain, key);
   std::vector<std::string> names;
   if (value && value->array())
     for (const PropertyList& name : *value->array())
@@ -73,11 +75,14 @@ std::vector<std::string> copyKeyExceptions(LinuxPreferences& preferences) {
 } // namespace
 
 struct LinuxDesktop::Adapters {
+  explicit Adapters(std::string exceptionsKey) : copyKeyExceptions(std::move(exceptionsKey)) {}
+
   void tellOfSaving() {
     if (preferences.hasChangedElsewhere(preferenceDomain))
       distributedNotifications.deliver({"saved", preferenceDomain, {}});
   }
 
+  std::string copyKeyExceptions; ///< the setting's key
   std::string resources = resourceFolder();
   ApplicationRegistry registry{xdgFolders()};
   DesktopWindows windows;
@@ -87,7 +92,7 @@ struct LinuxDesktop::Adapters {
   LinuxClock clock;
   LinuxPasteboards pasteboards;
   LinuxAccessibility accessibility{{registry, windows, ownKeystrokes, pasteboards.clipboard(),
-                                    [this] { return copyKeyExceptions(preferences); },
+                                    [this] { return textsIn(preferences, copyKeyExceptions); },
                                     [this] { clock.skipNextSleep(); }}};
   LinuxAlerts alerts;
   GestureKeyBuffer gestureKeyBuffer{
@@ -153,7 +158,8 @@ struct LinuxDesktop::Adapters {
                  web,           workspace};
 };
 
-LinuxDesktop::LinuxDesktop() : adapters_(std::make_unique<Adapters>()) {
+LinuxDesktop::LinuxDesktop(std::string copyKeyExceptions)
+    : adapters_(std::make_unique<Adapters>(std::move(copyKeyExceptions))) {
   installAccessibleApplication();
   adapters_->presenter.setClosedHandler(
       [adapters = adapters_.get()] { adapters->distributedNotifications.resume(); });

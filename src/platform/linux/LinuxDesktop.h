@@ -3,14 +3,16 @@
 #include "platform/Platform.h"
 
 #include <memory>
+#include <string>
 
 namespace tavrel {
 
 /// The whole Linux desktop: one of each adapter, alive as long as this is.
 class LinuxDesktop final {
 public:
-  /// Needs a QApplication.
-  LinuxDesktop();
+  /// Needs a QApplication. `copyKeyExceptions`: the setting that lists the applications which get
+  /// no copy or paste keystroke.
+  explicit LinuxDesktop(std::string copyKeyExceptions);
   ~LinuxDesktop();
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;

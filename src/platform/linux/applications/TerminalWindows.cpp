@@ -52,9 +52,13 @@ bool isBareTerminal(const WindowFacts& window) {
          runsAnyOf(bareTerminalPrograms, window);
 }
 
+bool isKnownTerminal(const WindowFacts& window) {
+  return std::ranges::find(terminalClasses, window.windowClass) != terminalClasses.end() ||
+         runsAnyOf(terminalPrograms, window);
+}
+
 bool isTerminal(const WindowFacts& window, ApplicationRegistry& registry) {
-  if (std::ranges::find(terminalClasses, window.windowClass) != terminalClasses.end() ||
-      runsAnyOf(terminalPrograms, window))
+  if (isKnownTerminal(window))
     return true;
   registry.refresh();
   const InstalledApplication* application =

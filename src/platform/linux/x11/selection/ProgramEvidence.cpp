@@ -57,15 +57,25 @@ std::string programOf(const WindowFacts& window) {
   return path.substr(path.rfind('/') + 1);
 }
 
+// A terminal that only its category tells of may pass Ctrl+Shift+V on to what runs in it.
 TerminalKind terminalKind(const WindowFacts& window, ApplicationRegistry& registry) {
   if (isBareTerminal(window))
     return TerminalKind::bare;
-  return isTerminal(window, registry) ? TerminalKind::withCopyKey : TerminalKind::none;
+  if (isKnownTerminal(window))
+    return TerminalKind::withPasteKey;
+  return isTerminal(window, registry) ? TerminalKind::bare : TerminalKind::none;
 }
 
 std::string programIn(const InstalledApplication& application) {
   const auto line = splitExec(application.entry->exec());
   return line ? line->front().substr(line->front().rfind('/') + 1) : std::string();
+}
+
+bool isEditor(const ProgramEvidence& evidence) {
+  constexpr std::array<std::string_view, 2> editorCategories{"Development", "TextEditor"};
+  return std::ranges::any_of(evidence.categories, [&](const std::string& each) {
+    return std::ranges::find(editorCategories, each) != editorCategories.end();
+  });
 }
 
 // Some file managers have an entry of their own for opening folders (Caja 1.26), but editors open
@@ -74,14 +84,11 @@ bool isFileManager(const InstalledApplication& application, const ProgramEvidenc
                    const ApplicationRegistry& registry) {
   if (rolePlayedBy(application, fileManagers(registry)))
     return true;
-  constexpr std::array<std::string_view, 2> editorCategories{"Development", "TextEditor"};
-  const bool isEditor = std::ranges::any_of(evidence.categories, [&](const std::string& each) {
-    return std::ranges::find(editorCategories, each) != editorCategories.end();
-  });
-  return !isEditor && std::ranges::any_of(registry.handlersOf("inode/directory"),
-                                          [&](const InstalledApplication* handler) {
-                                            return programIn(*handler) == evidence.program;
-                                          });
+  return !isEditor(evidence) &&
+         std::ranges::any_of(registry.handlersOf("inode/directory"),
+                             [&](const InstalledApplication* handler) {
+                               return programIn(*handler) == evidence.program;
+                             });
 }
 
 void addMappedFiles(ProgramEvidence& evidence, std::int32_t process) {
@@ -89,6 +96,7 @@ void addMappedFiles(ProgramEvidence& evidence, std::int32_t process) {
     for (const ToolkitFile& each : toolkitFiles)
       if (file.starts_with(each.beginning))
         evidence.toolkit = std::max(evidence.toolkit, each.toolkit);
+    evidence.isJava = evidence.isJava || file.starts_with("libawt_xawt.so");
     evidence.handsKeysOn =
         evidence.handsKeysOn ||
         std::ranges::any_of(handingOnFiles, [&](auto each) { return file.starts_with(each); });
@@ -133,6 +141,9 @@ ProgramEvidence programEvidence(const WindowFacts& window, ApplicationRegistry& 
   if (evidence.terminal != TerminalKind::none || evidence.isExcepted)
     return evidence;
   addMappedFiles(evidence, window.pid);
+  // Editors that are drawn by a browser or by Java have terminals that no file tells of.
+  if (isEditor(evidence) && (evidence.toolkit == Toolkit::multiProcess || evidence.isJava))
+    evidence.handsKeysOn = true;
   return evidence;
 }
 

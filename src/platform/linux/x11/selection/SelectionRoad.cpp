@@ -98,7 +98,7 @@ SelectionRoad selectionRoad(const ProgramEvidence& evidence) {
     return withoutKey;
   if (const NamedProgram* known = namedProgram(evidence))
     return {CopyRoad::primary, known->paste};
-  if (evidence.terminal == TerminalKind::withCopyKey)
+  if (evidence.terminal == TerminalKind::withPasteKey)
     return {CopyRoad::primary, PasteRoad::controlShiftV};
   if (evidence.terminal == TerminalKind::bare || evidence.toolkit == Toolkit::unknown ||
       mayHandOn(evidence))

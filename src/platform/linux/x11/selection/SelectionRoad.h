@@ -27,7 +27,7 @@ struct SelectionRoad {
   friend bool operator==(const SelectionRoad&, const SelectionRoad&) = default;
 };
 
-enum class TerminalKind { none, withCopyKey, bare };
+enum class TerminalKind { none, withPasteKey, bare };
 
 /// What a program draws its windows with, as far as that tells which keys it knows.
 enum class Toolkit {
@@ -43,6 +43,7 @@ struct ProgramEvidence {
   std::string windowClass;             ///< of its window
   std::vector<std::string> categories; ///< of its desktop entry
   bool isFileManager = false;
+  bool isJava = false;
   TerminalKind terminal = TerminalKind::none;
   Toolkit toolkit = Toolkit::unknown;
   /// Whether parts of its windows hand keys on to something else: a shell, another machine.

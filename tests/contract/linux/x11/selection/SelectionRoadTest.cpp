@@ -53,7 +53,7 @@ TEST(SelectionRoad, WhatIsTypedForAnotherMachineOrAGameStaysUntyped) {
 
 TEST(SelectionRoad, ATerminalGetsNoCopyKeyAndItsOwnPasteKey) {
   ProgramEvidence terminal = ordinary();
-  terminal.terminal = TerminalKind::withCopyKey;
+  terminal.terminal = TerminalKind::withPasteKey;
   EXPECT_TRUE(getsNoKey(terminal));
   EXPECT_EQ(selectionRoad(terminal).paste, PasteRoad::controlShiftV);
   terminal.terminal = TerminalKind::bare;
