@@ -41,6 +41,9 @@ mv "$HOME/kept.new" "$HOME/kept"
 END_OF_SCRIPT
   printf '#!/bin/sh\necho picture >"$HOME/kept.new"\nmv "$HOME/kept.new" "$HOME/kept"\n' >"$HOME/Picture.sh"
   chmod +x "$HOME/Words.sh" "$HOME/Picture.sh"
+  mkdir -p "$XDG_DATA_HOME/tavrel/services"
+  printf '#!/bin/bash\ntext=$(cat)\nprintf %%s "${text^^}"\n' >"$XDG_DATA_HOME/tavrel/services/Upper"
+  chmod +x "$XDG_DATA_HOME/tavrel/services/Upper"
   cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<END_OF_TREE
 <?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_OnlineUpdateCheck</key><false/><key>TVR_MenuTree</key><array>
 <dict><key>TVR_MenuItemType</key><string>applescript</string><key>TVR_MenuItemTitle</key><string>image</string>
@@ -48,6 +51,8 @@ END_OF_SCRIPT
 <key>TVR_MenuItemURL</key><string>file://$HOME/Picture.sh</string></dict>
 <dict><key>TVR_MenuItemType</key><string>applescript</string><key>TVR_MenuItemTitle</key><string>keep</string>
 <key>TVR_MenuItemURL</key><string>file://$HOME/Words.sh</string></dict>
+<dict><key>TVR_MenuItemType</key><string>services</string><key>TVR_MenuItemTitle</key><string>upper</string>
+<key>TVR_MenuItemURL</key><string>Upper</string></dict>
 </array></dict></plist>
 END_OF_TREE
 }

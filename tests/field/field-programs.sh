@@ -86,6 +86,18 @@ editor() {
   editor_tries "$@" "$file"
 }
 text_of() { cat "$1"; }
+# What a service answers takes the place of the selection.
+answers() {
+  local upper=${words^^}
+  phase="the answer of a service" try=1
+  gesture >/dev/null || { wrong "no menu came"; return 0; }
+  type_text upper
+  press Return
+  wait_for 20 "the menu to close" no_menu_open
+  line_is_upper() { press ctrl+s && [ "$(text_of "$file" | head -n 1)" = "$upper" ]; }
+  within 10 line_is_upper || { wrong "the line is $(text_of "$file" | head -n 1), not $upper"; return 0; }
+  words=$upper
+}
 editor_tries() {
   start "$1" "${@:3}"
   press ctrl+Home
@@ -96,6 +108,8 @@ editor_tries() {
   press Home
   settle_front
   nothing "any more" "${copied_anyway-}"
+  wait_for 20 "the selected line" line_selected
+  answers
   wait_for 20 "the selected line" line_selected
   press x ctrl+s
   saved x

@@ -213,7 +213,7 @@ TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesReachesTheApplication) {
 
 TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesKeepsItsOrderWhileTheChosenItemTakesItsTime) {
   act = [this] { popUp(); };
-  diary.act = [](MenuItem&) { std::this_thread::sleep_for(150ms); };
+  diary.act = [](MenuItem&) { std::this_thread::sleep_for(50ms); };
   const std::vector<std::uint8_t> letters{keyX, serverKey::s, serverKey::a};
   const auto lettersOf = [&](std::vector<std::uint8_t> keys) { // the hot key's modifiers come, too
     std::erase_if(keys, [&](std::uint8_t key) { return std::ranges::count(letters, key) == 0; });
