@@ -4,4 +4,5 @@
 # packages: dolphin konsole-kpart
 . "$(dirname "$0")/field-lib.sh"
 from_top=520
+marked="text "
 terminal_panel dolphin dolphin F4 dolphin "$HOME"

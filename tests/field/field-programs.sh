@@ -47,12 +47,12 @@ terminal_tries() {
   harm() { terminal_harm; }
   nothing "at first"
   wait_for 20 "a marked word" word_marked
-  captures "a marked word" "text Grüße"
-  stops "text Grüße" "$1"
+  captures "a marked word" "${marked-text Grüße}"
+  stops "${marked-text Grüße}" "$1"
   if [ $nothing_afterwards = yes ]; then
     click_at 430 "$from_top"
     settle_front
-    nothing "any more" "${marked_last-text Grüße}"
+    nothing "any more" "${marked-text Grüße}"
   fi
   finish
 }
@@ -139,8 +139,7 @@ copier() {
   }
   settled() { [ "$(cat "$HOME/asked" 2>/dev/null | wc -l)" = "$(cat "$HOME/made" 2>/dev/null | wc -l)" ]; }
   start copier tests/field/copier.py "$1"
-  captures "words, $1 ms late" "text Some words"
-  stops "text Some words" copier
+  captures "words, $1 ms late" "${copied-text Some words}"
   finish
 }
 

@@ -36,6 +36,7 @@ TEST_F(SelectionFixture, NoClipboardIsLost) {
   long memoryBefore = 0, descriptorsBefore = 0;
   for (int each = 0; each < count; ++each) {
     taken += captureText() == "Words" ? 1 : 0;
+    QCoreApplication::processEvents(); // or those of the toolkit pile up
     if (!waitFor([&] { return clipboardIsAsBefore(); })) {
       ++lost;
       std::cout << "lost in capture " << each << ": " << keys().back() << std::endl;

@@ -98,15 +98,18 @@ CopyAnswer CopyWatch::waitBlindly() {
 // Whether the program has answered all pings; a copy ends the wait as well.
 bool CopyWatch::waitForRounds(std::chrono::milliseconds settle) {
   const SelectionTime end = after(silentTimeout);
-  SelectionTime settled;
+  SelectionTime answered;
+  lag_ = {};
   for (int round = 0; round < roundCount; ++round) {
     pings_.send(source_->window());
     if (sleepUntil(end, true) || pings_.isAwaited(source_->window()))
       return isCopied_;
     if (round == 0)
-      settled = after(settle);
+      answered = std::chrono::steady_clock::now();
   }
-  (void)sleepUntil(settled, false);
+  if (sleepUntil(answered + settle, false))
+    lag_ =
+        std::chrono::ceil<std::chrono::milliseconds>(std::chrono::steady_clock::now() - answered);
   return true;
 }
 

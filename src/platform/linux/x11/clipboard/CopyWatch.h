@@ -29,6 +29,8 @@ public:
   /// Waits until the program has copied or, with nothing to copy, has been quiet for `settle` after
   /// its first answer; half a second for a program that does not answer. Handles events meanwhile.
   [[nodiscard]] CopyAnswer wait(std::chrono::milliseconds settle);
+  /// How long after its first answer the program has copied, in the last `wait`.
+  [[nodiscard]] std::chrono::milliseconds lag() const { return lag_; }
   /// Whether the window's program answers a ping within half a second; true for one that answers
   /// none at all.
   [[nodiscard]] bool isResponding(xcb_window_t window);
@@ -64,6 +66,7 @@ private:
   std::optional<CopySource> source_;
   std::vector<CopySource> owed_; ///< of earlier captures
   SelectionTime lookedAt_;       ///< when `forgetEnded` looked last
+  std::chrono::milliseconds lag_{0};
   bool isCapturing_ = false;
   bool isCopied_ = false;
   bool isCleared_ = false; ///< the clipboard has lost its owner: programs clear it before they copy

@@ -286,6 +286,7 @@ void SystemClipboard::becomeOwner(const std::shared_ptr<ClipboardContents>& cont
       return;
   served_.reset();
   server_.serve(nullptr, 0);
+  isRestoreDue_ = protected_ == contents; // another program copies again and again: once more later
 }
 
 void SystemClipboard::giveUpOwnership() {

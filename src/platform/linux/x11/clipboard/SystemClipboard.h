@@ -45,6 +45,7 @@ public:
   [[nodiscard]] CopyAnswer awaitCopy(std::chrono::milliseconds settle) {
     return watch_.wait(settle);
   }
+  [[nodiscard]] std::chrono::milliseconds copyLag() const { return watch_.lag(); }
   /// Whether a copy keystroke that was posted to this window earlier has not been handled yet.
   [[nodiscard]] bool owesAnswer(xcb_window_t window) const { return watch_.owesAnswer(window); }
   /// Whether the program of this window answers a ping within half a second.

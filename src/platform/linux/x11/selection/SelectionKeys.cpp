@@ -135,13 +135,22 @@ CopyAnswer SelectionKeys::press(const SelectionRoad& road) {
   CopyAnswer answer = CopyAnswer::nothing;
   const auto chord =
       chordOf({keyCode::command}, road.copy == CopyRoad::controlC ? letterC : insertKey);
-  const bool isTyped = desktop_.poster.typeTo(window, chord, [&] {
-    answer = desktop_.clipboard->call([&](SystemClipboard& clipboard) {
-      return clipboard.awaitCopy(clipboard.isPrimaryOf(window) ? std::max(road.settle, markedSettle)
-                                                               : road.settle);
-    });
-  });
+  const bool isTyped =
+      desktop_.poster.typeTo(window, chord, [&] { answer = awaitCopy(road.settle); });
   return isTyped ? answer : readPrimary();
+}
+
+CopyAnswer SelectionKeys::awaitCopy(std::chrono::milliseconds least) {
+  const std::chrono::milliseconds settle = lags_.settleTime(asked_.process, least);
+  const auto [answer, lag] = desktop_.clipboard->call([&](SystemClipboard& clipboard) {
+    const bool isMarked = clipboard.isPrimaryOf(asked_.window);
+    const CopyAnswer found =
+        clipboard.awaitCopy(isMarked ? std::max(settle, markedSettle) : settle);
+    return std::pair(found, clipboard.copyLag());
+  });
+  if (answer == CopyAnswer::copied)
+    lags_.noteCopy(asked_.process, lag);
+  return answer;
 }
 
 void SelectionKeys::paste(std::int32_t process) {

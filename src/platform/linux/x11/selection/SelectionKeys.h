@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/x11/clipboard/CopyWatch.h"
+#include "platform/linux/x11/selection/CopyLags.h"
 #include "platform/linux/x11/selection/ProgramEvidence.h"
 
 #include <functional>
@@ -47,6 +48,7 @@ private:
   void ask(WindowId window);
   [[nodiscard]] SelectionRoad roadOf(const WindowFacts& window);
   [[nodiscard]] CopyAnswer press(const SelectionRoad& road);
+  [[nodiscard]] CopyAnswer awaitCopy(std::chrono::milliseconds least);
   [[nodiscard]] CopyAnswer readPrimary();
   [[nodiscard]] bool isAsked(const WindowFacts& window) const;
   [[nodiscard]] bool bringBack(WindowId window);
@@ -54,6 +56,7 @@ private:
 
   SelectionKeysDesktop desktop_;
   Asked asked_;
+  CopyLags lags_;
 };
 
 } // namespace tavrel

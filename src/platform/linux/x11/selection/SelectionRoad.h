@@ -20,8 +20,8 @@ enum class PasteRoad { none, shiftInsert, controlV, controlShiftV };
 struct SelectionRoad {
   CopyRoad copy = CopyRoad::primary;
   PasteRoad paste = PasteRoad::none;
-  /// How long the program may be quiet after it has handled the key until it counts as having
-  /// copied nothing: those that copy in another process need longer.
+  /// How long at least the program may be quiet after it has handled the key until it counts as
+  /// having copied nothing: those that copy in another process need longer.
   std::chrono::milliseconds settle{20};
 
   friend bool operator==(const SelectionRoad&, const SelectionRoad&) = default;

@@ -68,6 +68,14 @@ TEST_P(LateCopyingPrograms, LeaveTheClipboardAsItWas) {
   EXPECT_THAT(keys(), ElementsAre("ready", "Ctrl+Ins"));
 }
 
+// A tenth of a second is waited for, and then twice of what the program needs.
+TEST_F(SelectionFixture, AProgramThatAlwaysCopiesLateIsCaptured) {
+  front(answering("elsewhere", 60));
+  for (int time = 0; time < 5; ++time)
+    EXPECT_EQ(captureText(), "Words") << time;
+  EXPECT_TRUE(eventually([&] { return clipboardIsAsBefore(); }));
+}
+
 TEST_F(SelectionFixture, AProgramThatDiesHarmsNothing) {
   front(answering("dies"));
   EXPECT_EQ(captureText(), "");
