@@ -8,6 +8,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto silentTimeout = 500ms;
+constexpr auto responseTimeout = 2s;
 constexpr auto blindTimeout = 100ms;   // for windows that answer no pings
 constexpr auto clearedTimeout = 300ms; // from a cleared clipboard to the copy
 constexpr auto lookInterval = 1s;
@@ -70,7 +71,7 @@ bool CopyWatch::isResponding(xcb_window_t window) {
     return true;
   pings_.send(window);
   connection_.wait([](const xcb_generic_event_t&) { return false; },
-                   [&] { return !pings_.isAwaited(window); }, after(silentTimeout));
+                   [&] { return !pings_.isAwaited(window); }, after(responseTimeout));
   const bool isAnswered = !pings_.isAwaited(window);
   pings_.forget(window); // no key is owed
   return isAnswered;

@@ -31,8 +31,8 @@ public:
   [[nodiscard]] CopyAnswer wait(std::chrono::milliseconds settle);
   /// How long after its first answer the program has copied, in the last `wait`.
   [[nodiscard]] std::chrono::milliseconds lag() const { return lag_; }
-  /// Whether the window's program answers a ping within half a second; true for one that answers
-  /// none at all.
+  /// Whether the window's program answers a ping within two seconds; true for one that answers none
+  /// at all.
   [[nodiscard]] bool isResponding(xcb_window_t window);
   /// What the program copies from now on is no part of the capture any more.
   void end() { isCapturing_ = false; }

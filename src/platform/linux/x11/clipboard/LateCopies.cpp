@@ -3,6 +3,7 @@
 #include "platform/linux/x11/server/XcbReply.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 #include <xcb/xinput.h>
 
@@ -40,7 +41,9 @@ void LateCopies::expect(const CopySource& source) {
     return;
   // First: once the server has replied to the requests after it, no press is missed any more.
   selectPresses(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
+  connection_.watchRoot(SelectionConnection::RootWatch::begins);
   findModifiers();
+  findMenus();
   source_ = source;
   remaining_ = lateCopyLimit;
   isExpecting_ = true;
@@ -55,6 +58,7 @@ void LateCopies::stop() {
   if (!std::exchange(isExpecting_, false))
     return;
   selectPresses(0);
+  connection_.watchRoot(SelectionConnection::RootWatch::ends);
 }
 
 void LateCopies::stopAfterTimeout() {
@@ -63,7 +67,10 @@ void LateCopies::stopAfterTimeout() {
 }
 
 void LateCopies::handle(const xcb_generic_event_t& event) {
-  if (isExpecting_ && isPress(event) && !isMenuOpen())
+  if (!isExpecting_)
+    return;
+  followMenus(event);
+  if (isPress(event) && menus_.empty())
     stop();
 }
 
@@ -104,21 +111,36 @@ void LateCopies::findModifiers() {
   modifiers_.assign(keys, keys + xcb_get_modifier_mapping_keycodes_length(reply.get()));
 }
 
-bool LateCopies::isMenuOpen() {
+void LateCopies::findMenus() {
+  menus_.clear();
   xcb_connection_t* server = connection_.server();
   const auto tree =
       xcbReply(xcb_query_tree_reply(server, xcb_query_tree(server, connection_.root()), nullptr));
   if (!tree || ownWindows_ == XCB_WINDOW_NONE)
-    return false;
+    return;
   const xcb_window_t* windows = xcb_query_tree_children(tree.get());
-  return std::any_of(windows, windows + tree->children_len, [&](xcb_window_t window) {
-    if (!connection_.areOfOneClient(window, ownWindows_))
-      return false;
-    const auto attributes = xcbReply(xcb_get_window_attributes_reply(
-        server, xcb_get_window_attributes(server, window), nullptr));
-    return attributes && attributes->override_redirect != 0 &&
-           attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-  });
+  std::copy_if(windows, windows + tree->children_len, std::inserter(menus_, menus_.end()),
+               [&](xcb_window_t window) { return isOpenMenu(window); });
+}
+
+bool LateCopies::isOpenMenu(xcb_window_t window) {
+  xcb_connection_t* server = connection_.server();
+  if (!connection_.areOfOneClient(window, ownWindows_))
+    return false;
+  const auto attributes = xcbReply(
+      xcb_get_window_attributes_reply(server, xcb_get_window_attributes(server, window), nullptr));
+  return attributes && attributes->override_redirect != 0 &&
+         attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+// By events, for they come in order with the presses: a press that closes a menu is the menu's.
+void LateCopies::followMenus(const xcb_generic_event_t& event) {
+  const auto& mapped = reinterpret_cast<const xcb_map_notify_event_t&>(event);
+  if (kindOf(event) == XCB_MAP_NOTIFY && mapped.override_redirect != 0 &&
+      ownWindows_ != XCB_WINDOW_NONE && connection_.areOfOneClient(mapped.window, ownWindows_))
+    menus_.insert(mapped.window);
+  if (kindOf(event) == XCB_UNMAP_NOTIFY)
+    menus_.erase(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window);
 }
 
 } // namespace tavrel

@@ -3,6 +3,7 @@
 #include "platform/linux/x11/clipboard/CopySource.h"
 
 #include <optional>
+#include <set>
 
 namespace tavrel {
 
@@ -33,7 +34,9 @@ public:
 private:
   void selectPresses(std::uint32_t events);
   void findModifiers();
-  [[nodiscard]] bool isMenuOpen();
+  void findMenus();
+  [[nodiscard]] bool isOpenMenu(xcb_window_t window);
+  void followMenus(const xcb_generic_event_t& event);
   [[nodiscard]] bool isPress(const xcb_generic_event_t& event) const;
 
   SelectionConnection& connection_;
@@ -44,6 +47,7 @@ private:
   std::optional<CopySource> source_;
   SelectionTime deadline_;
   std::vector<std::uint32_t> modifiers_;
+  std::set<xcb_window_t> menus_; ///< those of ours that are open
 };
 
 } // namespace tavrel

@@ -109,6 +109,15 @@ std::vector<std::string> SelectionConnection::names(const std::vector<xcb_atom_t
   return found;
 }
 
+void SelectionConnection::watchRoot(RootWatch watch) {
+  rootWatches_ += watch == RootWatch::begins ? 1 : -1;
+  const std::uint32_t events =
+      rootWatches_ == 0 ? XCB_EVENT_MASK_NO_EVENT
+                        : XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+  xcb_change_window_attributes(server_, root_, XCB_CW_EVENT_MASK, &events);
+  xcb_flush(server_);
+}
+
 void SelectionConnection::drain() {
   while (const SelectionEvent event{xcb_poll_for_event(server_)})
     handler_(*event);

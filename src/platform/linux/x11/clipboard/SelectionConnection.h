@@ -52,6 +52,10 @@ public:
   [[nodiscard]] std::vector<xcb_atom_t> atoms(const std::vector<std::string>& names);
   [[nodiscard]] std::vector<std::string> names(const std::vector<xcb_atom_t>& atoms);
 
+  /// Has events of the root window and its children come as long as anybody wants them.
+  enum class RootWatch { begins, ends };
+  void watchRoot(RootWatch watch);
+
   void setHandler(Handler handler) { handler_ = std::move(handler); }
   /// Hands all events that have arrived to the handler.
   void drain();
@@ -73,6 +77,7 @@ private:
   xcb_window_t root_;
   xcb_window_t window_;
   std::uint8_t ownerEvent_ = 0;
+  int rootWatches_ = 0;
   Handler handler_;
   std::map<std::string, xcb_atom_t> atoms_;
   std::map<xcb_atom_t, std::string> names_;

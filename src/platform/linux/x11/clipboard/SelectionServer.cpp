@@ -91,8 +91,8 @@ bool SelectionServer::convert(xcb_window_t requestor, xcb_atom_t target, xcb_ato
     data = targetList();
   else if (name == "TIMESTAMP")
     data = numbers("INTEGER", {since_});
-  else
-    data = servedTarget(*contents_, name);
+  else if ((data = servedTarget(*contents_, name)))
+    lastReader_ = requestor;
   if (!data)
     return false;
   sends_.send(requestor, property, *data);

@@ -22,6 +22,9 @@ public:
   void handle(const xcb_generic_event_t& event);
   /// Answers or drops what has reached its timeout.
   void doDueWork();
+  /// The window that was sent data last, lists of targets aside; none since `forgetReader`.
+  [[nodiscard]] xcb_window_t lastReader() const { return lastReader_; }
+  void forgetReader() { lastReader_ = XCB_WINDOW_NONE; }
   [[nodiscard]] bool isIdle() const { return pendingRequests_.empty() && sends_.isIdle(); }
 
 private:
@@ -39,6 +42,7 @@ private:
   xcb_timestamp_t since_ = 0;
   SelectionTime dataDeadline_;
   std::vector<Request> pendingRequests_;
+  xcb_window_t lastReader_ = XCB_WINDOW_NONE;
 };
 
 } // namespace tavrel

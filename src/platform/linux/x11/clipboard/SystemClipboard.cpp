@@ -17,6 +17,7 @@ constexpr auto readingLifetime = std::chrono::seconds(5);
 constexpr auto busyInterval = std::chrono::milliseconds(50);
 constexpr auto idleInterval = std::chrono::hours(1);
 constexpr auto readTimeout = std::chrono::seconds(2);
+constexpr auto pasteTimeout = std::chrono::milliseconds(500);
 constexpr auto ownerTimeout = std::chrono::milliseconds(300);
 constexpr int attemptLimit = 3;
 
@@ -140,8 +141,16 @@ bool SystemClipboard::hasOwnerSoon() {
 }
 
 void SystemClipboard::awaitPaste(xcb_window_t window, std::chrono::milliseconds settle) {
+  server_.forgetReader();
   watch_.begin(window);
-  (void)watch_.wait(settle);
+  const CopyAnswer answer = watch_.wait(settle);
+  const auto isRead = [&] {
+    return server_.isIdle() && server_.lastReader() != XCB_WINDOW_NONE &&
+           watch_.source()->made(server_.lastReader());
+  };
+  if (answer != CopyAnswer::silent)
+    connection_.wait([](const xcb_generic_event_t&) { return false; }, isRead,
+                     std::chrono::steady_clock::now() + pasteTimeout);
   watch_.end();
 }
 

@@ -48,9 +48,10 @@ public:
   [[nodiscard]] std::chrono::milliseconds copyLag() const { return watch_.lag(); }
   /// Whether a copy keystroke that was posted to this window earlier has not been handled yet.
   [[nodiscard]] bool owesAnswer(xcb_window_t window) const { return watch_.owesAnswer(window); }
-  /// Whether the program of this window answers a ping within half a second.
+  /// Whether the program of this window answers a ping within two seconds.
   [[nodiscard]] bool isResponding(xcb_window_t window) { return watch_.isResponding(window); }
-  /// Waits until the program has handled a paste keystroke, or is silent.
+  /// Waits until the program has handled a paste keystroke and read the clipboard, half a second
+  /// each at most: what is restored before that would be pasted.
   void awaitPaste(xcb_window_t window, std::chrono::milliseconds settle);
   /// Whether the selection PRIMARY is of the program of this window: something is marked there, or
   /// was.

@@ -24,7 +24,8 @@ bool WindowPings::isAnswering(xcb_window_t window) {
 // Answers are sent to the root window: by most to those who watch its children, by Qt 6.4 to those
 // who watch the root window itself.
 void WindowPings::send(xcb_window_t window) {
-  watchRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+  if (awaited_.empty())
+    connection_.watchRoot(SelectionConnection::RootWatch::begins);
   const xcb_timestamp_t time = connection_.now(); // toolkits take it for a time of the server
   awaited_[window] = time;
   xcb_client_message_event_t ping{};
@@ -53,13 +54,7 @@ void WindowPings::handle(const xcb_generic_event_t& event) {
 
 void WindowPings::forget(xcb_window_t window) {
   if (awaited_.erase(window) > 0 && awaited_.empty())
-    watchRoot(XCB_EVENT_MASK_NO_EVENT);
-}
-
-void WindowPings::watchRoot(std::uint32_t events) {
-  xcb_change_window_attributes(connection_.server(), connection_.root(), XCB_CW_EVENT_MASK,
-                               &events);
-  xcb_flush(connection_.server());
+    connection_.watchRoot(SelectionConnection::RootWatch::ends);
 }
 
 } // namespace tavrel

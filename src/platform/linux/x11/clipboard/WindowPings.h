@@ -25,8 +25,6 @@ public:
   void forget(xcb_window_t window);
 
 private:
-  void watchRoot(std::uint32_t events);
-
   SelectionConnection& connection_;
   std::map<xcb_window_t, xcb_timestamp_t> awaited_; ///< when each was asked
 };
