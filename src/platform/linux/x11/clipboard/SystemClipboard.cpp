@@ -216,7 +216,7 @@ void SystemClipboard::declare(const std::vector<std::string>& names) {
 }
 
 bool SystemClipboard::setData(Bytes bytes, const std::string& name, Emptiness emptiness) {
-  ClipboardContents* contents = ownView_ ? &*ownView_ : served_.get();
+  ClipboardContents* contents = contentsToSet();
   if (!contents)
     return ownerReading_ && ownerReading_->contents.offers(name);
   if (!contents->offers(name))
@@ -231,6 +231,13 @@ bool SystemClipboard::setData(Bytes bytes, const std::string& name, Emptiness em
     takeFromOwner();
   }
   return true;
+}
+
+// Where another program has just taken the ownership, the rest of the data is for its return.
+ClipboardContents* SystemClipboard::contentsToSet() {
+  if (ownView_)
+    return &*ownView_;
+  return isRestoreDue_ && !served_ ? protected_.get() : served_.get();
 }
 
 bool SystemClipboard::ownerOffersSame(const std::string& name) const {

@@ -79,6 +79,7 @@ private:
   void read();
   [[nodiscard]] bool hasOwnerSoon();
   [[nodiscard]] const ClipboardContents* ownersContents() const;
+  [[nodiscard]] ClipboardContents* contentsToSet();
   [[nodiscard]] bool ownerOffersSame(const std::string& name) const;
   [[nodiscard]] bool hasAllData() const;
   void leaveToOwner();
