@@ -59,6 +59,13 @@ TEST_F(KeystrokeCapture, LeavesATypelessClipboardTypeless) {
   EXPECT_THAT(selection.string(pasteboardType::string), Optional(std::string("selected")));
 }
 
+TEST_F(KeystrokeCapture, IsAnEmptyTextWhenWhatWasCopiedCannotBeRead) {
+  answerCopy(desktop, [](Pasteboard& pasteboard) { pasteboard.declareTypes({}); });
+  capture();
+  EXPECT_THAT(selection.types(), ElementsAre("NSStringPboardType"));
+  EXPECT_THAT(selection.string(pasteboardType::string), Optional(std::string()));
+}
+
 TEST_F(KeystrokeCapture, NeverTakesWhatTheClipboardHeldBefore) {
   general.declareTypes({pasteboardType::filenames});
   general.setPropertyList(PropertyList::Array{"/old"}, pasteboardType::filenames);
