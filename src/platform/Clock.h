@@ -15,7 +15,9 @@ public:
   /// Seconds since 2001-01-01 00:00 GMT. Never runs backwards within a process.
   [[nodiscard]] virtual double now() = 0;
 
-  /// Blocks the caller. An adapter may service its own connections; no timer or event runs.
+  /// Blocks the caller. An adapter may service its own connections; no timer or event runs. A sleep
+  /// right after a keystroke of KeyPurpose::copySelection may end early when the application's
+  /// answer is known.
   virtual void sleep(double seconds) = 0;
 
   /// Calls once, from the event loop, after at least that many seconds (0: at its next turn).
