@@ -15,6 +15,7 @@ namespace {
 
 constexpr auto readingLifetime = std::chrono::seconds(5);
 constexpr auto busyInterval = std::chrono::milliseconds(50);
+constexpr auto owedInterval = std::chrono::seconds(1);
 constexpr auto idleInterval = std::chrono::hours(1);
 constexpr auto readTimeout = std::chrono::seconds(2);
 constexpr auto pasteTimeout = std::chrono::milliseconds(500);
@@ -109,10 +110,14 @@ void SystemClipboard::doDueWork() {
     ownerReading_.reset();
 }
 
+// A program may hang for hours: what is to be done when it answers or ends has time.
 SelectionTime SystemClipboard::nextDueTime() const {
-  const bool isBusy = !server_.isIdle() || protected_ || isRestoreDue_;
   const auto now = std::chrono::steady_clock::now();
-  if (isBusy)
+  if (!server_.isIdle() || isRestoreDue_)
+    return now + busyInterval;
+  if (watch_.owesAnswer())
+    return now + owedInterval;
+  if (protected_)
     return now + busyInterval;
   return ownerReading_ && !ownView_ ? ownerReadAt_ + readingLifetime : now + idleInterval;
 }
