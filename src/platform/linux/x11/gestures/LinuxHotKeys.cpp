@@ -143,18 +143,33 @@ void LinuxHotKeys::hotKeyPressed() {
 // Called while the toolkit reads events: what a hot key does may run the event loop, so it waits
 // until that is over.
 void LinuxHotKeys::hotKeyReleased(EventHotKeyRef reference) {
-  QTimer::singleShot(0, &context_, [this, reference] {
-    Event release;
-    release.type = EventType::systemDefined;
-    release.subtype = hotKeyReleasedSubtype;
-    release.data1 = reference;
-    if (keyBuffer_)
-      keyBuffer_->actionBegins();
-    if (target_ && isRegistered(reference))
-      target_->sendEvent(release);
-    if (keyBuffer_)
-      keyBuffer_->actionEnds();
+  released_.push_back(reference);
+  if (released_.size() == 1)
+    deliverLater();
+}
+
+// One at a time: after a burst, signals and the bus are served in between.
+void LinuxHotKeys::deliverLater() {
+  QTimer::singleShot(0, &context_, [this] {
+    const EventHotKeyRef reference = released_.front();
+    released_.pop_front();
+    if (!released_.empty())
+      deliverLater();
+    deliver(reference);
   });
+}
+
+void LinuxHotKeys::deliver(EventHotKeyRef reference) {
+  Event release;
+  release.type = EventType::systemDefined;
+  release.subtype = hotKeyReleasedSubtype;
+  release.data1 = reference;
+  if (keyBuffer_)
+    keyBuffer_->actionBegins();
+  if (target_ && isRegistered(reference))
+    target_->sendEvent(release);
+  if (keyBuffer_)
+    keyBuffer_->actionEnds();
 }
 
 } // namespace tavrel

@@ -8,6 +8,7 @@
 
 #include <QObject>
 
+#include <deque>
 #include <vector>
 
 namespace tavrel {
@@ -50,6 +51,8 @@ private:
   void warnOf(const Registered& key, const char* why) const;
   void hotKeyPressed();
   void hotKeyReleased(EventHotKeyRef reference);
+  void deliverLater();
+  void deliver(EventHotKeyRef reference);
 
   OwnKeystrokes& own_;
   GestureKeyBuffer* keyBuffer_;
@@ -58,7 +61,8 @@ private:
   EventTarget* target_ = nullptr;
   std::vector<Registered> registered_;
   EventHotKeyRef lastReference_ = 0;
-  QObject context_; ///< ends the timers with this
+  std::deque<EventHotKeyRef> released_; ///< to be delivered
+  QObject context_;                     ///< ends the timers with this
   PressedHotKeys pressed_;
   LayoutWatch layoutWatch_;
 };
