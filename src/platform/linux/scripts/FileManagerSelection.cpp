@@ -86,9 +86,8 @@ std::vector<std::string> selectionOfFileManager(ScriptDesktop& desktop, const st
   clear(general); // else a late copy, the answer to an earlier keystroke, would be undone
   makeItCopy(desktop);
   const std::vector<std::string> paths = filesCopiedTo(general);
-  if (isCleared(before))
-    clear(
-        general); // restored, it would become an empty text of ours; the capture restores the rest
+  if (isCleared(before)) // restored, it would become an empty text of ours
+    clear(general);
   else
     restore(before, general);
   return paths;

@@ -108,7 +108,9 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
   KeyChord chord{{}, layout.group, true};
   for (const KeyboardEvent& event : events) {
     if (event.character == 0 && isModifierKey(event.keyCode)) {
-      if (const auto key = modifierKeyFor(layout.keymap, event.keyCode))
+      const auto key = modifierKeyFor(layout.keymap, event.keyCode);
+      chord.isWhole = chord.isWhole && key; // without its modifier a letter would be typed
+      if (key)
         chord.keys.push_back({*key, event.direction});
       continue;
     }
