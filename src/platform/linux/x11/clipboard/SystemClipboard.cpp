@@ -153,9 +153,12 @@ void SystemClipboard::awaitPaste(xcb_window_t window, std::chrono::milliseconds 
     return server_.isIdle() && server_.lastReader() != XCB_WINDOW_NONE &&
            watch_.source()->made(server_.lastReader());
   };
-  if (answer != CopyAnswer::silent)
+  const SelectionTime end = std::chrono::steady_clock::now() + pasteTimeout;
+  while (answer != CopyAnswer::silent && !isRead() && std::chrono::steady_clock::now() < end) {
     connection_.wait([](const xcb_generic_event_t&) { return false; }, isRead,
-                     std::chrono::steady_clock::now() + pasteTimeout);
+                     std::chrono::steady_clock::now() + busyInterval);
+    server_.doDueWork(); // requests that came before the data
+  }
   watch_.end();
 }
 
