@@ -42,7 +42,7 @@ END_OF_SCRIPT
   printf '#!/bin/sh\necho picture >"$HOME/kept.new"\nmv "$HOME/kept.new" "$HOME/kept"\n' >"$HOME/Picture.sh"
   chmod +x "$HOME/Words.sh" "$HOME/Picture.sh"
   mkdir -p "$XDG_DATA_HOME/tavrel/services"
-  printf '#!/bin/bash\ntext=$(cat)\nprintf %%s "${text^^}"\n>"$HOME/answered"\n' >"$XDG_DATA_HOME/tavrel/services/Upper"
+  printf '#!/bin/bash\ntext=$(cat)\nprintf %%s "${text^^}"\n' >"$XDG_DATA_HOME/tavrel/services/Upper"
   chmod +x "$XDG_DATA_HOME/tavrel/services/Upper"
   cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<END_OF_TREE
 <?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_OnlineUpdateCheck</key><false/><key>TVR_MenuTree</key><array>

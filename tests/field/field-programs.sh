@@ -90,12 +90,15 @@ text_of() { cat "$1"; }
 answers() {
   local upper=${words^^}
   phase="the answer of a service" try=1
+  look_from_here
   gesture >/dev/null || { wrong "no menu came"; return 0; }
   type_text upper
   press Return
-  wait_for 20 "the service" test -e "$HOME/answered"
-  kept_quiet() { clipboard_is_as_before && idle "$(front_process)"; } # the paste is over
-  wait_for 20 "the paste" kept_quiet
+  paste_posted() { posted_keys "$first_key" | grep -qvxE "$copies"; }
+  wait_for 20 "the key that pastes" paste_posted
+  # Writer takes no key to paste while it saves.
+  paste_over() { clipboard_is_as_before && idle "$(front_process)"; }
+  wait_for 20 "the paste" paste_over
   line_is_upper() { press ctrl+s && [ "$(text_of "$file" | head -n 1)" = "$upper" ]; }
   within 10 line_is_upper || { wrong "the line is $(text_of "$file" | head -n 1), not $upper"; return 0; }
   words=$upper

@@ -89,8 +89,9 @@ captures() {
   printf '%s|%s|%s of %s|%s\n' "$1" "$(road)" "$captured" "$tries" "$(menu_time)" >>"$rows"
 }
 # nothing WHEN [TEXT]: nothing is selected now, and nothing may be captured; where nobody can tell that
-# the mark is gone, TEXT, which was marked last.
+# the mark is gone, TEXT, which was marked last. Ten tries at most.
 nothing() {
+  local tries=$((tries < 10 ? tries : 10))
   phase="nothing selected $1"
   many "${2:-text }"
   nothing_captured+="${nothing_captured:+, }$1 $captured of $tries"

@@ -8,5 +8,4 @@ text_of() {
   sed -n 's/.*<text:p[^>]*>\(.*\)<\/text:p>.*/\1/p' "$1" | sed 's/<[^>]*>//g'
   ! grep -q DdeLink "$1" || echo "(and bookmarks for links)"
 }
-no_answers=yes # under load Writer at times pastes none, nor takes the next keys: not understood yet
 editor_tries libreoffice-writer 'libreoffice|soffice' "${office[@]}" "$file"
