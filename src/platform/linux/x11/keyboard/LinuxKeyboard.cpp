@@ -2,15 +2,19 @@
 
 #include "base/Modifiers.h"
 #include "platform/common/KeyboardLayout.h"
+#include "platform/linux/x11/keyboard/LayoutChanges.h"
 #include "platform/linux/x11/keyboard/ServerModifiers.h"
+#include "platform/linux/x11/keyboard/SnapshotCodes.h"
+#include "platform/linux/x11/keyboard/XkbCharacters.h"
 #include "platform/linux/x11/keyboard/XkbKeyboard.h"
 #include "platform/linux/x11/keyboard/XkbLayout.h"
+#include "platform/linux/x11/server/XcbReply.h"
+#include "platform/linux/x11/server/XcbXkb.h"
 
 #include <QLoggingCategory>
 #include <xcb/xcb.h>
 #include <xkbcommon/xkbcommon-x11.h>
 
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -20,13 +24,6 @@ namespace tavrel {
 namespace {
 
 Q_LOGGING_CATEGORY(keyboardLog, "tavrel.keyboard")
-
-struct FreeReply {
-  void operator()(void* memory) const { std::free(memory); }
-};
-template <class Reply> using Owned = std::unique_ptr<Reply, FreeReply>;
-
-constexpr std::uint32_t interruptionKeyCode = 127;
 
 // Ctrl stands for Command and Super for Control, as in menus and settings.
 std::uint32_t eventModifiersOf(std::uint16_t mask, const ServerModifiers& server) {
@@ -61,7 +58,11 @@ struct LinuxKeyboard::Server {
   xcb_window_t root = 0;
   xkb_context* context = nullptr;
   std::int32_t device = -1;
-  KeyTranslation translation{};
+  bool isOutdated = true;
+  XkbKeymap keymap;
+  ServerModifiers modifiers;
+  std::uint32_t codesGroup = 0;
+  KeyTranslation codes{};
 
   ~Server() {
     xkb_context_unref(context);
@@ -80,41 +81,52 @@ struct LinuxKeyboard::Server {
         connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
         XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr);
     device = xkb_x11_get_core_keyboard_device_id(connection);
-    const XkbKeymap current = keymap();
-    if (ready == 0 || !current)
+    if (ready == 0 || device < 0 || !context)
       return false;
-    translation = keyTranslation(*current);
-    return true;
+    selectLayoutChanges(*connection);
+    return update();
   }
 
-  // Reading notices a closed connection, and discards the events that every client is sent.
-  [[nodiscard]] bool isThere() const {
-    while (Owned<xcb_generic_event_t>(xcb_poll_for_event(connection))) {
-    }
+  // Reads what the server has sent, and notices a closed connection.
+  [[nodiscard]] bool isThere() {
+    while (const auto event = xcbReply(xcb_poll_for_event(connection)))
+      isOutdated = isOutdated || isLayoutChange(*connection, *event);
     return xcb_connection_has_error(connection) == 0;
   }
 
-  [[nodiscard]] XkbKeymap keymap() const {
-    if (!context || device < 0)
-      return nullptr;
-    return XkbKeymap(
+  // Whether there is a keymap. A server between two keymaps may have none to read; then the next
+  // question reads it.
+  bool update() {
+    const std::uint32_t nowGroup = group(); // with its reply come all changes before it
+    if (!isThere() || (!isOutdated && nowGroup == codesGroup))
+      return keymap != nullptr;
+    isOutdated = false;
+    XkbKeymap read(
         xkb_x11_keymap_new_from_device(context, connection, device, XKB_KEYMAP_COMPILE_NO_FLAGS));
+    if (!read)
+      isOutdated = true;
+    else
+      keymap = std::move(read);
+    modifiers = serverModifiers(*connection);
+    codesGroup = nowGroup;
+    if (keymap)
+      codes = snapshotCodes(*keymap, codesGroup, modifiers);
+    return keymap != nullptr;
   }
 
   [[nodiscard]] std::uint32_t group() const {
-    const XkbKeymap current = keymap();
-    const std::unique_ptr<xkb_state, XkbStateUnref> state(
-        current ? xkb_x11_state_new_from_device(current.get(), connection, device) : nullptr);
-    return state ? xkb_state_serialize_layout(state.get(), XKB_STATE_LAYOUT_EFFECTIVE) : 0;
+    const auto state = xcbReply(xcb_xkb_get_state_reply(
+        connection, xcb_xkb_get_state(connection, XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    return state ? state->group : 0;
   }
 
   [[nodiscard]] std::string rules() const {
     constexpr std::string_view name = "_XKB_RULES_NAMES";
-    const Owned<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+    const auto atom = xcbReply(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 1, name.size(), name.data()), nullptr));
     if (!atom)
       return {};
-    const Owned<xcb_get_property_reply_t> property(xcb_get_property_reply(
+    const auto property = xcbReply(xcb_get_property_reply(
         connection, xcb_get_property(connection, 0, root, atom->atom, XCB_ATOM_STRING, 0, 1024),
         nullptr));
     if (!property)
@@ -135,6 +147,8 @@ LinuxKeyboard::LinuxKeyboard(std::function<bool()> tapIsInterrupted)
 LinuxKeyboard::~LinuxKeyboard() = default;
 
 bool LinuxKeyboard::hasServer() {
+  if (server_)
+    (void)server_->update();
   if (server_ && !server_->isThere()) {
     qCWarning(keyboardLog, "the display is gone: the keyboard cannot be read any more");
     server_.reset();
@@ -146,29 +160,29 @@ KeyMap LinuxKeyboard::keyMap() {
   KeyMap map;
   if (!hasServer())
     return map;
-  const Owned<xcb_query_keymap_reply_t> keys(
+  const auto keys = xcbReply(
       xcb_query_keymap_reply(server_->connection, xcb_query_keymap(server_->connection), nullptr));
-  for (std::size_t key = 0; keys && key < server_->translation.size(); ++key)
+  for (std::size_t key = 0; keys && key < server_->codes.size(); ++key)
     if ((keys->keys[key / 8] >> (key % 8) & 1) != 0)
-      map.set(server_->translation[key]);
+      map.set(server_->codes[key]);
   if (tapIsInterrupted_ && tapIsInterrupted_())
-    map.set(interruptionKeyCode);
+    map.set(otherKey);
   return map;
 }
 
 std::uint32_t LinuxKeyboard::eventModifiers() {
   if (!hasServer())
     return 0;
-  const Owned<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
+  const auto pointer = xcbReply(xcb_query_pointer_reply(
       server_->connection, xcb_query_pointer(server_->connection, server_->root), nullptr));
-  return pointer ? eventModifiersOf(pointer->mask, serverModifiers(*server_->connection)) : 0;
+  return pointer ? eventModifiersOf(pointer->mask, server_->modifiers) : 0;
 }
 
 std::string LinuxKeyboard::layoutIdentifier() {
   if (!hasServer())
     return {};
   const std::vector<std::string> names = ruleNames(server_->rules());
-  return layoutIdentifierOf(names[2], names[3], server_->group());
+  return layoutIdentifierOf(names[2], names[3], server_->codesGroup);
 }
 
 std::int16_t LinuxKeyboard::layoutId() {
@@ -176,18 +190,18 @@ std::int16_t LinuxKeyboard::layoutId() {
 }
 
 std::optional<CharacterTables> LinuxKeyboard::characterTables() {
-  const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
-  if (!keymap)
+  if (!hasServer() || !server_->keymap)
     return std::nullopt;
-  std::vector<CharacterTable> tables = tablesOf(*keymap, server_->group());
-  return CharacterTables{layoutId(), layoutIdentifier(), std::move(tables)};
+  return CharacterTables{
+      layoutId(), layoutIdentifier(),
+      characterTablesOf(*server_->context, *server_->keymap, server_->codesGroup)};
 }
 
 std::uint32_t LinuxKeyboard::translate(std::uint16_t keyCode) {
-  const auto layout = characterTables();
-  if (!layout || layout->tables.empty() || keyCode >= layout->tables[0].size())
+  if (!hasServer() || !server_->keymap)
     return 0;
-  return layout->tables[0][keyCode];
+  const CharacterTable table = plainTableOf(*server_->keymap, server_->codesGroup);
+  return keyCode < table.size() ? table[keyCode] : 0;
 }
 
 } // namespace tavrel

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/Keyboard.h"
-
 #include <array>
+#include <cstdint>
 #include <memory>
 
 struct xkb_keymap;
@@ -23,9 +22,5 @@ inline constexpr std::uint16_t noKey = 0xFFFF;
 using KeyTranslation = std::array<std::uint16_t, 256>;
 
 [[nodiscard]] KeyTranslation keyTranslation(xkb_keymap& keymap);
-
-/// What the keys of one group (a layout loaded in the server) type: plain, with Shift, on the third
-/// level (AltGr), and with both. With Num Lock on, so that the keypad types digits.
-[[nodiscard]] std::vector<CharacterTable> tablesOf(xkb_keymap& keymap, std::uint32_t group);
 
 } // namespace tavrel

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <optional>
+#include <ostream>
 #include <string>
 
 namespace tavrel {
@@ -39,6 +41,7 @@ struct LinuxWorld {
   ~LinuxWorld() { use("us"); }
   Keyboard& keyboard() { return adapter; }
   void use(const std::string& layout) {
+    run("setxkbmap -option ''");
     run(layout == "dvorak" ? "setxkbmap us -variant dvorak" : "setxkbmap " + layout);
   }
   void press(std::uint16_t key) { run("xdotool keydown " + nameOf(key)); }
@@ -78,6 +81,7 @@ TEST(LinuxKeyboard, AltAndSuperAreWhateverBitsTheyHave) {
   run("xmodmap -e 'clear mod1' -e 'clear mod3' -e 'clear mod4'"
       " -e 'add mod3 = Alt_L' -e 'add mod1 = Super_L'");
   world.press(keyCode::option);
+  EXPECT_TRUE(world.adapter.keyMap().isDown(keyCode::option));
   EXPECT_EQ(world.adapter.eventModifiers(), eventModifier::option);
   world.press(keyCode::control);
   EXPECT_EQ(world.adapter.eventModifiers(), eventModifier::option | eventModifier::control);
@@ -105,18 +109,96 @@ TEST(LinuxKeyboard, CyrillicLettersHaveNoCodeOfTheirOwn) {
   EXPECT_EQ(world.adapter.translate(0), 0U);
 }
 
-TEST(LinuxKeyboard, TheRightHandKeysHaveCodesOfTheirOwn) {
-  const std::map<std::string, std::uint16_t> keys{
-      {"105", 54}, {"62", 60}, {"108", 61}, {"134", 62}}; // by the server's key numbers
-  LinuxWorld world;
-  for (const auto& [name, code] : keys) {
-    run("xdotool keydown " + name);
-    KeyMap expected;
-    expected.set(code);
-    EXPECT_EQ(world.adapter.keyMap(), expected) << name;
-    run("xdotool keyup " + name);
-  }
+/// A layout, a key of it by the server's number, and the one virtual key code of that key.
+struct ModifierOf {
+  const char* layout;
+  const char* key;
+  std::uint16_t code;
+};
+
+void PrintTo(const ModifierOf& row, std::ostream* out) {
+  *out << row.layout << ", key " << row.key;
 }
+
+class ModifiersOfLayouts : public ::testing::TestWithParam<ModifierOf> {};
+
+TEST_P(ModifiersOfLayouts, CountAsWhatTheyActAs) {
+  LinuxWorld world;
+  world.use(GetParam().layout); // while the adapter is open
+  run(std::string("xdotool keydown ") + GetParam().key);
+  KeyMap expected;
+  expected.set(GetParam().code);
+  EXPECT_EQ(world.adapter.keyMap(), expected);
+  run(std::string("xdotool keyup ") + GetParam().key);
+  if (GetParam().code == keyCode::capsLock)
+    run(std::string("xdotool key ") + GetParam().key);
+}
+
+constexpr std::uint16_t placeOfRightAlt = 61;
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ModifiersOfLayouts,
+    ::testing::Values(ModifierOf{"us", "105", keyCode::command}, // on the right: Ctrl
+                      ModifierOf{"us", "62", keyCode::shift},
+                      ModifierOf{"us", "108", keyCode::option},
+                      ModifierOf{"us", "134", keyCode::control},
+                      ModifierOf{"us -variant altgr-intl", "108", placeOfRightAlt}, // AltGr
+                      ModifierOf{"us -option ctrl:swapcaps", "66", keyCode::command},
+                      ModifierOf{"us -option ctrl:swapcaps", "37", keyCode::capsLock},
+                      ModifierOf{"us -option ctrl:nocaps", "66", keyCode::command},
+                      ModifierOf{"us -option ctrl:nocaps", "37", keyCode::command},
+                      ModifierOf{"us -option caps:ctrl_modifier", "66", keyCode::command},
+                      ModifierOf{"us -option altwin:swap_alt_win", "64", keyCode::control},
+                      ModifierOf{"us -option altwin:swap_alt_win", "133", keyCode::option},
+                      ModifierOf{"us -option caps:escape", "66", 127},
+                      ModifierOf{"us -option ctrl:swap_lalt_lctl", "64", keyCode::command},
+                      ModifierOf{"us -option ctrl:swap_lalt_lctl", "37", keyCode::option}));
+
+/// The key for a character as hot keys without a key code are given it: in the first table that has
+/// it.
+std::optional<std::size_t> keyFor(const CharacterTables& layout, char character) {
+  for (const CharacterTable& table : layout.tables) {
+    const auto found = std::ranges::find(table, static_cast<std::uint8_t>(character));
+    if (found != table.end())
+      return static_cast<std::size_t>(found - table.begin());
+  }
+  return std::nullopt;
+}
+
+/// A layout with the group in force, and the key for a character there.
+struct CharacterOf {
+  const char* layout;
+  std::uint8_t group;
+  char character;
+  std::size_t keyCode;
+};
+
+void PrintTo(const CharacterOf& row, std::ostream* out) {
+  *out << row.layout << ", group " << int{row.group} << ", " << row.character;
+}
+
+class CharactersOfLayouts : public ::testing::TestWithParam<CharacterOf> {};
+
+TEST_P(CharactersOfLayouts, AreFoundInAllGroupsOnTheMainKeysFirst) {
+  LinuxWorld world;
+  world.use(GetParam().layout);
+  lockGroup(GetParam().group);
+  EXPECT_EQ(keyFor(world.adapter.characterTables().value(), GetParam().character),
+            GetParam().keyCode);
+  lockGroup(0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, CharactersOfLayouts,
+    ::testing::Values(CharacterOf{"us", 0, 'K', 40}, CharacterOf{"us", 0, '1', 18},
+                      CharacterOf{"us", 0, '/', 44}, CharacterOf{"fr", 0, '1', 18},
+                      CharacterOf{"fr", 0, '/', 47}, CharacterOf{"fr", 0, 'Q', 0},
+                      CharacterOf{"cz", 0, '5', 23}, CharacterOf{"cz", 0, 'Y', 6},
+                      CharacterOf{"ru,us", 0, 'K', 40}, CharacterOf{"ru,us", 1, 'K', 40},
+                      CharacterOf{"us,ru", 1, 'K', 40}, CharacterOf{"ru", 0, 'K', 40},
+                      CharacterOf{"ru,us -variant ,dvorak", 0, 'K', 9},
+                      CharacterOf{"ara,us", 0, 'K', 40},
+                      CharacterOf{"us -variant dvorak", 0, 'K', 9}, CharacterOf{"jp", 0, 'K', 40},
+                      CharacterOf{"de", 0, 'Z', 16}));
 
 TEST(LinuxKeyboard, CapsLockIsAModifierAlsoWhenItsKeyIsUp) {
   LinuxWorld world;
