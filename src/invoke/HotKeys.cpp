@@ -87,7 +87,10 @@ void TVController::addHotKey(std::uint16_t character, std::uint32_t modifiers,
 void TVController::addHotKey2(std::uint16_t character, std::uint32_t carbonModifiers,
                               std::uint32_t keyCode,
                               const std::optional<PropertyList>& targetItem) {
-  const EventHotKeyID id{hotKeySignature, static_cast<std::uint32_t>(gHotkeyArray.size())};
+  const std::string* title = targetItem ? targetItem->stringFor(TVR_MenuItemTitle) : nullptr;
+  const EventHotKeyID id{hotKeySignature, static_cast<std::uint32_t>(gHotkeyArray.size()),
+                         utf8FromUtf16({static_cast<char16_t>(character)}),
+                         title ? *title : std::string()};
   const auto registration = platform().hotKeys.registerHotKey(keyCode, carbonModifiers, id);
   gHotkeyArray.push_back({registration.reference, targetItem, carbonModifiers, character});
 }

@@ -19,7 +19,7 @@ MacHotKeys::~MacHotKeys() {
 }
 
 HotKeyRegistration MacHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                              EventHotKeyID id) {
+                                              const EventHotKeyID& id) {
   const ::EventHotKeyID ours{id.signature, ++last_};
   ::EventHotKeyRef key = nullptr;
   const ::OSStatus status =

@@ -17,7 +17,7 @@ public:
 
   void setEventTarget(EventTarget* target) override { target_ = target; }
   HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                    EventHotKeyID id) override;
+                                    const EventHotKeyID& id) override;
   OSStatus unregisterHotKey(EventHotKeyRef reference) override;
 
   /// Our reference for one of the system's that was released; nothing when that has been handled

@@ -6,7 +6,7 @@
 namespace tavrel {
 
 HotKeyRegistration MemoryHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                                 EventHotKeyID id) {
+                                                 const EventHotKeyID& id) {
   if (control.onRegister)
     control.onRegister();
   char line[64];

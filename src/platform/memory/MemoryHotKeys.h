@@ -30,7 +30,7 @@ public:
 
   void setEventTarget(EventTarget* target) override { target_ = target; }
   HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                    EventHotKeyID id) override;
+                                    const EventHotKeyID& id) override;
   OSStatus unregisterHotKey(EventHotKeyRef reference) override;
 
   /// The user presses and releases the combination; false when nobody has it registered.

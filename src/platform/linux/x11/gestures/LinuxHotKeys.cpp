@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace tavrel {
@@ -15,13 +16,32 @@ namespace tavrel {
 namespace {
 Q_LOGGING_CATEGORY(hotKeyLog, "tavrel.hotkeys")
 
-constexpr const char* noKeyHere = "this keyboard has no such key";
-constexpr const char* anotherProgram = "another program has this key";
-constexpr const char* anotherItem = "another item has this key";
+constexpr const char* noKeyHere = "no key of this keyboard is it; choose another one";
+constexpr const char* anotherProgram =
+    "another program has this key; choose another one, or end that program's use of it";
+constexpr const char* anotherItem = "another item has this key; choose another one for either";
 
 bool liesOnAnyOf(const ServerKeySet& keys, const std::vector<KeyGrab>& grabs) {
   return std::any_of(grabs.begin(), grabs.end(),
                      [&](const KeyGrab& grab) { return keys[grab.key]; });
+}
+
+bool has(const std::vector<KeyGrab>& grabs, const KeyGrab& wanted) {
+  return std::ranges::find(grabs, wanted) != grabs.end();
+}
+
+bool hasAll(const std::vector<KeyGrab>& grabs, const std::vector<KeyGrab>& wanted) {
+  return std::ranges::all_of(wanted, [&](const KeyGrab& each) { return has(grabs, each); });
+}
+
+std::vector<std::vector<KeyGrab>> byServerKey(const std::vector<KeyGrab>& grabs) {
+  std::map<std::uint8_t, std::vector<KeyGrab>> keys;
+  for (const KeyGrab& grab : grabs)
+    keys[grab.key].push_back(grab);
+  std::vector<std::vector<KeyGrab>> all;
+  for (auto& [key, ofKey] : keys)
+    all.push_back(std::move(ofKey));
+  return all;
 }
 } // namespace
 
@@ -45,31 +65,38 @@ LinuxHotKeys::~LinuxHotKeys() {
 }
 
 HotKeyRegistration LinuxHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                                EventHotKeyID) {
-  Registered key{keyCode, modifiers, lastReference_ + 1, {}};
-  if (const char* why = grab(key)) {
+                                                const EventHotKeyID& id) {
+  Registered& key =
+      registered_.emplace_back(keyCode, modifiers, ++lastReference_, id, std::vector<KeyGrab>());
+  const char* why = grab(key);
+  if (why)
     warnOf(key, why);
-    return {hotKeyStatus::taken, 0};
-  }
-  registered_.push_back(std::move(key));
-  return {hotKeyStatus::registered, ++lastReference_};
+  return {why ? hotKeyStatus::taken : hotKeyStatus::registered, key.reference};
 }
 
-/// Null when all combinations are grabbed, else the reason why not.
+/// Null when it has a key, else the reason why not. What is grabbed already stays so.
 const char* LinuxHotKeys::grab(Registered& key) {
-  const auto same = [&](const Registered& other) {
-    return other.keyCode == key.keyCode && other.modifiers == key.modifiers &&
-           other.reference != key.reference;
-  };
-  if (std::any_of(registered_.begin(), registered_.end(), same))
+  if (isAnotherItems(key))
     return anotherItem;
-  auto grabs = grabsFor(keys_, key.keyCode, key.modifiers);
-  if (grabs.empty() || !connection_)
+  const auto wanted = grabsFor(keys_, key.keyCode, key.modifiers);
+  if (wanted.empty() || !connection_)
     return noKeyHere;
-  if (!grabKeys(*connection_, grabs, keyBuffer_ ? FollowingKeys::frozen : FollowingKeys::delivered))
-    return anotherProgram;
-  key.grabs = std::move(grabs);
-  return nullptr;
+  const auto following = keyBuffer_ ? FollowingKeys::frozen : FollowingKeys::delivered;
+  for (const std::vector<KeyGrab>& ofOneKey : byServerKey(wanted)) {
+    if (hasAll(key.grabs, ofOneKey))
+      continue;
+    std::erase_if(key.grabs, [&](const KeyGrab& grab) { return grab.key == ofOneKey[0].key; });
+    if (grabKeys(*connection_, ofOneKey, following))
+      key.grabs.insert(key.grabs.end(), ofOneKey.begin(), ofOneKey.end());
+  }
+  return key.grabs.empty() ? anotherProgram : nullptr;
+}
+
+bool LinuxHotKeys::isAnotherItems(const Registered& key) const {
+  return std::ranges::any_of(registered_, [&](const Registered& other) {
+    return other.keyCode == key.keyCode && other.modifiers == key.modifiers &&
+           other.reference != key.reference && !other.grabs.empty();
+  });
 }
 
 OSStatus LinuxHotKeys::unregisterHotKey(EventHotKeyRef reference) {
@@ -102,16 +129,18 @@ void LinuxHotKeys::followLayout() {
   if (!connection_)
     return;
   keys_ = serverKeys(*connection_);
-  std::vector<std::pair<Registered*, bool>> moving; // and whether it was grabbed before
+  std::vector<bool> worked;
   for (Registered& key : registered_) {
-    if (!key.grabs.empty() && key.grabs == grabsFor(keys_, key.keyCode, key.modifiers))
-      continue;
-    moving.emplace_back(&key, !key.grabs.empty());
-    ungrabKeys(*connection_, std::exchange(key.grabs, {}));
+    worked.push_back(!key.grabs.empty());
+    const auto wanted = grabsFor(keys_, key.keyCode, key.modifiers);
+    const auto moved = std::ranges::stable_partition(
+        key.grabs, [&](const KeyGrab& grab) { return has(wanted, grab); });
+    ungrabKeys(*connection_, {moved.begin(), moved.end()});
+    key.grabs.erase(moved.begin(), moved.end());
   }
-  for (const auto& [key, worked] : moving)
-    if (const char* why = grab(*key); why && worked)
-      warnOf(*key, why);
+  for (std::size_t i = 0; i < registered_.size(); ++i)
+    if (const char* why = grab(registered_[i]); why && worked[i])
+      warnOf(registered_[i], why);
 }
 
 void LinuxHotKeys::suspend(const ServerKeySet& keys) {
@@ -124,15 +153,15 @@ void LinuxHotKeys::suspend(const ServerKeySet& keys) {
 void LinuxHotKeys::resume(const ServerKeySet& keys) {
   for (Registered& key : registered_)
     if (liesOnAnyOf(keys, key.grabs))
-      if (const char* why = grab(key)) {
-        key.grabs.clear();
+      if (key.grabs.clear(); const char* why = grab(key))
         warnOf(key, why);
-      }
 }
 
 void LinuxHotKeys::warnOf(const Registered& key, const char* why) const {
-  qCWarning(hotKeyLog, "%s: %s", combinationInWords(keys_, key.keyCode, key.modifiers).c_str(),
-            why);
+  const std::string& item = key.id.item;
+  qCWarning(hotKeyLog, "the shortcut \"%s\" of %s (%s): %s", key.id.shortcut.c_str(),
+            item.empty() ? "the menu" : ('"' + item + '"').c_str(),
+            combinationInWords(keys_, key.keyCode, key.modifiers).c_str(), why);
 }
 
 void LinuxHotKeys::hotKeyPressed() {

@@ -18,8 +18,9 @@ class OwnKeystrokes;
 
 /// Hot keys by passive grabs on the toolkit's connection: grabbed on another one, a hot key that is
 /// still down would keep our own menu from grabbing the keyboard. A hot key is a place on the
-/// keyboard, and the grabs follow when the layout changes. One line on standard error names a
-/// combination that cannot be grabbed, as "Ctrl+Alt+1".
+/// keyboard, and the grabs follow when the layout changes; a refused one is tried again then. Where
+/// several keys have the code (F13 and Print), one that is free is enough. One line on standard
+/// error names a combination that cannot be grabbed, what it is for, and what to do.
 class LinuxHotKeys final : public HotKeys {
 public:
   /// Needs a QGuiApplication. Keystrokes of our own are no hot keys. The buffer, if any, keeps what
@@ -31,7 +32,7 @@ public:
   void setEventTarget(EventTarget* target) override { target_ = target; }
   /// `hotKeyStatus::taken` also for a combination that is registered already.
   HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                    EventHotKeyID id) override;
+                                    const EventHotKeyID& id) override;
   OSStatus unregisterHotKey(EventHotKeyRef reference) override;
 
 private:
@@ -39,10 +40,12 @@ private:
     std::uint32_t keyCode = 0;
     std::uint32_t modifiers = 0;
     EventHotKeyRef reference = 0;
+    EventHotKeyID id;
     std::vector<KeyGrab> grabs; ///< empty while the layout lacks a key or another program has it
   };
 
   [[nodiscard]] const char* grab(Registered& key);
+  [[nodiscard]] bool isAnotherItems(const Registered& key) const;
   [[nodiscard]] bool isRegistered(EventHotKeyRef reference) const;
   [[nodiscard]] EventHotKeyRef find(std::uint8_t key, std::uint16_t modifiers) const;
   void followLayout();

@@ -44,6 +44,8 @@ std::optional<std::uint16_t> serverMask(const ServerModifiers& server, std::uint
   return mask;
 }
 
+constexpr std::uint32_t places = 128; // of virtual key codes
+
 std::string nameOfKey(const ServerKeys& keys, std::uint32_t keyCode) {
   for (std::size_t key = 0; keys.keymap && key < keys.translation.size(); ++key) {
     const xkb_keysym_t* symbols = nullptr;
@@ -59,7 +61,7 @@ std::string nameOfKey(const ServerKeys& keys, std::uint32_t keyCode) {
       xkb_keysym_get_name(symbol, name.data(), name.size());
     return name.data();
   }
-  return "key " + std::to_string(keyCode);
+  return keyCode < places ? "key " + std::to_string(keyCode) : "no key";
 }
 
 } // namespace

@@ -78,7 +78,7 @@ public:
 private:
   void setEventTarget(EventTarget* target) override { target_ = target; }
   HotKeyRegistration registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
-                                    EventHotKeyID id) override {
+                                    const EventHotKeyID& id) override {
     return adapter.registerHotKey(keyCode, modifiers, id);
   }
   OSStatus unregisterHotKey(EventHotKeyRef reference) override {
@@ -196,7 +196,8 @@ TEST_F(LinuxHotKey, ARefusalIsOneLineAndLeavesNothingGrabbed) {
   EXPECT_EQ(add(keyOne, eventModifier::command | eventModifier::option).status,
             hotKeyStatus::taken);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-            "tavrel.hotkeys: Ctrl+Alt+1: another program has this key\n");
+            "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+Alt+1): another program has this "
+            "key; choose another one, or end that program's use of it\n");
   FakeInput third;
   EXPECT_TRUE(third.grabKey(serverKey::one, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1))
       << "the combinations that were free stay free";
@@ -207,7 +208,8 @@ TEST_F(LinuxHotKey, TheSameCombinationTwiceIsTaken) {
   ::testing::internal::CaptureStderr();
   EXPECT_EQ(add(keyOne, eventModifier::command).status, hotKeyStatus::taken);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-            "tavrel.hotkeys: Ctrl+1: another item has this key\n");
+            "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+1): another item has this key; "
+            "choose another one for either\n");
   world.press(keyOne, eventModifier::command);
   EXPECT_THAT(references(), ::testing::ElementsAre(first));
 }
@@ -215,12 +217,55 @@ TEST_F(LinuxHotKey, TheSameCombinationTwiceIsTaken) {
 TEST_F(LinuxHotKey, AKeyThatThisKeyboardLacksIsRefusedByName) {
   ::testing::internal::CaptureStderr();
   EXPECT_EQ(add(127, allModifiers).status, hotKeyStatus::taken);
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-            "tavrel.hotkeys: Ctrl+Alt+Shift+Super+key 127: this keyboard has no such key\n");
+  EXPECT_EQ(
+      ::testing::internal::GetCapturedStderr(),
+      "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+Alt+Shift+Super+key 127): no key of "
+      "this keyboard is it; choose another one\n");
   ::testing::internal::CaptureStderr();
-  EXPECT_EQ(add(0xFFFF, eventModifier::command).status, hotKeyStatus::taken);
+  const EventHotKeyID id{0, 0, "\u00E9", "Backup"};
+  EXPECT_EQ(hotKeys.registerHotKey(0xFFFFFFFF, eventModifier::command, id).status,
+            hotKeyStatus::taken);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-            "tavrel.hotkeys: Ctrl+key 65535: this keyboard has no such key\n");
+            "tavrel.hotkeys: the shortcut \"\u00E9\" of \"Backup\" (Ctrl+no key): no key of this "
+            "keyboard is it; choose another one\n");
+}
+
+TEST_F(LinuxHotKey, ARefusedKeyIsTriedAgainWhenTheLayoutChanges) {
+  const auto restore = qScopeGuard([] { execute("setxkbmap", {"us"}); });
+  ASSERT_TRUE(world.other.grabKey(serverKey::one, XCB_MOD_MASK_CONTROL));
+  const auto refused = add(keyOne, eventModifier::command);
+  EXPECT_EQ(refused.status, hotKeyStatus::taken);
+  EXPECT_FALSE(works());
+  world.other.ungrabKey(serverKey::one, XCB_MOD_MASK_CONTROL);
+  execute("setxkbmap", {"de"});
+  EXPECT_TRUE(eventually([this] { return works(); }));
+  EXPECT_THAT(references(), ::testing::ElementsAre(refused.reference));
+}
+
+TEST_F(LinuxHotKey, AModifierThatComesWithALayoutWorksFromThenOn) {
+  const auto restore = qScopeGuard([] { execute("setxkbmap", {"us"}); });
+  execute("xmodmap", {"-e", "clear mod4"});
+  const auto superIsThere = [this] {
+    const auto key = add(keyTwo, eventModifier::control);
+    (void)hotKeys.unregisterHotKey(key.reference);
+    return key.status == hotKeyStatus::registered;
+  };
+  EXPECT_TRUE(eventually([&] { return !superIsThere(); }));
+  EXPECT_EQ(add(keyOne, eventModifier::control).status, hotKeyStatus::taken);
+  execute("setxkbmap", {"us"});
+  EXPECT_TRUE(eventually(superIsThere));
+  EXPECT_TRUE(works(keyOne, eventModifier::control));
+}
+
+TEST_F(LinuxHotKey, OneOfSeveralKeysWithItsCodeIsEnough) {
+  constexpr std::uint32_t placeOfF13 = 105; // Print has the same
+  constexpr std::uint8_t print = 107, f13 = 191;
+  ASSERT_TRUE(world.other.grabKey(print, XCB_MOD_MASK_CONTROL));
+  EXPECT_EQ(add(placeOfF13, eventModifier::command).status, hotKeyStatus::registered);
+  world.keyboard.down(serverKey::control);
+  world.keyboard.tap(f13);
+  world.keyboard.up(serverKey::control);
+  EXPECT_EQ(references().size(), 1U);
 }
 
 TEST_F(LinuxHotKey, UnregisteringReleasesTheKeyAtOnce) {
