@@ -15,6 +15,7 @@
 //                       the given one
 //     delay=MS        before it copies
 //     primary=TEXT    what it offers as the selection PRIMARY
+//     paste=MS        how long after Shift+Insert it reads the clipboard; LOG gets "pasted TEXT"
 // LOG gets a line for each key press that it handles, by Qt's name, and "ready" at first.
 #include "contract/linux/x11/clipboard/SelectionClient.h"
 
@@ -57,6 +58,10 @@ private:
     write(QKeySequence(event->keyCombination()).toString().toStdString());
     if (event->matches(QKeySequence::Copy) && settings_.contains("selected"))
       answer();
+    if (event->matches(QKeySequence::Paste) && settings_.contains("paste"))
+      QTimer::singleShot(text("paste").toInt(), this, [this] {
+        write("pasted " + QGuiApplication::clipboard()->text().toStdString());
+      });
   }
 
   void answer() {

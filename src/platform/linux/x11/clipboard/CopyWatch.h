@@ -34,6 +34,8 @@ public:
   /// Whether the window's program answers a ping within two seconds; true for one that answers none
   /// at all.
   [[nodiscard]] bool isResponding(xcb_window_t window);
+  /// Whether the window answers pings at all.
+  [[nodiscard]] bool isAnswering(xcb_window_t window) { return pings_.isAnswering(window); }
   /// What the program copies from now on is no part of the capture any more.
   void end() { isCapturing_ = false; }
   /// No program is asked this time.

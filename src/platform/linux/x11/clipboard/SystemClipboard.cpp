@@ -19,6 +19,7 @@ constexpr auto owedInterval = std::chrono::seconds(1);
 constexpr auto idleInterval = std::chrono::hours(1);
 constexpr auto readTimeout = std::chrono::seconds(2);
 constexpr auto pasteTimeout = std::chrono::milliseconds(500);
+constexpr auto blindPasteTimeout = std::chrono::seconds(2); // of windows that answer no pings
 constexpr auto ownerTimeout = std::chrono::milliseconds(300);
 constexpr int attemptLimit = 3;
 
@@ -153,7 +154,8 @@ void SystemClipboard::awaitPaste(xcb_window_t window, std::chrono::milliseconds 
     return server_.isIdle() && server_.lastReader() != XCB_WINDOW_NONE &&
            watch_.source()->made(server_.lastReader());
   };
-  const SelectionTime end = std::chrono::steady_clock::now() + pasteTimeout;
+  const SelectionTime end = std::chrono::steady_clock::now() +
+                            (watch_.isAnswering(window) ? pasteTimeout : blindPasteTimeout);
   while (answer != CopyAnswer::silent && !isRead() && std::chrono::steady_clock::now() < end) {
     connection_.wait([](const xcb_generic_event_t&) { return false; }, isRead,
                      std::chrono::steady_clock::now() + busyInterval);

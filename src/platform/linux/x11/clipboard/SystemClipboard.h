@@ -51,7 +51,8 @@ public:
   /// Whether the program of this window answers a ping within two seconds.
   [[nodiscard]] bool isResponding(xcb_window_t window) { return watch_.isResponding(window); }
   /// Waits until the program has handled a paste keystroke and read the clipboard, half a second
-  /// each at most: what is restored before that would be pasted.
+  /// each at most, or two seconds where the window answers no pings (Java): what is restored before
+  /// that would be pasted.
   void awaitPaste(xcb_window_t window, std::chrono::milliseconds settle);
   /// Whether the selection PRIMARY is of the program of this window: something is marked there, or
   /// was.

@@ -159,6 +159,23 @@ TEST_F(SelectionFixture, APasteGoesToTheWindowThatWasCaptured) {
   EXPECT_TRUE(eventually([&] { return keys().back() == "Shift+Ins"; }));
 }
 
+// As Java does under load.
+TEST_F(SelectionFixture, AProgramThatAnswersNoPingsHasTimeToPaste) {
+  front(answering("once") + QStringList{QStringLiteral("paste=1200")});
+  ASSERT_EQ(QProcess::execute(QStringLiteral("xprop"),
+                              {QStringLiteral("-id"), QString::number(windows.activeWindow()),
+                               QStringLiteral("-remove"), QStringLiteral("WM_PROTOCOLS")}),
+            0);
+  EXPECT_EQ(captureText(), "Words");
+  save();
+  general.declareTypes({pasteboardType::string});
+  ASSERT_TRUE(general.setString("answer", pasteboardType::string));
+  post(KeyPurpose::pasteSelection, {'v', 9, KeyDirection::down});
+  restore();
+  EXPECT_TRUE(eventually([&] { return keys().back() == "pasted answer"; })) << keys().back();
+  EXPECT_TRUE(clipboardIsAsBefore());
+}
+
 TEST_F(SelectionFixture, APasteForAnotherProcessGoesNowhere) {
   front(answering("once"));
   EXPECT_EQ(captureText(), "Words");
