@@ -99,7 +99,8 @@ answers() {
   # Writer takes no key to paste while it saves.
   paste_over() { clipboard_is_as_before && idle "$(front_process)"; }
   wait_for 20 "the paste" paste_over
-  line_is_upper() { press ctrl+s && [ "$(text_of "$file" | head -n 1)" = "$upper" ]; }
+  upper_is_saved() { [ "$(text_of "$file" | head -n 1)" = "$upper" ]; }
+  line_is_upper() { press ctrl+s && within 3 upper_is_saved; }
   within 10 line_is_upper || { wrong "the line is $(text_of "$file" | head -n 1), not $upper"; return 0; }
   words=$upper
 }
