@@ -89,7 +89,7 @@ void TVController::addHotKey2(std::uint16_t character, std::uint32_t carbonModif
                               const std::optional<PropertyList>& targetItem) {
   const std::string* title = targetItem ? targetItem->stringFor(TVR_MenuItemTitle) : nullptr;
   const EventHotKeyID id{hotKeySignature, static_cast<std::uint32_t>(gHotkeyArray.size()),
-                         utf8FromUtf16({static_cast<char16_t>(character)}),
+                         utf8FromUtf16(std::u16string(1, static_cast<char16_t>(character))),
                          title ? *title : std::string()};
   const auto registration = platform().hotKeys.registerHotKey(keyCode, carbonModifiers, id);
   gHotkeyArray.push_back({registration.reference, targetItem, carbonModifiers, character});

@@ -28,9 +28,13 @@ PressedHotKeys::PressedHotKeys(Find find, std::function<void()> onPress, OnRelea
 }
 
 void PressedHotKeys::forget(EventHotKeyRef reference) {
-  for (auto& [key, held] : pressed_)
-    if (held == reference)
-      held = 0;
+  for (auto& [key, press] : pressed_)
+    if (press.reference == reference)
+      press.reference = 0;
+}
+
+EventHotKeyRef PressedHotKeys::hotKeyOf(std::uint8_t key, const Press& press) const {
+  return press.reference != 0 ? press.reference : find_(key, press.modifiers);
 }
 
 bool PressedHotKeys::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
@@ -59,12 +63,13 @@ bool PressedHotKeys::recordPress(const xcb_key_press_event_t& event) {
   if (repeat && (pressed_.contains(event.detail) || find_(event.detail, event.state & 0xFF) != 0))
     return true;
   if (const auto gone = pressed_.extract(event.detail); !gone.empty())
-    onRelease_(gone.mapped()); // it went up and down again before the events were read
-  const EventHotKeyRef reference =
-      event.event == event.root ? find_(event.detail, event.state & 0xFF) : 0;
+    onRelease_(hotKeyOf(gone.key(),
+                        gone.mapped())); // it went up and down again before the events were read
+  const auto modifiers = static_cast<std::uint16_t>(event.state & 0xFF);
+  const EventHotKeyRef reference = event.event == event.root ? find_(event.detail, modifiers) : 0;
   if (reference == 0)
     return false;
-  pressed_[event.detail] = reference;
+  pressed_[event.detail] = {reference, modifiers};
   onPress_();
   releasePoll_.start();
   return true;
@@ -90,7 +95,7 @@ void PressedHotKeys::reportReleases() {
   std::erase_if(pressed_, [&](const auto& held) {
     if (!isUp(held.first))
       return false;
-    onRelease_(held.second);
+    onRelease_(hotKeyOf(held.first, held.second));
     return true;
   });
   if (pressed_.empty())

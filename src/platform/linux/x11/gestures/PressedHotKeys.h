@@ -19,12 +19,13 @@ class PressedHotKeys final : private QAbstractNativeEventFilter {
 public:
   /// The hot key that has this server key code with these modifier bits; 0 for none.
   using Find = std::function<EventHotKeyRef(std::uint8_t key, std::uint16_t modifiers)>;
-  /// Called with 0 when the hot key was unregistered while it was down.
+  /// Called with 0 when the hot key was unregistered while it was down, and none is in its place.
   using OnRelease = std::function<void(EventHotKeyRef)>;
 
   PressedHotKeys(Find find, std::function<void()> onPress, OnRelease onRelease);
 
-  /// The hot key is unregistered; its key may still be down.
+  /// The hot key is unregistered; its key may still be down. If one is registered for it by the
+  /// time it goes up, that one is meant: all are registered anew when one is handed on.
   void forget(EventHotKeyRef reference);
 
 private:
@@ -39,7 +40,13 @@ private:
   Find find_;
   std::function<void()> onPress_;
   OnRelease onRelease_;
-  std::map<std::uint8_t, EventHotKeyRef> pressed_; ///< by server key code; 0: unregistered since
+  struct Press {
+    EventHotKeyRef reference = 0; ///< 0: unregistered since
+    std::uint16_t modifiers = 0;
+  };
+  [[nodiscard]] EventHotKeyRef hotKeyOf(std::uint8_t key, const Press& press) const;
+
+  std::map<std::uint8_t, Press> pressed_; ///< by server key code
   KeyEventTime lastRelease_;
   QTimer releasePoll_;
 };

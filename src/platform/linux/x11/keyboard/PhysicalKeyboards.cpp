@@ -16,13 +16,29 @@ namespace {
 constexpr std::uint32_t keyMask =
     XCB_INPUT_XI_EVENT_MASK_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_KEY_RELEASE;
 
+enum class KeyboardKind { physical, ofPrograms };
+
 // The server has a slave keyboard for XTest events, too, which no user can press.
-bool isPhysical(const xcb_input_xi_device_info_t& device) {
+bool isKeyboard(const xcb_input_xi_device_info_t& device, KeyboardKind kind) {
   const std::string_view name(
       xcb_input_xi_device_info_name(&device),
       static_cast<std::size_t>(xcb_input_xi_device_info_name_length(&device)));
+  const bool isOfPrograms = name.find("XTEST") != std::string_view::npos;
   return device.type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD &&
-         name.find("XTEST") == std::string_view::npos;
+         isOfPrograms == (kind == KeyboardKind::ofPrograms);
+}
+
+std::vector<std::uint16_t> keyboards(xcb_connection_t& connection, KeyboardKind kind) {
+  std::vector<std::uint16_t> found;
+  const auto devices = xcbReply(xcb_input_xi_query_device_reply(
+      &connection, xcb_input_xi_query_device(&connection, XCB_INPUT_DEVICE_ALL), nullptr));
+  if (!devices)
+    return found;
+  for (auto at = xcb_input_xi_query_device_infos_iterator(devices.get()); at.rem > 0;
+       xcb_input_xi_device_info_next(&at))
+    if (isKeyboard(*at.data, kind))
+      found.push_back(at.data->deviceid);
+  return found;
 }
 
 xcb_input_xi_grab_device_cookie_t requestGrab(xcb_connection_t& connection, std::uint16_t device) {
@@ -50,16 +66,11 @@ std::optional<xcb_key_press_event_t> coreEventOf(const xcb_generic_event_t& even
 } // namespace
 
 std::vector<std::uint16_t> physicalKeyboards(xcb_connection_t& connection) {
-  std::vector<std::uint16_t> keyboards;
-  const auto devices = xcbReply(xcb_input_xi_query_device_reply(
-      &connection, xcb_input_xi_query_device(&connection, XCB_INPUT_DEVICE_ALL), nullptr));
-  if (!devices)
-    return keyboards;
-  for (auto at = xcb_input_xi_query_device_infos_iterator(devices.get()); at.rem > 0;
-       xcb_input_xi_device_info_next(&at))
-    if (isPhysical(*at.data))
-      keyboards.push_back(at.data->deviceid);
-  return keyboards;
+  return keyboards(connection, KeyboardKind::physical);
+}
+
+std::vector<std::uint16_t> programKeyboards(xcb_connection_t& connection) {
+  return keyboards(connection, KeyboardKind::ofPrograms);
 }
 
 PhysicalKeyboards::PhysicalKeyboards(xcb_connection_t& connection)

@@ -31,4 +31,7 @@ private:
 /// Their device numbers.
 [[nodiscard]] std::vector<std::uint16_t> physicalKeyboards(xcb_connection_t& connection);
 
+/// Those of the keyboards that programs post through (XTest).
+[[nodiscard]] std::vector<std::uint16_t> programKeyboards(xcb_connection_t& connection);
+
 } // namespace tavrel

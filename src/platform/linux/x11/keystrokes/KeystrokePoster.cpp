@@ -39,6 +39,26 @@ std::vector<ServerKey> keyEvents(const ServerKeySet& keys, KeyDirection directio
   return all;
 }
 
+struct HeldModifiers {
+  ServerKeySet keys;           ///< that are down, and that the chord needs
+  std::vector<ServerKey> rest; ///< of the chord
+};
+
+HeldModifiers heldModifiers(const KeyChord& chord, const ServerKeySet& down,
+                            const ModifierKeys& modifiers, std::uint8_t inForce) {
+  HeldModifiers held;
+  for (const ServerKey& key : chord.keys) {
+    ServerKeySet same;
+    for (std::size_t code = 0; code < down.size(); ++code)
+      same[code] = down[code] && (modifiers.bits[code] & inForce) != 0 &&
+                   modifiers.bits[code] == modifiers.bits[key.code];
+    held.keys |= same;
+    if (same.none())
+      held.rest.push_back(key);
+  }
+  return held;
+}
+
 ServerKeySet codesOf(const KeyChord& chord) {
   ServerKeySet codes;
   for (const ServerKey& key : chord.keys)
@@ -55,6 +75,15 @@ KeystrokePoster::KeystrokePoster(DesktopWindows& windows, OwnKeystrokes& own)
   chordTimeout_.callOnTimeout([this] { sendChord(); });
   releasePoll_.setInterval(releasePollInterval);
   releasePoll_.callOnTimeout([this] { releaseWithUser(); });
+}
+
+KeystrokePoster::~KeystrokePoster() {
+  if (pressedAgain_.none() || !hasServer())
+    return;
+  own_.begin();
+  server_->send(keyEvents(pressedAgain_, KeyDirection::up));
+  server_->roundTrip();
+  own_.end();
 }
 
 bool KeystrokePoster::hasServer() {
@@ -89,10 +118,8 @@ void KeystrokePoster::sendChord() {
   if (!keymap)
     return;
   bringToFront(process_);
-  const KeyChord chord = chordNow(events, *keymap);
-  type(
-      {chord, server_->modifierKeys(*keymap), server_->group()}, [&] { server_->send(chord.keys); },
-      [] {});
+  (void)type({chordNow(events, *keymap), server_->modifierKeys(*keymap), server_->group(), 0},
+             [] {});
 }
 
 KeyChord KeystrokePoster::chordNow(const std::vector<KeyboardEvent>& events, xkb_keymap& keymap) {
@@ -107,43 +134,52 @@ bool KeystrokePoster::typeTo(WindowId window, const std::vector<KeyboardEvent>& 
   if (!keymap)
     return false;
   const KeyChord keys = chordNow(chord, *keymap);
+  return keys.isWhole &&
+         type({keys, server_->modifierKeys(*keymap), server_->group(), window}, meanwhile);
+}
+
+bool KeystrokePoster::type(const Typing& typing, const std::function<void()>& meanwhile) {
   bool isTyped = false;
-  if (keys.isWhole)
-    type(
-        {keys, server_->modifierKeys(*keymap), server_->group()},
-        [&] { isTyped = server_->sendTo(window, keys.keys); },
-        [&] {
-          if (isTyped)
-            meanwhile();
-        });
+  withGrabReleased(typing.modifiers.keys, [&] {
+    ServerKeySet released;
+    own_.postPastHotKeys(codesOf(typing.chord), [&] {
+      server_->alone([&] {
+        isTyped = typing.window == 0 || server_->hasFocus(typing.window);
+        if (isTyped)
+          released = sendAlone(typing);
+      });
+    });
+    if (isTyped)
+      meanwhile();
+    return released;
+  });
   return isTyped;
 }
 
-// Keys that we pressed again for the user are released, too: the server ignores the press of a key
-// that is down.
-void KeystrokePoster::type(const Typing& typing, const std::function<void()>& post,
-                           const std::function<void()>& meanwhile) {
-  const auto& [chord, modifiers, group] = typing;
-  withGrabReleased(modifiers, [&, &chord = chord, &modifiers = modifiers, group = group] {
-    const ServerKeySet disturbing =
-        KeyboardGrab::isHeld() ? ~ServerKeySet() : modifiers | codesOf(chord);
-    // The server may not see a key go up while its keyboard is grabbed.
-    const ServerKeySet released = server_->down() & disturbing;
-    server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
-    if (chord.group != group)
-      server_->lockGroup(chord.group);
-    own_.postPastHotKeys(codesOf(chord), [&] {
-      post();
-      server_->roundTrip();
-    });
-    if (chord.group != group)
-      server_->lockGroup(group);
-    meanwhile();
-    return released;
-  });
+// Answers what may be otherwise than the user has it now. Keys that we pressed again for the user
+// are released, too: the server ignores the press of a key that is down.
+ServerKeySet KeystrokePoster::sendAlone(const Typing& typing) {
+  const ServerKeySet& modifiers = typing.modifiers.keys;
+  const ServerKeySet disturbing =
+      KeyboardGrab::isHeld() ? ~ServerKeySet() : modifiers | codesOf(typing.chord);
+  const ServerKeySet down = server_->down();
+  const HeldModifiers held =
+      heldModifiers(typing.chord, down, typing.modifiers, server_->modifiersInForce());
+  // The server may not see a key go up while its keyboard is grabbed.
+  const ServerKeySet released = down & disturbing & ~held.keys;
+  const ServerKeySet ofPrograms = server_->downByPrograms() & released & modifiers & ~pressedAgain_;
+  const ServerKeySet own = std::exchange(pressedAgain_, pressedAgain_ & held.keys) & ~held.keys;
+  server_->send(keyEvents(released | own, KeyDirection::up));
+  if (typing.chord.group != typing.group)
+    server_->lockGroup(typing.chord.group);
+  server_->send(held.rest);
+  if (typing.chord.group != typing.group)
+    server_->lockGroup(typing.group);
+  server_->send(keyEvents(ofPrograms, KeyDirection::down));
+  return (released & ~ofPrograms) | held.keys;
 }
 
-// `work` answers which keys it has released.
+// `work` answers which keys it has touched.
 void KeystrokePoster::withGrabReleased(const ServerKeySet& modifiers,
                                        const std::function<ServerKeySet()>& work) {
   own_.begin();
@@ -154,7 +190,7 @@ void KeystrokePoster::withGrabReleased(const ServerKeySet& modifiers,
   ServerKeySet touched = work();
   if (pressed)
     touched |= grabAgain(*pressed);
-  pressAgain(touched & modifiers);
+  restore(touched, modifiers);
   own_.end();
 }
 
@@ -162,7 +198,7 @@ void KeystrokePoster::whileGrabIsReleased(const std::function<void()>& work) {
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return work();
-  withGrabReleased(server_->modifierKeys(*keymap), [&] {
+  withGrabReleased(server_->modifierKeys(*keymap).keys, [&] {
     work();
     return ServerKeySet();
   });
@@ -188,7 +224,7 @@ void KeystrokePoster::retype(const RecordedKeyEvents& events) {
   if (!keymap)
     return;
   const ServerKeySet down = server_->down();
-  const ServerKeySet modifiers = server_->modifierKeys(*keymap);
+  const ServerKeySet modifiers = server_->modifierKeys(*keymap).keys;
   const auto keys = keysToRetype(events, down, modifiers, server_->lockKeys(*keymap));
   if (keys.empty())
     return;
@@ -196,18 +232,29 @@ void KeystrokePoster::retype(const RecordedKeyEvents& events) {
   ServerKeySet released = down & modifiers;
   for (const ServerKey& key : keys)
     released.set(key.code, down[key.code]);
-  server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
-  server_->send(keys);
-  server_->roundTrip();
-  pressAgain(released & modifiers);
+  server_->alone([&] {
+    const ServerKeySet ofPrograms = server_->downByPrograms() & modifiers & ~pressedAgain_;
+    server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
+    server_->send(keys);
+    server_->send(keyEvents(ofPrograms, KeyDirection::down));
+    released &= ~ofPrograms;
+  });
+  restore(released, modifiers);
   own_.end();
 }
 
-// A key that the user has released meanwhile, or that a program had pressed, stays up.
-void KeystrokePoster::pressAgain(const ServerKeySet& released) {
-  pressedAgain_ = released & server_->physicallyDown();
-  server_->send(keyEvents(pressedAgain_, KeyDirection::down));
-  server_->roundTrip();
+// What was touched becomes as the user has it now: the server does not see all that happens while
+// its keyboards are grabbed. What other programs hold stays.
+void KeystrokePoster::restore(const ServerKeySet& touched, const ServerKeySet& modifiers) {
+  server_->alone([&] {
+    const ServerKeySet physical = server_->physicallyDown();
+    const ServerKeySet ofPrograms = server_->downByPrograms() & ~pressedAgain_;
+    const ServerKeySet down = server_->down();
+    const ServerKeySet missing = touched & modifiers & physical & ~down;
+    pressedAgain_ |= missing;
+    server_->send(keyEvents(missing, KeyDirection::down));
+    server_->send(keyEvents(touched & down & ~physical & ~ofPrograms, KeyDirection::up));
+  });
   releaseWithUser();
 }
 

@@ -17,15 +17,21 @@ namespace tavrel {
 
 /// Posts keystrokes to the focused client (XTest). Key events are gathered until every key of the
 /// chord is up again; then the chord is posted at once. Around it our own keyboard grab is
-/// released, the modifiers that the user holds are released, too, and pressed again afterwards if
-/// the user still holds them. A chord that is not complete within a tenth of a second is posted as
-/// it is.
+/// released. Modifiers that are down and that the chord needs stay down, and are not posted; others
+/// are released, and pressed again afterwards if the user, or the program that posted them (another
+/// machine's keyboard), still holds them. A chord that is not complete within a tenth of a second
+/// is posted as it is.
 class KeystrokePoster {
 public:
   /// Called with a complete chord that is no plain keystroke, and the process it is for.
   using SelectionHandler = std::function<void(KeyPurpose, std::int32_t process)>;
 
   KeystrokePoster(DesktopWindows& windows, OwnKeystrokes& own);
+  /// What was pressed again for the user goes up: nobody would release it.
+  ~KeystrokePoster();
+  KeystrokePoster(const KeystrokePoster&) = delete;
+  KeystrokePoster& operator=(const KeystrokePoster&) = delete;
+
   void setSelectionHandler(SelectionHandler handler) { selectionHandler_ = std::move(handler); }
 
   /// False without a server to post to.
@@ -53,15 +59,16 @@ private:
   [[nodiscard]] bool isInFront(std::int32_t process);
   struct Typing {
     KeyChord chord;
-    ServerKeySet modifiers; ///< of the keyboard
+    ModifierKeys modifiers; ///< of the keyboard
     std::uint32_t group;    ///< in force
+    WindowId window;        ///< that has to have the focus; 0 for any
   };
-  void type(const Typing& typing, const std::function<void()>& post,
-            const std::function<void()>& meanwhile);
+  [[nodiscard]] bool type(const Typing& typing, const std::function<void()>& meanwhile);
+  [[nodiscard]] ServerKeySet sendAlone(const Typing& typing);
   [[nodiscard]] KeyChord chordNow(const std::vector<KeyboardEvent>& events, xkb_keymap& keymap);
   void withGrabReleased(const ServerKeySet& modifiers, const std::function<ServerKeySet()>& work);
   ServerKeySet grabAgain(PhysicalKeyboards& pressed);
-  void pressAgain(const ServerKeySet& released);
+  void restore(const ServerKeySet& touched, const ServerKeySet& modifiers);
   void releaseWithUser();
 
   DesktopWindows& windows_;

@@ -118,6 +118,12 @@ bool KeystrokeServer::capsLockIsOn() {
   return state && (state->lockedMods & XCB_MOD_MASK_LOCK) != 0;
 }
 
+std::uint8_t KeystrokeServer::modifiersInForce() {
+  const auto state = xcbReply(xcb_xkb_get_state_reply(
+      connection_->xcb, xcb_xkb_get_state(connection_->xcb, XCB_XKB_ID_USE_CORE_KBD), nullptr));
+  return state ? state->baseMods : std::uint8_t{0};
+}
+
 ServerKeySet KeystrokeServer::down() {
   const auto keys = xcbReply(
       xcb_query_keymap_reply(connection_->xcb, xcb_query_keymap(connection_->xcb), nullptr));
@@ -131,18 +137,27 @@ ServerKeySet KeystrokeServer::physicallyDown() {
   return keys;
 }
 
-ServerKeySet KeystrokeServer::modifierKeys(xkb_keymap& keymap) {
+ServerKeySet KeystrokeServer::downByPrograms() {
+  ServerKeySet keys;
+  for (const std::uint16_t keyboard : programKeyboards(*connection_->xcb))
+    keys |= keysDownOn(connection_->xcb, keyboard);
+  return keys;
+}
+
+ModifierKeys KeystrokeServer::modifierKeys(xkb_keymap& keymap) {
   const auto map = xcbReply(xcb_get_modifier_mapping_reply(
       connection_->xcb, xcb_get_modifier_mapping(connection_->xcb), nullptr));
-  ServerKeySet keys;
+  ModifierKeys modifiers;
   if (!map)
-    return keys;
+    return modifiers;
   const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(map.get());
   const std::size_t each = map->keycodes_per_modifier;
   for (std::size_t at = 0; at < 8 * each; ++at)
-    if (at / each != XCB_MAP_INDEX_LOCK && codes[at] != 0 && !locks(keymap, codes[at]))
-      keys.set(codes[at]);
-  return keys;
+    if (at / each != XCB_MAP_INDEX_LOCK && codes[at] != 0 && !locks(keymap, codes[at])) {
+      modifiers.keys.set(codes[at]);
+      modifiers.bits[codes[at]] |= static_cast<std::uint8_t>(1U << (at / each));
+    }
+  return modifiers;
 }
 
 ServerKeySet KeystrokeServer::lockKeys(xkb_keymap& keymap) {
@@ -166,14 +181,17 @@ void KeystrokeServer::send(const std::vector<ServerKey>& keys) {
   xcb_flush(connection_->xcb);
 }
 
-bool KeystrokeServer::sendTo(std::uint32_t window, const std::vector<ServerKey>& keys) {
+bool KeystrokeServer::hasFocus(std::uint32_t window) {
+  return isFocusIn(*connection_->xcb, window);
+}
+
+void KeystrokeServer::holdServer() {
   xcb_grab_server(connection_->xcb);
-  const bool hasFocus = isFocusIn(*connection_->xcb, window);
-  if (hasFocus)
-    send(keys);
+}
+
+void KeystrokeServer::releaseServer() {
   xcb_ungrab_server(connection_->xcb);
-  xcb_flush(connection_->xcb);
-  return hasFocus;
+  roundTrip();
 }
 
 void KeystrokeServer::roundTrip() {

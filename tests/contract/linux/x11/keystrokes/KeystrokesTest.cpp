@@ -146,15 +146,34 @@ TEST_F(Keystrokes, ModifiersThatTheUserHoldsDoNotMixInAndAreHeldAfterwards) {
   EXPECT_TRUE(eventually([&] { return server->down().none(); }));
 }
 
-TEST_F(Keystrokes, ModifiersThatAProgramPressedDoNotStayDown) {
+// Such as one that brings the keys of another machine's keyboard.
+TEST_F(Keystrokes, ModifiersThatAProgramHoldsDoNotMixInAndAreHeldUntilItReleasesThem) {
   FakeInput program;
   program.down(serverKey::control);
   program.down(serverKey::alt);
+  recorder.keys.clear();
   world.copy();
+  EXPECT_TRUE(
+      eventually([&] { return !recorder.keys.empty() && recorder.keys.back() == "Ctrl+99"; }));
   const auto server = KeystrokeServer::create();
-  EXPECT_TRUE(eventually([&] { return server->down().none(); }));
+  EXPECT_TRUE(server->down()[serverKey::control]);
+  EXPECT_TRUE(server->down()[serverKey::alt]);
   program.up(serverKey::alt);
   program.up(serverKey::control);
+  EXPECT_TRUE(server->down().none());
+}
+
+TEST_F(Keystrokes, AModifierThatIsHeldAndNeededIsNotTypedOnceMore) {
+  for (const Device device : {Device::keyboard, Device::program}) {
+    FakeInput keys(device);
+    keys.down(serverKey::rightControl);
+    recorder.keys.clear();
+    world.copy();
+    EXPECT_TRUE(arrives("Ctrl+99")) << ::testing::PrintToString(recorder.keys);
+    EXPECT_TRUE(KeystrokeServer::create()->down()[serverKey::rightControl]);
+    keys.up(serverKey::rightControl);
+    EXPECT_TRUE(KeystrokeServer::create()->down().none());
+  }
 }
 
 } // namespace

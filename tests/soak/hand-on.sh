@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# The hot key of a hidden item reaches the application in front, each time, as the same keystroke.
+#   hand-on.sh PROGRAM SOAK [COUNT]      SOAK: hand_on_soak; COUNT: presses (10,000)
+set -eu
+cd "$(dirname "$0")/../.."
+program=$(realpath "$1") soak=$(realpath "$2") count=${3:-10000}
+
+if [ "${TAVREL_HAND_ON_INSIDE:-}" != yes ]; then
+  TAVREL_HAND_ON_INSIDE=yes exec tools/with-desktop --wm "$0" "$program" "$soak" "$count"
+fi
+
+. tools/desktop-lib.sh
+mkdir -p "$XDG_CONFIG_HOME"
+cat >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist" <<'END'
+<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>TVR_OnlineUpdateCheck</key><false/>
+<key>TVR_MenuTree</key><array><dict><key>TVR_MenuItemType</key><string>url</string>
+<key>TVR_MenuItemTitle</key><string>nowhere</string><key>TVR_MenuItemURL</key><string>file:///</string>
+<key>TVR_MenuItemInvokers</key><array><string>No such program</string></array>
+<key>TVR_MenuItemShortcutString</key><string>k</string></dict></array></dict></plist>
+END
+"$program" 2>"$HOME/log" &
+"$soak" "$count"
