@@ -64,6 +64,7 @@ void TVController::receiveNotificationFromContextMenu(const Notification& notifi
 void TVController::execScriptFor(const PropertyList::Dictionary& userInfo) {
   const std::string* host = stringFor(userInfo, "hostName");
   host_.hostName = orNone(host);
+  host_.application = {};
   application_.setHostName(host ? std::optional(*host) : std::nullopt);
   if (const std::string* path = stringFor(userInfo, "path"))
     runScriptFile(*path);

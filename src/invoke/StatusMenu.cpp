@@ -1,8 +1,8 @@
-#include "base/PathString.h"
 #include "controller/ProcessState.h"
 #include "controller/TVApplication.h"
 #include "controller/TVController.h"
 #include "invoke/KeyState.h"
+#include "menu/ApplicationName.h"
 #include "menu/MenuTitles.h"
 #include "platform/Applications.h"
 #include "platform/Images.h"
@@ -99,8 +99,9 @@ std::optional<std::int32_t> TVController::recordFrontApplication() {
   const auto front = platform().applications.active();
   std::optional<std::string> name;
   if (front && front->path)
-    name = deletingPathExtension(lastPathComponent(*front->path));
+    name = applicationName(*front->path, *front);
   host_.hostName = name.value_or("");
+  host_.application = front.value_or(RunningApplication());
   application_.setHostName(std::move(name));
   return front ? std::optional(front->processIdentifier) : std::nullopt;
 }

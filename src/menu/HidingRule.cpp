@@ -30,8 +30,8 @@ std::string selectedTypes() {
 
 } // namespace
 
-HidingRule hidingRule(const std::string& applicationName, const PropertyList& record) {
-  if (!isOfferedIn(applicationName, record))
+HidingRule hidingRule(const HostContext& host, const PropertyList& record) {
+  if (!isOfferedIn(host, record))
     return HidingRule::otherApplication;
   return isOfferedForSelection(record) ? HidingRule::none : HidingRule::otherSelection;
 }

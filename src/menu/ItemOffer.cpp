@@ -1,6 +1,7 @@
 #include "menu/ItemOffer.h"
 
-#include "base/PathString.h"
+#include "controller/HostContext.h"
+#include "menu/ApplicationName.h"
 #include "menu/ItemRecord.h"
 #include "selection/PrivatePasteboard.h"
 
@@ -35,18 +36,18 @@ Types typesOfKinds(const PropertyList::Array& kinds) {
   return types;
 }
 
-bool isNamed(const PropertyList& invoker, const std::string& name) {
+bool isNamed(const PropertyList& invoker, const HostContext& host) {
   const std::string* text = invoker.string();
-  return text && deletingPathExtension(lastPathComponent(*text)) == name;
+  return text && applicationName(*text, host.application) == host.hostName;
 }
 
 } // namespace
 
-bool isOfferedIn(const std::string& applicationName, const PropertyList& record) {
+bool isOfferedIn(const HostContext& host, const PropertyList& record) {
   const auto* invokers = record.arrayFor(TVR_MenuItemInvokers);
   return !invokers || invokers->empty() ||
          std::any_of(invokers->begin(), invokers->end(),
-                     [&](const PropertyList& each) { return isNamed(each, applicationName); });
+                     [&](const PropertyList& each) { return isNamed(each, host); });
 }
 
 bool isOfferedForSelection(const PropertyList& record) {

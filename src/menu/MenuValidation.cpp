@@ -61,21 +61,21 @@ void fitSelectedFolder(Menu& menu, const std::optional<std::string>& path, MenuD
   hideMenuItem(menu, selectedFolderSeparatorIndex, !path);
 }
 
-void fitRecordEntry(MenuItem& item, const std::string& hostName) {
+void fitRecordEntry(MenuItem& item, const HostContext& host) {
   const PropertyList& record = *item.representedObject;
-  const HidingRule rule = hidingRule(hostName, record);
+  const HidingRule rule = hidingRule(host, record);
   item.hidden = rule != HidingRule::none;
   if (item.hidden && isHidingExplained())
-    explainHidden(item, hidingReason(rule, hostName, record));
+    explainHidden(item, hidingReason(rule, host.hostName, record));
 }
 
-void fitEntries(Menu& menu, std::size_t first, const std::string& hostName,
+void fitEntries(Menu& menu, std::size_t first, const HostContext& host,
                 std::vector<Menu*>& groups) {
   for (std::size_t i = first; i < menu.items.size(); ++i) {
     MenuItem& item = *menu.items[i];
     if (!item.representedObject)
       continue;
-    fitRecordEntry(item, hostName);
+    fitRecordEntry(item, host);
     if (itemType(*item.representedObject) == ItemType::group && item.submenu)
       groups.push_back(item.submenu.get());
   }
@@ -84,7 +84,7 @@ void fitEntries(Menu& menu, std::size_t first, const std::string& hostName,
 } // namespace
 
 bool TVController::isHideItem(const PropertyList& item) const {
-  return hidingRule(host_.hostName, item) != HidingRule::none;
+  return hidingRule(host_, item) != HidingRule::none;
 }
 
 void TVController::fitSelectedFolderEntry(Menu& menu) {
@@ -103,12 +103,12 @@ void TVController::validateContextMenu(Menu& menu, const PropertyList::Array& /*
     fitSelectedFolderEntry(menu);
   // Groups are kept in a list, since recursion over a deep tree would overflow the stack.
   std::vector<Menu*> groups;
-  fitEntries(menu, level == 0 ? selectedFolderSeparatorIndex + 1 : 0, host_.hostName, groups);
+  fitEntries(menu, level == 0 ? selectedFolderSeparatorIndex + 1 : 0, host_, groups);
   while (!groups.empty()) {
     Menu& group = *groups.back();
     groups.pop_back();
     validateSeparator(group, 0);
-    fitEntries(group, 0, host_.hostName, groups);
+    fitEntries(group, 0, host_, groups);
   }
 }
 

@@ -22,6 +22,7 @@ struct RunningApplication {
   std::optional<std::string> path; ///< of the application, absolute
   std::int32_t processIdentifier = 0;
   ProcessSerialNumber serialNumber{};
+  std::vector<std::string> otherNames{}; ///< what else it goes by, as its program; for `nameMeant`
 };
 
 /// The applications that run.
@@ -42,6 +43,13 @@ public:
   /// nothing when the process is gone.
   [[nodiscard]] virtual std::optional<PropertyList>
   processInformation(ProcessSerialNumber process) = 0;
+
+  /// The whole name of the application that a text means, a name or a path, while `front` is in
+  /// front; the name of `front` for all that it goes by. Nothing when the desktop cannot tell: then
+  /// the last component of the text without its ending is the name. Cheap: asked for each entry of
+  /// the menu.
+  [[nodiscard]] virtual std::optional<std::string> nameMeant(const std::string& text,
+                                                             const RunningApplication& front) = 0;
 };
 
 } // namespace tavrel

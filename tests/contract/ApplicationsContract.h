@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/PathString.h"
 #include "platform/Applications.h"
 
 #include <functional>
@@ -24,6 +25,11 @@ protected:
   std::string activeName() {
     const auto active = world.applications().active();
     return active ? active->name.value_or("(none)") : "(nothing)";
+  }
+  /// As it is compared with that of another text.
+  std::string meant(const std::string& text, const RunningApplication& front) {
+    const auto name = world.applications().nameMeant(text, front);
+    return name.value_or(deletingPathExtension(lastPathComponent(text)));
   }
   World world;
 };
@@ -89,10 +95,36 @@ TYPED_TEST_P(ApplicationsContract, AnApplicationWithWindowsHasFlavorTwo) {
   EXPECT_EQ(information->find("Flavor")->integer(), 2);
 }
 
+TYPED_TEST_P(ApplicationsContract, TheNameAndThePathOfTheOneInFrontMeanTheSame) {
+  this->world.start("alpha");
+  const RunningApplication alpha = this->world.applications().active().value_or(RunningApplication());
+  const std::string path = alpha.path.value_or("");
+  EXPECT_EQ(this->meant("alpha", alpha), "alpha");
+  EXPECT_EQ(this->meant(path, alpha), "alpha");
+  EXPECT_EQ(this->meant("/elsewhere/" + lastPathComponent(path), alpha), "alpha");
+  EXPECT_EQ(this->meant("/Applications/alpha.app", alpha), "alpha");
+}
+
+TYPED_TEST_P(ApplicationsContract, AWordForAnotherOneDoesNotMeanTheOneInFront) {
+  const RunningApplication beta = this->world.start("beta");
+  const RunningApplication alpha = this->world.start("alpha");
+  for (const std::string& text : {std::string("beta"), beta.path.value_or(""), std::string("Alpha"),
+                                  std::string("alphabet"), std::string("nobody"), std::string()})
+    EXPECT_NE(this->meant(text, alpha), "alpha") << text;
+}
+
+TYPED_TEST_P(ApplicationsContract, AWordForNothingIsLeftAsItIs) {
+  const RunningApplication alpha = this->world.start("alpha");
+  EXPECT_EQ(this->world.applications().nameMeant("No such application", alpha), std::nullopt);
+}
+
 REGISTER_TYPED_TEST_SUITE_P(ApplicationsContract, NothingIsInFrontOnAnEmptyDesktop,
                             WhatWasStartedLastIsInFront,
                             ApplicationsAreListedOnceInTheOrderOfTheirStart,
                             TheListAndTheOneInFrontTellTheSame, AnApplicationIsBroughtToTheFront,
-                            WhatEndedIsGone, AnApplicationWithWindowsHasFlavorTwo);
+                            WhatEndedIsGone, AnApplicationWithWindowsHasFlavorTwo,
+                            TheNameAndThePathOfTheOneInFrontMeanTheSame,
+                            AWordForAnotherOneDoesNotMeanTheOneInFront,
+                            AWordForNothingIsLeftAsItIs);
 
 } // namespace tavrel

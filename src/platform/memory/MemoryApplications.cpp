@@ -68,4 +68,10 @@ std::optional<PropertyList> MemoryApplications::processInformation(ProcessSerial
   return PropertyList(PropertyList::Dictionary{{"Flavor", 2}});
 }
 
+std::optional<std::string> MemoryApplications::nameMeant(const std::string& text,
+                                                         const RunningApplication& front) {
+  const bool isMeant = std::ranges::find(front.otherNames, text) != front.otherNames.end();
+  return isMeant ? front.name : std::nullopt;
+}
+
 } // namespace tavrel

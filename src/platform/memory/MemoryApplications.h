@@ -28,6 +28,9 @@ public:
   bool bringToFront(ProcessSerialNumber process) override;
   [[nodiscard]] std::optional<PropertyList>
   processInformation(ProcessSerialNumber process) override;
+  /// The name of `front` for its `otherNames`; a desktop of plain values knows no others.
+  [[nodiscard]] std::optional<std::string> nameMeant(const std::string& text,
+                                                     const RunningApplication& front) override;
 };
 
 } // namespace tavrel

@@ -99,6 +99,17 @@ TEST_F(PluginRequests, AMissingHostIsStoredAsNone) {
   EXPECT_EQ(state.hostName, "");
 }
 
+TEST_F(PluginRequests, TheHostIsKnownByItsNameAlone) {
+  desktop.applications.control.start("Editor", "/Applications/Editor.app");
+  desktop.applications.control.active->otherNames = {"edit"};
+  const PropertyList item =
+      record("url", "A", {{TVR_MenuItemInvokers, PropertyList::Array{"edit"}}});
+  controller.menuNeedsUpdate(state.statusMenu);
+  EXPECT_FALSE(controller.isHideItem(item));
+  post("execScript", {{"hostName", "Editor"}});
+  EXPECT_TRUE(controller.isHideItem(item));
+}
+
 TEST_F(PluginRequests, AnApplicationIsQuitByItsFileName) {
   post("quitProcess", {{"path", "/Applications/Text Edit.app"}});
   EXPECT_THAT(sources, ElementsAre(ours("tell application \"Text Edit\" to quit")));

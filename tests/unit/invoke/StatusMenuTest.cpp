@@ -97,6 +97,15 @@ TEST_F(StatusMenu, OpeningRecordsTheFrontApplicationByItsFileName) {
   EXPECT_EQ(application.hostAppName(), "Text Edit");
 }
 
+TEST_F(StatusMenu, OpeningRecordsTheFrontApplicationByTheNameThatTheDesktopHasForItsFile) {
+  const std::string entry = "/applications/org.example.editor.desktop";
+  desktop.applications.control.start("Editor 2.0", entry);
+  desktop.applications.control.active->otherNames = {entry};
+  clickWith(nullptr);
+  EXPECT_EQ(state.hostName, "Editor 2.0");
+  EXPECT_EQ(application.hostAppName(), "Editor 2.0");
+}
+
 TEST_F(StatusMenu, WithoutAFrontApplicationThereIsNoHostName) {
   application.setHostName("Editor");
   clickWith(nullptr);

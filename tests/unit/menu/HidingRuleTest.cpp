@@ -1,5 +1,6 @@
 #include "menu/HidingRule.h"
 
+#include "controller/HostContext.h"
 #include "support/CoreTest.h"
 
 namespace tavrel {
@@ -77,9 +78,9 @@ TEST_F(HiddenEntries, TheApplicationIsAskedBeforeTheSelection) {
   const PropertyList both =
       urlRecord("Both", {{TVR_MenuItemInvokers, PropertyList::Array{"Mail"}},
                          {TVR_MenuItemSelectionTypes, PropertyList::Array{"image"}}});
-  EXPECT_EQ(hidingRule("Finder", both), HidingRule::otherApplication);
-  EXPECT_EQ(hidingRule("Mail", both), HidingRule::otherSelection);
-  EXPECT_EQ(hidingRule("Mail", forMail), HidingRule::none);
+  EXPECT_EQ(hidingRule({.hostName = "Finder"}, both), HidingRule::otherApplication);
+  EXPECT_EQ(hidingRule({.hostName = "Mail"}, both), HidingRule::otherSelection);
+  EXPECT_EQ(hidingRule({.hostName = "Mail"}, forMail), HidingRule::none);
 }
 
 } // namespace

@@ -1,4 +1,6 @@
 #include "menu/ItemOffer.h"
+
+#include "controller/HostContext.h"
 #include "support/CoreTest.h"
 
 namespace tavrel {
@@ -6,6 +8,18 @@ namespace {
 
 PropertyList invokedBy(PropertyList::Array applications) {
   return record("url", "A", {{TVR_MenuItemInvokers, std::move(applications)}});
+}
+
+HostContext over(const std::string& name) {
+  return {.hostName = name};
+}
+
+/// An application with a name that it shows, and other words for it.
+HostContext overOneOf(const std::string& name, const std::vector<std::string>& otherNames) {
+  HostContext host = over(name);
+  host.application.name = name;
+  host.application.otherNames = otherNames;
+  return host;
 }
 
 PropertyList forKinds(PropertyList::Array kinds) {
@@ -20,28 +34,42 @@ protected:
 };
 
 TEST_F(ItemOffer, ARecordThatNamesNoApplicationIsOfferedInAll) {
-  EXPECT_TRUE(isOfferedIn("Finder", record("url", "A")));
-  EXPECT_TRUE(isOfferedIn("Finder", invokedBy({})));
-  EXPECT_TRUE(isOfferedIn("", invokedBy({})));
+  EXPECT_TRUE(isOfferedIn(over("Finder"), record("url", "A")));
+  EXPECT_TRUE(isOfferedIn(over("Finder"), invokedBy({})));
+  EXPECT_TRUE(isOfferedIn(over(""), invokedBy({})));
 }
 
 TEST_F(ItemOffer, APathAndANameOfAnApplicationAreTheSame) {
   for (const char* invoker :
        {"TextEdit", "TextEdit.app", "/Applications/TextEdit.app", "/Applications/TextEdit.app/"}) {
-    EXPECT_TRUE(isOfferedIn("TextEdit", invokedBy({invoker}))) << invoker;
-    EXPECT_FALSE(isOfferedIn("Finder", invokedBy({invoker}))) << invoker;
+    EXPECT_TRUE(isOfferedIn(over("TextEdit"), invokedBy({invoker}))) << invoker;
+    EXPECT_FALSE(isOfferedIn(over("Finder"), invokedBy({invoker}))) << invoker;
   }
 }
 
 TEST_F(ItemOffer, TheNameOfAnApplicationIsTakenExactly) {
-  EXPECT_FALSE(isOfferedIn("textedit", invokedBy({"TextEdit"})));
-  EXPECT_FALSE(isOfferedIn("TextEdit ", invokedBy({"TextEdit"})));
-  EXPECT_FALSE(isOfferedIn("", invokedBy({"TextEdit"})));
+  EXPECT_FALSE(isOfferedIn(over("textedit"), invokedBy({"TextEdit"})));
+  EXPECT_FALSE(isOfferedIn(over("TextEdit "), invokedBy({"TextEdit"})));
+  EXPECT_FALSE(isOfferedIn(over(""), invokedBy({"TextEdit"})));
+}
+
+TEST_F(ItemOffer, AnyWordThatTheDesktopHasForTheOneInFrontWillDo) {
+  const HostContext editor = overOneOf("Editor", {"org.example.editor", "/usr/bin/edit"});
+  for (const char* invoker : {"Editor", "org.example.editor", "/usr/bin/edit", "/apps/Editor.app"})
+    EXPECT_TRUE(isOfferedIn(editor, invokedBy({invoker}))) << invoker;
+  for (const char* invoker : {"org.example", "edit", "editor"})
+    EXPECT_FALSE(isOfferedIn(editor, invokedBy({invoker}))) << invoker;
+}
+
+TEST_F(ItemOffer, ANameThatTheDesktopTellsKeepsWhatFollowsItsFullStop) {
+  EXPECT_TRUE(isOfferedIn(overOneOf("Größe 2.0", {"Größe 2.0"}), invokedBy({"Größe 2.0"})));
+  EXPECT_TRUE(isOfferedIn(overOneOf("TCP/IP", {"TCP/IP"}), invokedBy({"TCP/IP"})));
+  EXPECT_FALSE(isOfferedIn(overOneOf("Größe 2.0", {"Größe 2.0"}), invokedBy({"Größe 2.1"})));
 }
 
 TEST_F(ItemOffer, AnyOfTheApplicationsWillDo) {
-  EXPECT_TRUE(isOfferedIn("Mail", invokedBy({"Finder", 7, "/Applications/Mail.app"})));
-  EXPECT_FALSE(isOfferedIn("Mail", invokedBy({7})));
+  EXPECT_TRUE(isOfferedIn(over("Mail"), invokedBy({"Finder", 7, "/Applications/Mail.app"})));
+  EXPECT_FALSE(isOfferedIn(over("Mail"), invokedBy({7})));
 }
 
 TEST_F(ItemOffer, ARecordThatNamesNoKindIsOfferedWhateverIsSelected) {

@@ -97,6 +97,17 @@ TEST_F(MenuPreparation, TheEntriesFitTheApplicationInFront) {
   EXPECT_EQ(opened(), "");
 }
 
+TEST_F(MenuPreparation, AnEntryMayNameTheApplicationByAnyWordForIt) {
+  front("Finder");
+  desktop.applications.control.active->otherNames = {"files"};
+  setTree({record("url", "A", {{TVR_MenuItemInvokers, PropertyList::Array{"files"}}}),
+           record("url", "B", {{TVR_MenuItemInvokers, PropertyList::Array{"Files"}}})});
+  controller.receiveNotificationFromPrefrences({});
+  EXPECT_EQ(opened(), "A\n");
+  desktop.applications.control.active.reset();
+  EXPECT_EQ(opened(), "");
+}
+
 TEST_F(MenuPreparation, WithoutAnApplicationInFrontNothingIsSelectedAndNobodyIsWaitedFor) {
   capture({"/docs"});
   const double before = desktop.clock.now();

@@ -126,4 +126,9 @@ std::optional<PropertyList> LinuxApplications::processInformation(ProcessSerialN
   return PropertyList(std::move(information));
 }
 
+std::optional<std::string> LinuxApplications::nameMeant(const std::string&,
+                                                        const RunningApplication&) {
+  return std::nullopt;
+}
+
 } // namespace tavrel

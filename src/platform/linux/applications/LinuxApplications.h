@@ -27,6 +27,8 @@ public:
   /// "BundlePath" (the application's path).
   [[nodiscard]] std::optional<PropertyList>
   processInformation(ProcessSerialNumber process) override;
+  [[nodiscard]] std::optional<std::string> nameMeant(const std::string& text,
+                                                     const RunningApplication& front) override;
 
 private:
   using FileManagers = std::vector<const InstalledApplication*>;
