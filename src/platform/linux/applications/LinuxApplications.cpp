@@ -1,5 +1,6 @@
 #include "platform/linux/applications/LinuxApplications.h"
 
+#include "platform/linux/applications/ApplicationNames.h"
 #include "platform/linux/applications/FileManagerRoles.h"
 #include "platform/linux/applications/WindowMatch.h"
 #include "platform/linux/processes/ProcessFacts.h"
@@ -13,9 +14,6 @@ namespace tavrel {
 namespace {
 
 constexpr int flavorWithWindows = 2;
-/// By which the core knows that this very program is in front, whatever its file is called and
-/// wherever it was installed.
-constexpr const char* ownName = "Tavrel";
 
 ProcessSerialNumber serialOf(const WindowFacts& facts) {
   if (facts.pid > 0)
@@ -34,6 +32,7 @@ void describeProgram(RunningApplication& application, const WindowFacts& facts,
     application.name = name;
   if (!executable.empty())
     application.path = executable;
+  application.otherNames = otherNamesOf(executable);
 }
 
 } // namespace
@@ -55,8 +54,8 @@ std::optional<RunningApplication> LinuxApplications::ownerOf(WindowId window,
 bool LinuxApplications::describe(RunningApplication& application, const WindowFacts& facts,
                                  const FileManagers& managers) {
   if (facts.pid == ::getpid()) {
-    application.name = ownName;
-    application.path = rolesFolder_ + "/" + ownName + ".desktop";
+    application.name = ownApplicationName;
+    application.path = rolesFolder_ + "/" + ownApplicationName + ".desktop";
     return false;
   }
   const std::string executable = executableOf(facts.pid);
@@ -66,8 +65,9 @@ bool LinuxApplications::describe(RunningApplication& application, const WindowFa
     return false;
   }
   const auto role = rolePlayedBy(*known, managers);
-  application.name = role ? nameOf(*role) : known->entry->name(messagesLocale());
+  application.name = role ? nameOf(*role) : displayNameOf(*known);
   application.path = role ? rolesFolder_ + "/" + nameOf(*role) + ".desktop" : known->path;
+  application.otherNames = otherNamesOf(*known, executable);
   return role.has_value();
 }
 
@@ -126,9 +126,9 @@ std::optional<PropertyList> LinuxApplications::processInformation(ProcessSerialN
   return PropertyList(std::move(information));
 }
 
-std::optional<std::string> LinuxApplications::nameMeant(const std::string&,
-                                                        const RunningApplication&) {
-  return std::nullopt;
+std::optional<std::string> LinuxApplications::nameMeant(const std::string& text,
+                                                        const RunningApplication& front) {
+  return nameMeantBy(text, front, registry_);
 }
 
 } // namespace tavrel

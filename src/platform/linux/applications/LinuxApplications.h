@@ -27,6 +27,8 @@ public:
   /// "BundlePath" (the application's path).
   [[nodiscard]] std::optional<PropertyList>
   processInformation(ProcessSerialNumber process) override;
+  /// An application goes by its name in the applications menu or its role; what it means beside
+  /// that stands in ApplicationNames.h. A name that is another application's in full is never cut.
   [[nodiscard]] std::optional<std::string> nameMeant(const std::string& text,
                                                      const RunningApplication& front) override;
 

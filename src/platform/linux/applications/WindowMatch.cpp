@@ -1,6 +1,6 @@
 #include "platform/linux/applications/WindowMatch.h"
 
-#include "platform/linux/applications/ExecLine.h"
+#include "platform/linux/applications/ApplicationNames.h"
 
 #include <algorithm>
 #include <array>
@@ -19,15 +19,6 @@ std::string lowered(std::string text) {
 
 std::string baseName(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
-}
-
-std::string stemOf(const InstalledApplication& application) {
-  return application.id.substr(0, application.id.rfind(".desktop"));
-}
-
-std::string programOf(const InstalledApplication& application) {
-  const auto line = splitExec(application.entry->exec());
-  return line ? baseName(line->front()) : std::string();
 }
 
 using Matches = std::function<bool(const InstalledApplication&)>;

@@ -136,6 +136,45 @@ TEST_F(LinuxApplicationsTest, ThisProgramIsInFrontUnderTheNameThatTheCoreKnowsIt
   EXPECT_TRUE(fs::exists(TAVREL_RESOURCES "/roles/Tavrel.desktop"));
 }
 
+TEST_F(LinuxApplicationsTest, TheOneInFrontIsMeantByItsEntryAndItsProgram) {
+  world.start("Größe 2.0");
+  const RunningApplication front = applications.active().value_or(RunningApplication());
+  for (const std::string& text :
+       {std::string("Größe 2.0"), std::string("Größe 2.0.desktop"), front.path.value_or("none"),
+        std::string(TAVREL_WINDOW_APPLICATION)})
+    EXPECT_EQ(applications.nameMeant(text, front), "Größe 2.0") << text;
+  EXPECT_EQ(applications.nameMeant("Größe 2.1", front), std::nullopt);
+}
+
+TEST_F(LinuxApplicationsTest, AfterItsEntryHasGoneTheProgramIsKnownByItsFile) {
+  world.start("alpha");
+  fs::remove(world.fakes.data() / "applications/alpha.desktop");
+  const RunningApplication front = applications.active().value_or(RunningApplication());
+  const std::string program = fs::path(TAVREL_WINDOW_APPLICATION).filename();
+  EXPECT_EQ(front.name, program);
+  EXPECT_EQ(applications.nameMeant(program, front), program);
+  EXPECT_EQ(applications.nameMeant(TAVREL_WINDOW_APPLICATION, front), program);
+  EXPECT_EQ(applications.nameMeant("alpha", front), std::nullopt);
+}
+
+TEST_F(LinuxApplicationsTest, FileManagersAreMeantByTheirOwnNamesUnderThatOfTheirRole) {
+  std::size_t count = 0;
+  for (const char* name : {"a", "b", "c"}) {
+    world.addEntry(name, "MimeType=inode/directory;\nCategories=System;FileManager;\n");
+    world.run(name, {"ordinary"});
+    ++count;
+    EXPECT_TRUE(world.eventually([&] { return applications.launched().size() == count; }));
+  }
+  const std::vector<RunningApplication> all = applications.launched();
+  EXPECT_EQ(applications.nameMeant("a", all.at(0)), "Finder");
+  EXPECT_EQ(applications.nameMeant(*all.at(0).path, all.at(0)), "Finder");
+  EXPECT_EQ(applications.nameMeant("Finder", all.at(0)), "Finder");
+  EXPECT_EQ(applications.nameMeant("b", all.at(0)), std::nullopt);
+  EXPECT_EQ(applications.nameMeant("b", all.at(1)), "Path Finder");
+  EXPECT_EQ(applications.nameMeant("c", all.at(2)), "Finder");
+  EXPECT_EQ(applications.nameMeant("a", all.at(2)), std::nullopt);
+}
+
 TEST_F(LinuxApplicationsTest, AnApplicationOfManyWindowsIsListedOnce) {
   world.addEntry("alpha");
   world.run("alpha", {"ordinary", "ordinary", "ordinary"});
