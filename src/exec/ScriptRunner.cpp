@@ -12,6 +12,21 @@
 
 namespace tavrel {
 
+namespace {
+
+/// As it stands between quotation marks in a script source.
+std::string escapedForSource(const std::string& text) {
+  std::string escaped;
+  for (const char each : text) {
+    if (each == '"' || each == '\\')
+      escaped += '\\';
+    escaped += each;
+  }
+  return escaped;
+}
+
+} // namespace
+
 void execScript(const std::string& path) {
   TVAppleScript script(path);
   // While a script waits for the user, another one may run inside it; the flag must outlast that
@@ -32,12 +47,12 @@ bool runOwnSource(const std::string& source) {
 }
 
 void activateApplication(const std::string& name) {
-  runOwnSource(filled("tell application \"%@\" to activate", name));
+  runOwnSource(filled("tell application \"%@\" to activate", escapedForSource(name)));
 }
 
 void askToQuit(const std::string& path) {
   const std::string name = deletingPathExtension(lastPathComponent(path));
-  runOwnSource(filled("tell application \"%@\" to quit", name));
+  runOwnSource(filled("tell application \"%@\" to quit", escapedForSource(name)));
 }
 
 void launchTavrelPref() {

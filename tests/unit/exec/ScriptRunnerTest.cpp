@@ -186,6 +186,14 @@ TEST_F(ScriptRunner, AnApplicationIsActivatedByItsNameAndErrorsAreSilent) {
   EXPECT_THAT(logged, IsEmpty());
 }
 
+TEST_F(ScriptRunner, ANameStaysTextWhateverIsInIt) {
+  activateApplication("a\\b \"c\"");
+  askToQuit("/apps/a\\b \"c\".desktop");
+  const std::string told = R"(tell application "a\\b \"c\"" to )";
+  EXPECT_THAT(control.sources, ElementsAre(Source{told + "activate", ScriptOrigin::Application},
+                                           Source{told + "quit", ScriptOrigin::Application}));
+}
+
 TEST_F(ScriptRunner, ThePreferencePaneIsRevealed) {
   launchTavrelPref();
   EXPECT_THAT(control.sources,
