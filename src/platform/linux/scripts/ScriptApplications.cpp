@@ -28,7 +28,7 @@ bool isSameName(const std::string& a, const std::string& b) {
   return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
 }
 
-// By the displayed name, or by the name of the file, as the core names the application in front.
+// By the displayed name, as the core names the application in front, or by that of the file.
 bool isKnownAs(const RunningApplication& application, const std::string& name) {
   return (application.name && isSameName(*application.name, name)) ||
          (application.path &&
