@@ -97,7 +97,8 @@ TYPED_TEST_P(ApplicationsContract, AnApplicationWithWindowsHasFlavorTwo) {
 
 TYPED_TEST_P(ApplicationsContract, TheNameAndThePathOfTheOneInFrontMeanTheSame) {
   this->world.start("alpha");
-  const RunningApplication alpha = this->world.applications().active().value_or(RunningApplication());
+  const RunningApplication alpha =
+      this->world.applications().active().value_or(RunningApplication());
   const std::string path = alpha.path.value_or("");
   EXPECT_EQ(this->meant("alpha", alpha), "alpha");
   EXPECT_EQ(this->meant(path, alpha), "alpha");

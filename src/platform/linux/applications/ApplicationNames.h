@@ -25,9 +25,9 @@ inline constexpr const char* ownApplicationName = "Tavrel";
 /// in place of a name that the core knows as a file manager's or as ours.
 [[nodiscard]] std::string displayNameOf(const InstalledApplication& application);
 
-/// What else an application goes by: its name, translated and not, the id and the file of its entry,
-/// each also without the ending, and the files of its programs. `executable` is the one that runs,
-/// or empty; an interpreter is nobody's program.
+/// What else an application goes by: its name, translated and not, the id and the file of its
+/// entry, each also without the ending, and the files of its programs. `executable` is the one that
+/// runs, or empty; an interpreter is nobody's program.
 [[nodiscard]] std::vector<std::string> otherNamesOf(const InstalledApplication& application,
                                                     const std::string& executable);
 
