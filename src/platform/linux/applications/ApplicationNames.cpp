@@ -44,14 +44,6 @@ bool goesBy(const RunningApplication& application, const std::string& name) {
           std::ranges::find(application.otherNames, name) != application.otherNames.end());
 }
 
-bool isInstalled(const std::string& name, const ApplicationRegistry& registry) {
-  const std::string locale = messagesLocale();
-  return std::ranges::any_of(registry.applications(), [&](const InstalledApplication& each) {
-    return each.id == name || stemOf(each) == name || each.entry->name(locale) == name ||
-           each.entry->name() == name;
-  });
-}
-
 } // namespace
 
 std::string stemOf(const InstalledApplication& application) {
@@ -95,7 +87,7 @@ std::optional<std::string> nameMeantBy(const std::string& text, const RunningApp
   const std::string stem = deletingPathExtension(file);
   if (!goesBy(front, stem))
     return std::nullopt;
-  return isInstalled(file, registry) ? file : front.name;
+  return registry.isName(file) ? file : front.name;
 }
 
 } // namespace tavrel

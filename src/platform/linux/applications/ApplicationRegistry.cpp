@@ -1,11 +1,11 @@
 #include "platform/linux/applications/ApplicationRegistry.h"
 
+#include "platform/linux/applications/ApplicationNames.h"
 #include "platform/linux/files/FileWithTimeout.h"
 #include "platform/linux/files/MountHealth.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <set>
 #include <sys/stat.h>
 
 namespace tavrel {
@@ -67,6 +67,7 @@ std::vector<std::string> entriesIn(const std::string& folder) {
 void ApplicationRegistry::refresh() {
   applications_.clear();
   byId_.clear();
+  names_.clear();
   Cache current;
   for (std::size_t index = 0; index < xdg_.data.size(); ++index)
     readFolder(index, current);
@@ -118,6 +119,15 @@ void ApplicationRegistry::readLists() {
 const InstalledApplication* ApplicationRegistry::find(std::string_view id) const {
   const auto found = byId_.find(id);
   return found == byId_.end() ? nullptr : found->second;
+}
+
+bool ApplicationRegistry::isName(const std::string& name) const {
+  if (names_.empty())
+    for (const InstalledApplication& each : applications_)
+      for (const std::string& one :
+           {each.id, stemOf(each), each.entry->name(messagesLocale()), each.entry->name()})
+        names_.insert(one);
+  return names_.contains(name);
 }
 
 std::vector<const InstalledApplication*>

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 
 namespace tavrel {
 
@@ -36,6 +37,10 @@ public:
   /// Null when there is none of that id.
   [[nodiscard]] const InstalledApplication* find(std::string_view id) const;
 
+  /// Whether an application has exactly this name, translated or not, or this id, with or without
+  /// its ending. Quick from the second time on after a refresh.
+  [[nodiscard]] bool isName(const std::string& name) const;
+
   /// The applications that open a MIME type, preferred ones first: the defaults of user and system,
   /// associations that the user added, then every entry that names the type.
   [[nodiscard]] std::vector<const InstalledApplication*>
@@ -64,6 +69,7 @@ private:
   std::vector<InstalledApplication> applications_;
   std::map<std::string, const InstalledApplication*, std::less<>> byId_; ///< null: deleted
   std::vector<std::pair<MimeAppsFile, MimeAppsList>> lists_;
+  mutable std::set<std::string> names_; ///< empty until somebody asks
 };
 
 } // namespace tavrel

@@ -69,6 +69,21 @@ TEST_F(ApplicationRegistryTest, ADeletedEntryIsNotThere) {
   EXPECT_EQ(registry.find("a.desktop"), nullptr);
 }
 
+TEST_F(ApplicationRegistryTest, NamesAreThoseOfTheLastRefresh) {
+  addEntry(system, "a.b.desktop", "Name=Drawing\n");
+  registry.refresh();
+  for (const char* name : {"Drawing", "a.b", "a.b.desktop"})
+    EXPECT_TRUE(registry.isName(name)) << name;
+  for (const char* name : {"", "a", "drawing", "Painting"})
+    EXPECT_FALSE(registry.isName(name)) << name;
+  fs::remove(system / "applications/a.b.desktop");
+  addEntry(home, "c.desktop", "Name=Painting\n");
+  EXPECT_FALSE(registry.isName("Painting"));
+  registry.refresh();
+  EXPECT_TRUE(registry.isName("Painting"));
+  EXPECT_FALSE(registry.isName("Drawing"));
+}
+
 TEST_F(ApplicationRegistryTest, AnEntryInAFolderCarriesItsNameInTheId) {
   addEntry(system, "kde/tools/a.desktop", "");
   registry.refresh();
