@@ -98,13 +98,18 @@ TEST_F(HotKeysOfTree, ARefusedKeyHasARecordThatNeverFires) {
   keys.refused.insert({0, 0x100});
   launch({item("a", 0, 0), item("b", 0, 11)});
   EXPECT_EQ(gHotkeyArray.size(), 2U);
-  EXPECT_EQ(keys.registered.at(0).id, (EventHotKeyID{0x5456524D, 1}));
+  EXPECT_EQ(keys.registered.at(0).id.id, 1U);
   EXPECT_FALSE(controller.performHotkey(0));
   EXPECT_FALSE(controller.performHotkey(99));
   EXPECT_TRUE(opened.empty());
   controller.unregisterAllHotkeys();
   EXPECT_THAT(desktop.log.control.lines, ::testing::Contains("Failed to unregister hot key...."));
   EXPECT_TRUE(gHotkeyArray.empty());
+}
+
+TEST_F(HotKeysOfTree, IsKnownByItsSignatureNumberShortcutAndItem) {
+  launch({item("a", 0, 0), item("b", 0, 11)});
+  EXPECT_EQ(keys.registered.at(1).id, (EventHotKeyID{0x5456524D, 1, "b", "Item"}));
 }
 
 TEST_F(HotKeysOfTree, AHiddenItemsKeystrokeIsHandedOn) {

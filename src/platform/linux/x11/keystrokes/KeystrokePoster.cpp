@@ -5,7 +5,9 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <thread>
@@ -40,22 +42,34 @@ std::vector<ServerKey> keyEvents(const ServerKeySet& keys, KeyDirection directio
 }
 
 struct HeldModifiers {
-  ServerKeySet keys;           ///< that are down, and that the chord needs
-  std::vector<ServerKey> rest; ///< of the chord
+  ServerKeySet keys;           ///< that are down, and that all keys to type need
+  std::vector<ServerKey> rest; ///< without those
 };
 
-HeldModifiers heldModifiers(const KeyChord& chord, const ServerKeySet& down,
+// Whether each of the keys is typed with this modifier down.
+bool isNeededThroughout(std::size_t modifier, const std::vector<ServerKey>& keys,
+                        const ModifierKeys& modifiers) {
+  bool isDown = false;
+  return std::ranges::all_of(keys, [&](const ServerKey& key) {
+    if (modifiers.bits[key.code] == modifiers.bits[modifier])
+      isDown = key.direction == KeyDirection::down;
+    return isDown || modifiers.bits[key.code] != 0;
+  });
+}
+
+HeldModifiers heldModifiers(const std::vector<ServerKey>& keys, const ServerKeySet& down,
                             const ModifierKeys& modifiers, std::uint8_t inForce) {
   HeldModifiers held;
-  for (const ServerKey& key : chord.keys) {
-    ServerKeySet same;
+  for (std::size_t code = 0; code < down.size(); ++code)
+    held.keys[code] = down[code] && (modifiers.bits[code] & inForce) != 0 &&
+                      isNeededThroughout(code, keys, modifiers);
+  const auto isHeld = [&](const ServerKey& key) {
     for (std::size_t code = 0; code < down.size(); ++code)
-      same[code] = down[code] && (modifiers.bits[code] & inForce) != 0 &&
-                   modifiers.bits[code] == modifiers.bits[key.code];
-    held.keys |= same;
-    if (same.none())
-      held.rest.push_back(key);
-  }
+      if (held.keys[code] && modifiers.bits[code] == modifiers.bits[key.code])
+        return true;
+    return false;
+  };
+  std::ranges::remove_copy_if(keys, std::back_inserter(held.rest), isHeld);
   return held;
 }
 
@@ -140,32 +154,32 @@ bool KeystrokePoster::typeTo(WindowId window, const std::vector<KeyboardEvent>& 
 
 bool KeystrokePoster::type(const Typing& typing, const std::function<void()>& meanwhile) {
   bool isTyped = false;
+  // The server may not see a key go up while its keyboard is grabbed.
+  const ServerKeySet disturbing =
+      KeyboardGrab::isHeld() ? ~ServerKeySet() : typing.modifiers.keys | codesOf(typing.chord);
   withGrabReleased(typing.modifiers.keys, [&] {
-    ServerKeySet released;
+    ServerKeySet touched;
     own_.postPastHotKeys(codesOf(typing.chord), [&] {
       server_->alone([&] {
         isTyped = typing.window == 0 || server_->hasFocus(typing.window);
         if (isTyped)
-          released = sendAlone(typing);
+          touched = sendAlone(typing, disturbing);
       });
     });
     if (isTyped)
       meanwhile();
-    return released;
+    return touched;
   });
   return isTyped;
 }
 
 // Answers what may be otherwise than the user has it now. Keys that we pressed again for the user
 // are released, too: the server ignores the press of a key that is down.
-ServerKeySet KeystrokePoster::sendAlone(const Typing& typing) {
+ServerKeySet KeystrokePoster::sendAlone(const Typing& typing, const ServerKeySet& disturbing) {
   const ServerKeySet& modifiers = typing.modifiers.keys;
-  const ServerKeySet disturbing =
-      KeyboardGrab::isHeld() ? ~ServerKeySet() : modifiers | codesOf(typing.chord);
   const ServerKeySet down = server_->down();
   const HeldModifiers held =
-      heldModifiers(typing.chord, down, typing.modifiers, server_->modifiersInForce());
-  // The server may not see a key go up while its keyboard is grabbed.
+      heldModifiers(typing.chord.keys, down, typing.modifiers, server_->modifiersInForce());
   const ServerKeySet released = down & disturbing & ~held.keys;
   const ServerKeySet ofPrograms = server_->downByPrograms() & released & modifiers & ~pressedAgain_;
   const ServerKeySet own = std::exchange(pressedAgain_, pressedAgain_ & held.keys) & ~held.keys;
@@ -224,22 +238,23 @@ void KeystrokePoster::retype(const RecordedKeyEvents& events) {
   if (!keymap)
     return;
   const ServerKeySet down = server_->down();
-  const ServerKeySet modifiers = server_->modifierKeys(*keymap).keys;
-  const auto keys = keysToRetype(events, down, modifiers, server_->lockKeys(*keymap));
+  const ModifierKeys modifiers = server_->modifierKeys(*keymap);
+  const auto keys = keysToRetype(events, down, modifiers.keys, server_->lockKeys(*keymap));
   if (keys.empty())
     return;
   own_.begin();
-  ServerKeySet released = down & modifiers;
+  ServerKeySet touched = down & modifiers.keys;
   for (const ServerKey& key : keys)
-    released.set(key.code, down[key.code]);
-  server_->alone([&] {
-    const ServerKeySet ofPrograms = server_->downByPrograms() & modifiers & ~pressedAgain_;
-    server_->send(keyEvents(released | std::exchange(pressedAgain_, {}), KeyDirection::up));
-    server_->send(keys);
-    server_->send(keyEvents(ofPrograms, KeyDirection::down));
-    released &= ~ofPrograms;
+    touched.set(key.code, down[key.code]);
+  const std::uint32_t group = server_->group();
+  const Typing typing{{keys, group}, modifiers, group, 0};
+  server_->alone([&] { (void)sendAlone(typing, touched); });
+  restore(touched, modifiers.keys);
+  // A hot key among them keeps the rest of them back until the event loop has read it.
+  QTimer::singleShot(releasePollInterval, &releasePoll_, [this, touched, modifiers] {
+    if (!KeyboardGrab::isHeld() && hasServer())
+      restore(touched, modifiers.keys);
   });
-  restore(released, modifiers);
   own_.end();
 }
 

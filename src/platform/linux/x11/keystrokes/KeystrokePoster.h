@@ -64,7 +64,7 @@ private:
     WindowId window;        ///< that has to have the focus; 0 for any
   };
   [[nodiscard]] bool type(const Typing& typing, const std::function<void()>& meanwhile);
-  [[nodiscard]] ServerKeySet sendAlone(const Typing& typing);
+  [[nodiscard]] ServerKeySet sendAlone(const Typing& typing, const ServerKeySet& disturbing);
   [[nodiscard]] KeyChord chordNow(const std::vector<KeyboardEvent>& events, xkb_keymap& keymap);
   void withGrabReleased(const ServerKeySet& modifiers, const std::function<ServerKeySet()>& work);
   ServerKeySet grabAgain(PhysicalKeyboards& pressed);
