@@ -25,8 +25,9 @@ public:
   virtual ~EventMonitor() = default;
 
   /// Calls at each change of the modifier keys, in order, on the main thread from the event loop.
-  /// The keyboard port then tells the state right after the change. The handler may open a menu and
-  /// so run the event loop: no further call until it has returned. While it runs, the keyboard port
+  /// The keyboard port then tells the state right after the change. The handler may run the event
+  /// loop, as a chosen item's dialog does: the calls of that time come from there. While a menu
+  /// that it has opened shows, there may be none. While a handler runs, the keyboard port
   /// may show a key as down that no keyboard has: then the mouse was used, or another key too
   /// shortly to be seen, while the modifier was held. What it must outlive is the monitor. 0 when
   /// it was installed.

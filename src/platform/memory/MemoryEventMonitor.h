@@ -28,17 +28,11 @@ public:
     return control.status;
   }
 
-  /// Tells every handler that the modifiers have changed; while one runs, when it is done.
+  /// Tells every handler that the modifiers have changed.
   void modifiersChanged() {
-    if (++untold_ > 1)
-      return;
-    for (; untold_ > 0; --untold_)
-      for (const auto& handler : control.handlers)
-        handler();
+    for (const auto& handler : control.handlers)
+      handler();
   }
-
-private:
-  int untold_ = 0;
 };
 
 } // namespace tavrel

@@ -2,6 +2,7 @@
 
 #include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 #include "platform/linux/x11/gestures/RawInput.h"
+#include "platform/linux/x11/keyboard/KeyboardGrab.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "platform/linux/x11/windows/ScreenLock.h"
 
@@ -100,18 +101,21 @@ void LinuxEventMonitor::apply(const RawInputEvent& event) {
   }
 }
 
-// Handlers may run the event loop, and so call this once more.
+// Handlers may run the event loop, and so call this once more: an item at work may show a dialog,
+// over which the menu can be called up like anywhere else. What is pressed in a menu that a handler
+// shows is the menu's.
 void LinuxEventMonitor::deliverChanges() {
-  if (std::exchange(isDelivering_, true))
-    return;
-  while (!taps_->changes.empty()) {
-    delivered_ = taps_->changes.front();
+  if (deliveries_ > 0 && KeyboardGrab::isHeld())
+    return taps_->changes.clear();
+  ++deliveries_;
+  while (taps_ && !taps_->changes.empty()) {
+    const ModifierChange before = std::exchange(delivered_, taps_->changes.front());
     taps_->changes.pop_front();
     if (!isScreenLocked(input_->connection())) // nothing opens over the password prompt
       callHandlers();
-    delivered_ = {};
+    delivered_ = before;
   }
-  isDelivering_ = false;
+  --deliveries_;
 }
 
 void LinuxEventMonitor::callHandlers() {

@@ -56,8 +56,8 @@ private:
   std::vector<std::function<void()>> handlers_;
   ModifierChange delivered_; ///< the one whose handlers run
   DoubleTapForecast doubleTapForecast_;
-  bool isDelivering_ = false;
-  QObject context_; ///< ends the timers and connections with this
+  int deliveries_ = 0; ///< at work, one within another
+  QObject context_;    ///< ends the timers and connections with this
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 

@@ -1,6 +1,7 @@
 #include "contract/EventMonitorContract.h"
 
 #include "platform/linux/x11/gestures/LinuxEventMonitor.h"
+#include "platform/linux/x11/keyboard/KeyboardGrab.h"
 #include "platform/linux/x11/keyboard/LinuxKeyboard.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "support/Desktop.h"
@@ -86,6 +87,28 @@ protected:
 };
 
 using LinuxEventMonitorOnKeyboard = MonitorTest<KeyboardsKeys>;
+
+TEST_F(LinuxEventMonitorOnKeyboard, ModifiersAreReportedWhileAHandlerRunsTheEventLoop) {
+  inHandler = [this] {
+    inHandler = {};
+    world.input.tap(serverKey::control);
+    EXPECT_TRUE(eventually([this] { return calls == 3; })) << calls; // the first release, and a tap
+  };
+  world.input.tap(serverKey::control);
+  EXPECT_TRUE(eventually([this] { return calls == 4; })) << calls;
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, WhatIsPressedInAMenuThatAHandlerShowsIsNotReported) {
+  inHandler = [this] {
+    inHandler = {};
+    const KeyboardGrab ofMenu;
+    world.input.tap(serverKey::control);
+    world.letEventsHappen();
+  };
+  world.input.tap(serverKey::control);
+  EXPECT_TRUE(eventually([this] { return calls == 1; })) << calls;
+  EXPECT_EQ(callsUpToNow(), 1) << "neither the release, nor the tap";
+}
 
 TEST_F(LinuxEventMonitorOnKeyboard, KeysThatAreNoModifiersAreNotReported) {
   world.input.tap(serverKey::a);
