@@ -46,14 +46,14 @@ struct HeldModifiers {
   std::vector<ServerKey> rest; ///< without those
 };
 
-// Whether each of the keys is typed with this modifier down.
+// Whether each of the keys is pressed with this modifier down.
 bool isNeededThroughout(std::size_t modifier, const std::vector<ServerKey>& keys,
                         const ModifierKeys& modifiers) {
   bool isDown = false;
   return std::ranges::all_of(keys, [&](const ServerKey& key) {
     if (modifiers.bits[key.code] == modifiers.bits[modifier])
       isDown = key.direction == KeyDirection::down;
-    return isDown || modifiers.bits[key.code] != 0;
+    return isDown || modifiers.bits[key.code] != 0 || key.direction == KeyDirection::up;
   });
 }
 

@@ -267,6 +267,23 @@ TEST_F(GestureKeys, TheHotKeyWorksAgainDirectlyAfter) {
   EXPECT_EQ(window.keys(serverKey::one), 0);
 }
 
+// Keys that come during the action are typed once more, hot keys among them.
+TEST_F(GestureKeys, TheHotKeyWorksAgainWhileItsModifiersStayDown) {
+  act = [] { std::this_thread::sleep_for(20ms); };
+  for (int round = 1; round <= 5; ++round) {
+    type([](FakeInput& keyboard) {
+      keyboard.down(serverKey::control);
+      keyboard.down(serverKey::alt);
+      for (int time = 0; time < 10; ++time)
+        keyboard.tap(serverKey::one);
+      keyboard.up(serverKey::alt);
+      keyboard.up(serverKey::control);
+    });
+    EXPECT_TRUE(eventually([&] { return gestures == 10 * round; })) << gestures;
+  }
+  EXPECT_EQ(window.keys(serverKey::one), 0);
+}
+
 /// Decides about taps as the core does: it polls the keyboard until the key goes up.
 class DoubleTapKeys : public GestureKeys {
 protected:
