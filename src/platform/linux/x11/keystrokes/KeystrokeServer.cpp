@@ -174,10 +174,15 @@ void KeystrokeServer::lockGroup(std::uint32_t group) {
 }
 
 void KeystrokeServer::send(const std::vector<ServerKey>& keys) {
-  for (const ServerKey& key : keys)
-    xcb_test_fake_input(connection_->xcb,
-                        key.direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE,
-                        key.code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+  constexpr std::uint32_t moment = 2; // in milliseconds
+  ServerKeySet released;
+  for (const ServerKey& key : keys) {
+    const bool isDown = key.direction == KeyDirection::down;
+    xcb_test_fake_input(connection_->xcb, isDown ? XCB_KEY_PRESS : XCB_KEY_RELEASE, key.code,
+                        isDown && released[key.code] ? moment : XCB_CURRENT_TIME, XCB_NONE, 0, 0,
+                        0);
+    released.set(key.code, !isDown);
+  }
   xcb_flush(connection_->xcb);
 }
 

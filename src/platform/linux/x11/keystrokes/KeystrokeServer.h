@@ -46,6 +46,8 @@ public:
   [[nodiscard]] static ServerKeySet lockKeys(xkb_keymap& keymap);
 
   void lockGroup(std::uint32_t group);
+  /// A key that goes down once more does so a moment after it went up: at the same time it would
+  /// be taken for one that repeats.
   void send(const std::vector<ServerKey>& keys);
   /// Runs `work` while the server does nothing for other programs: none of them posts keys or takes
   /// the focus in between. `work` must not wait for another connection. Returns when the server has

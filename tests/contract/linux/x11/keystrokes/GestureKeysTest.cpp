@@ -223,8 +223,10 @@ TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesKeepsItsOrderWhileTheChosenItemTak
     window.forgetKeys();
     typeForMenu([](FakeInput& keyboard) {
       pressHotKey(keyboard);
-      for (const std::uint8_t key : {keyDown, keyReturn, keyX, serverKey::s, serverKey::a})
-        keyboard.tap(key);
+      for (const std::uint8_t key : {keyDown, keyReturn, keyX, serverKey::s, serverKey::a}) {
+        keyboard.waitAndPress(key, 20); // as nobody types quicker
+        keyboard.up(key);
+      }
     });
     ASSERT_TRUE(eventually([&] { return lettersOf(window.typed()).size() == 3; })) << round;
     ASSERT_EQ(lettersOf(window.typed()), letters) << round;
