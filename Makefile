@@ -78,6 +78,7 @@ bench-desktop:
 
 soak: with-tests
 	tools/with-desktop --wm $(BUILD)/tests/soak/capture_soak $(COUNT)
+	tests/soak/hand-on.sh $(BUILD)/src/tavrel $(BUILD)/tests/soak/hand_on_soak $(PRESSES)
 
 fresh:
 	@tools/install-packages fresh

@@ -101,7 +101,7 @@ window_named() { xdotool search --onlyvisible --name "$1" 2>/dev/null | grep -q 
 levels() { [ "$(menu_windows | wc -l)" = "$1" ]; }
 
 # active_class TEXT: whether a window of such a class has the keyboard.
-active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS | grep -qi "$1"; }
+active_class() { xprop -id "$(xdotool getactivewindow)" WM_CLASS 2>/dev/null | grep -qi "$1"; }
 
 # nothing_held: whether no key is down, neither on the keyboard nor on that of programs. The server
 # tells of these two alone, not of the one that stands for both.

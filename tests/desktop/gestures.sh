@@ -22,6 +22,8 @@ printf 'words to be shouted' >"$words"
 printf '#!/bin/sh\ncat >"$HOME/kept.new" && mv "$HOME/kept.new" "$HOME/kept"\n' >"$HOME/Keep.sh"
 chmod +x "$HOME/Keep.sh"
 
+echo 'display dialog "At work"' >"$HOME/Ask.applescript"
+
 # item TYPE TITLE URL [MORE]
 item() {
   printf '<dict><key>TVR_MenuItemType</key><string>%s</string><key>TVR_MenuItemTitle</key><string>%s</string><key>TVR_MenuItemURL</key><string>%s</string>%s</dict>' "$1" "$2" "$3" "${4:-}"
@@ -32,6 +34,7 @@ shortcut() { printf '<key>TVR_MenuItemShortcutString</key><string>%s</string>' "
   item applescript Keep "file://$HOME/Keep.sh" "$(shortcut K)"
   item applescript Elsewhere "file://$HOME/Keep.sh" "$(shortcut a)<key>TVR_MenuItemInvokers</key><array><string>Elsewhere</string></array>"
   item services Shout upper-case
+  item applescript Ask "file://$HOME/Ask.applescript"
   echo '</array></dict></plist>'
 } >"$XDG_CONFIG_HOME/qorvane.tavrel.pref.plist"
 
@@ -75,6 +78,21 @@ wait_for 20 "the answer of the service in the editor" saved
 screenshot shouted
 wait_for 5 "every key to be up" nothing_held
 echo "a service answered, and the editor has its answer."
+
+# An entry that was chosen after a double tap is at work; the next double tap opens the menu again.
+open_menu "the menu"
+xdotool type --delay 20 Ask
+xdotool key Return
+wait_for 20 "the dialog" active_class tavrel
+wait_for 20 "the menu to close" no_menu_open
+open_menu "the menu over a dialog"
+screenshot at-work
+xdotool key Escape
+wait_for 20 "the menu to close" no_menu_open
+wait_for 20 "the dialog in front again" active_class tavrel
+xdotool key Return
+wait_for 20 "the editor in front again" active_class mousepad
+echo "a double tap opens the menu while an entry is at work."
 
 # Over a window that fills the screen: the menu shows above it, and the keyboard comes back to it.
 full_screen() { xprop -id "$(xdotool getactivewindow)" _NET_WM_STATE | grep -q FULLSCREEN; }

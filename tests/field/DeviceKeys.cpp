@@ -1,8 +1,8 @@
 // Presses keys on the display's own keyboard, which counts as a person's; the keys of programs come
 // from another device.
 //   device_keys [--hold MS] [--gap MS] [--menu CLASS] KEY...
-//     KEY     a name ("Return", "a"), several held together ("ctrl+shift+End"), or "text:..." to
-//     type
+//     KEY     a name ("Return", "a"), the server's code ("66"), several held together
+//             ("ctrl+shift+End"), or "text:..." to type
 //     --hold  how long each key is down (70), --gap: how long none is (40)
 //     --menu  waits until a menu of this window class is on the screen, and prints the milliseconds
 //             from the last key to it; fails when there is none after five seconds

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <array>
+#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <system_error>
 
 /// The places of keys on the keyboard of the private display, which is laid out as in the United
 /// States, by the server's codes.
@@ -34,7 +36,8 @@ struct TypedKey {
   return {};
 }
 
-/// The key of a name, or of a single character; nothing when there is none.
+/// The key of a name, of a single character, or of a server's code in two digits or three; nothing
+/// when there is none.
 [[nodiscard]] inline std::optional<std::uint8_t> keyNamed(std::string_view name) {
   struct Named {
     std::string_view name;
@@ -52,6 +55,10 @@ struct TypedKey {
   for (const Named& key : keys)
     if (key.name == name)
       return key.code;
+  unsigned code = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), code);
+  if (error == std::errc() && end == name.data() + name.size() && code > 9 && code < 256)
+    return static_cast<std::uint8_t>(code);
   const auto typed = name.size() == 1 ? keyTyping(name.front()) : std::nullopt;
   return typed ? std::optional(typed->code) : std::nullopt;
 }
