@@ -5,6 +5,7 @@ SAMPLE ?= 200
 TRIES ?= 5
 SEED ?= 1
 COUNT ?= 100000
+PRESSES ?= 10000
 
 .PHONY: help run test build with-tests deb check bench bench-desktop soak field asan mutate fresh format clean
 
@@ -19,7 +20,8 @@ help:
 	@echo "make field   tries what is selected in the programs that people have, TRIES=$(TRIES) times each"
 	@echo "make bench   measures, and prints the ratios"
 	@echo "make bench-desktop  measures gestures beside other launchers"
-	@echo "make soak    captures a selection $(COUNT) times, from a program that copies in every way"
+	@echo "make soak    captures a selection $(COUNT) times, from a program that copies in every way,"
+	@echo "             and presses the hot key of a hidden entry $(PRESSES) times"
 	@echo "make fresh SUITE=trixie  tries both on a fresh Debian 13 (SUITE=bookworm: 12), as root"
 	@echo "make format  lays the sources out"
 	@echo "make clean   removes what was built"
