@@ -67,7 +67,7 @@ bool TVController::performHotkey(EventHotKeyRef reference) {
 bool TVController::performHotkeyItem(const HotKeyRecord& record) {
   if (settingsNow::onlyWithFinder() && host_.hostName != "Finder")
     return handOnKeystroke();
-  if (!isHideItem(*record.HotKeyItem)) {
+  if (record.HotKeyItem && !isHideItem(*record.HotKeyItem)) {
     executeItem(*record.HotKeyItem, true, nullptr);
     return true;
   }

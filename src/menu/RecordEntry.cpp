@@ -42,18 +42,17 @@ void setUrlIcon(MenuItem& item, const PropertyList& record, const MenuImages& im
   item.image = record.dataFor(TVR_MenuItemIcon) ? recordIcon(record) : images.urlIcon;
 }
 
-void addFolderAlternate(Menu& menu, const MenuItem& folder, const std::string& title,
+void addFolderAlternate(Menu& menu, const PropertyList& record, const std::string& title,
                         const std::optional<std::string>& path, const MenuBuild& build) {
   MenuItem alternate;
   alternate.title = title;
   alternate.action = MenuAction::statusMenuDidSelected;
-  alternate.representedObject = folder.representedObject;
+  alternate.representedObject = record;
   alternate.keyEquivalentModifierMask = modifier::option;
   alternate.isAlternate = true;
   alternate.hidden = true;
-  alternate.effects = effectsOf(
-      actionForItem,
-      {.type = itemType(*folder.representedObject), .alternate = true, .plainFolder = true});
+  alternate.effects =
+      effectsOf(actionForItem, {.type = itemType(record), .alternate = true, .plainFolder = true});
   setMenuItemIconWithBadge(alternate, path, build.images.move_badge_image);
   menu.add(std::move(alternate));
 }
@@ -64,17 +63,17 @@ DirectoryKind kindOf(const std::optional<std::string>& path) {
   return path && path->starts_with('/') ? isDirectory(*path, CleanPath::yes) : DirectoryKind::none;
 }
 
-void addFileParts(Menu& menu, MenuItem& item, const std::string& title, const MenuBuild& build) {
-  const auto path = fullPathForItem(*item.representedObject);
+void addFileParts(Menu& menu, MenuItem& item, const PropertyList& record, const MenuBuild& build) {
+  const auto path = fullPathForItem(record);
   setMenuItemIcon(item, path);
   const DirectoryKind kind = kindOf(path);
   if (build.browseFolder) {
-    if (!isBrowsable(kind, build))
+    if (!path || !isBrowsable(kind, build))
       return;
     item.submenu = browsingSubmenu(*path, build);
   }
   if (kind == DirectoryKind::folder)
-    addFolderAlternate(menu, item, title, path, build);
+    addFolderAlternate(menu, record, item.title, path, build);
 }
 
 } // namespace
@@ -95,10 +94,10 @@ void addRecordEntry(Menu& menu, const PropertyList& record, const std::string& t
   switch (itemType(record)) {
   case ItemType::services:
     return showIcon ? setServiceIcon(item, record, build.images)
-                    : addFileParts(menu, item, title, build);
+                    : addFileParts(menu, item, record, build);
   case ItemType::url:
     return showIcon ? setUrlIcon(item, record, build.images)
-                    : addFileParts(menu, item, title, build);
+                    : addFileParts(menu, item, record, build);
   case ItemType::unknown:
   case ItemType::application:
   case ItemType::documentFile:
@@ -107,7 +106,7 @@ void addRecordEntry(Menu& menu, const PropertyList& record, const std::string& t
   case ItemType::appleScript:
   case ItemType::group:
   case ItemType::spacer:
-    return addFileParts(menu, item, title, build);
+    return addFileParts(menu, item, record, build);
   }
 }
 

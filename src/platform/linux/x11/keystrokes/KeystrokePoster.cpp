@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <iterator>
 #include <optional>
 #include <set>
 #include <thread>
@@ -39,38 +38,6 @@ std::vector<ServerKey> keyEvents(const ServerKeySet& keys, KeyDirection directio
     if (keys[code])
       all.push_back({static_cast<std::uint8_t>(code), direction});
   return all;
-}
-
-struct HeldModifiers {
-  ServerKeySet keys;           ///< that are down, and that all keys to type need
-  std::vector<ServerKey> rest; ///< without those
-};
-
-// Whether each of the keys is pressed with this modifier down.
-bool isNeededThroughout(std::size_t modifier, const std::vector<ServerKey>& keys,
-                        const ModifierKeys& modifiers) {
-  bool isDown = false;
-  return std::ranges::all_of(keys, [&](const ServerKey& key) {
-    if (modifiers.bits[key.code] == modifiers.bits[modifier])
-      isDown = key.direction == KeyDirection::down;
-    return isDown || modifiers.bits[key.code] != 0 || key.direction == KeyDirection::up;
-  });
-}
-
-HeldModifiers heldModifiers(const std::vector<ServerKey>& keys, const ServerKeySet& down,
-                            const ModifierKeys& modifiers, std::uint8_t inForce) {
-  HeldModifiers held;
-  for (std::size_t code = 0; code < down.size(); ++code)
-    held.keys[code] = down[code] && (modifiers.bits[code] & inForce) != 0 &&
-                      isNeededThroughout(code, keys, modifiers);
-  const auto isHeld = [&](const ServerKey& key) {
-    for (std::size_t code = 0; code < down.size(); ++code)
-      if (held.keys[code] && modifiers.bits[code] == modifiers.bits[key.code])
-        return true;
-    return false;
-  };
-  std::ranges::remove_copy_if(keys, std::back_inserter(held.rest), isHeld);
-  return held;
 }
 
 ServerKeySet codesOf(const KeyChord& chord) {

@@ -2,20 +2,14 @@
 
 #include "platform/linux/x11/keyboard/ServerKey.h"
 #include "platform/linux/x11/keyboard/XkbKeyboard.h"
+#include "platform/linux/x11/keystrokes/HeldModifiers.h"
 
-#include <array>
 #include <memory>
 #include <vector>
 
 struct xcb_connection_t;
 
 namespace tavrel {
-
-/// Which keys act as modifiers while they are down, and as which: the bit that each one sets.
-struct ModifierKeys {
-  ServerKeySet keys;
-  std::array<std::uint8_t, 256> bits{}; ///< by server key code; 0 for other keys
-};
 
 /// Posts keys (XTest) and reads the state of the keyboard, over an X connection of its own.
 class KeystrokeServer {
