@@ -32,6 +32,11 @@ std::uint32_t shortcutKeyCode(const PropertyList& item, char16_t character) {
   return static_cast<std::uint32_t>(AsciiToKeyCode(gKeycodeTable, upperCase(character)));
 }
 
+std::string shortcutAsWritten(const std::optional<PropertyList>& item, std::uint16_t character) {
+  const std::string* text = item ? item->stringFor(TVR_MenuItemShortcutString) : nullptr;
+  return text ? *text : utf8FromUtf16(std::u16string(1, static_cast<char16_t>(character)));
+}
+
 void registerShortcut(const PropertyList& item, TVController& controller) {
   const std::string* shortcut = item.stringFor(TVR_MenuItemShortcutString);
   if (!shortcut || shortcut->empty())
@@ -83,19 +88,18 @@ void TVController::addHotKey(std::uint16_t character, std::uint32_t modifiers,
   addHotKey2(character, hotKeyModifiers(character, modifiers), keyCode, targetItem);
 }
 
-// A key that the desktop refuses keeps its record, which then never fires.
+// A key that the desktop refuses keeps its record, which fires if the desktop gets the key later.
 void TVController::addHotKey2(std::uint16_t character, std::uint32_t carbonModifiers,
                               std::uint32_t keyCode,
                               const std::optional<PropertyList>& targetItem) {
   const std::string* title = targetItem ? targetItem->stringFor(TVR_MenuItemTitle) : nullptr;
   const EventHotKeyID id{hotKeySignature, static_cast<std::uint32_t>(gHotkeyArray.size()),
-                         utf8FromUtf16(std::u16string(1, static_cast<char16_t>(character))),
-                         title ? *title : std::string()};
+                         shortcutAsWritten(targetItem, character), title ? *title : std::string()};
   const auto registration = platform().hotKeys.registerHotKey(keyCode, carbonModifiers, id);
   gHotkeyArray.push_back({registration.reference, targetItem, carbonModifiers, character});
 }
 
-// Refused keys all have the reference 0: the rest of the record tells them apart.
+// Refused keys may all have the reference 0: the rest of the record tells them apart.
 void TVController::unregisterHotKey(const HotKeyRecord& record) {
   const auto found = std::find_if(gHotkeyArray.begin(), gHotkeyArray.end(), [&](const auto& each) {
     return each.HotKeyRef == record.HotKeyRef && each.HotKeyMod == record.HotKeyMod &&

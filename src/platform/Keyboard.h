@@ -13,7 +13,8 @@ namespace tavrel {
 /// One character code (in the Mac Roman set) for each of the 128 virtual key codes, 0 for none.
 using CharacterTable = std::array<std::uint8_t, 128>;
 
-/// What the keys of a layout type: a table for each modifier state, the plain one first.
+/// What the keys of a layout type: a table for each modifier state, the plain one first; other
+/// layouts at hand may follow, in which a character is looked for that this one lacks.
 struct CharacterTables {
   std::int16_t layoutId = 0;
   std::string layoutName; ///< at most 255 bytes
@@ -25,7 +26,8 @@ class Keyboard {
 public:
   virtual ~Keyboard() = default;
 
-  /// Every key down at this moment, by virtual key code (a key's place, whatever it types).
+  /// Every key down at this moment, by virtual key code: a key's place, whatever it types. A key
+  /// that the layout makes a modifier may have the code of that modifier's left key instead.
   [[nodiscard]] virtual KeyMap keyMap() = 0;
 
   /// The modifiers in force, in the event-manager form (base/Modifiers.h).

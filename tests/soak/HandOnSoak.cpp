@@ -8,14 +8,13 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
-#include <thread>
 
 namespace tavrel {
 namespace {
 
 constexpr std::uint8_t letter = 45; // K
-constexpr std::uint8_t sentinel = serverKey::f12;
 
 enum class Chord { held, whole };
 
@@ -52,12 +51,31 @@ void type(const Typist& typist, int count) {
     keys.up(serverKey::control);
 }
 
+bool isIdle(xcb_connection_t* server, std::uint8_t device) {
+  auto* state = xcb_input_query_device_state_reply(
+      server, xcb_input_query_device_state(server, device), nullptr);
+  bool none = state != nullptr;
+  for (auto at = xcb_input_query_device_state_classes_iterator(state); none && at.rem > 0;
+       xcb_input_input_state_next(&at))
+    if (at.data->class_id == XCB_INPUT_INPUT_CLASS_KEY) {
+      const auto& keys = reinterpret_cast<const xcb_input_key_state_t*>(at.data)->keys;
+      none = std::ranges::all_of(keys, [](std::uint8_t byte) { return byte == 0; });
+    }
+  std::free(state);
+  return none;
+}
+
+// On none of the keyboards, that of programs included.
 bool noKeyIsDown() {
   xcb_connection_t* server = xcb_connect(nullptr, nullptr);
-  auto* keys = xcb_query_keymap_reply(server, xcb_query_keymap(server), nullptr);
-  const bool none = keys && std::all_of(std::begin(keys->keys), std::end(keys->keys),
-                                        [](auto byte) { return byte == 0; });
-  std::free(keys);
+  auto* devices = xcb_input_xi_query_device_reply(
+      server, xcb_input_xi_query_device(server, XCB_INPUT_DEVICE_ALL), nullptr);
+  bool none = devices != nullptr;
+  for (auto at = xcb_input_xi_query_device_infos_iterator(devices); none && at.rem > 0;
+       xcb_input_xi_device_info_next(&at))
+    if (at.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD)
+      none = isIdle(server, static_cast<std::uint8_t>(at.data->deviceid));
+  std::free(devices);
   xcb_disconnect(server);
   return none;
 }
@@ -115,7 +133,7 @@ int run(int count) {
   for (const Device device : {Device::keyboard, Device::program})
     for (const Chord chord : {Chord::held, Chord::whole})
       for (const std::uint32_t cadence : cadences)
-        soak.run({device, chord, cadence}, std::max(1, count / ways));
+        soak.run({device, chord, cadence}, std::max(1, (count + ways - 1) / ways));
   return soak.finish();
 }
 

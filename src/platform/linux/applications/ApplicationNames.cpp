@@ -30,7 +30,8 @@ void addProgram(std::vector<std::string>& names, const std::string& program) {
 /// The core knows the file managers and this program by these; an entry may say anything.
 bool isTaken(const std::string& name) {
   return name == ownApplicationName || name == nameOf(FileManagerRole::finder) ||
-         name == nameOf(FileManagerRole::pathFinder);
+         name == nameOf(FileManagerRole::pathFinder) ||
+         name == "TextEdit"; // whose selection a script takes
 }
 
 std::string freeName(const InstalledApplication& application, const std::string& locale) {

@@ -126,8 +126,8 @@ TEST_F(ApplicationNames, WithoutANameTheEntrysFileIsTheName) {
   EXPECT_EQ(running("org.example.a.desktop").name, "org.example.a");
 }
 
-TEST_F(ApplicationNames, NobodyTakesTheNameOfAFileManagersRoleOrOfThisProgram) {
-  for (const char* name : {"Finder", "Path Finder", "Tavrel"}) {
+TEST_F(ApplicationNames, NobodyTakesANameThatStandsForAnother) {
+  for (const char* name : {"Finder", "Path Finder", "Tavrel", "TextEdit"}) {
     add(system, "a.desktop", std::string("Name=") + name + "\n");
     EXPECT_EQ(running("a.desktop").name, "a");
     expectOther(running("a.desktop"), {name});

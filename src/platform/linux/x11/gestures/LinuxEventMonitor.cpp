@@ -83,6 +83,7 @@ void LinuxEventMonitor::readEvents() {
     return;
   qCWarning(monitorLog, "the display is gone: its modifier keys are not seen any more");
   notifier_->setEnabled(false);
+  taps_->changes.clear();
   input_.reset();
 }
 

@@ -16,7 +16,8 @@ namespace tavrel {
 namespace {
 Q_LOGGING_CATEGORY(hotKeyLog, "tavrel.hotkeys")
 
-constexpr const char* noKeyHere = "no key of this keyboard is it; choose another one";
+constexpr const char* noKeyHere =
+    "this keyboard lacks a key of it, or Alt or Super; choose another one";
 constexpr const char* anotherProgram =
     "another program has this key; choose another one, or end that program's use of it";
 constexpr const char* anotherItem = "another item has this key; choose another one for either";
@@ -128,7 +129,10 @@ EventHotKeyRef LinuxHotKeys::find(std::uint8_t key, std::uint16_t modifiers) con
 void LinuxHotKeys::followLayout() {
   if (!connection_)
     return;
-  keys_ = serverKeys(*connection_);
+  ServerKeys keys = serverKeys(*connection_);
+  if (!keys.keymap)
+    return; // between two keymaps: another change is to come
+  keys_ = std::move(keys);
   std::vector<bool> worked;
   for (Registered& key : registered_) {
     worked.push_back(!key.grabs.empty());
@@ -157,11 +161,12 @@ void LinuxHotKeys::resume(const ServerKeySet& keys) {
         warnOf(key, why);
 }
 
-void LinuxHotKeys::warnOf(const Registered& key, const char* why) const {
-  const std::string& item = key.id.item;
-  qCWarning(hotKeyLog, "the shortcut \"%s\" of %s (%s): %s", key.id.shortcut.c_str(),
-            item.empty() ? "the menu" : ('"' + item + '"').c_str(),
-            combinationInWords(keys_, key.keyCode, key.modifiers).c_str(), why);
+void LinuxHotKeys::warnOf(const Registered& key, const char* why) {
+  const std::string item = key.id.item.empty() ? "the menu" : '"' + key.id.item + '"';
+  const std::string warning = "the shortcut \"" + key.id.shortcut + "\" of " + item + " (" +
+                              combinationInWords(keys_, key.keyCode, key.modifiers) + "): " + why;
+  if (warnings_.insert(warning).second)
+    qCWarning(hotKeyLog, "%s", warning.c_str());
 }
 
 void LinuxHotKeys::hotKeyPressed() {

@@ -9,6 +9,8 @@
 #include <QObject>
 
 #include <deque>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace tavrel {
@@ -51,7 +53,7 @@ private:
   void followLayout();
   void suspend(const ServerKeySet& keys);
   void resume(const ServerKeySet& keys);
-  void warnOf(const Registered& key, const char* why) const;
+  void warnOf(const Registered& key, const char* why);
   void hotKeyPressed();
   void hotKeyReleased(EventHotKeyRef reference);
   void deliverLater();
@@ -64,6 +66,7 @@ private:
   EventTarget* target_ = nullptr;
   std::vector<Registered> registered_;
   EventHotKeyRef lastReference_ = 0;
+  std::set<std::string> warnings_; ///< given already: all keys are registered anew again and again
   std::deque<EventHotKeyRef> released_; ///< to be delivered
   QObject context_;                     ///< ends the timers with this
   PressedHotKeys pressed_;

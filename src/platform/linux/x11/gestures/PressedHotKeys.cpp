@@ -1,6 +1,7 @@
 #include "platform/linux/x11/gestures/PressedHotKeys.h"
 
 #include "platform/linux/x11/keyboard/KeyGrabs.h"
+#include "platform/linux/x11/keyboard/KeyboardGrab.h"
 #include "platform/linux/x11/server/QtConnection.h"
 #include "platform/linux/x11/server/XcbReply.h"
 
@@ -40,7 +41,8 @@ EventHotKeyRef PressedHotKeys::hotKeyOf(std::uint8_t key, const Press& press) co
 bool PressedHotKeys::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
   if (type != "xcb_generic_event_t")
     return false;
-  const auto kind = static_cast<const xcb_generic_event_t*>(message)->response_type;
+  // What the user pressed while a keystroke was posted is sent to us afterwards.
+  const auto kind = static_cast<const xcb_generic_event_t*>(message)->response_type & 0x7F;
   if (kind == XCB_KEY_PRESS)
     return handlePress(*static_cast<const xcb_key_press_event_t*>(message));
   return kind == XCB_KEY_RELEASE &&
@@ -66,7 +68,8 @@ bool PressedHotKeys::recordPress(const xcb_key_press_event_t& event) {
     onRelease_(hotKeyOf(gone.key(),
                         gone.mapped())); // it went up and down again before the events were read
   const auto modifiers = static_cast<std::uint16_t>(event.state & 0xFF);
-  const EventHotKeyRef reference = event.event == event.root ? find_(event.detail, modifiers) : 0;
+  const bool isGrabbed = event.event == event.root || KeyboardGrab::isInjected(event);
+  const EventHotKeyRef reference = isGrabbed ? find_(event.detail, modifiers) : 0;
   if (reference == 0)
     return false;
   pressed_[event.detail] = {reference, modifiers};

@@ -219,8 +219,11 @@ void KeystrokePoster::retype(const RecordedKeyEvents& events) {
   restore(touched, modifiers.keys);
   // A hot key among them keeps the rest of them back until the event loop has read it.
   QTimer::singleShot(releasePollInterval, &releasePoll_, [this, touched, modifiers] {
-    if (!KeyboardGrab::isHeld() && hasServer())
-      restore(touched, modifiers.keys);
+    if (KeyboardGrab::isHeld() || !hasServer())
+      return;
+    own_.begin();
+    restore(touched, modifiers.keys);
+    own_.end();
   });
   own_.end();
 }

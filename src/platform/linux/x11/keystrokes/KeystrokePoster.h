@@ -37,9 +37,9 @@ public:
   /// False without a server to post to.
   bool post(std::int32_t process, const KeyboardEvent& event);
   /// Types a chord for this window. `meanwhile` runs while our grab is still released and the
-  /// user's modifiers are still up: some programs handle no key while another one has the keyboard
-  /// (LibreOffice 7.4). False, and nothing is typed, when the keyboard lacks a key or the window
-  /// has not the focus.
+  /// user's other modifiers are still up: some programs handle no key while another one has the
+  /// keyboard (LibreOffice 7.4). False, and nothing is typed, when the keyboard lacks a key or the
+  /// window has not the focus.
   [[nodiscard]] bool typeTo(WindowId window, const std::vector<KeyboardEvent>& chord,
                             const std::function<void()>& meanwhile);
   /// Runs `work` while the client that has the focus counts as having the keyboard, which it does

@@ -63,12 +63,14 @@ ServerKeySet keysDownOn(xcb_connection_t* xcb, std::uint16_t device) {
   return {};
 }
 
+// What the key does counts, not its symbol: caps:ctrl_modifier leaves a Ctrl key named Caps Lock.
 bool locks(xkb_keymap& keymap, xkb_keycode_t key) {
-  const xkb_keysym_t* symbols = nullptr;
-  if (xkb_keymap_key_get_syms_by_level(&keymap, key, 0, 0, &symbols) < 1)
+  const std::unique_ptr<xkb_state, XkbStateUnref> state(xkb_state_new(&keymap));
+  if (!state)
     return false;
-  return symbols[0] == XKB_KEY_Caps_Lock || symbols[0] == XKB_KEY_Num_Lock ||
-         symbols[0] == XKB_KEY_Scroll_Lock || symbols[0] == XKB_KEY_Shift_Lock;
+  xkb_state_update_key(state.get(), key, XKB_KEY_DOWN);
+  xkb_state_update_key(state.get(), key, XKB_KEY_UP);
+  return xkb_state_serialize_mods(state.get(), XKB_STATE_MODS_LOCKED) != 0;
 }
 
 bool changesGroup(xkb_keymap& keymap, xkb_keycode_t key) {

@@ -198,6 +198,10 @@ TEST_F(LinuxHotKey, ARefusalIsOneLineAndLeavesNothingGrabbed) {
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
             "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+Alt+1): another program has this "
             "key; choose another one, or end that program's use of it\n");
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(add(keyOne, eventModifier::command | eventModifier::option).status,
+            hotKeyStatus::taken);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "") << "all are registered again and again";
   FakeInput third;
   EXPECT_TRUE(third.grabKey(serverKey::one, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1))
       << "the combinations that were free stay free";
@@ -219,15 +223,15 @@ TEST_F(LinuxHotKey, AKeyThatThisKeyboardLacksIsRefusedByName) {
   EXPECT_EQ(add(127, allModifiers).status, hotKeyStatus::taken);
   EXPECT_EQ(
       ::testing::internal::GetCapturedStderr(),
-      "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+Alt+Shift+Super+key 127): no key of "
-      "this keyboard is it; choose another one\n");
+      "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+Alt+Shift+Super+key 127): this "
+      "keyboard lacks a key of it, or Alt or Super; choose another one\n");
   ::testing::internal::CaptureStderr();
   const EventHotKeyID id{0, 0, "\u00E9", "Backup"};
   EXPECT_EQ(hotKeys.registerHotKey(0xFFFFFFFF, eventModifier::command, id).status,
             hotKeyStatus::taken);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-            "tavrel.hotkeys: the shortcut \"\u00E9\" of \"Backup\" (Ctrl+no key): no key of this "
-            "keyboard is it; choose another one\n");
+            "tavrel.hotkeys: the shortcut \"\u00E9\" of \"Backup\" (Ctrl+no key): this keyboard "
+            "lacks a key of it, or Alt or Super; choose another one\n");
 }
 
 TEST_F(LinuxHotKey, ARefusedKeyIsTriedAgainWhenTheLayoutChanges) {
