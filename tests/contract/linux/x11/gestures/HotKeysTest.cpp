@@ -221,10 +221,9 @@ TEST_F(LinuxHotKey, TheSameCombinationTwiceIsTaken) {
 TEST_F(LinuxHotKey, AKeyThatThisKeyboardLacksIsRefusedByName) {
   ::testing::internal::CaptureStderr();
   EXPECT_EQ(add(127, allModifiers).status, hotKeyStatus::taken);
-  EXPECT_EQ(
-      ::testing::internal::GetCapturedStderr(),
-      "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+Alt+Shift+Super+key 127): this "
-      "keyboard lacks a key of it, or Alt or Super; choose another one\n");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+            "tavrel.hotkeys: the shortcut \"\" of the menu (Ctrl+Alt+Shift+Super+key 127): this "
+            "keyboard lacks a key of it, or Alt or Super; choose another one\n");
   ::testing::internal::CaptureStderr();
   const EventHotKeyID id{0, 0, "\u00E9", "Backup"};
   EXPECT_EQ(hotKeys.registerHotKey(0xFFFFFFFF, eventModifier::command, id).status,
