@@ -101,6 +101,17 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Linux, ApplicationsContract, LinuxWorld);
 
 class LinuxApplicationsTest : public ::testing::Test {
 protected:
+  /// "a", "b" and "c", in this order.
+  void runThreeFileManagers() {
+    std::size_t count = 0;
+    for (const char* name : {"a", "b", "c"}) {
+      world.addEntry(name, "MimeType=inode/directory;\nCategories=System;FileManager;\n");
+      world.run(name, {"ordinary"});
+      ++count;
+      EXPECT_TRUE(world.eventually([&] { return applications.launched().size() == count; }));
+    }
+  }
+
   LinuxWorld world;
   Applications& applications = world.applications();
 };
@@ -158,13 +169,7 @@ TEST_F(LinuxApplicationsTest, AfterItsEntryHasGoneTheProgramIsKnownByItsFile) {
 }
 
 TEST_F(LinuxApplicationsTest, FileManagersAreMeantByTheirOwnNamesUnderThatOfTheirRole) {
-  std::size_t count = 0;
-  for (const char* name : {"a", "b", "c"}) {
-    world.addEntry(name, "MimeType=inode/directory;\nCategories=System;FileManager;\n");
-    world.run(name, {"ordinary"});
-    ++count;
-    EXPECT_TRUE(world.eventually([&] { return applications.launched().size() == count; }));
-  }
+  runThreeFileManagers();
   const std::vector<RunningApplication> all = applications.launched();
   EXPECT_EQ(applications.nameMeant("a", all.at(0)), "Finder");
   EXPECT_EQ(applications.nameMeant(*all.at(0).path, all.at(0)), "Finder");
@@ -211,13 +216,7 @@ TEST_F(LinuxApplicationsTest, TheFileManagerIsTheFinderAlsoByItsDesktop) {
 }
 
 TEST_F(LinuxApplicationsTest, TheSecondFileManagerIsPathFinderAndOthersAreTheFinder) {
-  std::size_t count = 0;
-  for (const char* name : {"a", "b", "c"}) {
-    world.addEntry(name, "MimeType=inode/directory;\nCategories=System;FileManager;\n");
-    world.run(name, {"ordinary"});
-    ++count;
-    EXPECT_TRUE(world.eventually([&] { return applications.launched().size() == count; }));
-  }
+  runThreeFileManagers();
   std::vector<std::string> names;
   for (const RunningApplication& each : applications.launched())
     names.push_back(each.name.value_or(""));
