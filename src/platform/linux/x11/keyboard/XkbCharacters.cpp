@@ -5,23 +5,15 @@
 
 #include <xkbcommon/xkbcommon.h>
 
-#include <algorithm>
-#include <string_view>
+#include <memory>
 
 namespace tavrel {
 
 namespace {
 
-enum class KeyBlock { main, keypad };
-
 xkb_mod_mask_t maskOf(xkb_keymap& keymap, const char* modifier) {
   const xkb_mod_index_t index = xkb_keymap_mod_get_index(&keymap, modifier);
   return index == XKB_MOD_INVALID ? 0 : xkb_mod_mask_t{1} << index;
-}
-
-KeyBlock blockOf(xkb_keymap& keymap, xkb_keycode_t key) {
-  const char* name = xkb_keymap_key_get_name(&keymap, key);
-  return name && std::string_view(name).starts_with("KP") ? KeyBlock::keypad : KeyBlock::main;
 }
 
 /// Adds to a table what the keys of a block type in a state; a place keeps what it has.

@@ -5,6 +5,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace tavrel {
 
@@ -30,6 +31,11 @@ KeyTranslation keyTranslation(xkb_keymap& keymap) {
     if (const char* name = xkb_keymap_key_get_name(&keymap, key))
       translation[key] = virtualKeyCode(name).value_or(noKey);
   return translation;
+}
+
+KeyBlock blockOf(xkb_keymap& keymap, std::uint32_t key) {
+  const char* name = xkb_keymap_key_get_name(&keymap, key);
+  return name && std::string_view(name).starts_with("KP") ? KeyBlock::keypad : KeyBlock::main;
 }
 
 } // namespace tavrel

@@ -23,4 +23,9 @@ using KeyTranslation = std::array<std::uint16_t, 256>;
 
 [[nodiscard]] KeyTranslation keyTranslation(xkb_keymap& keymap);
 
+enum class KeyBlock { main, keypad };
+
+/// Where the key with this server key code is. A character is looked for on the main keys first.
+[[nodiscard]] KeyBlock blockOf(xkb_keymap& keymap, std::uint32_t key);
+
 } // namespace tavrel

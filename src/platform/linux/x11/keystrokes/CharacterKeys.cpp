@@ -44,20 +44,22 @@ std::optional<CharacterKey> CharacterKeys::keyThatTypes(std::uint32_t character,
   for (std::uint32_t group = 0; group < xkb_keymap_num_layouts(&keymap_); ++group)
     groups.push_back(group);
   for (const std::uint32_t group : groups)
-    for (const bool withShift : {false, true}) {
-      setState(group, withShift);
-      if (const auto code = codeThatTypes(character, first))
-        return CharacterKey{*code, group, withShift};
-    }
+    for (const KeyBlock block : {KeyBlock::main, KeyBlock::keypad})
+      for (const bool withShift : {false, true}) {
+        setState(group, withShift);
+        if (const auto code = codeThatTypes(character, first, block))
+          return CharacterKey{*code, group, withShift};
+      }
   return std::nullopt;
 }
 
 std::optional<std::uint8_t> CharacterKeys::codeThatTypes(std::uint32_t character,
-                                                         std::optional<std::uint8_t> first) {
+                                                         std::optional<std::uint8_t> first,
+                                                         KeyBlock block) {
   if (first && xkb_state_key_get_utf32(state_.get(), *first) == character)
     return first;
   for (xkb_keycode_t key = 8; key <= 255; ++key)
-    if (xkb_state_key_get_utf32(state_.get(), key) == character)
+    if (blockOf(keymap_, key) == block && xkb_state_key_get_utf32(state_.get(), key) == character)
       return static_cast<std::uint8_t>(key);
   return std::nullopt;
 }

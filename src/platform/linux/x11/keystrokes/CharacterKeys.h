@@ -33,7 +33,7 @@ private:
   std::optional<CharacterKey> keyThatTypes(std::uint32_t character,
                                            std::optional<std::uint8_t> first);
   std::optional<std::uint8_t> codeThatTypes(std::uint32_t character,
-                                            std::optional<std::uint8_t> first);
+                                            std::optional<std::uint8_t> first, KeyBlock block);
   void setState(std::uint32_t group, bool withShift);
 
   xkb_keymap& keymap_;

@@ -123,6 +123,18 @@ TEST(KeyChord, ADigitOfAShortcutIsItsKeyAloneWhereDigitsNeedShift) {
   EXPECT_EQ(pressed(keyChord({{'1', 18, KeyDirection::down}}, {*french})), (Keys{shift, one}));
 }
 
+// The keypad types it without Shift.
+TEST(KeyChord, ASlashIsTypedOnTheMainKeysAlsoWhereItNeedsShift) {
+  for (const auto& [layout, key] : std::map<const char*, std::uint8_t>{{"fr", 60}, {"de", 16}}) {
+    const XkbKeymap keymap = layoutNamed(layout);
+    const std::vector<KeyboardEvent> chord{{0, 55, KeyDirection::down},
+                                           {'/', 44, KeyDirection::down},
+                                           {'/', 44, KeyDirection::up},
+                                           {0, 55, KeyDirection::up}};
+    EXPECT_EQ(pressed(keyChord(chord, {*keymap})), (Keys{control, shift, key})) << layout;
+  }
+}
+
 TEST(KeyChord, InsertIsTheKeyThatActsAsIt) {
   constexpr std::uint8_t insert = 118;
   const XkbKeymap us = layoutNamed("us");
