@@ -111,11 +111,6 @@ OSStatus LinuxHotKeys::unregisterHotKey(EventHotKeyRef reference) {
   return hotKeyStatus::registered;
 }
 
-bool LinuxHotKeys::isRegistered(EventHotKeyRef reference) const {
-  return std::any_of(registered_.begin(), registered_.end(),
-                     [&](const Registered& key) { return key.reference == reference; });
-}
-
 EventHotKeyRef LinuxHotKeys::find(std::uint8_t key, std::uint16_t modifiers) const {
   const KeyGrab pressed{key, modifiers};
   for (const Registered& candidate : registered_)
@@ -175,9 +170,11 @@ void LinuxHotKeys::hotKeyPressed() {
 }
 
 // Called while the toolkit reads events: what a hot key does may run the event loop, so it waits
-// until that is over.
+// until that is over. One that was unregistered while it was down ends what its press began.
 void LinuxHotKeys::hotKeyReleased(EventHotKeyRef reference) {
-  released_.push_back(reference);
+  const auto found = std::ranges::find(registered_, reference, &Registered::reference);
+  released_.push_back(found == registered_.end() ? Released{noKey, 0}
+                                                 : Released{found->keyCode, found->modifiers});
   if (released_.size() == 1)
     deliverLater();
 }
@@ -185,23 +182,27 @@ void LinuxHotKeys::hotKeyReleased(EventHotKeyRef reference) {
 // One at a time: after a burst, signals and the bus are served in between.
 void LinuxHotKeys::deliverLater() {
   QTimer::singleShot(0, &context_, [this] {
-    const EventHotKeyRef reference = released_.front();
+    const Released key = released_.front();
     released_.pop_front();
     if (!released_.empty())
       deliverLater();
-    deliver(reference);
+    deliver(key);
   });
 }
 
-void LinuxHotKeys::deliver(EventHotKeyRef reference) {
+void LinuxHotKeys::deliver(const Released& key) {
+  const auto found = std::ranges::find_if(registered_, [&](const Registered& each) {
+    return each.keyCode == key.keyCode && each.modifiers == key.modifiers && !each.grabs.empty();
+  });
   Event release;
   release.type = EventType::systemDefined;
   release.subtype = hotKeyReleasedSubtype;
-  release.data1 = reference;
   if (keyBuffer_)
     keyBuffer_->actionBegins();
-  if (target_ && isRegistered(reference))
+  if (target_ && found != registered_.end()) {
+    release.data1 = found->reference;
     target_->sendEvent(release);
+  }
   if (keyBuffer_)
     keyBuffer_->actionEnds();
 }

@@ -46,9 +46,14 @@ private:
     std::vector<KeyGrab> grabs; ///< empty while the layout lacks a key or another program has it
   };
 
+  /// A hot key that went up. All may be registered anew before it is delivered.
+  struct Released {
+    std::uint32_t keyCode = 0;
+    std::uint32_t modifiers = 0;
+  };
+
   [[nodiscard]] const char* grab(Registered& key);
   [[nodiscard]] bool isAnotherItems(const Registered& key) const;
-  [[nodiscard]] bool isRegistered(EventHotKeyRef reference) const;
   [[nodiscard]] EventHotKeyRef find(std::uint8_t key, std::uint16_t modifiers) const;
   void followLayout();
   void suspend(const ServerKeySet& keys);
@@ -57,7 +62,7 @@ private:
   void hotKeyPressed();
   void hotKeyReleased(EventHotKeyRef reference);
   void deliverLater();
-  void deliver(EventHotKeyRef reference);
+  void deliver(const Released& key);
 
   OwnKeystrokes& own_;
   GestureKeyBuffer* keyBuffer_;
@@ -67,8 +72,8 @@ private:
   std::vector<Registered> registered_;
   EventHotKeyRef lastReference_ = 0;
   std::set<std::string> warnings_; ///< given already: all keys are registered anew again and again
-  std::deque<EventHotKeyRef> released_; ///< to be delivered
-  QObject context_;                     ///< ends the timers with this
+  std::deque<Released> released_;  ///< to be delivered
+  QObject context_;                ///< ends the timers with this
   PressedHotKeys pressed_;
   LayoutWatch layoutWatch_;
 };

@@ -366,6 +366,29 @@ TEST_F(LinuxHotKey, PressedTwiceBeforeEventsAreReadItCountsTwice) {
   EXPECT_THAT(references(), ::testing::ElementsAre(key, key));
 }
 
+/// Registers a hot key anew at each event, as one that is handed on does.
+struct RegistersAnew final : EventTarget {
+  RegistersAnew(HotKeys& all, EventHotKeyRef first) : hotKeys(all), reference(first) {}
+  void sendEvent(const Event& event) override {
+    answered.push_back(event.data1 == reference);
+    (void)hotKeys.unregisterHotKey(reference);
+    reference = hotKeys.registerHotKey(keyOne, eventModifier::command, {}).reference;
+  }
+  HotKeys& hotKeys;
+  EventHotKeyRef reference;
+  std::vector<bool> answered;
+};
+
+TEST_F(LinuxHotKey, ItsReleasesCountThoughItIsRegisteredAnewBeforeTheyAreTold) {
+  RegistersAnew target(hotKeys, add(keyOne, eventModifier::command).reference);
+  hotKeys.setEventTarget(&target);
+  for (int time = 0; time < 3; ++time)
+    world.press(keyOne, eventModifier::command); // all before any event is read
+  EXPECT_TRUE(eventually([&] { return target.answered.size() == 3; })) << target.answered.size();
+  EXPECT_THAT(target.answered, ::testing::Each(true));
+  hotKeys.setEventTarget(&told);
+}
+
 TEST_F(LinuxHotKey, CountsAlsoWhenTheModifiersGoUpFirst) {
   const auto key = add(keyOne, eventModifier::command).reference;
   world.keyboard.down(serverKey::control);
