@@ -65,6 +65,7 @@ DirectoryKind kindOf(const std::optional<std::string>& path) {
 
 void addFileParts(Menu& menu, MenuItem& item, const PropertyList& record, const MenuBuild& build) {
   const auto path = fullPathForItem(record);
+  const std::string title = item.title; // the icon may leave a mark in it
   setMenuItemIcon(item, path);
   const DirectoryKind kind = kindOf(path);
   if (build.browseFolder) {
@@ -73,7 +74,7 @@ void addFileParts(Menu& menu, MenuItem& item, const PropertyList& record, const 
     item.submenu = browsingSubmenu(*path, build);
   }
   if (kind == DirectoryKind::folder)
-    addFolderAlternate(menu, record, item.title, path, build);
+    addFolderAlternate(menu, record, title, path, build);
 }
 
 } // namespace
