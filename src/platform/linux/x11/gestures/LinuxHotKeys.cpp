@@ -67,8 +67,8 @@ LinuxHotKeys::~LinuxHotKeys() {
 
 HotKeyRegistration LinuxHotKeys::registerHotKey(std::uint32_t keyCode, std::uint32_t modifiers,
                                                 const EventHotKeyID& id) {
-  Registered& key =
-      registered_.emplace_back(keyCode, modifiers, ++lastReference_, id, std::vector<KeyGrab>());
+  registered_.push_back({keyCode, modifiers, ++lastReference_, id, {}});
+  Registered& key = registered_.back();
   const char* why = grab(key);
   if (why)
     warnOf(key, why);
@@ -132,10 +132,10 @@ void LinuxHotKeys::followLayout() {
   for (Registered& key : registered_) {
     worked.push_back(!key.grabs.empty());
     const auto wanted = grabsFor(keys_, key.keyCode, key.modifiers);
-    const auto moved = std::ranges::stable_partition(
-        key.grabs, [&](const KeyGrab& grab) { return has(wanted, grab); });
-    ungrabKeys(*connection_, {moved.begin(), moved.end()});
-    key.grabs.erase(moved.begin(), moved.end());
+    const auto moved = std::stable_partition(
+        key.grabs.begin(), key.grabs.end(), [&](const KeyGrab& each) { return has(wanted, each); });
+    ungrabKeys(*connection_, std::vector<KeyGrab>(moved, key.grabs.end()));
+    key.grabs.erase(moved, key.grabs.end());
   }
   for (std::size_t i = 0; i < registered_.size(); ++i)
     if (const char* why = grab(registered_[i]); why && worked[i])
