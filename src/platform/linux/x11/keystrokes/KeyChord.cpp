@@ -43,12 +43,21 @@ std::optional<std::uint8_t> keyWithSymbol(xkb_keymap& keymap, xkb_keysym_t wante
   return std::nullopt;
 }
 
+bool setsModifier(xkb_keymap& keymap, xkb_keycode_t key) {
+  const std::unique_ptr<xkb_state, XkbStateUnref> state(xkb_state_new(&keymap));
+  if (!state)
+    return false;
+  xkb_state_update_key(state.get(), key, XKB_KEY_DOWN);
+  return xkb_state_serialize_mods(state.get(), XKB_STATE_MODS_DEPRESSED) != 0;
+}
+
+// Nothing where no key acts as it: the key in its place would leave a bare letter.
 std::optional<std::uint8_t> modifierKeyFor(xkb_keymap& keymap, std::uint16_t keyCode) {
-  for (const ModifierKey& each : modifierSymbols)
-    if (each.keyCode == keyCode)
-      if (const auto key = keyWithSymbol(keymap, each.symbol))
-        return key;
-  return keyAt(keymap, keyCode);
+  const auto named = std::ranges::find(modifierSymbols, keyCode, &ModifierKey::keyCode);
+  if (named == modifierSymbols.end())
+    return std::nullopt;
+  const auto key = keyWithSymbol(keymap, named->symbol);
+  return key && setsModifier(keymap, *key) ? key : std::nullopt;
 }
 
 bool hasAny(const std::vector<KeyboardEvent>& events, std::initializer_list<std::uint16_t> keys) {

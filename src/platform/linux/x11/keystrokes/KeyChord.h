@@ -34,6 +34,8 @@ struct TypingLayout {
 ///    Shift for digits, and users press such a shortcut without.
 ///  - A key without a character, or with one that no key types, is the key in its place.
 ///  - Modifiers are the keys that act as such, wherever the layout puts them; Command is Ctrl.
+///  Where
+///    none does, the chord is not whole.
 ///  - Keys that are left down go up at the end.
 [[nodiscard]] KeyChord keyChord(const std::vector<KeyboardEvent>& events,
                                 const TypingLayout& layout);

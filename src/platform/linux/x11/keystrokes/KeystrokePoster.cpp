@@ -99,8 +99,9 @@ void KeystrokePoster::sendChord() {
   if (!keymap)
     return;
   bringToFront(process_);
-  (void)type({chordNow(events, *keymap), server_->modifierKeys(*keymap), server_->group(), 0},
-             [] {});
+  const KeyChord chord = chordNow(events, *keymap);
+  if (chord.isWhole) // a part of it could be a command
+    (void)type({chord, server_->modifierKeys(*keymap), server_->group(), 0}, [] {});
 }
 
 KeyChord KeystrokePoster::chordNow(const std::vector<KeyboardEvent>& events, xkb_keymap& keymap) {

@@ -20,7 +20,7 @@ namespace tavrel {
 /// released. Modifiers that are down and that the chord needs stay down, and are not posted; others
 /// are released, and pressed again afterwards if the user, or the program that posted them (another
 /// machine's keyboard), still holds them. A chord that is not complete within a tenth of a second
-/// is posted as it is.
+/// is posted as it is; one of which the keyboard lacks a key is not posted at all.
 class KeystrokePoster {
 public:
   /// Called with a complete chord that is no plain keystroke, and the process it is for.

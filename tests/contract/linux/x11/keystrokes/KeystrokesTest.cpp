@@ -146,6 +146,22 @@ TEST_F(Keystrokes, ModifiersThatTheUserHoldsDoNotMixInAndAreHeldAfterwards) {
   EXPECT_TRUE(eventually([&] { return server->down().none(); }));
 }
 
+TEST_F(Keystrokes, AChordWhoseModifierTheKeyboardLacksTypesNoBareLetter) {
+  for (const char* key : {"37", "105"})
+    ASSERT_EQ(QProcess::execute(QStringLiteral("xmodmap"),
+                                {QStringLiteral("-e"),
+                                 QStringLiteral("keycode %1 = NoSymbol").arg(QLatin1String(key))}),
+              0);
+  ASSERT_EQ(QProcess::execute(QStringLiteral("xmodmap"),
+                              {QStringLiteral("-e"), QStringLiteral("clear control")}),
+            0);
+  recorder.keys.clear();
+  world.copy();
+  xdotool({QStringLiteral("key"), QStringLiteral("x")});
+  EXPECT_TRUE(eventually([&] { return !recorder.keys.empty(); }));
+  EXPECT_EQ(recorder.keys.size(), 1U) << ::testing::PrintToString(recorder.keys);
+}
+
 // Such as one that brings the keys of another machine's keyboard.
 TEST_F(Keystrokes, ModifiersThatAProgramHoldsDoNotMixInAndAreHeldUntilItReleasesThem) {
   FakeInput program;
