@@ -17,7 +17,6 @@ namespace tavrel {
 
 namespace {
 constexpr std::uint32_t modifierBits = 0xFFFE0000; // without caps lock and what is below it
-constexpr double longestTap = 0.2;                 // seconds
 constexpr double pollInterval = 0.01;
 
 struct KeyMask {
@@ -48,12 +47,12 @@ KeyMap everyKeyBut(std::uint32_t keyCode) {
   return others;
 }
 
-Event flagsChangedNow() {
+Event flagsChangedAt(double time) {
   Event event;
   event.type = EventType::flagsChanged;
   event.modifierFlags =
       carbonModifierFlagsToCocoaModifierFlags(platform().keyboard.eventModifiers());
-  event.timestamp = platform().clock.now();
+  event.timestamp = time;
   return event;
 }
 } // namespace
@@ -63,10 +62,10 @@ NTModifierKeyActionHandler::NTModifierKeyActionHandler() {
 }
 
 void NTModifierKeyActionHandler::registerForGlobalModifiers() {
-  const OSStatus status =
-      platform().eventMonitor.installModifierHandler([this, alive = std::weak_ptr(alive_)] {
+  const OSStatus status = platform().eventMonitor.installModifierHandler(
+      [this, alive = std::weak_ptr(alive_)](double time) {
         if (!alive.expired())
-          handleModifierEvent(flagsChangedNow());
+          handleModifierEvent(flagsChangedAt(time));
       });
   if (status != 0)
     platform().log.write(std::string("InstallEventHandler err ").append(std::to_string(status)));

@@ -22,7 +22,9 @@ protected:
 TYPED_TEST_SUITE_P(EventMonitorContract);
 
 TYPED_TEST_P(EventMonitorContract, EachChangeIsToldWithTheStateRightAfterIt) {
-  const auto handler = [this] { this->states.push_back(this->world.keyboard().eventModifiers()); };
+  const auto handler = [this](double) {
+    this->states.push_back(this->world.keyboard().eventModifiers());
+  };
   ASSERT_EQ(this->world.monitor().installModifierHandler(handler), 0);
   const auto told = [this](std::size_t count) {
     return this->world.eventually([&] { return this->states.size() == count; });
@@ -40,11 +42,29 @@ TYPED_TEST_P(EventMonitorContract, EachChangeIsToldWithTheStateRightAfterIt) {
                                                    eventModifier::shift, 0U));
 }
 
+TYPED_TEST_P(EventMonitorContract, ChangesToldLateAreToldWithTheStateThatWas) {
+  const auto handler = [this](double) {
+    this->states.push_back(this->world.keyboard().eventModifiers());
+  };
+  ASSERT_EQ(this->world.monitor().installModifierHandler(handler), 0);
+  this->world.press(keyCode::command);
+  this->world.release(keyCode::command);
+  this->world.press(keyCode::option);
+  this->world.press(keyCode::shift);
+  this->world.release(keyCode::option);
+  this->world.release(keyCode::shift);
+  EXPECT_TRUE(this->world.eventually([this] { return this->states.size() == 6; }));
+  EXPECT_THAT(this->states,
+              ::testing::ElementsAre(eventModifier::command, 0U, eventModifier::option,
+                                     eventModifier::option | eventModifier::shift,
+                                     eventModifier::shift, 0U));
+}
+
 TYPED_TEST_P(EventMonitorContract, EveryHandlerIsCalled) {
   int first = 0;
   int second = 0;
-  ASSERT_EQ(this->world.monitor().installModifierHandler([&] { ++first; }), 0);
-  ASSERT_EQ(this->world.monitor().installModifierHandler([&] { ++second; }), 0);
+  ASSERT_EQ(this->world.monitor().installModifierHandler([&](double) { ++first; }), 0);
+  ASSERT_EQ(this->world.monitor().installModifierHandler([&](double) { ++second; }), 0);
   this->world.press(keyCode::command);
   this->world.release(keyCode::command);
   EXPECT_TRUE(this->world.eventually([&] { return first == 2 && second == 2; }));
@@ -53,7 +73,7 @@ TYPED_TEST_P(EventMonitorContract, EveryHandlerIsCalled) {
 TYPED_TEST_P(EventMonitorContract, AHandlerThatRunsTheEventLoopIsCalledFromThere) {
   int calls = 0;
   int callsMeanwhile = 0;
-  const auto handler = [&] {
+  const auto handler = [&](double) {
     if (++calls > 1)
       return;
     this->world.release(keyCode::command);
@@ -70,6 +90,7 @@ TYPED_TEST_P(EventMonitorContract, AHandlerThatRunsTheEventLoopIsCalledFromThere
 }
 
 REGISTER_TYPED_TEST_SUITE_P(EventMonitorContract, EachChangeIsToldWithTheStateRightAfterIt,
-                            EveryHandlerIsCalled, AHandlerThatRunsTheEventLoopIsCalledFromThere);
+                            ChangesToldLateAreToldWithTheStateThatWas, EveryHandlerIsCalled,
+                            AHandlerThatRunsTheEventLoopIsCalledFromThere);
 
 } // namespace tavrel

@@ -105,7 +105,7 @@ struct LinuxDesktop::Adapters {
   LinuxFiles files;
   LinuxHotKeys hotKeys{ownKeystrokes, &gestureKeyBuffer};
   LinuxImages images{resources + "/images"};
-  LinuxKeyboard keyboard{[this] { return eventMonitor.tapIsInterrupted(); }};
+  LinuxKeyboard keyboard{eventMonitor.keysOfEvent()};
   InProcessNotificationCenter notifications;
   LinuxDistributedNotificationCenter distributedNotifications{
       [this] { return presenter.isOpen(); }};

@@ -30,7 +30,7 @@ std::optional<ButtonChange> buttonChange(EventRef event) {
 
 } // namespace
 
-OSStatus MacEventMonitor::installModifierHandler(std::function<void()> changed) {
+OSStatus MacEventMonitor::installModifierHandler(std::function<void(double)> changed) {
   if (!modifiersChanged_.empty()) {
     modifiersChanged_.push_back(std::move(changed));
     return noErr;
@@ -54,14 +54,14 @@ OSStatus MacEventMonitor::installButtonHandler(std::function<void(ButtonChange)>
 }
 
 // A handler may run the event loop: what changes meanwhile is reported once it has returned.
-void MacEventMonitor::tellModifiers() {
-  isBehind_ = true;
+void MacEventMonitor::tellModifiers(EventRef event) {
+  untold_ = GetEventTime(event);
   if (std::exchange(isTelling_, true))
     return;
-  while (std::exchange(isBehind_, false))
+  while (const auto time = std::exchange(untold_, std::nullopt))
     for (std::size_t i = 0; i < modifiersChanged_.size(); ++i) {
       const auto handler = modifiersChanged_[i];
-      handler();
+      handler(*time);
     }
   isTelling_ = false;
 }

@@ -11,12 +11,12 @@ class MemoryEventMonitor final : public EventMonitor {
 public:
   struct Control {
     OSStatus status = 0; ///< what installing answers
-    std::vector<std::function<void()>> handlers;
+    std::vector<std::function<void(double)>> handlers;
     std::function<void(ButtonChange)> buttonHandler; ///< empty: nobody watches
   };
   Control control;
 
-  OSStatus installModifierHandler(std::function<void()> changed) override {
+  OSStatus installModifierHandler(std::function<void(double)> changed) override {
     if (control.status == 0)
       control.handlers.push_back(std::move(changed));
     return control.status;
@@ -28,10 +28,10 @@ public:
     return control.status;
   }
 
-  /// Tells every handler that the modifiers have changed.
-  void modifiersChanged() {
+  /// Tells every handler that the modifiers have changed at that time.
+  void modifiersChanged(double time) {
     for (const auto& handler : control.handlers)
-      handler();
+      handler(time);
   }
 };
 

@@ -18,11 +18,11 @@ struct MemoryEventMonitorWorld {
 
   void press(std::uint16_t key) {
     keys.control.eventModifiers |= bitOf(key);
-    adapter.modifiersChanged();
+    adapter.modifiersChanged(0);
   }
   void release(std::uint16_t key) {
     keys.control.eventModifiers &= ~bitOf(key);
-    adapter.modifiersChanged();
+    adapter.modifiersChanged(0);
   }
 
 private:
@@ -38,7 +38,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Memory, EventMonitorContract, MemoryEventMonitorW
 TEST(MemoryEventMonitor, InstallingCanFail) {
   MemoryEventMonitor monitor;
   monitor.control.status = -1;
-  EXPECT_EQ(monitor.installModifierHandler([] {}), -1);
+  EXPECT_EQ(monitor.installModifierHandler([](double) {}), -1);
   EXPECT_TRUE(monitor.control.handlers.empty());
 }
 

@@ -20,10 +20,10 @@ protected:
     hold(keyCode::command);
     desktop.keyboard.control.eventModifiers = eventModifier::command;
     desktop.clock.control.onSleep = [this](double) { desktop.keyboard.control.down = {}; };
-    desktop.eventMonitor.modifiersChanged();
+    desktop.eventMonitor.modifiersChanged(desktop.clock.now());
     desktop.keyboard.control.down = {};
     desktop.keyboard.control.eventModifiers = 0;
-    desktop.eventMonitor.modifiersChanged();
+    desktop.eventMonitor.modifiersChanged(desktop.clock.now());
   }
 
   void tapCommandTwice() {

@@ -23,10 +23,10 @@ protected:
       if (now >= up - 1e-9)
         desktop.keyboard.control.down.clear(key);
     };
-    desktop.eventMonitor.modifiersChanged();
+    desktop.eventMonitor.modifiersChanged(desktop.clock.now());
     desktop.keyboard.control.down.clear(key);
     desktop.keyboard.control.eventModifiers = 0;
-    desktop.eventMonitor.modifiersChanged();
+    desktop.eventMonitor.modifiersChanged(desktop.clock.now());
   }
 
   NTModifierKeyActionHandler handler;
@@ -102,7 +102,7 @@ TEST_F(DoubleTap, AKeyPressedWhileTheModifierIsDownIsAShortcutAndClearsAPendingT
   hold(keyCode::command);
   desktop.keyboard.control.eventModifiers = eventModifier::command;
   desktop.clock.control.onSleep = [this](double) { hold(1); };
-  desktop.eventMonitor.modifiersChanged();
+  desktop.eventMonitor.modifiersChanged(desktop.clock.now());
   desktop.keyboard.control.down = {};
   tapAt(10.2, 0.01);
   EXPECT_EQ(posted, 0);
@@ -170,7 +170,7 @@ TEST_F(DoubleTap, ARemovedClientHearsNothing) {
 
 TEST_F(DoubleTap, AHandlerThatIsGoneIsNotCalled) {
   (void)NTModifierKeyActionHandler{};
-  desktop.eventMonitor.modifiersChanged();
+  desktop.eventMonitor.modifiersChanged(desktop.clock.now());
 }
 
 TEST_F(DoubleTap, ARefusedMonitorIsLogged) {
@@ -218,7 +218,7 @@ protected:
       hold(key);
       desktop.keyboard.control.eventModifiers = modifiers;
       desktop.clock.control.onSleep = [&](double) { desktop.keyboard.control.down.clear(key); };
-      desktop.eventMonitor.modifiersChanged();
+      desktop.eventMonitor.modifiersChanged(desktop.clock.now());
     }
     return static_cast<int>(desktop.presenter.control.shown.size());
   }

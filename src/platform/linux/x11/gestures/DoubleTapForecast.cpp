@@ -5,19 +5,14 @@
 namespace tavrel {
 
 namespace {
-// Milliseconds. The server stamps a press as it comes; the core reads its own clock later.
-constexpr std::uint32_t clockDelay = 50;
-constexpr auto longestFromPressToPress =
-    static_cast<std::uint32_t>(doubleTapInterval * 1000) + clockDelay;
+constexpr auto longestFromPressToPress = static_cast<std::uint32_t>(doubleTapInterval * 1000);
 } // namespace
 
-void DoubleTapForecast::noteQuery(const std::shared_ptr<const ModifierPress>& press) {
-  lastQueried_ = press;
-}
-
-bool DoubleTapForecast::isSecondPress(const std::shared_ptr<const ModifierPress>& press) const {
-  return press && lastQueried_ && press != lastQueried_ && press->key == lastQueried_->key &&
-         !lastQueried_->interrupted && press->time - lastQueried_->time < longestFromPressToPress;
+bool DoubleTapForecast::isSecondPress(const ModifierChange& press) const {
+  return press.pressed != 0 && press.pressed == lastQueried_.pressed &&
+         press.sequel != lastQueried_.sequel &&
+         lastQueried_.sequel->kind != SequelKind::interrupted &&
+         press.time - lastQueried_.time < longestFromPressToPress;
 }
 
 } // namespace tavrel

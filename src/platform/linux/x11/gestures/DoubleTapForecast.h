@@ -2,8 +2,6 @@
 
 #include "platform/linux/x11/gestures/ModifierTaps.h"
 
-#include <memory>
-
 namespace tavrel {
 
 /// Foresees a double tap when a modifier goes down for the second time, so that what is typed from
@@ -12,13 +10,13 @@ class DoubleTapForecast {
 public:
   /// A handler has polled the keyboard because of this press, as the core does for the keys that
   /// may open the menu.
-  void noteQuery(const std::shared_ptr<const ModifierPress>& press);
+  void noteQuery(const ModifierChange& press) { lastQueried_ = press; }
   /// Whether the press follows one of the same key that was polled for, soon enough for a double
   /// tap and without another key or button between.
-  [[nodiscard]] bool isSecondPress(const std::shared_ptr<const ModifierPress>& press) const;
+  [[nodiscard]] bool isSecondPress(const ModifierChange& press) const;
 
 private:
-  std::shared_ptr<const ModifierPress> lastQueried_;
+  ModifierChange lastQueried_;
 };
 
 } // namespace tavrel

@@ -3,13 +3,16 @@
 #include "platform/linux/x11/gestures/GestureKeyBuffer.h"
 #include "platform/linux/x11/gestures/RawInput.h"
 #include "platform/linux/x11/keyboard/KeyboardGrab.h"
+#include "platform/linux/x11/keyboard/KeysDown.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "platform/linux/x11/windows/ScreenLock.h"
 
+#include <QDeadlineTimer>
 #include <QLoggingCategory>
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <poll.h>
 #include <xcb/xcb.h>
 
 #include <utility>
@@ -20,6 +23,15 @@ namespace {
 Q_LOGGING_CATEGORY(monitorLog, "tavrel.monitor")
 
 constexpr OSStatus notHandled = -9874;
+
+bool isReleasedInTime(const ModifierChange& change) {
+  return change.sequel->kind == SequelKind::released &&
+         change.sequel->time - change.time < static_cast<std::uint32_t>(longestTap * 1000);
+}
+
+ServerKeySet withAnotherKey(ServerKeySet keys) {
+  return keys.set(noServerKey);
+}
 } // namespace
 
 LinuxEventMonitor::LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* keyBuffer)
@@ -29,7 +41,7 @@ LinuxEventMonitor::~LinuxEventMonitor() {
   own_.setBoundaryListener({});
 }
 
-OSStatus LinuxEventMonitor::installModifierHandler(std::function<void()> changed) {
+OSStatus LinuxEventMonitor::installModifierHandler(std::function<void(double)> changed) {
   if (!input_ && !open()) {
     qCWarning(monitorLog, "this display does not tell of its modifier keys");
     return notHandled;
@@ -42,7 +54,8 @@ bool LinuxEventMonitor::open() {
   input_ = RawInput::create();
   if (!input_)
     return false;
-  taps_ = std::make_unique<ModifierTaps>(serverModifiers(input_->connection()));
+  taps_ = std::make_unique<ModifierTaps>(serverModifiers(input_->connection()),
+                                         keysDown(input_->connection()).value_or(ServerKeySet()));
   notifier_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(&input_->connection()),
                                                 QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, &context_, [this] {
@@ -54,33 +67,70 @@ bool LinuxEventMonitor::open() {
   return true;
 }
 
-bool LinuxEventMonitor::tapIsInterrupted() {
-  if (!delivered_.press)
-    return false;
-  doubleTapForecast_.noteQuery(delivered_.press);
+KeysOfEvent LinuxEventMonitor::keysOfEvent() {
+  return {[this] { return keysAfterChange(); }, [this] { return nextKeys(); }};
+}
+
+std::optional<ServerKeySet> LinuxEventMonitor::keysAfterChange() const {
+  return delivery_ && delivery_->told != Told::sequel ? std::optional(delivery_->change.down)
+                                                      : std::nullopt;
+}
+
+// The core asks until the key that went down is up, to measure how long it was held. By the time it
+// asks, the key may long be up and down again.
+std::optional<ServerKeySet> LinuxEventMonitor::nextKeys() {
+  if (!delivery_ || delivery_->told == Told::sequel)
+    return std::nullopt;
+  const ModifierChange change = delivery_->change;
+  if (change.pressed != 0)
+    doubleTapForecast_.noteQuery(change);
   readUpToNow();
-  return delivered_.press->interrupted;
+  if (delivery_->told == Told::nothing && change.sequel->kind != SequelKind::interrupted) {
+    delivery_->told = Told::change;
+    return change.down;
+  }
+  awaitSequel();
+  delivery_->told = Told::sequel;
+  return isReleasedInTime(change) ? change.sequel->down : withAnotherKey(change.down);
+}
+
+void LinuxEventMonitor::awaitSequel() {
+  const auto sequel = delivery_->change.sequel;
+  const QDeadlineTimer end(static_cast<int>(longestTap * 1000));
+  while (sequel->kind == SequelKind::none && input_ && !end.hasExpired()) {
+    pollfd events{xcb_get_file_descriptor(&input_->connection()), POLLIN, 0};
+    ::poll(&events, 1, static_cast<int>(end.remainingTime()));
+    readUpToNow();
+  }
 }
 
 void LinuxEventMonitor::readUpToNow() {
   if (!input_)
     return;
-  input_->waitUntilUpToDate();
-  readEvents();
+  const auto down = keysDown(input_->connection());
+  if (!readEvents() && down)
+    taps_->forgetAllBut(*down);
   if (!taps_->changes.empty())
     deliverLater();
 }
 
-void LinuxEventMonitor::readEvents() {
+bool LinuxEventMonitor::readEvents() {
   if (!input_)
-    return;
+    return false;
+  bool isAny = false;
   const auto ownDevices =
       own_.areBeingPosted() ? input_->programDevices() : std::set<std::uint16_t>();
-  while (const auto event = input_->next())
+  while (const auto event = input_->next()) {
+    isAny = true;
     if (!ownDevices.contains(event->source))
       apply(*event);
-  if (!input_->hasFailed())
-    return;
+  }
+  if (input_->hasFailed())
+    giveUp();
+  return isAny;
+}
+
+void LinuxEventMonitor::giveUp() {
   qCWarning(monitorLog, "the display is gone: its modifier keys are not seen any more");
   notifier_->setEnabled(false);
   taps_->changes.clear();
@@ -92,9 +142,9 @@ void LinuxEventMonitor::apply(const RawInputEvent& event) {
   case RawInputKind::keyDown:
     return taps_->keyDown(event.detail, event.time);
   case RawInputKind::keyUp:
-    return taps_->keyUp(event.detail);
+    return taps_->keyUp(event.detail, event.time);
   case RawInputKind::buttonDown:
-    return taps_->buttonDown(event.detail);
+    return taps_->buttonDown(event.detail, event.time);
   case RawInputKind::buttonUp:
     return taps_->buttonUp(event.detail);
   case RawInputKind::mappingChanged:
@@ -110,23 +160,25 @@ void LinuxEventMonitor::deliverChanges() {
     return taps_->changes.clear();
   ++deliveries_;
   while (taps_ && !taps_->changes.empty()) {
-    const ModifierChange before = std::exchange(delivered_, taps_->changes.front());
+    const auto before = std::exchange(delivery_, Delivery{taps_->changes.front()});
     taps_->changes.pop_front();
     if (!isScreenLocked(input_->connection())) // nothing opens over the password prompt
       callHandlers();
-    delivered_ = before;
+    delivery_ = before;
+    readEvents(); // the notifier is silent about what came along with replies meanwhile
   }
   --deliveries_;
 }
 
 void LinuxEventMonitor::callHandlers() {
-  const bool mayBeDoubleTap = keyBuffer_ && doubleTapForecast_.isSecondPress(delivered_.press);
+  const double time = time_.seconds(delivery_->change.time);
+  const bool mayBeDoubleTap = keyBuffer_ && doubleTapForecast_.isSecondPress(delivery_->change);
   if (mayBeDoubleTap) {
     keyBuffer_->start();
     keyBuffer_->actionBegins();
   }
   for (const auto& handler : handlers_)
-    handler();
+    handler(time);
   if (mayBeDoubleTap)
     keyBuffer_->actionEnds();
 }

@@ -4,10 +4,13 @@
 #include "platform/linux/x11/gestures/ButtonMonitor.h"
 #include "platform/linux/x11/gestures/DoubleTapForecast.h"
 #include "platform/linux/x11/gestures/ModifierTaps.h"
+#include "platform/linux/x11/gestures/ServerTime.h"
+#include "platform/linux/x11/keyboard/KeysOfEvent.h"
 
 #include <QObject>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QSocketNotifier;
@@ -29,21 +32,31 @@ public:
   explicit LinuxEventMonitor(OwnKeystrokes& own, GestureKeyBuffer* keyBuffer = nullptr);
   ~LinuxEventMonitor() override;
 
-  OSStatus installModifierHandler(std::function<void()> changed) override;
+  OSStatus installModifierHandler(std::function<void(double)> changed) override;
   OSStatus installButtonHandler(std::function<void(ButtonChange)> changed) override {
     return buttons_.install(std::move(changed));
   }
 
-  /// While a handler runs because a modifier key went down: whether another key, a mouse button or
-  /// the wheel has been used while that key was down. Reads all events up to the call, so that a
-  /// click counts that is too short for a handler that polls the keyboard.
-  [[nodiscard]] bool tapIsInterrupted();
+  /// For the keyboard port: the keys as they were at the change whose handlers run, and at what
+  /// came next. Nothing outside of handlers, and once a handler has seen what came next.
+  [[nodiscard]] KeysOfEvent keysOfEvent();
 
 private:
+  enum class Told { nothing, change, sequel };
+  /// What the keyboard port has told a handler of a change.
+  struct Delivery {
+    ModifierChange change;
+    Told told = Told::nothing;
+  };
+
   [[nodiscard]] bool open();
   void readUpToNow();
-  void readEvents();
+  bool readEvents(); ///< whether there were any
+  void giveUp();
   void apply(const struct RawInputEvent& event);
+  [[nodiscard]] std::optional<ServerKeySet> keysAfterChange() const;
+  [[nodiscard]] std::optional<ServerKeySet> nextKeys();
+  void awaitSequel();
   void deliverChanges();
   void callHandlers();
   void deliverLater();
@@ -53,8 +66,9 @@ private:
   ButtonMonitor buttons_;
   std::unique_ptr<RawInput> input_; ///< null until a handler is installed, and when it failed
   std::unique_ptr<ModifierTaps> taps_;
-  std::vector<std::function<void()>> handlers_;
-  ModifierChange delivered_; ///< the one whose handlers run
+  std::vector<std::function<void(double)>> handlers_;
+  std::optional<Delivery> delivery_; ///< the one whose handlers run
+  ServerTime time_;
   DoubleTapForecast doubleTapForecast_;
   int deliveries_ = 0; ///< at work, one within another
   QObject context_;    ///< ends the timers and connections with this

@@ -1,42 +1,52 @@
 #include "platform/linux/x11/gestures/ModifierTaps.h"
 
-namespace tavrel {
+#include <utility>
 
-namespace {
-constexpr std::size_t noKeyCode = 0; ///< key codes of the server begin at 8
-}
+namespace tavrel {
 
 // A key can go down or up twice in a row: two keyboards have it, or a program releases it (XTest).
 void ModifierTaps::keyDown(std::size_t key, std::uint32_t time) {
-  if (key >= modifiers_.keys.size() || down_.contains(key))
+  if (key >= down_.size() || down_.test(key))
     return;
-  if (!modifiers_.capsLockKeys.test(key)) // Caps Lock does not interrupt
-    interruptAllBut(key);
+  down_.set(key);
+  if (!modifiers_.capsLockKeys.test(key))
+    goOn(SequelKind::interrupted, time);
+  if (modifiers_.keys.test(key))
+    change(key, time);
+}
+
+void ModifierTaps::keyUp(std::size_t key, std::uint32_t time) {
+  if (key >= down_.size() || !down_.test(key))
+    return;
+  down_.reset(key);
   if (!modifiers_.keys.test(key))
     return;
-  const auto press = std::make_shared<ModifierPress>(ModifierPress{key, time, !buttons_.empty()});
-  down_[key] = press;
-  changes.push_back({press});
+  if (!modifiers_.capsLockKeys.test(key))
+    goOn(SequelKind::released, time);
+  change(0, time);
 }
 
-void ModifierTaps::keyUp(std::size_t key) {
-  if (down_.erase(key) > 0)
-    changes.push_back({});
-}
-
-void ModifierTaps::buttonDown(std::uint32_t button) {
+void ModifierTaps::buttonDown(std::uint32_t button, std::uint32_t time) {
   buttons_.insert(button);
-  interruptAllBut(noKeyCode);
+  goOn(SequelKind::interrupted, time);
 }
 
 void ModifierTaps::buttonUp(std::uint32_t button) {
   buttons_.erase(button);
 }
 
-void ModifierTaps::interruptAllBut(std::size_t key) {
-  for (auto& [held, press] : down_)
-    if (held != key)
-      press->interrupted = true;
+void ModifierTaps::change(std::size_t pressed, std::uint32_t time) {
+  const auto sequel = std::make_shared<ModifierSequel>();
+  if (!buttons_.empty())
+    sequel->kind = SequelKind::interrupted;
+  else
+    open_.push_back(sequel);
+  changes.push_back({pressed, time, down_, sequel});
+}
+
+void ModifierTaps::goOn(SequelKind kind, std::uint32_t time) {
+  for (const auto& sequel : std::exchange(open_, {}))
+    *sequel = {kind, time, down_};
 }
 
 } // namespace tavrel

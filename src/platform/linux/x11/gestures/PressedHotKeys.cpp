@@ -2,8 +2,8 @@
 
 #include "platform/linux/x11/keyboard/KeyGrabs.h"
 #include "platform/linux/x11/keyboard/KeyboardGrab.h"
+#include "platform/linux/x11/keyboard/KeysDown.h"
 #include "platform/linux/x11/server/QtConnection.h"
-#include "platform/linux/x11/server/XcbReply.h"
 
 #include <QCoreApplication>
 #include <QObject>
@@ -89,12 +89,8 @@ bool PressedHotKeys::handleRelease(const xcb_key_press_event_t& event) {
 // A release may be one of auto-repeat: the keyboard is asked whether the key is up.
 void PressedHotKeys::reportReleases() {
   xcb_connection_t* connection = qtConnection();
-  const auto down = xcbReply(
-      connection ? xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr)
-                 : nullptr);
-  const auto isUp = [&](std::uint8_t key) {
-    return down && (down->keys[key / 8] >> (key % 8) & 1) == 0;
-  };
+  const auto down = connection ? keysDown(*connection) : std::nullopt;
+  const auto isUp = [&](std::uint8_t key) { return down && !down->test(key); };
   std::erase_if(pressed_, [&](const auto& held) {
     if (!isUp(held.first))
       return false;

@@ -98,10 +98,6 @@ std::optional<RawInputEvent> RawInput::next() {
   return std::nullopt;
 }
 
-void RawInput::waitUntilUpToDate() {
-  xcbReply(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
-}
-
 bool RawInput::hasFailed() const {
   return xcb_connection_has_error(connection_) != 0;
 }

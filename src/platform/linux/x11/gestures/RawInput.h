@@ -33,8 +33,6 @@ public:
 
   /// The next event that has arrived; nothing when there is none.
   [[nodiscard]] std::optional<RawInputEvent> next();
-  /// Returns when all that has happened up to now has arrived.
-  void waitUntilUpToDate();
   [[nodiscard]] bool hasFailed() const;
 
   /// The devices that stand for what programs post (XTest).

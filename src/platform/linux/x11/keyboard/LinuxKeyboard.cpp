@@ -2,6 +2,7 @@
 
 #include "base/Modifiers.h"
 #include "platform/common/KeyboardLayout.h"
+#include "platform/linux/x11/keyboard/KeysDown.h"
 #include "platform/linux/x11/keyboard/LayoutChanges.h"
 #include "platform/linux/x11/keyboard/ServerModifiers.h"
 #include "platform/linux/x11/keyboard/SnapshotCodes.h"
@@ -36,6 +37,26 @@ std::uint32_t eventModifiersOf(std::uint16_t mask, const ServerModifiers& server
   std::uint32_t modifiers = 0;
   for (const auto& [bit, modifier] : bits)
     modifiers |= (mask & bit) != 0 ? modifier : 0;
+  return modifiers;
+}
+
+KeyMap keyMapOf(const ServerKeySet& keys, const KeyTranslation& codes) {
+  KeyMap map;
+  for (std::size_t key = 0; key < codes.size(); ++key)
+    if (keys.test(key))
+      map.set(codes[key]);
+  return map;
+}
+
+std::uint32_t modifiersDown(const KeyMap& keys) {
+  constexpr std::pair<std::uint16_t, std::uint32_t> bits[]{
+      {keyCode::command, eventModifier::command},
+      {keyCode::shift, eventModifier::shift},
+      {keyCode::option, eventModifier::option},
+      {keyCode::control, eventModifier::control}};
+  std::uint32_t modifiers = 0;
+  for (const auto& [key, modifier] : bits)
+    modifiers |= keys.isDown(key) ? modifier : 0;
   return modifiers;
 }
 
@@ -136,8 +157,8 @@ struct LinuxKeyboard::Server {
   }
 };
 
-LinuxKeyboard::LinuxKeyboard(std::function<bool()> tapIsInterrupted)
-    : tapIsInterrupted_(std::move(tapIsInterrupted)), server_(std::make_unique<Server>()) {
+LinuxKeyboard::LinuxKeyboard(KeysOfEvent event)
+    : event_(std::move(event)), server_(std::make_unique<Server>()) {
   if (server_->open())
     return;
   qCWarning(keyboardLog, "the keyboard of this display cannot be read");
@@ -157,17 +178,11 @@ bool LinuxKeyboard::hasServer() {
 }
 
 KeyMap LinuxKeyboard::keyMap() {
-  KeyMap map;
   if (!hasServer())
-    return map;
-  const auto keys = xcbReply(
-      xcb_query_keymap_reply(server_->connection, xcb_query_keymap(server_->connection), nullptr));
-  for (std::size_t key = 0; keys && key < server_->codes.size(); ++key)
-    if ((keys->keys[key / 8] >> (key % 8) & 1) != 0)
-      map.set(server_->codes[key]);
-  if (tapIsInterrupted_ && tapIsInterrupted_())
-    map.set(otherKey);
-  return map;
+    return {};
+  const auto ofEvent = event_.next ? event_.next() : std::nullopt;
+  return keyMapOf(ofEvent ? *ofEvent : keysDown(*server_->connection).value_or(ServerKeySet()),
+                  server_->codes);
 }
 
 std::uint32_t LinuxKeyboard::eventModifiers() {
@@ -175,7 +190,11 @@ std::uint32_t LinuxKeyboard::eventModifiers() {
     return 0;
   const auto pointer = xcbReply(xcb_query_pointer_reply(
       server_->connection, xcb_query_pointer(server_->connection, server_->root), nullptr));
-  return pointer ? eventModifiersOf(pointer->mask, server_->modifiers) : 0;
+  const std::uint32_t now = pointer ? eventModifiersOf(pointer->mask, server_->modifiers) : 0;
+  const auto ofEvent = event_.after ? event_.after() : std::nullopt;
+  return ofEvent
+             ? modifiersDown(keyMapOf(*ofEvent, server_->codes)) | (now & eventModifier::capsLock)
+             : now;
 }
 
 std::string LinuxKeyboard::layoutIdentifier() {

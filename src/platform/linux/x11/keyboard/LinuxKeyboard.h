@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Keyboard.h"
+#include "platform/linux/x11/keyboard/KeysOfEvent.h"
 
-#include <functional>
 #include <memory>
 
 namespace tavrel {
@@ -10,13 +10,12 @@ namespace tavrel {
 /// The state of the X server's keyboard, over a connection of its own. Without a server, or when it
 /// ends, no key is down and no layout is known; one line on standard error says so.
 ///
-/// `tapIsInterrupted` is called for each snapshot; while it answers true the snapshot shows a key
-/// as down that no keyboard has. The core polls snapshots to decide whether a modifier is tapped
-/// alone: so a click, a turn of the wheel, or a key too short for any snapshot counts as another
-/// key.
+/// While a change of the modifiers is handled, snapshots show the keys that the event has left, and
+/// then those that the next one has, whatever has become of them since: the core measures by them
+/// how long a modifier was held, and whether alone.
 class LinuxKeyboard final : public Keyboard {
 public:
-  explicit LinuxKeyboard(std::function<bool()> tapIsInterrupted = {});
+  explicit LinuxKeyboard(KeysOfEvent event = {});
   ~LinuxKeyboard() override;
 
   KeyMap keyMap() override;
@@ -30,7 +29,7 @@ private:
   struct Server;
   [[nodiscard]] bool hasServer();
 
-  std::function<bool()> tapIsInterrupted_;
+  KeysOfEvent event_;
   std::unique_ptr<Server> server_; ///< null without a server
 };
 

@@ -53,10 +53,14 @@ ServerModifiers serverModifiers(xcb_connection_t& connection) {
   const KeySyms all(xcb_get_keyboard_mapping_keysyms(symbols.get()), count * perKey);
   const std::size_t perRow = map->keycodes_per_modifier;
   const std::span keys(xcb_get_modifier_mapping_keycodes(map.get()), 8 * perRow);
+  std::bitset<256> otherKeys; // a key that has been made Ctrl may be in the row of Caps Lock still
   for (std::size_t i = 0; i < keys.size(); ++i)
-    if (keys[i] >= first)
+    if (keys[i] >= first) {
       addModifierKey(modifiers, i / perRow, keys[i],
                      all.subspan((keys[i] - first) * perKey, perKey));
+      otherKeys[keys[i]] = otherKeys[keys[i]] || i / perRow != XCB_MAP_INDEX_LOCK;
+    }
+  modifiers.capsLockKeys &= ~otherKeys;
   const int own = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | modifiers.alt | modifiers.super;
   modifiers.locks &= static_cast<std::uint16_t>(~own);
   return modifiers;

@@ -15,7 +15,7 @@ struct ServerModifiers {
   std::uint16_t super = 0;       ///< 0 where no key is Super
   std::uint16_t locks = 0;       ///< Caps Lock, Num Lock and Scroll Lock, as far as they have one
   std::bitset<256> keys;         ///< by server key code: those that set a modifier
-  std::bitset<256> capsLockKeys; ///< those of them that set Caps Lock
+  std::bitset<256> capsLockKeys; ///< those of them that set Caps Lock alone
 };
 
 [[nodiscard]] ServerModifiers serverModifiers(xcb_connection_t& connection);

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/keystrokes/KeystrokeServer.h"
 
+#include "platform/linux/x11/keyboard/KeysDown.h"
 #include "platform/linux/x11/keyboard/PhysicalKeyboards.h"
 #include "platform/linux/x11/server/XcbReply.h"
 #include "platform/linux/x11/server/XcbXkb.h"
@@ -43,13 +44,6 @@ struct KeystrokeServer::Connection {
 };
 
 namespace {
-
-ServerKeySet keySet(const std::uint8_t (&bits)[32]) {
-  ServerKeySet keys;
-  for (std::size_t key = 0; key < keys.size(); ++key)
-    keys[key] = (bits[key / 8] >> (key % 8) & 1) != 0;
-  return keys;
-}
 
 ServerKeySet keysDownOn(xcb_connection_t* xcb, std::uint16_t device) {
   const auto state = xcbReply(xcb_input_query_device_state_reply(
@@ -127,9 +121,7 @@ std::uint8_t KeystrokeServer::modifiersInForce() {
 }
 
 ServerKeySet KeystrokeServer::down() {
-  const auto keys = xcbReply(
-      xcb_query_keymap_reply(connection_->xcb, xcb_query_keymap(connection_->xcb), nullptr));
-  return keys ? keySet(keys->keys) : ServerKeySet();
+  return keysDown(*connection_->xcb).value_or(ServerKeySet());
 }
 
 ServerKeySet KeystrokeServer::physicallyDown() {

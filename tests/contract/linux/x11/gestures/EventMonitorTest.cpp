@@ -16,6 +16,8 @@
 namespace tavrel {
 namespace {
 
+using ::testing::ElementsAre;
+
 void handleLayout(const QStringList& arguments) {
   EXPECT_EQ(QProcess::execute(QStringLiteral("setxkbmap"), arguments), 0);
 }
@@ -30,7 +32,7 @@ const std::map<std::uint16_t, std::uint8_t> keysByPlace{{keyCode::command, serve
 template <Device device> struct EventMonitorWorld {
   OwnKeystrokes own;
   LinuxEventMonitor adapter{own};
-  LinuxKeyboard keys{[this] { return adapter.tapIsInterrupted(); }};
+  LinuxKeyboard keys{adapter.keysOfEvent()};
   FakeInput input{device};
 
   EventMonitor& monitor() { return adapter; }
@@ -61,9 +63,10 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Linux, EventMonitorContract, EventMonitorWorlds);
 template <class World> class MonitorTest : public ::testing::Test {
 protected:
   MonitorTest() {
-    EXPECT_EQ(world.adapter.installModifierHandler([this] {
-      if (inHandler)
-        inHandler();
+    EXPECT_EQ(world.adapter.installModifierHandler([this](double time) {
+      times.push_back(time);
+      if (const auto act = inHandler) // a copy: it may set another
+        act();
       ++calls;
     }),
               0);
@@ -84,6 +87,7 @@ protected:
   World world;
   std::function<void()> inHandler;
   int calls = 0;
+  std::vector<double> times; ///< of the calls
 };
 
 using LinuxEventMonitorOnKeyboard = MonitorTest<KeyboardsKeys>;
@@ -133,6 +137,13 @@ TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatTheLayoutMakesAModifierIsReported) {
     world.input.tap(135); // the menu key
     return callsUpToNow() == 2;
   }));
+}
+
+TEST_F(LinuxEventMonitorOnKeyboard, TheTimeBetweenChangesIsThatOfTheServer) {
+  world.input.down(serverKey::control);
+  world.input.holdAndRelease(serverKey::control, 60);
+  EXPECT_TRUE(eventually([this] { return calls == 2; }));
+  EXPECT_GE(times[1] - times[0], 0.06);
 }
 
 /// As a screen locker: a window over all of the screen that no window manager manages.
@@ -286,17 +297,121 @@ TEST_F(ModifierTap, OwnKeystrokesAreNotAnotherKey) {
   }));
 }
 
+/// Taps that are over before the event loop runs: what the handler of the first press sees.
+class LateTap : public LinuxEventMonitorOnKeyboard {
+protected:
+  /// Two snapshots, without Command; and whether it is down in them.
+  void look() {
+    inHandler = [this] {
+      inHandler = {};
+      for (int time = 0; time < 2; ++time) {
+        KeyMap keys = world.keys.keyMap();
+        isCommandDown.push_back(keys.isDown(keyCode::command));
+        keys.clear(keyCode::command);
+        isAnotherDown.push_back(keys.any());
+      }
+    };
+    EXPECT_TRUE(eventually([this] { return isAnotherDown.size() == 2; }));
+  }
+  void tapCommand() { world.input.tap(serverKey::control); }
+
+  std::vector<bool> isCommandDown;
+  std::vector<bool> isAnotherDown;
+};
+
+TEST_F(LateTap, IsSeenDownAndThenUp) {
+  tapCommand();
+  look();
+  EXPECT_THAT(isCommandDown, ElementsAre(true, false));
+  EXPECT_THAT(isAnotherDown, ElementsAre(false, false));
+}
+
+TEST_F(LateTap, FollowedByAnotherTapIsSeenUp) {
+  tapCommand();
+  tapCommand();
+  look();
+  EXPECT_THAT(isCommandDown, ElementsAre(true, false));
+}
+
+TEST_F(LateTap, FollowedByAnotherKeyOrAClickIsATap) {
+  tapCommand();
+  world.input.down(serverKey::a);
+  world.input.click(leftButton);
+  look();
+  world.input.up(serverKey::a);
+  EXPECT_THAT(isCommandDown, ElementsAre(true, false));
+  EXPECT_THAT(isAnotherDown, ElementsAre(false, false));
+}
+
+TEST_F(LateTap, OfAHeldKeyIsNone) {
+  world.input.down(serverKey::control);
+  world.input.holdAndRelease(serverKey::control, 250);
+  look();
+  EXPECT_TRUE(isAnotherDown.back());
+}
+
+TEST_F(LateTap, WithAKeyThatWasDownBeforeIsNone) {
+  world.input.down(serverKey::a);
+  tapCommand();
+  world.input.up(serverKey::a);
+  look();
+  EXPECT_TRUE(isAnotherDown.front());
+}
+
+TEST_F(LateTap, OfACapsLockThatTheLayoutMakesCtrlIsSeenUp) {
+  const auto restore = qScopeGuard([] { handleLayout({"us", "-option", {}}); });
+  handleLayout({"us", "-option", "", "-option", "caps:ctrl_modifier"});
+  world.input.tap(serverKey::super);
+  EXPECT_TRUE(eventually([this] { return calls == 2; }));
+  world.input.tap(serverKey::capsLock);
+  look();
+  EXPECT_THAT(isCommandDown, ElementsAre(true, false));
+}
+
+TEST_F(LateTap, IsOverOnceItIsSeen) {
+  tapCommand();
+  bool isShiftDown = false;
+  inHandler = [&] {
+    inHandler = {};
+    while (world.keys.keyMap().isDown(keyCode::command)) {
+    }
+    world.input.down(serverKey::shift);
+    isShiftDown = world.keys.keyMap().isDown(keyCode::shift) &&
+                  world.keys.eventModifiers() == eventModifier::shift;
+  };
+  EXPECT_TRUE(eventually([this] { return calls == 3; }));
+  world.input.up(serverKey::shift);
+  EXPECT_TRUE(isShiftDown) << "as for a menu that the second tap opens";
+}
+
+TEST(LinuxEventMonitor, KeysThatWereDownBeforeItWasInstalledCount) {
+  FakeInput input;
+  input.down(serverKey::a);
+  KeyboardsKeys world;
+  std::optional<KeyMap> keys;
+  ASSERT_EQ(world.adapter.installModifierHandler([&](double) {
+    if (!keys)
+      keys = world.keys.keyMap();
+  }),
+            0);
+  world.input.tap(serverKey::control);
+  EXPECT_TRUE(eventually([&] { return keys.has_value(); }));
+  input.up(serverKey::a);
+  keys->clear(keyCode::command);
+  EXPECT_TRUE(keys->any());
+}
+
 TEST(LinuxEventMonitor, WithoutADisplayInstallingFailsAndOneLineSaysSo) {
   const std::string display = std::getenv("DISPLAY");
   OwnKeystrokes own;
   LinuxEventMonitor monitor(own);
   ::setenv("DISPLAY", ":63999", 1);
   ::testing::internal::CaptureStderr();
-  EXPECT_LT(monitor.installModifierHandler([] {}), 0);
+  EXPECT_LT(monitor.installModifierHandler([](double) {}), 0);
   ::setenv("DISPLAY", display.c_str(), 1);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
             "tavrel.monitor: this display does not tell of its modifier keys\n");
-  EXPECT_EQ(monitor.installModifierHandler([] {}), 0) << "the next attempt may work";
+  EXPECT_EQ(monitor.installModifierHandler([](double) {}), 0) << "the next attempt may work";
 }
 
 TEST(LinuxEventMonitor, WhenTheServerEndsNothingMoreIsReportedAndOneLineSaysSo) {
@@ -307,7 +422,7 @@ TEST(LinuxEventMonitor, WhenTheServerEndsNothingMoreIsReportedAndOneLineSaysSo) 
   OwnKeystrokes own;
   LinuxEventMonitor monitor(own);
   ::setenv("DISPLAY", (":" + server.readAllStandardOutput().trimmed()).constData(), 1);
-  EXPECT_EQ(monitor.installModifierHandler([] {}), 0);
+  EXPECT_EQ(monitor.installModifierHandler([](double) {}), 0);
   ::setenv("DISPLAY", display.c_str(), 1);
   server.kill();
   ASSERT_TRUE(server.waitForFinished(20000));
