@@ -6,6 +6,7 @@ TRIES ?= 5
 SEED ?= 1
 COUNT ?= 100000
 PRESSES ?= 10000
+TAPS ?= 1000
 
 .PHONY: help run test build with-tests deb check bench bench-desktop soak field asan mutate fresh format clean
 
@@ -21,7 +22,8 @@ help:
 	@echo "make bench   measures, and prints the ratios"
 	@echo "make bench-desktop  measures gestures beside other launchers"
 	@echo "make soak    captures a selection $(COUNT) times, from a program that copies in every way,"
-	@echo "             and presses the hot key of a hidden entry $(PRESSES) times"
+	@echo "             presses the hot key of a hidden entry $(PRESSES) times,"
+	@echo "             and taps Ctrl $(TAPS) times, two and two"
 	@echo "make fresh SUITE=trixie  tries both on a fresh Debian 13 (SUITE=bookworm: 12), as root"
 	@echo "make format  lays the sources out"
 	@echo "make clean   removes what was built"
@@ -81,6 +83,7 @@ bench-desktop:
 soak: with-tests
 	tools/with-desktop --wm $(BUILD)/tests/soak/capture_soak $(COUNT)
 	tests/soak/hand-on.sh $(BUILD)/src/tavrel $(BUILD)/tests/soak/hand_on_soak $(PRESSES)
+	tools/with-desktop --wm $(BUILD)/tests/soak/tap_soak $(TAPS)
 
 fresh:
 	@tools/install-packages fresh
