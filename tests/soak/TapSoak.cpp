@@ -105,7 +105,8 @@ int run(int count) {
     for (int each = 0; each < count / 4; ++each) {
       soak.run(tapper, doubleTaps[static_cast<std::size_t>(each) % std::size(doubleTaps)]);
       if (each % 5 == 0)
-        soak.run(tapper, notDoubleTaps[static_cast<std::size_t>(each / 5) % std::size(notDoubleTaps)]);
+        soak.run(tapper,
+                 notDoubleTaps[static_cast<std::size_t>(each / 5) % std::size(notDoubleTaps)]);
     }
   }
   return soak.finish();

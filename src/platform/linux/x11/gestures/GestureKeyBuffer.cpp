@@ -137,7 +137,7 @@ bool GestureKeyBuffer::nativeEventFilter(const QByteArray& type, void* message, 
 
 void GestureKeyBuffer::replayKeys() {
   phase_ = Phase::idle;
-  const RecordedKeyEvents keys = std::exchange(keys_, {});
+  const RecordedKeyEvents keys = inTheirOrder(std::exchange(keys_, {}));
   if (!keys.empty())
     replay_(keys);
 }

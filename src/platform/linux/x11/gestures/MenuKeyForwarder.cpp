@@ -47,12 +47,13 @@ bool MenuKeyForwarder::nativeEventFilter(const QByteArray& eventType, void* mess
   return false;
 }
 
-void MenuKeyForwarder::keepKey(std::uint32_t code, KeyDirection direction) {
+void MenuKeyForwarder::keepKey(std::uint32_t code, KeyDirection direction, std::uint32_t time) {
   if (code == 0)
     return; // an event that the toolkit made up, from no keyboard
   xcb_key_press_event_t key{};
   key.response_type = direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
   key.detail = static_cast<xcb_keycode_t>(code);
+  key.time = time;
   pendingKeys_.push_back(key);
 }
 

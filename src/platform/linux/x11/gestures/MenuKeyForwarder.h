@@ -25,8 +25,9 @@ public:
 
   /// For when something has released the grab meanwhile.
   void grabAgain() { KeyboardGrab::take(); }
-  /// Keeps a key (the server's code) that the toolkit had read already when the menu closed.
-  void keepKey(std::uint32_t code, KeyDirection direction);
+  /// Keeps a key (the server's code and time) that the toolkit had read already when the menu
+  /// closed.
+  void keepKey(std::uint32_t code, KeyDirection direction, std::uint32_t time);
 
   bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 

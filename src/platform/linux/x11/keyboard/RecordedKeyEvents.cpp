@@ -1,5 +1,8 @@
 #include "platform/linux/x11/keyboard/RecordedKeyEvents.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace tavrel {
 
 namespace {
@@ -36,6 +39,13 @@ private:
 bool isKeyEvent(const xcb_generic_event_t& event) {
   const auto type = event.response_type & 0x7f;
   return type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
+}
+
+RecordedKeyEvents inTheirOrder(RecordedKeyEvents events) {
+  std::stable_sort(events.begin(), events.end(), [](const auto& one, const auto& other) {
+    return static_cast<std::int32_t>(one.time - other.time) < 0; // the time begins anew at 0
+  });
+  return events;
 }
 
 // Modifiers are pressed only when a key needs them: many programs act on one that is tapped alone.

@@ -8,8 +8,12 @@
 
 namespace tavrel {
 
-/// Key events as the server sent them, oldest first.
+/// Key events as the server sent them.
 using RecordedKeyEvents = std::vector<xcb_key_press_event_t>;
+
+/// The same, put in the order in which they were typed: one that was forwarded to a window of ours
+/// comes back after what was typed meanwhile, but with its time.
+[[nodiscard]] RecordedKeyEvents inTheirOrder(RecordedKeyEvents events);
 
 [[nodiscard]] bool isKeyEvent(const xcb_generic_event_t& event);
 

@@ -73,5 +73,16 @@ TEST(RecordedKeyEvents, ALockIsNotSwitchedOnceMore) {
               ElementsAre(down(38), up(38)));
 }
 
+TEST(RecordedKeyEvents, OneThatComesBackLateIsPutWhereItWasTyped) {
+  RecordedKeyEvents events = typed({down(serverKey::a), down(serverKey::c), down(serverKey::s)});
+  events[0].time = 5;
+  events[1].time = 0xFFFFFFF0; // before the server's time began anew
+  events[2].time = 5;
+  events = inTheirOrder(events);
+  EXPECT_EQ(events[0].detail, serverKey::c);
+  EXPECT_EQ(events[1].detail, serverKey::a);
+  EXPECT_EQ(events[2].detail, serverKey::s);
+}
+
 } // namespace
 } // namespace tavrel

@@ -224,7 +224,7 @@ TEST_F(GestureKeys, WhatIsTypedAsTheMenuClosesKeepsItsOrderWhileTheChosenItemTak
     typeForMenu([](FakeInput& keyboard) {
       pressHotKey(keyboard);
       for (const std::uint8_t key : {keyDown, keyReturn, keyX, serverKey::s, serverKey::a}) {
-        keyboard.waitAndPress(key, 20); // as nobody types quicker
+        keyboard.waitAndPress(key, 60); // two hundred words a minute
         keyboard.up(key);
       }
     });
