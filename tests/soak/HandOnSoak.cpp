@@ -15,6 +15,7 @@ namespace tavrel {
 namespace {
 
 constexpr std::uint8_t letter = 45; // K
+constexpr std::uint8_t insertKey = 118;
 
 enum class Chord { held, whole };
 
@@ -106,7 +107,8 @@ public:
   }
 
   int finish() {
-    const int others = window_.keys() - window_.keys(serverKey::control) - window_.keys(letter);
+    const int others = window_.keys() - window_.keys(serverKey::control) - window_.keys(letter) -
+                       window_.keys(insertKey); // which asks for the selection
     std::printf("%d presses: %d reached the application, %d bare letters, %d other keys, "
                 "keys left down %d times\n",
                 pressed_, arrived(), bare(), others, leftDown_);
