@@ -100,9 +100,10 @@ stop_program() {
 try_layout() {
   row="${*:7}" control=$1 option=$2 letter_k=$3 letter_a=$4
   setxkbmap -layout us -variant '' -option ''
+  [ "$layout_is" = "set before the start" ] || start_program
   setxkbmap "${@:7}"
   [ "$6" = - ] || "$keyboard" "$6"
-  start_program
+  [ "$layout_is" = "changed while it runs" ] || start_program
   for device in keyboard program; do
     try_hot_key "$letter_k" "the item on k"
     try_hot_key "$5" "the item on 1"
@@ -112,7 +113,7 @@ try_layout() {
   done
   stop_program
   [ "$6" = - ] || "$keyboard" "$6"
-  echo "tried: $row"
+  echo "tried: $row, $layout_is"
 }
 
 tint2 >/dev/null 2>&1 &
@@ -120,6 +121,7 @@ wait_for 20 "the panel's tray" sh -c 'xprop -root | grep -q _NET_CLIENT_LIST && 
 featherpad "$words" >/dev/null 2>&1 &
 wait_for 40 "the editor" active_class featherpad
 
+layout_is="set before the start"
 try_layout 37 64 45 38 10 - us
 try_layout 37 108 45 38 10 - us
 try_layout 37 64 45 38 10 - de
@@ -133,5 +135,10 @@ try_layout 37 64 45 38 10 - ara,us
 try_layout 66 64 45 38 10 - us -option ctrl:swapcaps
 try_layout 66 64 45 38 10 - us -option ctrl:nocaps
 try_layout 66 64 45 38 10 - us -option caps:ctrl_modifier
+try_layout 37 133 45 38 10 - us -option altwin:swap_alt_win
+# A hot key stays where it was; modifiers go with the layout at once.
+layout_is="changed while it runs"
+try_layout 37 64 45 38 10 - ru,us
+try_layout 66 64 45 38 10 - us -option ctrl:swapcaps
 try_layout 37 133 45 38 10 - us -option altwin:swap_alt_win
 [ $failures = 0 ] || give_up "$failures complaints"
