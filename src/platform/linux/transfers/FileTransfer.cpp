@@ -83,6 +83,14 @@ std::error_code renameCopy(NameInFolder from, NameInFolder to) {
   return error;
 }
 
+/// No error where folders cannot be synchronised, as on some shares.
+std::error_code syncFolder(int folder) {
+  const std::error_code error = outcome(::fsync(folder));
+  return error == std::errc::invalid_argument || error == std::errc::bad_file_descriptor
+             ? std::error_code()
+             : error;
+}
+
 class Transfer {
 public:
   Transfer(FileOperation operation, const std::string& source, const std::string& destination)
@@ -99,7 +107,9 @@ public:
         operation_ == FileOperation::move ? onOtherFileSystem_ : names;
     if (!failed && !toCopy.empty())
       failed = copyAll(toCopy);
-    return failed ? *failed + undo() : failed;
+    std::string problems = failed ? undo() : "";
+    problems += clean();
+    return failed || !problems.empty() ? failed.value_or("done") + problems : failed;
   }
 
 private:
@@ -138,11 +148,11 @@ private:
       for (const std::string& name : names)
         if (const auto error = confirmRemovable(source_.get(), name))
           return failure(name, "cannot be removed from its folder: " + error.message());
-    copiesFolder_.emplace(destination_.get());
-    const StagingFolder links(destination_.get());
-    if (!copiesFolder_->isOpen() || !links.isOpen())
+    copiesFolder_.emplace(destination_.get(), Staged::copies);
+    linksFolder_.emplace(destination_.get(), Staged::copies);
+    if (!copiesFolder_->isOpen() || !linksFolder_->isOpen())
       return failureOf(destinationPath_, lastError());
-    TreeCopy copy(copiesFolder_->folder(), links.folder());
+    TreeCopy copy(copiesFolder_->folder(), linksFolder_->folder());
     for (const std::string& name : names)
       if (const auto error = copy.copy(source_.get(), name))
         return failureOf(name, error);
@@ -159,26 +169,25 @@ private:
       struct stat status = {};
       if (::fstatat(copiesFolder_->folder(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
         return failureOf(name, lastError());
+      placed_.push_back({name, identityOf(status)}); // it may be, although an error is answered
       if (const auto error =
               renameCopy({copiesFolder_->folder(), name}, {destination_.get(), name}))
         return failureOf(name, error);
-      placed_.push_back({name, identityOf(status)});
     }
-    (void)::fsync(destination_.get());
-    return std::nullopt;
+    return failureOf(destinationPath_, syncFolder(destination_.get()));
   }
 
   /// Moves the originals to a hidden folder first, so that nobody changes them any more; when one
   /// was changed until then, the transfer fails.
   Failure removeOriginals(const std::vector<std::string>& names, const TreeCopy& copy) {
-    originalsFolder_.emplace(source_.get());
+    originalsFolder_.emplace(source_.get(), Staged::originals);
     if (!originalsFolder_->isOpen())
       return failureOf(sourcePath_, lastError());
     for (const std::string& name : names) {
+      hiddenOriginals_.push_back(name); // it may be there although an error is answered
       if (const auto error =
               renameExclusively({source_.get(), name}, {originalsFolder_->folder(), name}))
         return failureOf(name, error);
-      hiddenOriginals_.push_back(name);
     }
     for (const std::string& name : names)
       if (const auto error = copy.confirmUnchanged(originalsFolder_->folder(), name))
@@ -203,7 +212,7 @@ private:
     for (auto name = hiddenOriginals_.rbegin(); name != hiddenOriginals_.rend(); ++name)
       putBack(*name, problems);
     for (auto copy = placed_.rbegin(); copy != placed_.rend(); ++copy)
-      withdraw(*copy);
+      withdraw(*copy, problems);
     for (auto name = renamed_.rbegin(); name != renamed_.rend(); ++name)
       if (renameExclusively({destination_.get(), *name}, {source_.get(), *name}))
         problems += "; " + inQuotes(*name) + " stays in " + inQuotes(destinationPath_);
@@ -211,13 +220,23 @@ private:
   }
 
   void putBack(const std::string& name, std::string& problems) {
-    const std::error_code error =
-        renameExclusively({originalsFolder_->folder(), name}, {source_.get(), name});
-    if (!error || error == std::errc::no_such_file_or_directory)
-      return;
-    problems +=
-        "; " + inQuotes(name) + " is in " + inQuotes(sourcePath_ + "/" + originalsFolder_->name());
-    originalsFolder_->keep();
+    const NameInFolder hidden{originalsFolder_->folder(), name};
+    if (renameExclusively(hidden, {source_.get(), name}) && !isGone(hidden))
+      problems += "; " + inQuotes(name) + " is in " +
+                  inQuotes(sourcePath_ + "/" + originalsFolder_->name());
+  }
+
+  /// What is left of the hidden folders.
+  std::string clean() {
+    std::string problems;
+    for (auto* staging : {&copiesFolder_, &linksFolder_, &originalsFolder_})
+      if (const std::string name = *staging ? (*staging)->name() : ""; !name.empty())
+        if (const auto error = (*staging)->remove())
+          problems += "; " +
+                      inQuotes((staging == &originalsFolder_ ? sourcePath_ : destinationPath_) +
+                               "/" + name) +
+                      " could not be removed: " + error.message();
+    return problems;
   }
 
   struct Placed {
@@ -225,12 +244,21 @@ private:
     FileIdentity identity;
   };
 
-  /// Takes a copy away again, unless somebody put something else in its place.
-  void withdraw(const Placed& copy) {
+  /// Takes a copy away again, unless somebody put something else in its place, or its original is
+  /// not where it was: then it may be the only one.
+  void withdraw(const Placed& copy, std::string& problems) {
     struct stat status = {};
-    if (::fstatat(destination_.get(), copy.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-        identityOf(status) == copy.identity)
-      (void)renameCopy({destination_.get(), copy.name}, {copiesFolder_->folder(), copy.name});
+    const NameInFolder place{destination_.get(), copy.name};
+    const bool isThere =
+        ::fstatat(place.folder, copy.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isThere && identityOf(status) != copy.identity)
+      return;
+    const bool hasOriginal =
+        ::fstatat(source_.get(), copy.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isThere && hasOriginal && !renameCopy(place, {copiesFolder_->folder(), copy.name}))
+      return;
+    if (!isGone(place))
+      problems += "; a copy of " + inQuotes(copy.name) + " is in " + inQuotes(destinationPath_);
   }
 
   FileOperation operation_;
@@ -240,6 +268,7 @@ private:
   FileDescriptor destination_;
   std::vector<std::string> onOtherFileSystem_; ///< than the destination: to be copied
   std::optional<StagingFolder> copiesFolder_;
+  std::optional<StagingFolder> linksFolder_;
   std::optional<StagingFolder> originalsFolder_;
   std::vector<std::string> renamed_;
   std::vector<Placed> placed_;

@@ -1,5 +1,7 @@
 #include "platform/linux/transfers/StagingFolder.h"
 
+#include "platform/linux/transfers/ExclusiveRename.h"
+
 #include <fcntl.h>
 #include <random>
 
@@ -14,23 +16,35 @@ std::string makeHiddenFolder(int parent) {
     std::string name = ".tavrel-transfer-" + std::to_string(random());
     if (::mkdirat(parent, name.c_str(), S_IRWXU) == 0)
       return name;
-    if (errno != EEXIST)
-      break;
+    if (errno == EEXIST)
+      continue;
+    const int error = errno;
+    (void)::unlinkat(parent, name.c_str(), AT_REMOVEDIR); // it may have been made all the same
+    errno = error;
+    break;
   }
   return {};
 }
 
 } // namespace
 
-StagingFolder::StagingFolder(int parent) : parent_(parent), name_(makeHiddenFolder(parent)) {
+StagingFolder::StagingFolder(int parent, Staged staged)
+    : parent_(parent), staged_(staged), name_(makeHiddenFolder(parent)) {
   if (!name_.empty())
     folder_ = FileDescriptor(
         ::openat(parent, name_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-StagingFolder::~StagingFolder() {
-  if (!name_.empty())
-    (void)removeTree(parent_, name_);
+// Twice, for a share may lose one answer.
+std::error_code StagingFolder::remove() {
+  std::error_code error;
+  for (int attempt = 0; attempt < 2 && !name_.empty(); ++attempt) {
+    error = staged_ == Staged::copies ? removeTree(parent_, name_)
+                                      : outcome(::unlinkat(parent_, name_.c_str(), AT_REMOVEDIR));
+    if (!error || isGone({parent_, name_}))
+      name_.clear();
+  }
+  return name_.empty() ? std::error_code() : error;
 }
 
 } // namespace tavrel

@@ -4,26 +4,33 @@
 
 namespace tavrel {
 
+/// What a staging folder holds, and so what may go with it.
+enum class Staged {
+  copies,    ///< not complete, or taken away again: they are removed
+  originals, ///< perhaps the only ones: the folder goes only when it is empty
+};
+
 /// A hidden folder inside another one, for copies that are not complete yet and for originals that
-/// are to be removed. It is removed with everything in it, unless `keep` was called.
+/// are to be removed. It is removed at the end.
 class StagingFolder {
 public:
   /// Makes the folder; when that fails, `isOpen` is false.
-  explicit StagingFolder(int parent);
+  StagingFolder(int parent, Staged staged);
   StagingFolder(const StagingFolder&) = delete;
   StagingFolder& operator=(const StagingFolder&) = delete;
-  ~StagingFolder();
+  ~StagingFolder() { (void)remove(); }
 
   [[nodiscard]] bool isOpen() const { return folder_.isOpen(); }
   [[nodiscard]] int folder() const { return folder_.get(); }
   [[nodiscard]] const std::string& name() const { return name_; }
 
-  /// Does not remove the folder: it holds something that could not be put back.
-  void keep() { name_.clear(); }
+  /// No error when it is gone.
+  [[nodiscard]] std::error_code remove();
 
 private:
   int parent_;
-  std::string name_;
+  Staged staged_;
+  std::string name_; ///< empty: there is none
   FileDescriptor folder_;
 };
 

@@ -74,7 +74,8 @@ TEST_P(ExclusiveRename, DoesNotMoveAFolderIntoItself) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, ExclusiveRename,
-                         ::testing::Values(&renameExclusively, &renameWithoutKernelHelp));
+                         ::testing::Values(&renameExclusively, &renameWithoutKernelHelp,
+                                           &renameOntoPlaceholder));
 
 } // namespace
 } // namespace tavrel

@@ -1,0 +1,107 @@
+#include "contract/linux/transfers/FaultyCalls.h"
+#include "contract/linux/transfers/FileTransferFixture.h"
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tavrel {
+namespace {
+
+using ::testing::HasSubstr;
+
+const std::vector<std::string> names{"tree", "second"};
+
+std::vector<std::string> hiddenIn(const fs::path& folder) {
+  std::vector<std::string> found;
+  for (const auto& each : fs::directory_iterator(folder))
+    if (each.path().filename().string().starts_with(".tavrel"))
+      found.push_back(each.path().filename().string());
+  return found;
+}
+
+/// Permissions and times are left out: there are file systems that refuse to set them.
+std::map<std::string, std::string> contentsOf(const fs::path& folder) {
+  std::map<std::string, std::string> contents;
+  for (const auto& each : fs::recursive_directory_iterator(folder))
+    contents[fs::relative(each.path(), folder)] =
+        each.is_symlink() ? fs::read_symlink(each.path()).string()
+        : each.is_regular_file() ? read(each.path())
+                                 : "";
+  return contents;
+}
+
+/// A transfer of which one system call after the other goes wrong.
+class FaultyTransfer : public ::testing::TestWithParam<Fault> {
+protected:
+  /// Calls `look` with what the transfer said, after each that had a fault.
+  void sweep(FileOperation operation, const std::function<void(const std::string&)>& look) {
+    bool wasReached = true;
+    for (int at = 1; wasReached && !HasFailure(); ++at) {
+      const ScratchFolder scratch;
+      from = scratch.path() / "from";
+      to = scratch.path() / "to";
+      const SmallDisk disk(to, "size=1m");
+      if (!disk.isMounted())
+        GTEST_SKIP() << "file systems cannot be mounted here";
+      fillWithEverything(from);
+      whole = contentsOf(from);
+      const std::string said = transfer(operation, at);
+      wasReached = faultyCalls.count >= at;
+      SCOPED_TRACE("call " + std::to_string(at) + ", " + faultyCalls.name + ": " + said);
+      look(said);
+    }
+  }
+
+  std::string transfer(FileOperation operation, int at) {
+    faultyCalls = {.fault = GetParam(), .at = at, .hasLinks = hasLinks, .isActive = true};
+    const auto said = transferFiles(operation, from.string(), to.string(), names);
+    faultyCalls.isActive = false;
+    return said.value_or("");
+  }
+
+  [[nodiscard]] bool isWholeIn(const fs::path& folder) const {
+    return fs::exists(folder) && std::ranges::includes(contentsOf(folder), whole);
+  }
+  void expectNothingHiddenIsUntold(const std::string& said) const {
+    for (const fs::path& folder : {from, to})
+      for (const std::string& name : hiddenIn(folder))
+        EXPECT_THAT(said, HasSubstr((folder / name).string()));
+  }
+
+  bool hasLinks = true;
+  fs::path from;
+  fs::path to;
+  std::map<std::string, std::string> whole;
+};
+
+TEST_P(FaultyTransfer, MovesOrLeavesEverything) {
+  sweep(move, [this](const std::string& said) {
+    EXPECT_TRUE(isWholeIn(from) || isWholeIn(to));
+    EXPECT_TRUE(!said.empty() || (isWholeIn(to) && fs::is_empty(from)));
+    EXPECT_TRUE(isWholeIn(from) || faultyCalls.name.find("sync") == std::string::npos) << "perhaps not on the disk";
+    expectNothingHiddenIsUntold(said);
+  });
+}
+
+TEST_P(FaultyTransfer, CopiesAndLeavesTheOriginals) {
+  sweep(copy, [this](const std::string& said) {
+    EXPECT_TRUE(isWholeIn(from));
+    EXPECT_TRUE(!said.empty() || isWholeIn(to));
+    expectNothingHiddenIsUntold(said);
+  });
+}
+
+TEST_P(FaultyTransfer, MovesOrLeavesEverythingWhereThereAreNoHardLinks) {
+  hasLinks = false;
+  sweep(move, [this](const std::string& said) {
+    EXPECT_TRUE(isWholeIn(from) || isWholeIn(to));
+    expectNothingHiddenIsUntold(said);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, FaultyTransfer,
+                         ::testing::Values(Fault::failed, Fault::lost, Fault::full));
+
+} // namespace
+} // namespace tavrel
