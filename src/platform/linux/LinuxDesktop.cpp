@@ -161,6 +161,7 @@ struct LinuxDesktop::Adapters {
 LinuxDesktop::LinuxDesktop(std::string copyKeyExceptions)
     : adapters_(std::make_unique<Adapters>(std::move(copyKeyExceptions))) {
   installAccessibleApplication();
+  LinuxWorkspace::finishInterruptedTransfers();
   adapters_->presenter.setClosedHandler(
       [adapters = adapters_.get()] { adapters->distributedNotifications.resume(); });
   adapters_->presenter.setLocalize([adapters = adapters_.get()](const std::string& text) {

@@ -11,12 +11,14 @@
 #include "platform/linux/system/BoundedFile.h"
 #include "platform/linux/transfers/FileTransfer.h"
 #include "platform/linux/transfers/SafeRemoval.h"
+#include "platform/linux/transfers/TransferJournal.h"
 
 #include <QDebug>
 #include <QLoggingCategory>
 #include <QMimeDatabase>
 #include <algorithm>
 #include <filesystem>
+#include <thread>
 
 namespace tavrel {
 
@@ -213,9 +215,16 @@ std::int32_t LinuxWorkspace::openUrlsWithApplication(const LaunchRequest& reques
 bool LinuxWorkspace::performFileOperation(FileOperation operation, const std::string& source,
                                           const std::string& destination,
                                           const std::vector<std::string>& names) {
-  return logRefusal(operation == FileOperation::move ? "cannot move files to"
-                                                     : "cannot copy files to",
-                    destination, transferFiles(operation, source, destination, names));
+  return logRefusal(
+      operation == FileOperation::move ? "cannot move files to" : "cannot copy files to",
+      destination, transferFiles(operation, source, destination, names, transferJournal()));
+}
+
+void LinuxWorkspace::finishInterruptedTransfers() {
+  std::thread([journal = transferJournal()] {
+    for (const std::string& line : tavrel::finishInterruptedTransfers(journal))
+      qCWarning(workspaceLog).noquote() << QString::fromStdString(line);
+  }).detach();
 }
 
 // A symbolic link is removed itself, not what it leads to.

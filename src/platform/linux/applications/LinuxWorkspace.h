@@ -19,6 +19,10 @@ public:
   LinuxWorkspace(ApplicationRegistry& registry, DesktopWindows& windows)
       : registry_(registry), launcher_(windows) {}
 
+  /// Finishes transfers that were under way when the program was killed, and logs what it found.
+  /// Beside the caller: a share may not answer.
+  static void finishInterruptedTransfers();
+
   bool openFile(const std::string& path) override;
   bool openUrl(const std::string& url) override;
   std::int32_t openUrlsWithApplication(const LaunchRequest& request) override;

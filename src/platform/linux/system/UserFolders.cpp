@@ -21,10 +21,20 @@ std::string homeFolder() {
   return path;
 }
 
-std::string preferenceFolder() {
-  const char* configured = std::getenv("XDG_CONFIG_HOME");
+namespace {
+std::string configuredFolder(const char* variable, const char* belowHome) {
+  const char* configured = std::getenv(variable);
   return configured && configured[0] == '/' ? configured
-                                            : appendingPathComponent(homeFolder(), ".config");
+                                            : appendingPathComponent(homeFolder(), belowHome);
+}
+} // namespace
+
+std::string preferenceFolder() {
+  return configuredFolder("XDG_CONFIG_HOME", ".config");
+}
+
+std::string stateFolder() {
+  return configuredFolder("XDG_STATE_HOME", ".local/state");
 }
 
 std::vector<std::string> userFolders() {

@@ -93,9 +93,11 @@ std::error_code syncFolder(int folder) {
 
 class Transfer {
 public:
-  Transfer(FileOperation operation, const std::string& source, const std::string& destination)
+  Transfer(FileOperation operation, const std::string& source, const std::string& destination,
+           std::string journal)
       : operation_(operation), sourcePath_(source), destinationPath_(destination),
-        source_(openFolder(source)), destination_(openFolder(destination)) {}
+        journal_(std::move(journal)), source_(openFolder(source)),
+        destination_(openFolder(destination)) {}
 
   Failure run(const std::vector<std::string>& names) {
     if (!source_.isOpen() || !destination_.isOpen())
@@ -148,10 +150,11 @@ private:
       for (const std::string& name : names)
         if (const auto error = confirmRemovable(source_.get(), name))
           return failure(name, "cannot be removed from its folder: " + error.message());
-    copiesFolder_.emplace(destination_.get(), Staged::copies);
-    linksFolder_.emplace(destination_.get(), Staged::copies);
-    if (!copiesFolder_->isOpen() || !linksFolder_->isOpen())
-      return failureOf(destinationPath_, lastError());
+    copiesFolder_.emplace(destination_.get(), destinationPath_, Staged::copies, journal_);
+    linksFolder_.emplace(destination_.get(), destinationPath_, Staged::copies, journal_);
+    for (const auto* staging : {&copiesFolder_, &linksFolder_})
+      if ((*staging)->error())
+        return failureOf(destinationPath_, (*staging)->error());
     TreeCopy copy(copiesFolder_->folder(), linksFolder_->folder());
     for (const std::string& name : names)
       if (const auto error = copy.copy(source_.get(), name))
@@ -180,9 +183,9 @@ private:
   /// Moves the originals to a hidden folder first, so that nobody changes them any more; when one
   /// was changed until then, the transfer fails.
   Failure removeOriginals(const std::vector<std::string>& names, const TreeCopy& copy) {
-    originalsFolder_.emplace(source_.get(), Staged::originals);
-    if (!originalsFolder_->isOpen())
-      return failureOf(sourcePath_, lastError());
+    originalsFolder_.emplace(source_.get(), sourcePath_, Staged::originals, journal_);
+    if (originalsFolder_->error())
+      return failureOf(sourcePath_, originalsFolder_->error());
     for (const std::string& name : names) {
       hiddenOriginals_.push_back(name); // it may be there although an error is answered
       if (const auto error =
@@ -264,6 +267,7 @@ private:
   FileOperation operation_;
   std::string sourcePath_;
   std::string destinationPath_;
+  std::string journal_;
   FileDescriptor source_;
   FileDescriptor destination_;
   std::vector<std::string> onOtherFileSystem_; ///< than the destination: to be copied
@@ -279,10 +283,11 @@ private:
 
 std::optional<std::string> transferFiles(FileOperation operation, const std::string& source,
                                          const std::string& destination,
-                                         const std::vector<std::string>& names) {
+                                         const std::vector<std::string>& names,
+                                         const std::string& journal) {
   if (const Failure refused = checkNames(names))
     return refused;
-  return Transfer(operation, source, destination).run(names);
+  return Transfer(operation, source, destination, journal).run(names);
 }
 
 } // namespace tavrel

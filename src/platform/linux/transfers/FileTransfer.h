@@ -17,10 +17,10 @@ namespace tavrel {
 /// Refused as a whole: no names at all, a name twice, a name with a slash, "." and "..", a name
 /// that is missing at the source or there at the destination, a folder into itself or below itself.
 /// Where what was begun cannot be undone (its old place was taken meanwhile), the line says where
-/// the file is now.
-[[nodiscard]] std::optional<std::string> transferFiles(FileOperation operation,
-                                                       const std::string& source,
-                                                       const std::string& destination,
-                                                       const std::vector<std::string>& names);
+/// the file is now. The hidden folders are written down in a journal, a folder, for a program that
+/// is killed (`finishInterruptedTransfers`).
+[[nodiscard]] std::optional<std::string>
+transferFiles(FileOperation operation, const std::string& source, const std::string& destination,
+              const std::vector<std::string>& names, const std::string& journal = {});
 
 } // namespace tavrel

@@ -7,32 +7,33 @@
 
 namespace tavrel {
 
-namespace {
-
-std::string makeHiddenFolder(int parent) {
-  constexpr int attempts = 100;
-  std::random_device random;
-  for (int attempt = 0; attempt < attempts; ++attempt) {
-    std::string name = ".tavrel-transfer-" + std::to_string(random());
-    if (::mkdirat(parent, name.c_str(), S_IRWXU) == 0)
-      return name;
-    if (errno == EEXIST)
-      continue;
-    const int error = errno;
-    (void)::unlinkat(parent, name.c_str(), AT_REMOVEDIR); // it may have been made all the same
-    errno = error;
-    break;
-  }
-  return {};
+StagingFolder::StagingFolder(int parent, const std::string& parentPath, Staged staged,
+                             const std::string& journal)
+    : parent_(parent), staged_(staged) {
+  make(parentPath, journal);
+  if (name_.empty())
+    return;
+  folder_ = FileDescriptor(
+      ::openat(parent, name_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  error_ = outcome(folder_.get());
 }
 
-} // namespace
-
-StagingFolder::StagingFolder(int parent, Staged staged)
-    : parent_(parent), staged_(staged), name_(makeHiddenFolder(parent)) {
-  if (!name_.empty())
-    folder_ = FileDescriptor(
-        ::openat(parent, name_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+void StagingFolder::make(const std::string& parentPath, const std::string& journal) {
+  constexpr int attempts = 100;
+  std::random_device random;
+  int error = EEXIST;
+  for (int attempt = 0; attempt < attempts && error == EEXIST; ++attempt) {
+    const std::string name = ".tavrel-transfer-" + std::to_string(random());
+    entry_.emplace(journal, name, staged_, parentPath);
+    error = ::mkdirat(parent_, name.c_str(), S_IRWXU) == 0 ? 0 : errno;
+    if (error == 0)
+      name_ = name;
+    else if (error != EEXIST) // it may have been made all the same
+      (void)::unlinkat(parent_, name.c_str(), AT_REMOVEDIR);
+    if (error != 0)
+      entry_->strike();
+  }
+  error_ = {error, std::generic_category()};
 }
 
 // Twice, for a share may lose one answer.
@@ -44,7 +45,11 @@ std::error_code StagingFolder::remove() {
     if (!error || isGone({parent_, name_}))
       name_.clear();
   }
-  return name_.empty() ? std::error_code() : error;
+  if (!name_.empty())
+    return error;
+  if (entry_)
+    entry_->strike();
+  return {};
 }
 
 } // namespace tavrel

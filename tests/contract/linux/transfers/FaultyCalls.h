@@ -14,22 +14,22 @@ namespace tavrel {
 /// What becomes of one system call.
 enum class Fault {
   none,
-  failed,  ///< EIO, and nothing done
-  lost,    ///< done, but EIO answered, as by a share that reconnects
-  full,    ///< ENOSPC
-  killed,  ///< the process ends before it
-  cutOff,  ///< the process ends after it
+  failed, ///< EIO, and nothing done
+  lost,   ///< done, but EIO answered, as by a share that reconnects
+  full,   ///< ENOSPC
+  killed, ///< the process ends before it
+  cutOff, ///< the process ends after it
 };
 
 /// The system calls of this program that change or read files, counted; one of them goes wrong.
 /// Include it in one source of a program: it defines the calls in the C library's place.
 struct FaultyCalls {
   Fault fault = Fault::none;
-  int at = 0;             ///< which call, from 1
-  int count = 0;          ///< calls so far
-  bool hasLinks = true;   ///< hard links, and renames that replace nothing
+  int at = 0;           ///< which call, from 1
+  int count = 0;        ///< calls so far
+  bool hasLinks = true; ///< hard links, and renames that replace nothing
   bool isActive = false;
-  std::string name{};       ///< of the call that went wrong
+  std::string name{}; ///< of the call that went wrong
 };
 inline FaultyCalls faultyCalls;
 
@@ -106,8 +106,7 @@ TAVREL_FAULTY(int, symlinkat, (const char* target, int folder, const char* name)
               (target, folder, name))
 TAVREL_FAULTY(int, mknodat, (int folder, const char* name, mode_t mode, dev_t device) noexcept,
               (folder, name, mode, device))
-TAVREL_FAULTY(int, fstatat,
-              (int folder, const char* name, struct stat* status, int flags) noexcept,
+TAVREL_FAULTY(int, fstatat, (int folder, const char* name, struct stat* status, int flags) noexcept,
               (folder, name, status, flags))
 TAVREL_FAULTY(int, fstat, (int file, struct stat* status) noexcept, (file, status))
 TAVREL_FAULTY(int, fchmod, (int file, mode_t mode) noexcept, (file, mode))
@@ -115,8 +114,7 @@ TAVREL_FAULTY(int, ftruncate, (int file, off_t size) noexcept, (file, size))
 TAVREL_FAULTY(int, fsync, (int file), (file))
 TAVREL_FAULTY(int, syncfs, (int file) noexcept, (file))
 TAVREL_FAULTY(int, close, (int file), (file))
-TAVREL_FAULTY(ssize_t, pread, (int file, void* data, size_t size, off_t at),
-              (file, data, size, at))
+TAVREL_FAULTY(ssize_t, pread, (int file, void* data, size_t size, off_t at), (file, data, size, at))
 TAVREL_FAULTY(ssize_t, pwrite, (int file, const void* data, size_t size, off_t at),
               (file, data, size, at))
 TAVREL_FAULTY(ssize_t, readlinkat,

@@ -1,14 +1,18 @@
 #include "contract/linux/transfers/FaultyCalls.h"
 #include "contract/linux/transfers/FileTransferFixture.h"
 
+#include "platform/linux/transfers/TransferJournal.h"
+
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 namespace tavrel {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 
 const std::vector<std::string> names{"tree", "second"};
 
@@ -24,10 +28,10 @@ std::vector<std::string> hiddenIn(const fs::path& folder) {
 std::map<std::string, std::string> contentsOf(const fs::path& folder) {
   std::map<std::string, std::string> contents;
   for (const auto& each : fs::recursive_directory_iterator(folder))
-    contents[fs::relative(each.path(), folder)] =
-        each.is_symlink() ? fs::read_symlink(each.path()).string()
-        : each.is_regular_file() ? read(each.path())
-                                 : "";
+    contents[fs::relative(each.path(), folder)] = each.is_symlink()
+                                                      ? fs::read_symlink(each.path()).string()
+                                                  : each.is_regular_file() ? read(each.path())
+                                                                           : "";
   return contents;
 }
 
@@ -53,12 +57,13 @@ protected:
     }
   }
 
-  std::string transfer(FileOperation operation, int at) {
+  std::string transferWithFault(FileOperation operation, int at) {
     faultyCalls = {.fault = GetParam(), .at = at, .hasLinks = hasLinks, .isActive = true};
-    const auto said = transferFiles(operation, from.string(), to.string(), names);
+    const auto said = transferFiles(operation, from.string(), to.string(), names, journal());
     faultyCalls.isActive = false;
     return said.value_or("");
   }
+  [[nodiscard]] std::string journal() const { return from.parent_path() / "journal"; }
 
   [[nodiscard]] bool isWholeIn(const fs::path& folder) const {
     return fs::exists(folder) && std::ranges::includes(contentsOf(folder), whole);
@@ -67,6 +72,10 @@ protected:
     for (const fs::path& folder : {from, to})
       for (const std::string& name : hiddenIn(folder))
         EXPECT_THAT(said, HasSubstr((folder / name).string()));
+  }
+
+  virtual std::string transfer(FileOperation operation, int at) {
+    return transferWithFault(operation, at);
   }
 
   bool hasLinks = true;
@@ -79,7 +88,8 @@ TEST_P(FaultyTransfer, MovesOrLeavesEverything) {
   sweep(move, [this](const std::string& said) {
     EXPECT_TRUE(isWholeIn(from) || isWholeIn(to));
     EXPECT_TRUE(!said.empty() || (isWholeIn(to) && fs::is_empty(from)));
-    EXPECT_TRUE(isWholeIn(from) || faultyCalls.name.find("sync") == std::string::npos) << "perhaps not on the disk";
+    EXPECT_TRUE(isWholeIn(from) || faultyCalls.name.find("sync") == std::string::npos)
+        << "perhaps not on the disk";
     expectNothingHiddenIsUntold(said);
   });
 }
@@ -100,6 +110,45 @@ TEST_P(FaultyTransfer, MovesOrLeavesEverythingWhereThereAreNoHardLinks) {
   });
 }
 
+/// A transfer whose program is killed at one system call after the other, and starts again.
+class KilledTransfer : public FaultyTransfer {
+protected:
+  std::string transfer(FileOperation operation, int at) override {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      (void)transferWithFault(operation, at);
+      ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    faultyCalls.count = WEXITSTATUS(status) == killedStatus ? at : 0;
+    std::string said;
+    for (const std::string& line : finishInterruptedTransfers(journal()))
+      said += line + "\n";
+    return said;
+  }
+  void expectNothingIsLeft(const std::string& said) const {
+    for (const fs::path& folder : {from, to})
+      EXPECT_THAT(hiddenIn(folder), IsEmpty()) << said;
+    EXPECT_TRUE(!fs::exists(journal()) || fs::is_empty(journal()));
+  }
+};
+
+TEST_P(KilledTransfer, OfAMoveLeavesEverythingSomewhereInSight) {
+  sweep(move, [this](const std::string& said) {
+    EXPECT_TRUE(isWholeIn(from) || isWholeIn(to));
+    expectNothingIsLeft(said);
+  });
+}
+
+TEST_P(KilledTransfer, OfACopyLeavesTheOriginals) {
+  sweep(copy, [this](const std::string& said) {
+    EXPECT_TRUE(isWholeIn(from));
+    expectNothingIsLeft(said);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Kills, KilledTransfer, ::testing::Values(Fault::killed, Fault::cutOff));
 INSTANTIATE_TEST_SUITE_P(Faults, FaultyTransfer,
                          ::testing::Values(Fault::failed, Fault::lost, Fault::full));
 
