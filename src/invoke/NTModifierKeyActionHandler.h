@@ -49,7 +49,7 @@ private:
   void post(const std::set<std::string>& names);
   void remember(std::uint32_t flags, double time);
 
-  double lastModifierDownTime_ = 0;     ///< seconds since 2001-01-01 GMT
+  double lastModifierDownTime_ = 0;     ///< as the event monitor tells it
   std::uint32_t lastModifierFlags_ = 0; ///< of the first tap; 0: none is pending
   std::map<std::uint32_t, std::set<std::string>> notificationClients_;
   /// Expires with the handler: the event monitor, which outlives it, holds it weakly.

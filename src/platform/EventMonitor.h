@@ -7,8 +7,7 @@
 namespace tavrel {
 
 /// Two taps of one modifier key are a double tap when less than this lies between their presses, in
-/// seconds. The core decides by it (invoke/NTModifierKeyActionHandler.cpp); an adapter that must
-/// know a double tap as its second press comes may allow for its own delay on top.
+/// seconds. The core decides by it (invoke/NTModifierKeyActionHandler.cpp).
 inline constexpr double doubleTapInterval = 0.25;
 
 /// A modifier key that is held for less than this, in seconds, is tapped.
@@ -33,11 +32,12 @@ public:
   /// the calls of that time come from there. While a menu that it has opened shows, there may be
   /// none.
   ///
-  /// The call may come late. While a handler runs, the keyboard port therefore tells the state
-  /// right after the change: its first snapshot shows that, and the second the state after what
-  /// came next, for which it may wait up to `longestTap`. A snapshot may show a key as down that no
-  /// keyboard has: then the mouse was used, or a key that is up again, or what comes next took
-  /// longer than that. From then on the keyboard is told as it is.
+  /// The call may come late. An adapter that knows what has happened since lets the keyboard port
+  /// tell each handler the state right after the change: its first snapshot shows that, and the
+  /// second the state after what came next, for which it may wait up to `longestTap`. A snapshot
+  /// may show a key as down that no keyboard has: then the mouse was used, or a key that is up
+  /// again, or what comes next took longer than that. From then on, and everywhere else, the
+  /// keyboard is told as it is.
   ///
   /// The handler must outlive the monitor. 0 when it was installed.
   virtual OSStatus installModifierHandler(std::function<void(double time)> changed) = 0;

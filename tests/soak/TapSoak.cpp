@@ -7,14 +7,18 @@
 #include "platform/NotificationCenter.h"
 #include "platform/linux/LinuxDesktop.h"
 #include "platform/linux/x11/gestures/RawInput.h"
+#include "platform/linux/x11/keyboard/KeysDown.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
 
 #include <QApplication>
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <thread>
+#include <vector>
 
 namespace tavrel {
 namespace {
@@ -51,6 +55,7 @@ public:
 
 private:
   bool wasDoubleTap() {
+    (void)keysDown(seen_->connection()); // with its answer all of them have arrived
     std::vector<std::uint32_t> times;
     while (const auto event = seen_->next())
       if (event->kind == RawInputKind::keyDown || event->kind == RawInputKind::keyUp)

@@ -18,8 +18,7 @@ constexpr const char* copiesMark = "copies\n";
 constexpr const char* originalsMark = "originals\n";
 
 FileDescriptor openFolder(int parent, const std::string& path, int flags = 0) {
-  return FileDescriptor(
-      ::openat(parent, path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags));
+  return FileDescriptor(::openat(parent, path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags));
 }
 
 /// A folder that a killed program has left.

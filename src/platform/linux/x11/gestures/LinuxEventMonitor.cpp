@@ -5,6 +5,8 @@
 #include "platform/linux/x11/keyboard/KeyboardGrab.h"
 #include "platform/linux/x11/keyboard/KeysDown.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
+#include "platform/linux/x11/server/QtConnection.h"
+#include "platform/linux/x11/server/XcbReply.h"
 #include "platform/linux/x11/windows/ScreenLock.h"
 
 #include <QDeadlineTimer>
@@ -27,6 +29,17 @@ constexpr OSStatus notHandled = -9874;
 bool isReleasedInTime(const ModifierChange& change) {
   return change.sequel->kind == SequelKind::released &&
          change.sequel->time - change.time < static_cast<std::uint32_t>(longestTap * 1000);
+}
+
+// Those that the server has a bit for.
+std::set<std::uint32_t> buttonsDown(xcb_connection_t& connection) {
+  const auto pointer = xcbReply(xcb_query_pointer_reply(
+      &connection, xcb_query_pointer(&connection, rootWindow(connection)), nullptr));
+  std::set<std::uint32_t> buttons;
+  for (std::uint32_t button = 1; pointer && button <= 5; ++button)
+    if ((pointer->mask >> (7 + button) & 1U) != 0)
+      buttons.insert(button);
+  return buttons;
 }
 
 ServerKeySet withAnotherKey(ServerKeySet keys) {
@@ -97,21 +110,31 @@ std::optional<ServerKeySet> LinuxEventMonitor::nextKeys() {
 void LinuxEventMonitor::awaitSequel() {
   const auto sequel = delivery_->change.sequel;
   const QDeadlineTimer end(static_cast<int>(longestTap * 1000));
-  while (sequel->kind == SequelKind::none && input_ && !end.hasExpired()) {
+  do {
+    readUpToNow();
+    if (sequel->kind != SequelKind::none || !input_)
+      return;
     pollfd events{xcb_get_file_descriptor(&input_->connection()), POLLIN, 0};
     ::poll(&events, 1, static_cast<int>(end.remainingTime()));
-    readUpToNow();
-  }
+  } while (!end.hasExpired());
+  readUpToNow();
 }
 
 void LinuxEventMonitor::readUpToNow() {
-  if (!input_)
-    return;
-  const auto down = keysDown(input_->connection());
-  if (!readEvents() && down)
-    taps_->forgetAllBut(*down);
-  if (!taps_->changes.empty())
+  synchronize();
+  if (taps_ && !taps_->changes.empty())
     deliverLater();
+}
+
+// What was read last is the truth if no event came after it.
+void LinuxEventMonitor::synchronize() {
+  constexpr int mostTurns = 10; // keys may come without end
+  for (int turn = 0; turn < mostTurns && input_; ++turn) {
+    const std::set<std::uint32_t> buttons = buttonsDown(input_->connection());
+    const auto down = keysDown(input_->connection());
+    if (!readEvents() && input_ && down)
+      return taps_->synchronize(*down, buttons);
+  }
 }
 
 bool LinuxEventMonitor::readEvents() {
@@ -165,7 +188,7 @@ void LinuxEventMonitor::deliverChanges() {
     if (!isScreenLocked(input_->connection())) // nothing opens over the password prompt
       callHandlers();
     delivery_ = before;
-    readEvents(); // the notifier is silent about what came along with replies meanwhile
+    synchronize(); // the notifier is silent about what came along with replies meanwhile
   }
   --deliveries_;
 }
@@ -177,8 +200,11 @@ void LinuxEventMonitor::callHandlers() {
     keyBuffer_->start();
     keyBuffer_->actionBegins();
   }
-  for (const auto& handler : handlers_)
+  for (std::size_t i = 0; i < handlers_.size(); ++i) {
+    const auto handler = handlers_[i];
+    delivery_->told = Told::nothing;
     handler(time);
+  }
   if (mayBeDoubleTap)
     keyBuffer_->actionEnds();
 }

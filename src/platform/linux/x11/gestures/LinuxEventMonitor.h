@@ -51,6 +51,7 @@ private:
 
   [[nodiscard]] bool open();
   void readUpToNow();
+  void synchronize();
   bool readEvents(); ///< whether there were any
   void giveUp();
   void apply(const struct RawInputEvent& event);

@@ -21,8 +21,9 @@ void ModifierTaps::keyUp(std::size_t key, std::uint32_t time) {
   down_.reset(key);
   if (!modifiers_.keys.test(key))
     return;
+  const bool isAnotherDown = (down_ & modifiers_.keys & ~modifiers_.capsLockKeys).any();
   if (!modifiers_.capsLockKeys.test(key))
-    goOn(SequelKind::released, time);
+    goOn(isAnotherDown ? SequelKind::interrupted : SequelKind::released, time);
   change(0, time);
 }
 
@@ -33,6 +34,11 @@ void ModifierTaps::buttonDown(std::uint32_t button, std::uint32_t time) {
 
 void ModifierTaps::buttonUp(std::uint32_t button) {
   buttons_.erase(button);
+}
+
+void ModifierTaps::synchronize(const ServerKeySet& down, std::set<std::uint32_t> buttons) {
+  down_ = down;
+  buttons_ = std::move(buttons);
 }
 
 void ModifierTaps::change(std::size_t pressed, std::uint32_t time) {

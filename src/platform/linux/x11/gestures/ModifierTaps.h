@@ -43,8 +43,9 @@ public:
 
   /// The layout has changed.
   void setModifiers(ServerModifiers modifiers) { modifiers_ = modifiers; }
-  /// No other key is down: the releases of others were not told.
-  void forgetAllBut(const ServerKeySet& down) { down_ &= down; }
+  /// What is down, in truth: the server does not tell of keys and buttons while somebody has
+  /// grabbed their device.
+  void synchronize(const ServerKeySet& down, std::set<std::uint32_t> buttons);
 
   void keyDown(std::size_t key, std::uint32_t time);
   void keyUp(std::size_t key, std::uint32_t time);

@@ -3,6 +3,7 @@
 #include "platform/linux/x11/gestures/LinuxEventMonitor.h"
 #include "platform/linux/x11/keyboard/KeyboardGrab.h"
 #include "platform/linux/x11/keyboard/LinuxKeyboard.h"
+#include "platform/linux/x11/keyboard/PhysicalKeyboards.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "support/Desktop.h"
 #include "support/FakeInput.h"
@@ -139,11 +140,71 @@ TEST_F(LinuxEventMonitorOnKeyboard, AKeyThatTheLayoutMakesAModifierIsReported) {
   }));
 }
 
+TEST_F(LinuxEventMonitorOnKeyboard, ChangesToldLateAreToldWithTheStateThatWas) {
+  std::vector<std::uint32_t> states;
+  inHandler = [&] { states.push_back(world.keys.eventModifiers()); };
+  world.input.tap(serverKey::control);
+  world.input.down(serverKey::alt);
+  world.input.down(serverKey::shift);
+  world.input.up(serverKey::alt);
+  world.input.up(serverKey::shift);
+  EXPECT_TRUE(eventually([&] { return states.size() == 6; }));
+  EXPECT_THAT(states,
+              ElementsAre(eventModifier::command, 0U, eventModifier::option,
+                          eventModifier::option | eventModifier::shift, eventModifier::shift, 0U));
+}
+
 TEST_F(LinuxEventMonitorOnKeyboard, TheTimeBetweenChangesIsThatOfTheServer) {
   world.input.down(serverKey::control);
   world.input.holdAndRelease(serverKey::control, 60);
   EXPECT_TRUE(eventually([this] { return calls == 2; }));
   EXPECT_GE(times[1] - times[0], 0.06);
+}
+
+/// The server tells of no key of a keyboard that is grabbed, as ours are while a copy is posted;
+/// what was pressed and released meanwhile is put right by keystrokes of our own.
+class KeysDuringACopy : public LinuxEventMonitorOnKeyboard {
+protected:
+  KeysDuringACopy() {
+    inHandler = [this] { states.push_back(world.keys.eventModifiers()); };
+  }
+  ~KeysDuringACopy() override { xcb_disconnect(server); }
+
+  void duringACopy(const std::function<void(FakeInput&)>& user,
+                   const std::function<void(FakeInput&)>& putRight) {
+    world.own.begin();
+    {
+      const PhysicalKeyboards grabbed(*server);
+      user(world.input);
+    }
+    FakeInput program;
+    putRight(program);
+    world.own.end();
+  }
+
+  xcb_connection_t* server = xcb_connect(nullptr, nullptr);
+  std::vector<std::uint32_t> states;
+};
+
+TEST_F(KeysDuringACopy, AReleaseIsNoticed) {
+  world.input.down(serverKey::shift);
+  duringACopy([](FakeInput& user) { user.up(serverKey::shift); },
+              [](FakeInput& program) { program.up(serverKey::shift); });
+  EXPECT_TRUE(eventually([this] { return calls == 1; }));
+  world.input.tap(serverKey::control);
+  EXPECT_TRUE(eventually([this] { return calls == 3; }));
+  EXPECT_THAT(states, ElementsAre(eventModifier::shift, eventModifier::command, 0U));
+}
+
+TEST_F(KeysDuringACopy, APressIsNoticed) {
+  duringACopy([](FakeInput& user) { user.down(serverKey::shift); },
+              [](FakeInput& program) { program.down(serverKey::shift); });
+  world.input.tap(serverKey::control);
+  EXPECT_TRUE(eventually([this] { return calls == 2; }));
+  EXPECT_THAT(states,
+              ElementsAre(eventModifier::shift | eventModifier::command, eventModifier::shift));
+  world.input.up(serverKey::shift);
+  FakeInput().up(serverKey::shift);
 }
 
 /// As a screen locker: a window over all of the screen that no window manager manages.
@@ -348,6 +409,24 @@ TEST_F(LateTap, OfAHeldKeyIsNone) {
   world.input.holdAndRelease(serverKey::control, 250);
   look();
   EXPECT_TRUE(isAnotherDown.back());
+}
+
+TEST_F(LateTap, OfOneOfTwoCtrlKeysIsNone) {
+  world.input.down(serverKey::control);
+  world.input.down(serverKey::rightControl);
+  world.input.up(serverKey::control);
+  int handled = 0;
+  bool isAnother = false;
+  inHandler = [&] {
+    if (++handled != 2)
+      return;
+    KeyMap keys = world.keys.keyMap();
+    keys.clear(keyCode::command);
+    isAnother = keys.any();
+  };
+  EXPECT_TRUE(eventually([&] { return handled == 3; }));
+  world.input.up(serverKey::rightControl);
+  EXPECT_TRUE(isAnother);
 }
 
 TEST_F(LateTap, WithAKeyThatWasDownBeforeIsNone) {
