@@ -29,27 +29,25 @@ bool isDeeperThan(const PropertyList& value, int levels) {
   return false;
 }
 
-std::optional<PropertyList> fromVariant(const QVariant& value, int depth);
+std::optional<PropertyList> fromVariant(const QVariant& value, int depth, bool& isWhole);
 
-std::optional<PropertyList> arrayFrom(const QVariantList& list, int depth) {
+std::optional<PropertyList> arrayFrom(const QVariantList& list, int depth, bool& isWhole) {
   PropertyList::Array elements;
-  for (const QVariant& element : list) {
-    auto value = fromVariant(element, depth + 1);
-    if (!value)
-      return std::nullopt;
-    elements.push_back(*std::move(value));
-  }
+  for (const QVariant& element : list)
+    if (auto value = fromVariant(element, depth + 1, isWhole))
+      elements.push_back(*std::move(value));
+    else
+      isWhole = false;
   return elements;
 }
 
-std::optional<PropertyList> dictionaryFrom(const QVariantMap& map, int depth) {
+std::optional<PropertyList> dictionaryFrom(const QVariantMap& map, int depth, bool& isWhole) {
   PropertyList::Dictionary entries;
-  for (auto entry = map.begin(); entry != map.end(); ++entry) {
-    auto value = fromVariant(entry.value(), depth + 1);
-    if (!value)
-      return std::nullopt;
-    entries.insert_or_assign(entry.key().toStdString(), *std::move(value));
-  }
+  for (auto entry = map.begin(); entry != map.end(); ++entry)
+    if (auto value = fromVariant(entry.value(), depth + 1, isWhole))
+      entries.insert_or_assign(entry.key().toStdString(), *std::move(value));
+    else
+      isWhole = false;
   return entries;
 }
 
@@ -76,12 +74,12 @@ QVariantMap entriesOf(const QDBusArgument& argument) {
 }
 
 // What Qt does not convert by itself: arrays, and dictionaries with string keys.
-std::optional<PropertyList> fromArgument(const QDBusArgument& argument, int depth) {
+std::optional<PropertyList> fromArgument(const QDBusArgument& argument, int depth, bool& isWhole) {
   if (argument.currentType() == QDBusArgument::ArrayType)
-    return arrayFrom(elementsOf(argument), depth);
+    return arrayFrom(elementsOf(argument), depth, isWhole);
   if (argument.currentType() == QDBusArgument::MapType &&
       argument.currentSignature().startsWith(QLatin1String("a{s")))
-    return dictionaryFrom(entriesOf(argument), depth);
+    return dictionaryFrom(entriesOf(argument), depth, isWhole);
   return std::nullopt;
 }
 
@@ -91,13 +89,13 @@ std::optional<PropertyList> integerFrom(quint64 value) {
   return static_cast<std::int64_t>(value);
 }
 
-std::optional<PropertyList> fromVariant(const QVariant& value, int depth) {
+std::optional<PropertyList> fromVariant(const QVariant& value, int depth, bool& isWhole) {
   if (depth > deepestValue)
     return std::nullopt;
   if (value.metaType() == QMetaType::fromType<QDBusVariant>())
-    return fromVariant(value.value<QDBusVariant>().variant(), depth);
+    return fromVariant(value.value<QDBusVariant>().variant(), depth, isWhole);
   if (value.metaType() == QMetaType::fromType<QDBusArgument>())
-    return fromArgument(value.value<QDBusArgument>(), depth);
+    return fromArgument(value.value<QDBusArgument>(), depth, isWhole);
   switch (value.typeId()) {
   case QMetaType::Bool:
     return value.toBool();
@@ -120,9 +118,9 @@ std::optional<PropertyList> fromVariant(const QVariant& value, int depth) {
   }
   case QMetaType::QStringList:
   case QMetaType::QVariantList:
-    return arrayFrom(value.toList(), depth);
+    return arrayFrom(value.toList(), depth, isWhole);
   case QMetaType::QVariantMap:
-    return dictionaryFrom(value.toMap(), depth);
+    return dictionaryFrom(value.toMap(), depth, isWhole);
   default:
     return std::nullopt;
   }
@@ -161,8 +159,10 @@ QVariant toVariant(const PropertyList& value) {
 
 } // namespace
 
-std::optional<PropertyList> propertyListFromDBus(const QVariant& value) {
-  return fromVariant(value, 0);
+DBusPropertyList propertyListFromDBus(const QVariant& value) {
+  DBusPropertyList list;
+  list.value = fromVariant(value, 0, list.isWhole);
+  return list;
 }
 
 std::optional<QVariant> dbusFromPropertyList(const PropertyList& value) {

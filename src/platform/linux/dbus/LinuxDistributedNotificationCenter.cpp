@@ -46,13 +46,11 @@ void LinuxDistributedNotificationCenter::receive(const QDBusMessage& message) {
     qCWarning(notificationsLog, "a notification of another form was ignored");
     return;
   }
-  const auto userInfo = propertyListFromDBus(message.arguments().at(2));
-  if (!userInfo || !userInfo->dictionary()) {
-    qCWarning(notificationsLog, "a notification with values of foreign kinds was ignored");
-    return;
-  }
+  const DBusPropertyList userInfo = propertyListFromDBus(message.arguments().at(2));
+  if (!userInfo.isWhole)
+    qCWarning(notificationsLog, "values of foreign kinds were left out of a notification");
   deliver({message.arguments().at(1).toString().toStdString(),
-           objectNamed(message.arguments().at(0).toString()), *userInfo->dictionary()});
+           objectNamed(message.arguments().at(0).toString()), *userInfo.value->dictionary()});
 }
 
 void LinuxDistributedNotificationCenter::deliver(Notification notification) {
