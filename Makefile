@@ -7,6 +7,7 @@ SEED ?= 1
 COUNT ?= 100000
 PRESSES ?= 10000
 TAPS ?= 1000
+TRANSFERS ?= 1000
 
 .PHONY: help run test build with-tests deb check bench bench-desktop soak field asan mutate fresh format clean
 
@@ -23,7 +24,8 @@ help:
 	@echo "make bench-desktop  measures gestures beside other launchers"
 	@echo "make soak    captures a selection $(COUNT) times, from a program that copies in every way,"
 	@echo "             presses the hot key of a hidden entry $(PRESSES) times,"
-	@echo "             and taps Ctrl $(TAPS) times, two and two"
+	@echo "             taps Ctrl $(TAPS) times, two and two, and moves files $(TRANSFERS) times"
+	@echo "             while system calls fail"
 	@echo "make fresh SUITE=trixie  tries both on a fresh Debian 13 (SUITE=bookworm: 12), as root"
 	@echo "make format  lays the sources out"
 	@echo "make clean   removes what was built"
@@ -84,6 +86,8 @@ soak: with-tests
 	tools/with-desktop --wm $(BUILD)/tests/soak/capture_soak $(COUNT)
 	tests/soak/hand-on.sh $(BUILD)/src/tavrel $(BUILD)/tests/soak/hand_on_soak $(PRESSES)
 	tools/with-desktop --wm $(BUILD)/tests/soak/tap_soak $(TAPS)
+	TAVREL_TRANSFERS=$(TRANSFERS) tools/with-desktop \
+	  $(BUILD)/tests/contract/contract_linux_FileTransferFaultsTest --gtest_filter='RandomFaults.*'
 
 fresh:
 	@tools/install-packages fresh

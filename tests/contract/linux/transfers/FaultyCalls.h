@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <functional>
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -30,22 +31,30 @@ struct FaultyCalls {
   bool hasLinks = true; ///< hard links, and renames that replace nothing
   bool isActive = false;
   std::string name{}; ///< of the call that went wrong
+  /// Not empty: decides for each call what becomes of it, instead of `at`.
+  std::function<Fault()> decide{};
+
+  [[nodiscard]] Fault next() {
+    ++count;
+    return decide ? decide() : count == at ? fault : Fault::none;
+  }
 };
 inline FaultyCalls faultyCalls;
 
 constexpr int killedStatus = 99;
 
 template <class Call> long faulty(const char* name, const Call& call) {
-  if (!faultyCalls.isActive || ++faultyCalls.count != faultyCalls.at)
+  const Fault fault = faultyCalls.isActive ? faultyCalls.next() : Fault::none;
+  if (fault == Fault::none)
     return call();
   faultyCalls.name = name;
-  if (faultyCalls.fault == Fault::killed)
+  if (fault == Fault::killed)
     ::_exit(killedStatus);
-  if (faultyCalls.fault == Fault::lost || faultyCalls.fault == Fault::cutOff)
+  if (fault == Fault::lost || fault == Fault::cutOff)
     (void)call();
-  if (faultyCalls.fault == Fault::cutOff)
+  if (fault == Fault::cutOff)
     ::_exit(killedStatus);
-  errno = faultyCalls.fault == Fault::full ? ENOSPC : EIO;
+  errno = fault == Fault::full ? ENOSPC : EIO;
   return -1;
 }
 

@@ -3,9 +3,11 @@
 
 #include "platform/linux/transfers/TransferJournal.h"
 
+#include <QtGlobal>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <random>
 #include <sys/wait.h>
 
 namespace tavrel {
@@ -151,6 +153,63 @@ TEST_P(KilledTransfer, OfACopyLeavesTheOriginals) {
 INSTANTIATE_TEST_SUITE_P(Kills, KilledTransfer, ::testing::Values(Fault::killed, Fault::cutOff));
 INSTANTIATE_TEST_SUITE_P(Faults, FaultyTransfer,
                          ::testing::Values(Fault::failed, Fault::lost, Fault::full));
+
+/// Many calls of one transfer go wrong, also those that put things back.
+class RandomFaults : public FileTransferBetweenDisks {
+protected:
+  /// Whether a name is whole in one of the places.
+  bool isSafe(const std::string& name, const std::vector<fs::path>& places) {
+    return std::ranges::any_of(places, [&](const fs::path& place) {
+      return fs::exists(fs::symlink_status(place / name)) &&
+             contentsAt(place / name) == originals[name];
+    });
+  }
+  static std::map<std::string, std::string> contentsAt(const fs::path& path) {
+    return fs::is_directory(path) ? contentsOf(path)
+                                  : std::map<std::string, std::string>{{"", read(path)}};
+  }
+  /// The folders in which a person finds files: also those that were told.
+  std::vector<fs::path> placesIn(const std::string& said) const {
+    std::vector<fs::path> places{from, to};
+    for (const fs::path& folder : {from, to})
+      for (const std::string& name : hiddenIn(folder))
+        if (said.find((folder / name).string()) != std::string::npos)
+          places.push_back(folder / name);
+    return places;
+  }
+  void clear() {
+    for (const fs::path& folder : {from, to})
+      for (const auto& each : fs::directory_iterator(folder))
+        fs::remove_all(each.path());
+  }
+  std::map<std::string, std::map<std::string, std::string>> originals;
+};
+
+TEST_F(RandomFaults, LoseNothing) {
+  const int rounds = std::max(50, qEnvironmentVariableIntValue("TAVREL_TRANSFERS"));
+  const auto journal = (scratch.path() / "journal").string();
+  for (int round = 0; round < rounds && !HasFailure(); ++round) {
+    std::mt19937 random(static_cast<unsigned>(round));
+    fillWithEverything(from);
+    for (const std::string& name : names)
+      originals[name] = contentsAt(from / name);
+    const auto oneIn = 10 + random() % 200;
+    faultyCalls = {.isActive = true, .decide = [&] {
+                     const Fault faults[]{Fault::failed, Fault::lost, Fault::full};
+                     return random() % oneIn == 0 ? faults[random() % 3] : Fault::none;
+                   }};
+    const auto said = transferFiles(move, from.string(), to.string(), names, journal).value_or("");
+    faultyCalls.isActive = false;
+    SCOPED_TRACE("round " + std::to_string(round) + ": " + said);
+    for (const std::string& name : names)
+      EXPECT_TRUE(isSafe(name, placesIn(said))) << name;
+    (void)finishInterruptedTransfers(journal);
+    for (const std::string& name : names)
+      EXPECT_TRUE(isSafe(name, {from, to})) << name << ", after the next start";
+    clear();
+  }
+  std::printf("%d transfers under random faults\n", rounds);
+}
 
 } // namespace
 } // namespace tavrel
