@@ -75,8 +75,8 @@ menu_painted() {
 }
 same_picture() { [ "$(compare -metric AE "$TAVREL_DESKTOP/$1.png" "$TAVREL_DESKTOP/$2.png" null: 2>&1)" = 0 ]; }
 
-# open_menu WHAT: by a double tap of Control, as a person does it; again when the machine was too busy
-# to see the two taps in time.
+# open_menu WHAT: by a double tap of Control, as a person does it; again when the display was too busy
+# to tap in time.
 open_menu() { wait_for 30 "$1" tapped_open; }
 tapped_open() {
   menu_open || xdotool keydown Control_L sleep 0.04 keyup Control_L sleep 0.06 \
