@@ -111,7 +111,8 @@ public:
       failed = copyAll(toCopy);
     std::string problems = failed ? undo() : "";
     problems += clean();
-    return failed || !problems.empty() ? failed.value_or("done") + problems : failed;
+    return failed || !problems.empty() ? failed.value_or("every file is in its place") + problems
+                                       : failed;
   }
 
 private:

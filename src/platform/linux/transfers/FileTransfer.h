@@ -12,7 +12,8 @@ namespace tavrel {
 /// symbolic links, pipes, sockets and devices as what they are. Nothing is overwritten, not even
 /// what appears meanwhile. A copy is prepared in a hidden folder in the destination, and a move
 /// between file systems removes its originals only when every copy is in place, on the disk and
-/// still like its original. Nothing when it was done, else one line that says why it was not.
+/// still like its original. Nothing when it was done, else one line that says why it was not, or
+/// which hidden folder is left.
 ///
 /// Refused as a whole: no names at all, a name twice, a name with a slash, "." and "..", a name
 /// that is missing at the source or there at the destination, a folder into itself or below itself.
