@@ -30,7 +30,7 @@ void StagingFolder::make(const std::string& parentPath, const std::string& journ
       name_ = name;
     else if (error != EEXIST) // it may have been made all the same
       (void)::unlinkat(parent_, name.c_str(), AT_REMOVEDIR);
-    if (error != 0)
+    if (error == EEXIST || (error != 0 && isGone({parent_, name})))
       entry_->strike();
   }
   error_ = {error, std::generic_category()};

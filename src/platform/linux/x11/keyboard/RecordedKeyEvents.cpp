@@ -41,7 +41,19 @@ bool isKeyEvent(const xcb_generic_event_t& event) {
   return type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE;
 }
 
+namespace {
+// Input methods make up events without a time: they stay beside the one before.
+void fillInTimes(RecordedKeyEvents& events) {
+  const auto isKnown = [](const auto& event) { return event.time != XCB_CURRENT_TIME; };
+  const auto first = std::find_if(events.begin(), events.end(), isKnown);
+  xcb_timestamp_t last = first == events.end() ? XCB_CURRENT_TIME : first->time;
+  for (xcb_key_press_event_t& event : events)
+    last = event.time = isKnown(event) ? event.time : last;
+}
+} // namespace
+
 RecordedKeyEvents inTheirOrder(RecordedKeyEvents events) {
+  fillInTimes(events);
   std::stable_sort(events.begin(), events.end(), [](const auto& one, const auto& other) {
     return static_cast<std::int32_t>(one.time - other.time) < 0; // the time begins anew at 0
   });

@@ -84,5 +84,15 @@ TEST(RecordedKeyEvents, OneThatComesBackLateIsPutWhereItWasTyped) {
   EXPECT_EQ(events[2].detail, serverKey::s);
 }
 
+TEST(RecordedKeyEvents, OneWithoutATimeStaysBesideTheOneBefore) {
+  RecordedKeyEvents events = typed({down(serverKey::a), down(serverKey::c), down(serverKey::s)});
+  events[0].time = 0xFFFFFFF0;
+  events[2].time = 0xFFFFFFF1;
+  events = inTheirOrder(events);
+  EXPECT_EQ(events[0].detail, serverKey::a);
+  EXPECT_EQ(events[1].detail, serverKey::c);
+  EXPECT_EQ(events[2].detail, serverKey::s);
+}
+
 } // namespace
 } // namespace tavrel
