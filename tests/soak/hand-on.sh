@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # The hot key of a hidden item reaches the application in front, each time, as the same keystroke.
-#   hand-on.sh PROGRAM SOAK [COUNT]
-# SOAK: hand_on_soak; COUNT: presses (10,000), half of them over a program that is asked for its
-# selection
+#   hand-on.sh PROGRAM SOAK [COUNT [ASKED]]
+# SOAK: hand_on_soak; COUNT: presses (10,000); ASKED: as many more over a program that is asked for
+# its selection (as many)
 set -eu
 cd "$(dirname "$0")/../.."
-program=$(realpath "$1") soak=$(realpath "$2") count=${3:-10000}
+program=$(realpath "$1") soak=$(realpath "$2") count=${3:-10000} asked=${4:-${3:-10000}}
 
 if [ "${TAVREL_HAND_ON_INSIDE:-}" != yes ]; then
-  TAVREL_HAND_ON_INSIDE=yes exec tools/with-desktop --wm "$0" "$program" "$soak" "$count"
+  TAVREL_HAND_ON_INSIDE=yes exec tools/with-desktop --wm "$0" "$program" "$soak" "$count" "$asked"
 fi
 
 . tools/desktop-lib.sh
@@ -26,7 +26,8 @@ END
 # Ctrl+Insert: that the item is hidden is clear a tenth of a second later then.
 toolkit=$(ldd "$program" | awk '/libQt6Widgets/ { print $3 }')
 failed=0
-"$soak" $((count / 2)) || failed=1
+"$soak" "$count" || failed=1
+[ "$asked" != 0 ] || exit $failed
 echo "from a program that is asked for its selection:"
-LD_PRELOAD=$toolkit "$soak" $((count / 2)) || failed=1
+LD_PRELOAD=$toolkit "$soak" "$asked" || failed=1
 exit $failed
