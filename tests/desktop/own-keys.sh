@@ -18,7 +18,7 @@ fi
 . tools/desktop-lib.sh
 words=$HOME/Documents/words.txt
 mkdir -p "$HOME/Documents" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME/tavrel/services"
-printf '#!/bin/bash\ntext=$(cat)\nprintf %%s "${text^^}"\n' >"$XDG_DATA_HOME/tavrel/services/Upper"
+printf '#!/bin/bash\ntext=$(cat)\nprintf %%s "${text^^}!"\n' >"$XDG_DATA_HOME/tavrel/services/Upper"
 chmod +x "$XDG_DATA_HOME/tavrel/services/Upper"
 
 # item TYPE TITLE URL SHORTCUT [MORE]
@@ -99,7 +99,8 @@ try_burst() {
   wait $! || true
 }
 
-# try_service SELECTED ANSWER KEY...: what the keys select, and what the document is then.
+# try_service SELECTED ANSWER KEY...: what the keys select, and what the document is then. The keys
+# that save it come from the beginning: those that the program keeps meanwhile are typed after.
 try_service() {
   local selected=$1 answer=$2
   start "$(item services Shout Upper u)$(item applescript Paste "file://$HOME/Run-c.sh" v \
@@ -133,7 +134,11 @@ for device in keyboard program; do
   wait_for 5 "every key to be up" nothing_held
 done
 device=keyboard
-try_service words 'WORDS to be kept' ctrl+Home ctrl+shift+Right
+try_service words 'WORDS! to be kept' ctrl+Home ctrl+shift+Right
 device=program
-try_service 'WORDS to be kept' 'WORDS TO BE KEPT' ctrl+a
+text='WORDS! to be kept'
+for _ in {1..5}; do
+  try_service "$text" "${text^^}!" ctrl+a
+  text="${text^^}!"
+done
 wait_for 5 "every key to be up" nothing_held

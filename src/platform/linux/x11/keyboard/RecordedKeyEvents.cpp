@@ -10,9 +10,40 @@ bool isPress(const xcb_key_press_event_t& event) {
   return (event.response_type & 0x7f) == XCB_KEY_PRESS;
 }
 
-ServerKeySet heldBefore(const RecordedKeyEvents& events, ServerKeySet held) {
-  for (auto event = events.rbegin(); event != events.rend(); ++event)
-    held.set(event->detail, !isPress(*event));
+// What has to be down before each event, as the next event of each key tells, and after the last.
+std::vector<ServerKeySet> downBefore(const RecordedKeyEvents& events, const ServerKeySet& downNow) {
+  std::vector<ServerKeySet> down(events.size() + 1, downNow);
+  for (std::size_t at = events.size(); at > 0; --at) {
+    down[at - 1] = down[at];
+    down[at - 1].set(events[at - 1].detail, !isPress(events[at - 1]));
+  }
+  return down;
+}
+
+ServerKeySet keysWith(unsigned bits, const ModifierKeys& modifiers) {
+  ServerKeySet keys;
+  for (std::size_t code = 0; code < keys.size(); ++code)
+    keys[code] = modifiers.keys[code] && (modifiers.bits[code] & bits) != 0;
+  return keys;
+}
+
+std::size_t lowestOf(const ServerKeySet& keys) {
+  std::size_t code = 0;
+  while (!keys[code])
+    ++code;
+  return code;
+}
+
+// The modifiers held at a key. Its state is right where it names one; made-up events have none.
+ServerKeySet heldAt(const xcb_key_press_event_t& key, ServerKeySet held,
+                    const ServerKeySet& expected, const ModifierKeys& modifiers) {
+  held &= expected | keysWith(key.state, modifiers);
+  for (unsigned bit = 1; bit <= XCB_MOD_MASK_5; bit <<= 1U) {
+    const ServerKeySet keys = keysWith(bit, modifiers);
+    if ((key.state & bit) == 0 || (held & keys).any() || keys.none())
+      continue;
+    held.set(lowestOf((keys & expected).any() ? keys & expected : keys));
+  }
   return held;
 }
 
@@ -62,17 +93,20 @@ RecordedKeyEvents inTheirOrder(RecordedKeyEvents events) {
 
 // Modifiers are pressed only when a key needs them: many programs act on one that is tapped alone.
 std::vector<ServerKey> keysToRetype(const RecordedKeyEvents& events, const ServerKeySet& downNow,
-                                    const ServerKeySet& modifiers, const ServerKeySet& locks) {
+                                    const ModifierKeys& modifiers, const ServerKeySet& locks) {
   Retyping retyping;
-  ServerKeySet held = heldBefore(events, downNow) & modifiers;
-  for (const xcb_key_press_event_t& event : events) {
+  const std::vector<ServerKeySet> expected = downBefore(events, downNow);
+  ServerKeySet held = expected.front() & modifiers.keys;
+  for (std::size_t at = 0; at < events.size(); ++at) {
+    const xcb_key_press_event_t& event = events[at];
     const std::size_t code = event.detail;
     if (locks[code])
       continue; // it has taken effect already
-    if (modifiers[code]) {
+    if (modifiers.keys[code]) {
       held.set(code, isPress(event));
     } else if (isPress(event)) {
-      retyping.moveTo((retyping.down() & ~modifiers) | held);
+      held = heldAt(event, held, expected[at], modifiers);
+      retyping.moveTo((retyping.down() & ~modifiers.keys) | held);
       retyping.add(code, KeyDirection::down);
     } else if (retyping.down()[code]) {
       retyping.add(code, KeyDirection::up);

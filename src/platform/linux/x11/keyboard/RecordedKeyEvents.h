@@ -20,11 +20,13 @@ using RecordedKeyEvents = std::vector<xcb_key_press_event_t>;
 /// The keys to press and release, from a keyboard without any key down, so that the recorded ones
 /// arrive as they were typed. Empty when there were only releases and modifiers. `downNow` is what
 /// is down after the last event: a modifier that was down before the first one is found from that
-/// and from its release. Keys of `locks` (Caps Lock and the like) are left out: they have taken
-/// effect.
+/// and from its release. One that went down or up between two events without one of its own (the
+/// keys of programs, while the grab was released to post) is found from the state that
+/// came with the keys. Keys of `locks` (Caps Lock and the like) are left
+/// out: they have taken effect.
 [[nodiscard]] std::vector<ServerKey> keysToRetype(const RecordedKeyEvents& events,
                                                   const ServerKeySet& downNow,
-                                                  const ServerKeySet& modifiers,
+                                                  const ModifierKeys& modifiers,
                                                   const ServerKeySet& locks);
 
 } // namespace tavrel

@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 
+#include <array>
 #include <bitset>
 #include <cstdint>
 
@@ -16,5 +17,11 @@ struct ServerKey {
 
 /// Keys by server key code.
 using ServerKeySet = std::bitset<256>;
+
+/// Which keys act as modifiers while they are down, and as which: the bit that each one sets.
+struct ModifierKeys {
+  ServerKeySet keys;
+  std::array<std::uint8_t, 256> bits{}; ///< by server key code; 0 for other keys
+};
 
 } // namespace tavrel

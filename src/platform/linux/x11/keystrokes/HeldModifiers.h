@@ -2,17 +2,10 @@
 
 #include "platform/linux/x11/keyboard/ServerKey.h"
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
 namespace tavrel {
-
-/// Which keys act as modifiers while they are down, and as which: the bit that each one sets.
-struct ModifierKeys {
-  ServerKeySet keys;
-  std::array<std::uint8_t, 256> bits{}; ///< by server key code; 0 for other keys
-};
 
 struct HeldModifiers {
   ServerKeySet keys;           ///< that are down, and that all keys to type need

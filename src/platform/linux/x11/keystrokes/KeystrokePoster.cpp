@@ -207,7 +207,7 @@ void KeystrokePoster::retype(const RecordedKeyEvents& events) {
     return;
   const ServerKeySet down = server_->down();
   const ModifierKeys modifiers = server_->modifierKeys(*keymap);
-  const auto keys = keysToRetype(events, down, modifiers.keys, server_->lockKeys(*keymap));
+  const auto keys = keysToRetype(events, down, modifiers, server_->lockKeys(*keymap));
   if (keys.empty())
     return;
   own_.begin();

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <utility>
 
 namespace tavrel {
 namespace {
@@ -30,15 +31,27 @@ RecordedKeyEvents typed(std::initializer_list<ServerKey> keys) {
   return events;
 }
 
+std::vector<ServerKey> retyped(const RecordedKeyEvents& events, const ServerKeySet& downNow) {
+  ModifierKeys modifiers;
+  for (const auto& [key, bit] : std::initializer_list<std::pair<std::size_t, std::uint8_t>>{
+           {serverKey::control, XCB_MOD_MASK_CONTROL},
+           {serverKey::rightControl, XCB_MOD_MASK_CONTROL},
+           {serverKey::shift, XCB_MOD_MASK_SHIFT},
+           {serverKey::alt, XCB_MOD_MASK_1}}) {
+    modifiers.keys.set(key);
+    modifiers.bits[key] = bit;
+  }
+  ServerKeySet locks;
+  locks.set(serverKey::capsLock);
+  return keysToRetype(events, downNow, modifiers, locks);
+}
+
 std::vector<ServerKey> retyped(std::initializer_list<ServerKey> keys,
                                std::initializer_list<std::size_t> downNow = {}) {
-  ServerKeySet now, modifiers, locks;
+  ServerKeySet now;
   for (const std::size_t key : downNow)
     now.set(key);
-  for (const std::size_t key : {serverKey::control, serverKey::shift, serverKey::alt})
-    modifiers.set(key);
-  locks.set(serverKey::capsLock);
-  return keysToRetype(typed(keys), now, modifiers, locks);
+  return retyped(typed(keys), now);
 }
 
 TEST(RecordedKeyEvents, KeysComeInTheirOrder) {
@@ -66,6 +79,38 @@ TEST(RecordedKeyEvents, AModifierOfTheGestureIsGoneBeforeTheNextKey) {
 
 TEST(RecordedKeyEvents, AKeyThatIsHeldStillIsTypedOnce) {
   EXPECT_THAT(retyped({down(38)}, {38}), ElementsAre(down(38), up(38)));
+}
+
+TEST(RecordedKeyEvents, AModifierWhosePressWentElsewhereIsDownForItsKey) {
+  RecordedKeyEvents events =
+      typed({down(serverKey::control), down(39), up(serverKey::control), up(39), /* down here */
+             down(39), up(serverKey::control), up(39)});
+  events[1].state = events[2].state = events[4].state = events[5].state = XCB_MOD_MASK_CONTROL;
+  EXPECT_THAT(retyped(events, {}), ElementsAre(down(serverKey::control), down(39), up(39), down(39),
+                                               up(39), up(serverKey::control)));
+}
+
+TEST(RecordedKeyEvents, AModifierWhoseReleaseWentElsewhereIsUpForTheNextKey) {
+  RecordedKeyEvents events =
+      typed({down(serverKey::shift), down(38), up(38), /* up here */ down(39), up(39),
+             down(serverKey::shift), up(serverKey::shift)});
+  events[1].state = events[2].state = XCB_MOD_MASK_SHIFT;
+  EXPECT_THAT(retyped(events, {}), ElementsAre(down(serverKey::shift), down(38), up(38),
+                                               up(serverKey::shift), down(39), up(39)));
+}
+
+TEST(RecordedKeyEvents, AModifierThatWentUpUnseenAfterItsKeyWasDownForIt) {
+  RecordedKeyEvents events = typed({down(54), up(54)});
+  events[0].state = events[1].state = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_2; // Num Lock has no key
+  EXPECT_THAT(retyped(events, {}),
+              ElementsAre(down(serverKey::control), down(54), up(54), up(serverKey::control)));
+}
+
+TEST(RecordedKeyEvents, OfTwoKeysOfAModifierTheOneThatGoesUpLaterWasDown) {
+  RecordedKeyEvents events = typed({down(54), up(54), up(serverKey::rightControl)});
+  events[0].state = XCB_MOD_MASK_CONTROL;
+  EXPECT_THAT(retyped(events, {}), ElementsAre(down(serverKey::rightControl), down(54), up(54),
+                                               up(serverKey::rightControl)));
 }
 
 TEST(RecordedKeyEvents, ALockIsNotSwitchedOnceMore) {
