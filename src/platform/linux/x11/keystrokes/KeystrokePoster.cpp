@@ -18,6 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr int mostTurns = 3; ///< of restoring what the user changes meanwhile
 constexpr auto chordTime = 100ms;
 constexpr auto releasePollInterval = 10ms;
 constexpr qint64 activationTimeout = 100; // in milliseconds
@@ -125,19 +126,23 @@ bool KeystrokePoster::type(const Typing& typing, const std::function<void()>& me
   // The server may not see a key go up while its keyboard is grabbed.
   const ServerKeySet disturbing =
       KeyboardGrab::isHeld() ? ~ServerKeySet() : typing.modifiers.keys | codesOf(typing.chord);
-  withGrabReleased(typing.modifiers.keys, [&] {
+  const auto post = [&] {
     ServerKeySet touched;
     own_.postPastHotKeys(codesOf(typing.chord), [&] {
+      KeyboardGrab::release(); // a hot key pressed by now keeps back keys that a look does not see
       server_->alone([&] {
         isTyped = typing.window == 0 || server_->hasFocus(typing.window);
         if (isTyped)
           touched = sendAlone(typing, disturbing);
       });
     });
+    return touched;
+  };
+  const auto whenTyped = [&] {
     if (isTyped)
       meanwhile();
-    return touched;
-  });
+  };
+  withGrabReleased(typing.modifiers.keys, post, whenTyped);
   return isTyped;
 }
 
@@ -149,9 +154,12 @@ ServerKeySet KeystrokePoster::sendAlone(const Typing& typing, const ServerKeySet
   const HeldModifiers held =
       heldModifiers(typing.chord.keys, down, typing.modifiers, server_->modifiersInForce());
   const ServerKeySet released = down & disturbing & ~held.keys;
-  const ServerKeySet ofPrograms = server_->downByPrograms() & released & modifiers & ~pressedAgain_;
+  const ServerKeySet byPrograms = server_->downByPrograms();
+  const ServerKeySet ofPrograms = byPrograms & released & modifiers & ~pressedAgain_;
+  // Up since another keyboard released them; the server would ignore their press.
+  const ServerKeySet stale = byPrograms & codesOf(typing.chord) & ~down;
   const ServerKeySet own = std::exchange(pressedAgain_, pressedAgain_ & held.keys) & ~held.keys;
-  server_->send(keyEvents(released | own, KeyDirection::up));
+  server_->send(keyEvents(released | own | stale, KeyDirection::up));
   if (typing.chord.group != typing.group)
     server_->lockGroup(typing.chord.group);
   server_->send(held.rest);
@@ -161,15 +169,19 @@ ServerKeySet KeystrokePoster::sendAlone(const Typing& typing, const ServerKeySet
   return (released & ~ofPrograms) | held.keys;
 }
 
-// `work` answers which keys it has touched.
+// `post` answers which keys it has touched. What programs type `meanwhile` is the user's.
 void KeystrokePoster::withGrabReleased(const ServerKeySet& modifiers,
-                                       const std::function<ServerKeySet()>& work) {
+                                       const std::function<ServerKeySet()>& post,
+                                       const std::function<void()>& meanwhile) {
   own_.begin();
   std::optional<PhysicalKeyboards> pressed;
   if (KeyboardGrab::isHeld())
     pressed.emplace(server_->connection());
   KeyboardGrab::release(); // and with it a hot key's: it is on the same connection
-  ServerKeySet touched = work();
+  ServerKeySet touched = post();
+  own_.end();
+  meanwhile();
+  own_.begin();
   if (pressed)
     touched |= grabAgain(*pressed);
   restore(touched, modifiers);
@@ -180,10 +192,8 @@ void KeystrokePoster::whileGrabIsReleased(const std::function<void()>& work) {
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return work();
-  withGrabReleased(server_->modifierKeys(*keymap).keys, [&] {
-    work();
-    return ServerKeySet();
-  });
+  withGrabReleased(
+      server_->modifierKeys(*keymap).keys, [] { return ServerKeySet(); }, work);
 }
 
 // What the user types during the chord is for the menu, too.
@@ -216,6 +226,8 @@ void KeystrokePoster::retype(const RecordedKeyEvents& events) {
     touched.set(key.code, down[key.code]);
   const std::uint32_t group = server_->group();
   const Typing typing{{keys, group}, modifiers, group, 0};
+  if (!KeyboardGrab::isHeld())
+    KeyboardGrab::release(); // as in `type`
   server_->alone([&] { (void)sendAlone(typing, touched); });
   restore(touched, modifiers.keys);
   // A hot key among them keeps the rest of them back until the event loop has read it.
@@ -232,36 +244,40 @@ void KeystrokePoster::retype(const RecordedKeyEvents& events) {
 // What was touched becomes as the user has it now: the server does not see all that happens while
 // its keyboards are grabbed. What other programs hold stays.
 void KeystrokePoster::restore(const ServerKeySet& touched, const ServerKeySet& modifiers) {
-  server_->alone([&] {
-    const ServerKeySet physical = server_->physicallyDown();
-    const ServerKeySet ofPrograms = server_->downByPrograms() & ~pressedAgain_;
-    const ServerKeySet down = server_->down();
-    const ServerKeySet missing = touched & modifiers & physical & ~down;
-    pressedAgain_ |= missing;
-    server_->send(keyEvents(missing, KeyDirection::down));
-    server_->send(keyEvents(touched & down & ~physical & ~ofPrograms, KeyDirection::up));
+  const auto isRestored = [&] { return !restoreOnce(touched, modifiers); };
+  server_->alone([&] { // the user's keyboards go on meanwhile
+    for (int turn = 0; turn < mostTurns && !isRestored(); ++turn) {
+    }
   });
-  releaseWithUser();
+  if (pressedAgain_.any() && !releasePoll_.isActive())
+    releasePoll_.start();
+}
+
+// Answers whether something was posted.
+bool KeystrokePoster::restoreOnce(const ServerKeySet& touched, const ServerKeySet& modifiers) {
+  const ServerKeySet physical = server_->physicallyDown();
+  const ServerKeySet ofPrograms = server_->downByPrograms() & ~pressedAgain_;
+  const ServerKeySet down = server_->down();
+  const ServerKeySet missing = touched & modifiers & physical & ~down;
+  const ServerKeySet left = touched & (down | pressedAgain_) & ~physical & ~ofPrograms;
+  pressedAgain_ = (pressedAgain_ | missing) & (physical | ~touched);
+  server_->send(keyEvents(missing, KeyDirection::down));
+  server_->send(keyEvents(left, KeyDirection::up));
+  return (missing | left).any();
 }
 
 // When the user releases a key that we pressed again, it is still down on the XTest keyboard.
 void KeystrokePoster::releaseWithUser() {
-  const ServerKeySet left =
-      hasServer() ? pressedAgain_ & ~server_->physicallyDown() : pressedAgain_;
-  pressedAgain_ &= ~left;
+  if (!hasServer())
+    pressedAgain_.reset();
   if (pressedAgain_.none())
-    releasePoll_.stop();
-  else if (!releasePoll_.isActive())
-    releasePoll_.start();
-  if (left.none() || !server_)
+    return releasePoll_.stop();
+  if ((pressedAgain_ & ~server_->physicallyDown()).none())
     return;
-  const bool isOwnPhase = own_.areBeingPosted();
-  if (!isOwnPhase)
-    own_.begin();
-  server_->send(keyEvents(left, KeyDirection::up));
-  server_->roundTrip();
-  if (!isOwnPhase)
-    own_.end();
+  const ServerKeySet pressed = pressedAgain_;
+  own_.begin();
+  restore(pressed, pressed);
+  own_.end();
 }
 
 bool KeystrokePoster::isInFront(std::int32_t process) {

@@ -66,9 +66,11 @@ private:
   [[nodiscard]] bool type(const Typing& typing, const std::function<void()>& meanwhile);
   [[nodiscard]] ServerKeySet sendAlone(const Typing& typing, const ServerKeySet& disturbing);
   [[nodiscard]] KeyChord chordNow(const std::vector<KeyboardEvent>& events, xkb_keymap& keymap);
-  void withGrabReleased(const ServerKeySet& modifiers, const std::function<ServerKeySet()>& work);
+  void withGrabReleased(const ServerKeySet& modifiers, const std::function<ServerKeySet()>& post,
+                        const std::function<void()>& meanwhile);
   ServerKeySet grabAgain(PhysicalKeyboards& pressed);
   void restore(const ServerKeySet& touched, const ServerKeySet& modifiers);
+  [[nodiscard]] bool restoreOnce(const ServerKeySet& touched, const ServerKeySet& modifiers);
   void releaseWithUser();
 
   DesktopWindows& windows_;

@@ -1,4 +1,5 @@
 #include "platform/linux/applications/ApplicationRegistry.h"
+#include "platform/linux/x11/keystrokes/KeystrokePoster.h"
 #include "platform/linux/x11/keystrokes/KeystrokeServer.h"
 #include "platform/linux/x11/keystrokes/OwnKeystrokes.h"
 #include "platform/linux/x11/selection/LinuxAccessibility.h"
@@ -190,6 +191,26 @@ TEST_F(Keystrokes, AModifierThatIsHeldAndNeededIsNotTypedOnceMore) {
     keys.up(serverKey::rightControl);
     EXPECT_TRUE(KeystrokeServer::create()->down().none());
   }
+}
+
+// The server takes the modifier for up then, though the program has not released it.
+TEST_F(Keystrokes, ACopyArrivesWhileAProgramHoldsAModifierThatTheUserHasTapped) {
+  FakeInput program;
+  FakeInput keyboard(Device::keyboard);
+  program.down(serverKey::control);
+  keyboard.tap(serverKey::control);
+  recorder.keys.clear();
+  world.copy();
+  EXPECT_TRUE(arrives("Ctrl+99")) << ::testing::PrintToString(recorder.keys);
+  program.up(serverKey::control);
+  EXPECT_TRUE(KeystrokeServer::create()->down().none());
+}
+
+TEST_F(Keystrokes, WhatProgramsTypeWhileTheGrabIsReleasedIsNotTakenForOurOwn) {
+  KeystrokePoster poster(world.windows, world.own);
+  bool isOwn = true;
+  poster.whileGrabIsReleased([&] { isOwn = world.own.areBeingPosted(); });
+  EXPECT_FALSE(isOwn);
 }
 
 } // namespace
