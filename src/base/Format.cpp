@@ -18,9 +18,9 @@ std::string filled(std::string_view format, std::string_view text) {
   return replaced(format, [text] { return text; });
 }
 
-std::string filledInOrder(std::string_view format, std::initializer_list<std::string_view> texts) {
+std::string filledInOrder(std::string_view format, const std::vector<std::string>& texts) {
   return replaced(format, [&texts, next = texts.begin()]() mutable {
-    return next == texts.end() ? std::string_view() : *next++;
+    return next == texts.end() ? std::string_view() : std::string_view(*next++);
   });
 }
 

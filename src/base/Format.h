@@ -1,8 +1,8 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavrel {
 
@@ -11,6 +11,6 @@ namespace tavrel {
 
 /// The format with each "%@" replaced by the next text; empty for those beyond the last.
 [[nodiscard]] std::string filledInOrder(std::string_view format,
-                                        std::initializer_list<std::string_view> texts);
+                                        const std::vector<std::string>& texts);
 
 } // namespace tavrel

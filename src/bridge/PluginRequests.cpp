@@ -69,7 +69,7 @@ void TVController::execScriptFor(const PropertyList::Dictionary& userInfo) {
   if (const std::string* path = stringFor(userInfo, "path"))
     runScriptFile(*path);
   else if (const std::string* source = stringFor(userInfo, "sourceCode"))
-    execScriptSource(*source, ScriptOrigin::User);
+    execScriptSource(*source);
 }
 
 } // namespace tavrel

@@ -62,22 +62,21 @@ bool moveSelectedFiles(const std::string& destination) {
 
 void showInFinder(const std::string& path) {
   const char* browser = settingsNow::openWithPathFinder() ? "Path Finder" : "Finder";
-  runOwnSource(filledInOrder("tell application \"%@\" to reveal \"%@\" as POSIX file",
-                             {browser, cleanedUpPath(path)}));
+  runOwnSource(
+      {"tell application \"%@\" to reveal \"%@\" as POSIX file", {browser, cleanedUpPath(path)}});
 }
 
 void openFolderWithTerminal(const std::string& path) {
   const std::string command = path.empty() ? "cd ~" : filled("cd '%@'", path);
-  execScriptSource(filled("tell application \"terminal\"\n"
-                          "activate\n"
-                          " if number of windows > 0 then \n"
-                          " do script (\"%@\" as text) in window 1\n"
-                          " else\n"
-                          " do script (\"%@\" as text)\n"
-                          " end if\n"
-                          " end tell\n",
-                          command),
-                   ScriptOrigin::Application);
+  execOwnSource({"tell application \"terminal\"\n"
+                 "activate\n"
+                 " if number of windows > 0 then \n"
+                 " do script (\"%@\" as text) in window 1\n"
+                 " else\n"
+                 " do script (\"%@\" as text)\n"
+                 " end if\n"
+                 " end tell\n",
+                 {command, command}});
 }
 
 std::int32_t GetApplicationFlavor(ProcessSerialNumber process) {

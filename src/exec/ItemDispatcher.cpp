@@ -73,7 +73,7 @@ void TVController::fileItemDidSelected(MenuItem& menuItem) {
 
 void TVController::openFolder(const std::string& path) {
   if (settingsNow::openWithPathFinder() &&
-      runOwnSource(filled("tell application \"Path Finder\" to open \"%@\" as POSIX file", path)))
+      runOwnSource({"tell application \"Path Finder\" to open \"%@\" as POSIX file", {path}}))
     return;
   platform().workspace.openFile(path);
 }

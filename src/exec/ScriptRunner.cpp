@@ -14,15 +14,9 @@ namespace tavrel {
 
 namespace {
 
-/// As it stands between quotation marks in a script source.
-std::string escapedForSource(const std::string& text) {
-  std::string escaped;
-  for (const char each : text) {
-    if (each == '"' || each == '\\')
-      escaped += '\\';
-    escaped += each;
-  }
-  return escaped;
+void logFailure(const std::optional<SourceRun>& run) {
+  if (run && run->error)
+    platform().log.write(filled("execScriptSource error %@", descriptionOf(*run->error)));
 }
 
 } // namespace
@@ -36,30 +30,33 @@ void execScript(const std::string& path) {
   gExecutingScript = isInsideAnother;
 }
 
-void execScriptSource(const std::string& source, ScriptOrigin origin) {
-  const auto run = platform().scripts.runSource(source, origin);
-  if (run && run->error)
-    platform().log.write(filled("execScriptSource error %@", descriptionOf(*run->error)));
+void execScriptSource(const std::string& source) {
+  logFailure(platform().scripts.runSource(source));
 }
 
-bool runOwnSource(const std::string& source) {
-  return platform().scripts.runSource(source, ScriptOrigin::Application).has_value();
+void execOwnSource(const OwnSource& source) {
+  logFailure(platform().scripts.runOwnSource(source));
+}
+
+bool runOwnSource(const OwnSource& source) {
+  return platform().scripts.runOwnSource(source).has_value();
 }
 
 void activateApplication(const std::string& name) {
-  runOwnSource(filled("tell application \"%@\" to activate", escapedForSource(name)));
+  runOwnSource({"tell application \"%@\" to activate", {name}});
 }
 
 void askToQuit(const std::string& path) {
   const std::string name = deletingPathExtension(lastPathComponent(path));
-  runOwnSource(filled("tell application \"%@\" to quit", escapedForSource(name)));
+  runOwnSource({"tell application \"%@\" to quit", {name}});
 }
 
 void launchTavrelPref() {
-  runOwnSource("tell application \"System Preferences\"\n"
-               "activate\n"
-               "reveal pane \"Tavrel\"\n"
-               " end tell");
+  runOwnSource({"tell application \"System Preferences\"\n"
+                "activate\n"
+                "reveal pane \"Tavrel\"\n"
+                " end tell",
+                {}});
 }
 
 } // namespace tavrel

@@ -10,12 +10,14 @@ namespace tavrel {
 /// meanwhile. Every failure is silent.
 void execScript(const std::string& path);
 
-/// Runs a source text; a failure is one line in the log.
-void execScriptSource(const std::string& source, ScriptOrigin origin);
+/// Runs a source text of the user's; a failure is one line in the log.
+void execScriptSource(const std::string& source);
 
-/// Runs a source text of the application's own; a failure is silent. False when no script object
-/// could be made of it.
-bool runOwnSource(const std::string& source);
+/// Runs a source of the application's own; a failure is one line in the log.
+void execOwnSource(const OwnSource& source);
+
+/// The same; a failure is silent. False when no script object could be made of it.
+bool runOwnSource(const OwnSource& source);
 
 /// Brings the application of that name to the front.
 void activateApplication(const std::string& name);

@@ -31,9 +31,12 @@ inline constexpr OSAError invalidID = -1751;
 inline constexpr OSAError scriptError = -1753; ///< the script ran and failed
 } // namespace osaError
 
-/// Who wrote the text of a source. One that the application itself builds, around a path or a name,
-/// never runs shell commands: so nothing hidden in the path can.
-enum class ScriptOrigin { Application, User };
+/// A source of the application's own. Each "%@" of the form, between quotation marks, stands for
+/// the next of the texts: paths and names, which may hold anything.
+struct OwnSource {
+  std::string form;
+  std::vector<std::string> texts;
+};
 
 struct LoadedScript {
   OSAError code = osaError::none;
@@ -102,9 +105,13 @@ public:
   [[nodiscard]] virtual std::unique_ptr<NSAppleScript>
   initWithContentsOfFile(const std::string& path) = 0;
 
-  /// Compiles and runs a source text; a text that does not compile is an error of the run. Nothing
-  /// when no script object could be made of it: then nothing ran.
-  virtual std::optional<SourceRun> runSource(const std::string& source, ScriptOrigin origin) = 0;
+  /// Compiles and runs a user's source text; a text that does not compile is an error of the run.
+  /// Nothing when no script object could be made of it: then nothing ran.
+  virtual std::optional<SourceRun> runSource(const std::string& source) = 0;
+
+  /// The same for one of the application's own. It does exactly what its form does, whatever its
+  /// texts are: a file's name runs nothing.
+  virtual std::optional<SourceRun> runOwnSource(const OwnSource& source) = 0;
 };
 
 } // namespace tavrel

@@ -43,7 +43,7 @@ protected:
     return executed.code;
   }
   OSAError numberOf(const std::string& source) {
-    const auto run = scripts().runSource(source, ScriptOrigin::User);
+    const auto run = scripts().runSource(source);
     const PropertyList* number =
         run && run->error ? run->error->find("NSAppleScriptErrorNumber") : nullptr;
     return number ? static_cast<OSAError>(number->integer().value_or(0)) : osaError::none;
@@ -199,8 +199,8 @@ TYPED_TEST_P(ScriptsContract, AResultIsNoScript) {
 }
 
 TYPED_TEST_P(ScriptsContract, ASourceThatRunsToItsEndHasNoError) {
-  for (ScriptOrigin origin : {ScriptOrigin::Application, ScriptOrigin::User}) {
-    const auto run = this->scripts().runSource(this->world.goodSource(), origin);
+  for (const auto& run : {this->scripts().runSource(this->world.goodSource()),
+                          this->scripts().runOwnSource({this->world.goodSource(), {}})}) {
     ASSERT_TRUE(run);
     EXPECT_FALSE(run->error);
   }
@@ -208,7 +208,7 @@ TYPED_TEST_P(ScriptsContract, ASourceThatRunsToItsEndHasNoError) {
 
 TYPED_TEST_P(ScriptsContract, AFailingSourceTellsItsNumberAndWords) {
   const std::string source = this->world.failingSource(-1728);
-  const auto run = this->scripts().runSource(source, ScriptOrigin::Application);
+  const auto run = this->scripts().runOwnSource({source, {}});
   ASSERT_TRUE(run);
   ASSERT_TRUE(run->error);
   EXPECT_NE(run->error->stringFor("NSAppleScriptErrorMessage"), nullptr);

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <string_view>
+#include "platform/Scripts.h"
+
+#include <string>
 
 namespace tavrel {
 
-/// Whether a source text, outside its quoted strings, names a command that runs shell commands or
-/// other scripts, the only ways to what such a text may not do. For desktops whose scripting
-/// component makes no difference between authors.
-[[nodiscard]] bool asksForShell(std::string_view source);
+/// The text of an own source: each of its texts stands between the quotation marks of the form as a
+/// literal of the scripting language, which ends where the form says, whatever is in it.
+[[nodiscard]] std::string sourceText(const OwnSource& source);
 
 } // namespace tavrel

@@ -1,6 +1,5 @@
 #import "platform/macos/AppleScriptSources.h"
 
-#include "platform/common/ScriptSource.h"
 #import "platform/macos/Conversions.h"
 
 using SystemScript = NSAppleScript;
@@ -56,9 +55,7 @@ std::unique_ptr<NSAppleScript> appleScriptFromFile(const std::string& path) {
   return script ? std::make_unique<LoadedAppleScript>(script) : nullptr;
 }
 
-std::optional<SourceRun> runAppleScriptSource(const std::string& source, ScriptOrigin origin) {
-  if (origin == ScriptOrigin::Application && asksForShell(source))
-    return std::nullopt;
+std::optional<SourceRun> runAppleScriptSource(const std::string& source) {
   @autoreleasepool {
     SystemScript* const script = [[SystemScript alloc] initWithSource:nsString(source)];
     if (!script)

@@ -1,4 +1,5 @@
 #include "platform/macos/MacScripts.h"
+#include "platform/common/ScriptSource.h"
 
 #include "platform/macos/AppleScriptSources.h"
 #include "platform/macos/ScriptFile.h"
@@ -98,8 +99,12 @@ std::unique_ptr<NSAppleScript> MacScripts::initWithContentsOfFile(const std::str
   return appleScriptFromFile(path);
 }
 
-std::optional<SourceRun> MacScripts::runSource(const std::string& source, ScriptOrigin origin) {
-  return runAppleScriptSource(source, origin);
+std::optional<SourceRun> MacScripts::runSource(const std::string& source) {
+  return runAppleScriptSource(source);
+}
+
+std::optional<SourceRun> MacScripts::runOwnSource(const OwnSource& source) {
+  return runAppleScriptSource(sourceText(source));
 }
 
 } // namespace tavrel

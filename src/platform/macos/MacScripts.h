@@ -20,7 +20,8 @@ public:
   OSAError dispose(ComponentInstance component, OSAID id) override;
   OSAError store(ComponentInstance component, OSAID script, const std::string& path) override;
   std::unique_ptr<NSAppleScript> initWithContentsOfFile(const std::string& path) override;
-  std::optional<SourceRun> runSource(const std::string& source, ScriptOrigin origin) override;
+  std::optional<SourceRun> runSource(const std::string& source) override;
+  std::optional<SourceRun> runOwnSource(const OwnSource& source) override;
 
 private:
   struct Components;

@@ -1,5 +1,7 @@
 #include "platform/memory/MemoryScripts.h"
 
+#include "base/Format.h"
+
 namespace tavrel {
 
 bool MemoryScripts::isOpen(ComponentInstance component) const {
@@ -92,13 +94,21 @@ std::unique_ptr<NSAppleScript> MemoryScripts::initWithContentsOfFile(const std::
   return std::make_unique<ResultScript>(found->second);
 }
 
-std::optional<SourceRun> MemoryScripts::runSource(const std::string& source, ScriptOrigin origin) {
-  if (control.unusableSources.contains(source))
+std::optional<SourceRun> MemoryScripts::runSource(const std::string& source) {
+  return run({source, ScriptOrigin::User});
+}
+
+std::optional<SourceRun> MemoryScripts::runOwnSource(const OwnSource& source) {
+  return run({filledInOrder(source.form, source.texts), ScriptOrigin::Application});
+}
+
+std::optional<SourceRun> MemoryScripts::run(const Source& source) {
+  if (control.unusableSources.contains(source.text))
     return std::nullopt;
-  control.sources.push_back({source, origin});
+  control.sources.push_back(source);
   if (control.sourceRan)
-    control.sourceRan(source);
-  const auto error = control.sourceErrors.find(source);
+    control.sourceRan(source.text);
+  const auto error = control.sourceErrors.find(source.text);
   if (error == control.sourceErrors.end())
     return SourceRun{};
   return SourceRun{error->second};

@@ -9,6 +9,9 @@
 
 namespace tavrel {
 
+/// Whose source was run.
+enum class ScriptOrigin { Application, User };
+
 /// Scripts whose bodies are functions of a test. Ids are counted from 1 and never used twice.
 class MemoryScripts final : public Scripts {
 public:
@@ -25,7 +28,7 @@ public:
     bool hasResult = true;
   };
 
-  /// A source text that was run.
+  /// A source text that was run; of the application's own ones the form with the texts as they are.
   struct Source {
     std::string text;
     ScriptOrigin origin = ScriptOrigin::Application;
@@ -57,13 +60,15 @@ public:
   OSAError store(ComponentInstance component, OSAID script, const std::string& path) override;
   [[nodiscard]] std::unique_ptr<NSAppleScript>
   initWithContentsOfFile(const std::string& path) override;
-  std::optional<SourceRun> runSource(const std::string& source, ScriptOrigin origin) override;
+  std::optional<SourceRun> runSource(const std::string& source) override;
+  std::optional<SourceRun> runOwnSource(const OwnSource& source) override;
 
 private:
   struct Loaded {
     std::string path;
     File file;
   };
+  std::optional<SourceRun> run(const Source& source);
   [[nodiscard]] bool isOpen(ComponentInstance component) const;
   OSAID newId();
 

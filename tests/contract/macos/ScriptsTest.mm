@@ -49,10 +49,12 @@ private:
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Macos, ScriptsContract, MacScriptsWorld);
 
-TEST(MacScripts, ASourceOfTheApplicationsOwnRunsNoShell) {
+TEST(MacScripts, ATextInASourceOfTheApplicationsOwnStaysText) {
   MacScripts scripts;
-  EXPECT_FALSE(scripts.runSource("do shell script \"true\"", ScriptOrigin::Application));
-  EXPECT_TRUE(scripts.runSource("do shell script \"true\"", ScriptOrigin::User));
+  const std::string text = "a\" & (do shell script \"true\") & \"\\";
+  const auto run = scripts.runOwnSource({"error \"%@\" number 1", {text}});
+  ASSERT_TRUE(run && run->error);
+  EXPECT_EQ(*run->error->stringFor("NSAppleScriptErrorMessage"), text);
 }
 
 } // namespace

@@ -108,14 +108,14 @@ TEST_F(MemoryScriptsTest, MayHaveNoComponent) {
 
 TEST_F(MemoryScriptsTest, MakesNoScriptOfAnUnusableSource) {
   control.unusableSources = {"nothing"};
-  EXPECT_FALSE(scripts.runSource("nothing", ScriptOrigin::User));
+  EXPECT_FALSE(scripts.runSource("nothing"));
   EXPECT_THAT(control.sources, ElementsAre());
 }
 
 TEST_F(MemoryScriptsTest, TellsWhoWroteASourceInTheMiddleOfItsRun) {
   std::size_t runs = 0;
   control.sourceRan = [&](const std::string&) { runs = control.sources.size(); };
-  EXPECT_TRUE(scripts.runSource("beep", ScriptOrigin::User));
+  EXPECT_TRUE(scripts.runSource("beep"));
   EXPECT_EQ(runs, 1U);
   EXPECT_THAT(control.sources, ElementsAre(MemoryScripts::Source{"beep", ScriptOrigin::User}));
 }

@@ -151,13 +151,13 @@ TEST_F(ScriptRunner, AScriptInsideAScriptIsLoadedStoredAndDisposedOfByItself) {
 TEST_F(ScriptRunner, ASourceDoesNotPutTheFlagUp) {
   bool during = true;
   control.sourceRan = [&](const std::string&) { during = gExecutingScript; };
-  execScriptSource("beep", ScriptOrigin::User);
+  execScriptSource("beep");
   EXPECT_FALSE(during);
 }
 
 TEST_F(ScriptRunner, ASourceRunsWithTheNameOfItsAuthor) {
-  execScriptSource("beep", ScriptOrigin::User);
-  execScriptSource("beep 2", ScriptOrigin::Application);
+  execScriptSource("beep");
+  execOwnSource({"beep %@", {"2"}});
   EXPECT_THAT(control.sources, ElementsAre(Source{"beep", ScriptOrigin::User},
                                            Source{"beep 2", ScriptOrigin::Application}));
   EXPECT_THAT(logged, IsEmpty());
@@ -166,7 +166,7 @@ TEST_F(ScriptRunner, ASourceRunsWithTheNameOfItsAuthor) {
 TEST_F(ScriptRunner, AFailingSourceIsOneEntryInTheLog) {
   control.sourceErrors.insert(
       {"beep", PropertyList::Dictionary{{"NSAppleScriptErrorNumber", -1728}}});
-  execScriptSource("beep", ScriptOrigin::User);
+  execScriptSource("beep");
   EXPECT_THAT(
       logged,
       ElementsAre("execScriptSource error {\n    NSAppleScriptErrorNumber = \"-1728\";\n}"));
@@ -174,7 +174,7 @@ TEST_F(ScriptRunner, AFailingSourceIsOneEntryInTheLog) {
 
 TEST_F(ScriptRunner, ASourceThatMakesNoScriptIsSilent) {
   control.unusableSources = {"beep"};
-  execScriptSource("beep", ScriptOrigin::User);
+  execScriptSource("beep");
   EXPECT_THAT(logged, IsEmpty());
 }
 
@@ -186,10 +186,10 @@ TEST_F(ScriptRunner, AnApplicationIsActivatedByItsNameAndErrorsAreSilent) {
   EXPECT_THAT(logged, IsEmpty());
 }
 
-TEST_F(ScriptRunner, ANameStaysTextWhateverIsInIt) {
+TEST_F(ScriptRunner, ANameStandsInASourceAsItIs) {
   activateApplication("a\\b \"c\"");
   askToQuit("/apps/a\\b \"c\".desktop");
-  const std::string told = R"(tell application "a\\b \"c\"" to )";
+  const std::string told = R"(tell application "a\b "c"" to )";
   EXPECT_THAT(control.sources, ElementsAre(Source{told + "activate", ScriptOrigin::Application},
                                            Source{told + "quit", ScriptOrigin::Application}));
 }

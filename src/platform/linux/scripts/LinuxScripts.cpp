@@ -1,4 +1,5 @@
 #include "platform/linux/scripts/LinuxScripts.h"
+#include "platform/common/ScriptSource.h"
 
 #include "base/PathString.h"
 #include "platform/linux/scripts/ResourceScript.h"
@@ -110,19 +111,25 @@ std::unique_ptr<NSAppleScript> LinuxScripts::initWithContentsOfFile(const std::s
   return id ? std::make_unique<ResourceScript>(engine_, *id, longRunningScripts_) : nullptr;
 }
 
-std::optional<SourceRun> LinuxScripts::runSource(const std::string& source, ScriptOrigin origin) {
-  const script::Author author =
-      origin == ScriptOrigin::Application ? script::Author::application : script::Author::user;
+std::optional<SourceRun> LinuxScripts::runSource(const std::string& source) {
+  return run(source, script::Author::user);
+}
+
+std::optional<SourceRun> LinuxScripts::runOwnSource(const OwnSource& source) {
+  return run(sourceText(source), script::Author::application);
+}
+
+SourceRun LinuxScripts::run(const std::string& source, script::Author author) {
   const script::Engine::Loaded loaded = engine_.loadSource(source, author);
   if (const auto* error = std::get_if<script::ErrorReport>(&loaded))
-    return SourceRun{script::errorDictionary(*error, source)};
+    return {script::errorDictionary(*error, source)};
   const auto id = std::get<script::ScriptId>(loaded);
   const LongRunningScripts::RunningScript running(longRunningScripts_, "Tavrel");
   const script::RunResult run = engine_.run(id);
   engine_.dispose(id);
   if (!run.error)
-    return SourceRun{};
-  return SourceRun{script::errorDictionary(*run.error, source)};
+    return {};
+  return {script::errorDictionary(*run.error, source)};
 }
 
 } // namespace tavrel

@@ -31,7 +31,8 @@ public:
   OSAError store(ComponentInstance component, OSAID script, const std::string& path) override;
   [[nodiscard]] std::unique_ptr<NSAppleScript>
   initWithContentsOfFile(const std::string& path) override;
-  std::optional<SourceRun> runSource(const std::string& source, ScriptOrigin origin) override;
+  std::optional<SourceRun> runSource(const std::string& source) override;
+  std::optional<SourceRun> runOwnSource(const OwnSource& source) override;
 
 private:
   struct Script {
@@ -44,6 +45,7 @@ private:
   [[nodiscard]] LoadedScript add(const std::string& path, const ScriptFile& file,
                                  const script::Engine::Loaded& loaded);
   [[nodiscard]] OSAError run(const Script& script);
+  [[nodiscard]] SourceRun run(const std::string& source, script::Author author);
 
   script::Engine engine_;
   LongRunningScripts& longRunningScripts_;
