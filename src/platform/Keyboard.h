@@ -10,7 +10,7 @@
 
 namespace tavrel {
 
-/// One character code (in the Mac Roman set) for each of the 128 virtual key codes, 0 for none.
+/// One character for each of the 128 virtual key codes, 0 for none: of Unicode, below 256.
 using CharacterTable = std::array<std::uint8_t, 128>;
 
 /// What the keys of a layout type: a table for each modifier state, the plain one first; other
@@ -42,7 +42,7 @@ public:
   /// The current layout's tables; nothing when the desktop cannot tell.
   [[nodiscard]] virtual std::optional<CharacterTables> characterTables() = 0;
 
-  /// What a key types without modifiers, dead keys cleared: one character code in the low byte
+  /// What a key types without modifiers, dead keys cleared: one Mac Roman code in the low byte
   /// and, where the key types two, another in bits 16 to 23; 0 for nothing.
   [[nodiscard]] virtual std::uint32_t translate(std::uint16_t keyCode) = 0;
 };

@@ -45,7 +45,9 @@ stop() {
   local from=${EPOCHREALTIME/./}
   kill -TERM "$tavrel"
   wait_for 30 "the program to end $1" has_ended
-  echo "$device: ended $1 after $(((${EPOCHREALTIME/./} - from) / 1000)) ms."
+  local took=$(((${EPOCHREALTIME/./} - from) / 1000))
+  echo "$device: ended $1 after $took ms."
+  [ $took -lt 2000 ] || give_up "the program took $took ms to end $1"
 }
 has_ended() { ! kill -0 "$tavrel"; }
 

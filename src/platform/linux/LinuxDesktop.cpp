@@ -96,7 +96,7 @@ struct LinuxDesktop::Adapters {
                                     [this] { clock.skipNextSleep(); }}};
   LinuxAlerts alerts;
   GestureKeyBuffer gestureKeyBuffer{
-      [this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
+      [this](const auto& typed, const auto& down) { accessibility.retype(typed, down); }};
   LinuxApplications applications{registry, windows, resources + "/roles"};
   LinuxAuthorization authorization{uninstallHelperCommand()};
   LinuxBundle bundle{resources};

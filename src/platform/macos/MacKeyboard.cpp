@@ -37,18 +37,27 @@ InputSource currentLayout() {
 }
 
 using Codes = std::array<std::uint8_t, 2>;
+using Units = std::array<UniChar, 2>; ///< 0 where nothing is typed
 
-Codes codesOf(const UCKeyboardLayout& layout, std::uint16_t keyCode, std::uint32_t modifiers) {
+std::uint8_t latin1Code(UniChar unit) {
+  return unit < 256 ? static_cast<std::uint8_t>(unit) : std::uint8_t{0};
+}
+
+Units unitsOf(const UCKeyboardLayout& layout, std::uint16_t keyCode, std::uint32_t modifiers) {
   UInt32 dead = 0;
   UniCharCount count = 0;
   std::array<UniChar, 4> units{};
   const ::OSStatus status =
       UCKeyTranslate(&layout, keyCode, kUCKeyActionDown, modifiers, LMGetKbdType(),
                      kUCKeyTranslateNoDeadKeysMask, &dead, units.size(), &count, units.data());
-  Codes codes{};
-  for (std::size_t i = 0; status == noErr && i < std::min<std::size_t>(count, codes.size()); ++i)
-    codes[i] = macRomanCode(units[i]);
-  return codes;
+  Units typed{};
+  for (std::size_t i = 0; status == noErr && i < std::min<std::size_t>(count, typed.size()); ++i)
+    typed[i] = units[i];
+  return typed;
+}
+
+Codes codesOf(const Units& units) {
+  return {macRomanCode(units[0]), macRomanCode(units[1])};
 }
 
 const UCKeyboardLayout* tablesIn(CFDataRef data) {
@@ -58,7 +67,7 @@ const UCKeyboardLayout* tablesIn(CFDataRef data) {
 CharacterTable tableOf(const UCKeyboardLayout& layout, std::uint32_t modifiers) {
   CharacterTable table{};
   for (std::uint16_t key = 0; key < table.size(); ++key)
-    table[key] = codesOf(layout, key, modifiers)[0];
+    table[key] = latin1Code(unitsOf(layout, key, modifiers)[0]);
   return table;
 }
 
@@ -105,7 +114,7 @@ std::uint32_t MacKeyboard::translate(std::uint16_t keyCode) {
   const UCKeyboardLayout* layout = tablesIn(layoutData(source));
   if (!layout)
     return 0;
-  const Codes codes = codesOf(*layout, keyCode, 0);
+  const Codes codes = codesOf(unitsOf(*layout, keyCode, 0));
   return translatedKey(codes[0], codes[1]);
 }
 

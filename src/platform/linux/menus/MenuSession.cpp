@@ -145,8 +145,8 @@ bool MenuSession::eventFilter(QObject*, QEvent* event) {
     return false;
   const auto& key = static_cast<QKeyEvent&>(*event);
   if (!root_.isVisible()) {
-    keyForwarder_->keepKey(key.nativeScanCode(), directionOf(key),
-                           static_cast<std::uint32_t>(key.timestamp()));
+    keyForwarder_->keepKey({key.nativeScanCode(), directionOf(key),
+                            static_cast<std::uint32_t>(key.timestamp()), key.nativeModifiers()});
     return true;
   }
   setOption(optionIn(QGuiApplication::queryKeyboardModifiers()));

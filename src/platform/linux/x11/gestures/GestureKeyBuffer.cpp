@@ -24,9 +24,10 @@ std::uint32_t hiddenWindow(xcb_connection_t& server) {
   return window;
 }
 
-bool isMessageTo(std::uint32_t window, const xcb_generic_event_t& event) {
-  return (event.response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
-         reinterpret_cast<const xcb_client_message_event_t&>(event).window == window;
+bool isMarker(const xcb_generic_event_t& event, std::uint32_t window, std::uint32_t marker) {
+  const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+  return (event.response_type & 0x7f) == XCB_CLIENT_MESSAGE && message.window == window &&
+         message.data.data32[0] == marker;
 }
 } // namespace
 
@@ -81,11 +82,13 @@ void GestureKeyBuffer::stop() {
 // Key events that came during the grab lie before the message in the toolkit's queue.
 void GestureKeyBuffer::drainQueuedKeys() {
   phase_ = Phase::draining;
+  downAfterKeys_ = KeyboardGrab::downAtLastRelease();
   xcb_connection_t* server = qtConnection();
   xcb_client_message_event_t message{};
   message.response_type = XCB_CLIENT_MESSAGE;
   message.format = 32;
   message.window = markerWindow_;
+  message.data.data32[0] = ++lastMarker_;
   xcb_send_event(server, 0, markerWindow_, XCB_EVENT_MASK_NO_EVENT,
                  reinterpret_cast<const char*>(&message));
   xcb_flush(server);
@@ -95,11 +98,9 @@ RecordedKeyEvents GestureKeyBuffer::handOverToMenu() {
   if (!currentBuffer)
     return {};
   GestureKeyBuffer& buffer = *currentBuffer;
-  if (buffer.phase_ == Phase::buffering) {
-    buffer.stopTimer_.stop();
-    buffer.phase_ = Phase::idle;
-    buffer.grab_.reset();
-  }
+  buffer.stopTimer_.stop();
+  buffer.phase_ = Phase::idle;
+  buffer.grab_.reset();
   buffer.watchdog_->setMenuIsOpen(true);
   KeyboardGrab::take(); // the watchdog may have released it a moment ago
   return std::exchange(buffer.keys_, {});
@@ -125,7 +126,7 @@ bool GestureKeyBuffer::nativeEventFilter(const QByteArray& type, void* message, 
   if (phase_ == Phase::idle || type != "xcb_generic_event_t")
     return false;
   const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-  if (phase_ == Phase::draining && isMessageTo(markerWindow_, event)) {
+  if (phase_ == Phase::draining && isMarker(event, markerWindow_, lastMarker_)) {
     replayKeys();
     return true;
   }
@@ -139,7 +140,7 @@ void GestureKeyBuffer::replayKeys() {
   phase_ = Phase::idle;
   const RecordedKeyEvents keys = inTheirOrder(std::exchange(keys_, {}));
   if (!keys.empty())
-    replay_(keys);
+    replay_(keys, downAfterKeys_);
 }
 
 } // namespace tavrel

@@ -23,7 +23,8 @@ namespace tavrel {
 /// installed first, and the hot keys have to see their own keys before this does.
 class GestureKeyBuffer final : private QAbstractNativeEventFilter {
 public:
-  using Replay = std::function<void(const RecordedKeyEvents&)>;
+  /// With the keys that were down after the last event.
+  using Replay = std::function<void(const RecordedKeyEvents&, const ServerKeySet& down)>;
 
   /// Needs a QGuiApplication. There is one at a time. `replay` types keys into the application in
   /// front.
@@ -63,10 +64,12 @@ private:
   Replay replay_;
   Phase phase_ = Phase::idle;
   RecordedKeyEvents keys_;
+  ServerKeySet downAfterKeys_;
   std::optional<KeyboardGrab> grab_;
   std::unique_ptr<KeyboardGrabWatchdog> watchdog_; ///< null without an X server
   /// A hidden window. A message sent to it when the grab ends marks the end of the keys before.
   std::uint32_t markerWindow_ = 0;
+  std::uint32_t lastMarker_ = 0; ///< what the message for the last grab says
   QTimer stopTimer_;
 };
 

@@ -42,6 +42,8 @@ std::set<std::uint32_t> buttonsDown(xcb_connection_t& connection) {
   return buttons;
 }
 
+constexpr int mostTurns = 10; // keys may come without end
+
 ServerKeySet withAnotherKey(ServerKeySet keys) {
   return keys.set(noServerKey);
 }
@@ -128,7 +130,6 @@ void LinuxEventMonitor::readUpToNow() {
 
 // What was read last is the truth if no event came after it.
 void LinuxEventMonitor::synchronize() {
-  constexpr int mostTurns = 10; // keys may come without end
   for (int turn = 0; turn < mostTurns && input_; ++turn) {
     const std::set<std::uint32_t> buttons = buttonsDown(input_->connection());
     const auto down = keysDown(input_->connection());
@@ -182,7 +183,7 @@ void LinuxEventMonitor::deliverChanges() {
   if (deliveries_ > 0 && KeyboardGrab::isHeld())
     return taps_->changes.clear();
   ++deliveries_;
-  while (taps_ && !taps_->changes.empty()) {
+  for (int turn = 0; turn < mostTurns && taps_ && !taps_->changes.empty(); ++turn) {
     const auto before = std::exchange(delivery_, Delivery{taps_->changes.front()});
     taps_->changes.pop_front();
     if (!isScreenLocked(input_->connection())) // nothing opens over the password prompt
@@ -191,6 +192,8 @@ void LinuxEventMonitor::deliverChanges() {
     synchronize(); // the notifier is silent about what came along with replies meanwhile
   }
   --deliveries_;
+  if (taps_ && !taps_->changes.empty())
+    deliverLater(); // after signals, the bus and the tray
 }
 
 void LinuxEventMonitor::callHandlers() {

@@ -59,6 +59,8 @@ LinuxHotKeys::LinuxHotKeys(OwnKeystrokes& own, GestureKeyBuffer* keyBuffer)
 
 LinuxHotKeys::~LinuxHotKeys() {
   own_.setHotKeySwitch({});
+  if (!connection_)
+    return;
   for (const Registered& key : registered_)
     ungrabKeys(*connection_, key.grabs);
   if (!registered_.empty())
@@ -105,7 +107,8 @@ OSStatus LinuxHotKeys::unregisterHotKey(EventHotKeyRef reference) {
                                   [&](const auto& key) { return key.reference == reference; });
   if (found == registered_.end())
     return hotKeyStatus::unknown;
-  ungrabKeys(*connection_, found->grabs);
+  if (connection_)
+    ungrabKeys(*connection_, found->grabs);
   registered_.erase(found);
   pressed_.forget(reference);
   return hotKeyStatus::registered;

@@ -47,13 +47,14 @@ bool MenuKeyForwarder::nativeEventFilter(const QByteArray& eventType, void* mess
   return false;
 }
 
-void MenuKeyForwarder::keepKey(std::uint32_t code, KeyDirection direction, std::uint32_t time) {
-  if (code == 0)
+void MenuKeyForwarder::keepKey(const ReadKey& read) {
+  if (read.code == 0)
     return; // an event that the toolkit made up, from no keyboard
   xcb_key_press_event_t key{};
-  key.response_type = direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
-  key.detail = static_cast<xcb_keycode_t>(code);
-  key.time = time;
+  key.response_type = read.direction == KeyDirection::down ? XCB_KEY_PRESS : XCB_KEY_RELEASE;
+  key.detail = static_cast<xcb_keycode_t>(read.code);
+  key.time = read.time;
+  key.state = static_cast<std::uint16_t>(read.modifiers);
   pendingKeys_.push_back(key);
 }
 

@@ -25,9 +25,15 @@ public:
 
   /// For when something has released the grab meanwhile.
   void grabAgain() { KeyboardGrab::take(); }
-  /// Keeps a key (the server's code and time) that the toolkit had read already when the menu
-  /// closed.
-  void keepKey(std::uint32_t code, KeyDirection direction, std::uint32_t time);
+  /// A key event that the toolkit has read: the server's code, time and modifiers.
+  struct ReadKey {
+    std::uint32_t code;
+    KeyDirection direction;
+    std::uint32_t time;
+    std::uint32_t modifiers;
+  };
+  /// Keeps one that the toolkit had read already when the menu closed.
+  void keepKey(const ReadKey& read);
 
   bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/keyboard/KeyboardGrab.h"
 
+#include "platform/linux/x11/keyboard/KeysDown.h"
 #include "platform/linux/x11/server/QtConnection.h"
 #include "platform/linux/x11/server/XcbReply.h"
 
@@ -9,6 +10,7 @@ namespace tavrel {
 
 namespace {
 int grabCount = 0;
+ServerKeySet keysAtRelease;
 
 // A hidden window that injected events are sent to, which tells them from others.
 xcb_window_t injectionWindow() {
@@ -50,8 +52,15 @@ void KeyboardGrab::release() {
   xcb_connection_t* server = qtConnection();
   if (!server)
     return;
+  const auto keys = xcb_query_keymap(server);
   xcb_ungrab_keyboard(server, XCB_CURRENT_TIME);
+  if (const auto down = xcbReply(xcb_query_keymap_reply(server, keys, nullptr)))
+    keysAtRelease = keySet(down->keys);
   waitForServer();
+}
+
+ServerKeySet KeyboardGrab::downAtLastRelease() {
+  return keysAtRelease;
 }
 
 bool KeyboardGrab::isHeld() {

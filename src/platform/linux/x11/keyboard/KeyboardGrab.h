@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/x11/keyboard/RecordedKeyEvents.h"
+#include "platform/linux/x11/keyboard/ServerKey.h"
 
 #include <cstdint>
 
@@ -21,6 +22,8 @@ public:
   /// Returns when the server has released it: keys posted from here on reach the application in
   /// front.
   static void release();
+  /// The keys that were down when it was released last.
+  [[nodiscard]] static ServerKeySet downAtLastRelease();
   /// Whether any object lives, so that a grab released for a moment is to be taken again.
   [[nodiscard]] static bool isHeld();
 

@@ -16,11 +16,18 @@ xkb_mod_mask_t maskOf(xkb_keymap& keymap, const char* modifier) {
   return index == XKB_MOD_INVALID ? 0 : xkb_mod_mask_t{1} << index;
 }
 
+std::uint8_t latin1Code(std::uint32_t character) {
+  return character < 256 ? static_cast<std::uint8_t>(character) : std::uint8_t{0};
+}
+
+using CodeOf = std::uint8_t (*)(std::uint32_t character);
+
 /// Adds to a table what the keys of a block type in a state; a place keeps what it has.
 class TypedCharacters {
 public:
-  explicit TypedCharacters(xkb_keymap& keymap)
-      : keymap_(keymap), places_(keyTranslation(keymap)), state_(xkb_state_new(&keymap)) {}
+  TypedCharacters(xkb_keymap& keymap, CodeOf codeOf)
+      : keymap_(keymap), codeOf_(codeOf), places_(keyTranslation(keymap)),
+        state_(xkb_state_new(&keymap)) {}
 
   void add(CharacterTable& table, KeyBlock block, std::uint32_t group, xkb_mod_mask_t modifiers) {
     if (!state_)
@@ -29,11 +36,12 @@ public:
                           group);
     for (xkb_keycode_t key = 0; key < places_.size(); ++key)
       if (places_[key] < table.size() && table[places_[key]] == 0 && blockOf(keymap_, key) == block)
-        table[places_[key]] = macRomanCode(xkb_state_key_get_utf32(state_.get(), key));
+        table[places_[key]] = codeOf_(xkb_state_key_get_utf32(state_.get(), key));
   }
 
 private:
   xkb_keymap& keymap_;
+  CodeOf codeOf_;
   KeyTranslation places_;
   std::unique_ptr<xkb_state, XkbStateUnref> state_;
 };
@@ -42,7 +50,7 @@ void appendLevels(std::vector<CharacterTable>& tables, xkb_keymap& keymap, KeyBl
                   std::uint32_t group) {
   const xkb_mod_mask_t shift = maskOf(keymap, XKB_MOD_NAME_SHIFT);
   const xkb_mod_mask_t third = maskOf(keymap, "Mod5");
-  TypedCharacters typed(keymap);
+  TypedCharacters typed(keymap, latin1Code);
   for (const xkb_mod_mask_t modifiers : {xkb_mod_mask_t{0}, shift, third, shift | third})
     typed.add(tables.emplace_back(), block, group, modifiers);
 }
@@ -69,7 +77,7 @@ std::vector<CharacterTable> characterTablesOf(xkb_context& context, xkb_keymap& 
 
 CharacterTable plainTableOf(xkb_keymap& keymap, std::uint32_t group) {
   CharacterTable table{};
-  TypedCharacters typed(keymap);
+  TypedCharacters typed(keymap, [](std::uint32_t character) { return macRomanCode(character); });
   typed.add(table, KeyBlock::main, group, 0);
   typed.add(table, KeyBlock::keypad, group, 0);
   return table;

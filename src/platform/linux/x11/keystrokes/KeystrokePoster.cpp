@@ -135,6 +135,7 @@ bool KeystrokePoster::type(const Typing& typing, const std::function<void()>& me
         if (isTyped)
           touched = sendAlone(typing, disturbing);
       });
+      KeyboardGrab::release(); // and one pressed since keeps back our own
     });
     return touched;
   };
@@ -211,34 +212,38 @@ ServerKeySet KeystrokePoster::grabAgain(PhysicalKeyboards& pressed) {
   return touched;
 }
 
-void KeystrokePoster::retype(const RecordedKeyEvents& events) {
+void KeystrokePoster::retype(const RecordedKeyEvents& events, const ServerKeySet& downAfter) {
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)
     return;
-  const ServerKeySet down = server_->down();
   const ModifierKeys modifiers = server_->modifierKeys(*keymap);
-  const auto keys = keysToRetype(events, down, modifiers, server_->lockKeys(*keymap));
+  const auto keys = keysToRetype(events, downAfter, modifiers, server_->lockKeys(*keymap));
   if (keys.empty())
     return;
   own_.begin();
-  ServerKeySet touched = down & modifiers.keys;
-  for (const ServerKey& key : keys)
-    touched.set(key.code, down[key.code]);
   const std::uint32_t group = server_->group();
   const Typing typing{{keys, group}, modifiers, group, 0};
+  ServerKeySet touched;
   if (!KeyboardGrab::isHeld())
     KeyboardGrab::release(); // as in `type`
-  server_->alone([&] { (void)sendAlone(typing, touched); });
+  server_->alone([&] { touched = sendAlone(typing, modifiers.keys | codesOf(typing.chord)); });
   restore(touched, modifiers.keys);
-  // A hot key among them keeps the rest of them back until the event loop has read it.
+  own_.end();
+  restoreLater(touched, modifiers.keys);
+}
+
+// A hot key among the keys keeps the rest of them back until the event loop has read it; it may
+// begin a gesture, too.
+void KeystrokePoster::restoreLater(const ServerKeySet& touched, const ServerKeySet& modifiers) {
   QTimer::singleShot(releasePollInterval, &releasePoll_, [this, touched, modifiers] {
-    if (KeyboardGrab::isHeld() || !hasServer())
+    if (KeyboardGrab::isHeld())
+      return restoreLater(touched, modifiers);
+    if (!hasServer())
       return;
     own_.begin();
-    restore(touched, modifiers.keys);
+    restore(touched, modifiers);
     own_.end();
   });
-  own_.end();
 }
 
 // What was touched becomes as the user has it now: the server does not see all that happens while

@@ -50,8 +50,8 @@ public:
   void bringToFront(std::int32_t process);
   /// Types what the user typed during our keyboard grab once more, for the client that has the
   /// focus now. A key that the user still holds arrives as pressed and released; a modifier stays
-  /// down.
-  void retype(const RecordedKeyEvents& events);
+  /// down. `downAfter` is what was down after the last event.
+  void retype(const RecordedKeyEvents& events, const ServerKeySet& downAfter);
 
 private:
   bool hasServer();
@@ -71,6 +71,7 @@ private:
   ServerKeySet grabAgain(PhysicalKeyboards& pressed);
   void restore(const ServerKeySet& touched, const ServerKeySet& modifiers);
   [[nodiscard]] bool restoreOnce(const ServerKeySet& touched, const ServerKeySet& modifiers);
+  void restoreLater(const ServerKeySet& touched, const ServerKeySet& modifiers);
   void releaseWithUser();
 
   DesktopWindows& windows_;

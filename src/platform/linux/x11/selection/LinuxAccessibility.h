@@ -29,7 +29,9 @@ public:
   bool postKeyboardEvent(const AXUIElementRef& application, const KeyboardEvent& event) override;
 
   /// See KeystrokePoster.
-  void retype(const RecordedKeyEvents& events) { poster_.retype(events); }
+  void retype(const RecordedKeyEvents& events, const ServerKeySet& down) {
+    poster_.retype(events, down);
+  }
 
 private:
   DesktopWindows& windows_;

@@ -103,6 +103,15 @@ TEST(LinuxKeyboard, GermanUmlautsAreMacRomanAndDeadKeysTypeNothing) {
   EXPECT_EQ(world.adapter.layoutIdentifier(), "com.apple.keylayout.De");
 }
 
+TEST(LinuxKeyboard, AnUmlautInTheTablesIsTheCharacterThatAShortcutNames) {
+  LinuxWorld world;
+  world.use("de");
+  const auto layout = world.adapter.characterTables();
+  ASSERT_TRUE(layout);
+  EXPECT_EQ(layout->tables[0][33], 0xFCU) << "u with two dots";
+  EXPECT_EQ(layout->tables[1][33], 0xDCU) << "the capital";
+}
+
 TEST(LinuxKeyboard, CyrillicLettersHaveNoCodeOfTheirOwn) {
   LinuxWorld world;
   world.use("ru");

@@ -137,7 +137,7 @@ protected:
   OwnKeystrokes own;
   LinuxAccessibility accessibility{{registry, windows, own, nullptr}};
   GestureKeyBuffer keyBuffer{
-      [this](const RecordedKeyEvents& typed) { accessibility.retype(typed); }};
+      [this](const auto& typed, const auto& down) { accessibility.retype(typed, down); }};
   LinuxHotKeys hotKeys{own, &keyBuffer};
   LinuxPresenter presenter;
   std::unique_ptr<KeystrokeServer> server = KeystrokeServer::create();
