@@ -4,7 +4,9 @@ install(TARGETS tavrel tavrel-osacompile RUNTIME DESTINATION bin)
 if(TARGET tavrel-uninstall-helper)
   install(TARGETS tavrel-uninstall-helper RUNTIME DESTINATION libexec/tavrel)
 endif()
-install(DIRECTORY resources/ DESTINATION share/tavrel USE_SOURCE_PERMISSIONS PATTERN scripts EXCLUDE)
+install(DIRECTORY resources/ DESTINATION share/tavrel USE_SOURCE_PERMISSIONS
+  PATTERN scripts EXCLUDE PATTERN localizations EXCLUDE)
+install(DIRECTORY ${TAVREL_BUILT_TEXTS} DESTINATION share/tavrel)
 install(FILES ${COMPILED_SCRIPTS} DESTINATION share/tavrel/scripts)
 install(FILES docs/tavrel.1 docs/tavrel-osacompile.1 DESTINATION share/man/man1)
 install(FILES resources/icons/qorvane.tavrel.Tavrel.svg

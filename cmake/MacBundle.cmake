@@ -43,10 +43,10 @@ if(RSVG_CONVERT AND ICONUTIL)
 endif()
 
 set(COPY_FOLDERS)
-foreach(folder localizations sounds images)
+foreach(folder ${TAVREL_BUILT_TEXTS} ${CMAKE_SOURCE_DIR}/resources/sounds
+    ${CMAKE_SOURCE_DIR}/resources/images)
   list(APPEND COPY_FOLDERS
-    COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/resources/${folder}
-      ${BUNDLE_RESOURCES})
+    COMMAND ${CMAKE_COMMAND} -E copy_directory ${folder} ${BUNDLE_RESOURCES})
 endforeach()
 add_custom_target(bundle_resources DEPENDS ${BUNDLE_FILES} VERBATIM
   COMMAND ${CMAKE_COMMAND} -E make_directory ${BUNDLE_RESOURCES}

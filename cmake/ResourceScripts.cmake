@@ -1,9 +1,10 @@
-# The resource folder of the build tree: that of the sources, by links, with the scripts compiled.
+# The resource folder of the build tree: that of the sources, by links, with the scripts compiled and
+# the addresses in the texts.
 set(TAVREL_BUILT_RESOURCES ${CMAKE_BINARY_DIR}/resources)
 file(MAKE_DIRECTORY ${TAVREL_BUILT_RESOURCES}/scripts)
 file(GLOB ENTRIES CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/resources
   ${CMAKE_SOURCE_DIR}/resources/*)
-list(REMOVE_ITEM ENTRIES scripts)
+list(REMOVE_ITEM ENTRIES scripts localizations)
 foreach(entry IN LISTS ENTRIES)
   file(CREATE_LINK ${CMAKE_SOURCE_DIR}/resources/${entry} ${TAVREL_BUILT_RESOURCES}/${entry}
     SYMBOLIC)

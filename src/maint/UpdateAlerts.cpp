@@ -1,6 +1,7 @@
 #include "maint/UpdateAlerts.h"
 
 #include "base/Format.h"
+#include "base/Url.h"
 #include "controller/Localized.h"
 #include "platform/Alerts.h"
 #include "platform/Platform.h"
@@ -16,6 +17,13 @@ void tell(const char* title, const char* message) {
   (void)platform().alerts.run({.title = filled(localized(title), product),
                                .message = filled(localized(message), product),
                                .defaultButton = localized("OK")});
+}
+
+// The list comes from elsewhere: a file's address in it would start that file.
+void openPage(const std::string& url) {
+  const std::string scheme = urlScheme(url);
+  if ((scheme == "https" || scheme == "http") && url.substr(scheme.size()).starts_with("://"))
+    platform().workspace.openUrl(url);
 }
 
 } // namespace
@@ -37,9 +45,9 @@ void offerNewVersion(const std::string& version, const std::string& url) {
        .otherButton = localized("Download")});
   if (answer == AlertAnswer::alternate)
     return;
-  platform().workspace.openUrl(url);
+  openPage(url);
   if (answer == AlertAnswer::standard)
-    platform().workspace.openUrl(localized("HistoryPageURL"));
+    openPage(localized("HistoryPageURL"));
 }
 
 } // namespace tavrel

@@ -50,7 +50,7 @@ void doCheckUpdates() {
 
 bool checkForUpdatesAndNotifyIfUnsuccessful(NotifyIfUnsuccessful notify) {
   const std::string url = localized("UPDATE_PLIST_URL");
-  const auto list = platform().web.dictionaryAt(url);
+  const auto list = url.empty() ? std::nullopt : platform().web.dictionaryAt(url);
   if (list && checkForTavrelUpdatesAndNotifyIfUnsuccessful(notify, *list))
     return true;
   if (notify == NotifyIfUnsuccessful::yes)

@@ -176,6 +176,23 @@ TEST_F(UpdateCheck, WithoutAnAddressTheHistoryIsStillShown) {
   EXPECT_THAT(opened, ::testing::Contains("http://x/history"));
 }
 
+TEST_F(UpdateCheck, WithoutAnAddressOfTheListNothingIsFetched) {
+  desktop.bundle.control.strings["UPDATE_PLIST_URL"] = "";
+  doCheckUpdates();
+  EXPECT_THAT(fetched, IsEmpty());
+  EXPECT_THAT(shown, IsEmpty());
+}
+
+TEST_F(UpdateCheck, AListOpensPagesOfTheWebAlone) {
+  for (const char* url : {"file:///tmp/x.desktop", "/tmp/x.desktop", "smb://host/x", "http:/x",
+                          "x-https://x", "", "javascript:x", "HTTPS://x/get"}) {
+    offer({{"version", "9"}, {"url", url}});
+    desktop.alerts.control.answers = {AlertAnswer::other};
+    (void)checkForUpdatesAndNotifyIfUnsuccessful(NotifyIfUnsuccessful::no);
+  }
+  EXPECT_THAT(opened, ElementsAre("HTTPS://x/get"));
+}
+
 TEST_F(UpdateCheck, WhoeverAskedHearsThatNothingIsNewer) {
   install("3");
   offer("2");
