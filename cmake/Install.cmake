@@ -5,7 +5,7 @@ if(TARGET tavrel-uninstall-helper)
   install(TARGETS tavrel-uninstall-helper RUNTIME DESTINATION libexec/tavrel)
 endif()
 install(DIRECTORY resources/ DESTINATION share/tavrel USE_SOURCE_PERMISSIONS
-  PATTERN scripts EXCLUDE PATTERN localizations EXCLUDE)
+  PATTERN scripts EXCLUDE PATTERN localizations EXCLUDE PATTERN macos EXCLUDE)
 install(DIRECTORY ${TAVREL_BUILT_TEXTS} DESTINATION share/tavrel)
 install(FILES ${COMPILED_SCRIPTS} DESTINATION share/tavrel/scripts)
 install(FILES docs/tavrel.1 docs/tavrel-osacompile.1 DESTINATION share/man/man1)

@@ -30,6 +30,12 @@ void nameWindows() {
 }
 
 int run(int argc, char** argv) {
+  if (!tavrel::LinuxDesktop::hasDisplay()) {
+    std::fputs("tavrel: no display: neither the X server of DISPLAY nor the Wayland compositor of "
+               "WAYLAND_DISPLAY answers\n",
+               stderr);
+    return 1;
+  }
   QApplication qt(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   tavrel::SingleInstance instance;

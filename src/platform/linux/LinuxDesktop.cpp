@@ -1,4 +1,6 @@
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/system/CompositorCheck.h"
+#include "platform/linux/x11/server/ServerCheck.h"
 
 #include "platform/common/InProcessNotificationCenter.h"
 #include "platform/linux/applications/ApplicationRegistry.h"
@@ -44,6 +46,7 @@
 #include "platform/linux/x11/selection/LinuxAccessibility.h"
 #include "platform/linux/x11/windows/DesktopWindows.h"
 
+#include <cstdlib>
 #include <utility>
 
 namespace tavrel {
@@ -157,6 +160,11 @@ struct LinuxDesktop::Adapters {
                  log,           textEncodings,
                  web,           workspace};
 };
+
+// The user may have chosen a display of another kind for the toolkit.
+bool LinuxDesktop::hasDisplay() {
+  return std::getenv("QT_QPA_PLATFORM") != nullptr || serverAnswers() || compositorAnswers();
+}
 
 LinuxDesktop::LinuxDesktop(std::string copyKeyExceptions)
     : adapters_(std::make_unique<Adapters>(std::move(copyKeyExceptions))) {

@@ -1,8 +1,7 @@
 #include "platform/linux/x11/clipboard/LinuxPasteboards.h"
 
 #include "platform/linux/plists/PropertyListCodec.h"
-
-#include <QGuiApplication>
+#include "platform/linux/x11/server/QtConnection.h"
 
 namespace tavrel {
 
@@ -18,9 +17,8 @@ std::optional<PropertyList> fromXml(const Bytes& bytes) {
 
 // The first of the toolkit's window numbers, by which its windows, our menus among them, are known.
 xcb_window_t toolkitWindows() {
-  const auto* x11 =
-      qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-  return x11 ? xcb_get_setup(x11->connection())->resource_id_base : xcb_window_t{XCB_WINDOW_NONE};
+  xcb_connection_t* server = qtConnection();
+  return server ? xcb_get_setup(server)->resource_id_base : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 } // namespace
