@@ -108,8 +108,8 @@ void TVController::performAppHotkey() {
   const AXUIElementRef application = frontElement();
   unregisterAllHotkeys(); // or the keystroke would be caught again
   postModifiers(application, KeyDirection::down);
-  postKey(application, {gAppCharCode, gAppKeyCode, KeyDirection::down});
-  postKey(application, {gAppCharCode, gAppKeyCode, KeyDirection::up});
+  postKey(application, {gAppCharCode, gAppKeyCode, KeyDirection::down, KeyPurpose::handedOn});
+  postKey(application, {gAppCharCode, gAppKeyCode, KeyDirection::up, KeyPurpose::handedOn});
   postModifiers(application, KeyDirection::up);
   registerHotkeys();
 }

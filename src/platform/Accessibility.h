@@ -23,8 +23,9 @@ enum class KeyDirection { down, up };
 
 /// What a keystroke is posted for. A program may be asked for its selection, or given a paste, by
 /// another key than that of the event, or by none (see the desktop's adapter); a plain keystroke
-/// arrives as it is.
-enum class KeyPurpose { keystroke, copySelection, pasteSelection };
+/// arrives as it is. One that is handed on is a hot key that the user pressed: it arrives with the
+/// modifiers that the events name and no other, also where its character needs Shift.
+enum class KeyPurpose { keystroke, handedOn, copySelection, pasteSelection };
 
 /// One key going down or up, as an application is to receive it.
 struct KeyboardEvent {

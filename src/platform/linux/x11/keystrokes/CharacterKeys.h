@@ -7,8 +7,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tavrel {
+
+/// Which characters of a key count: those that it types plain or with Shift, or those of the third
+/// level (AltGr), too.
+enum class KeyLevels { two, four };
 
 /// A key that types a character, with the group and the Shift state in which it does.
 struct CharacterKey {
@@ -23,7 +28,7 @@ struct CharacterKey {
 /// Finds the keys that type characters on a layout.
 class CharacterKeys {
 public:
-  CharacterKeys(const TypingLayout& layout, CapsLock capsLock);
+  CharacterKeys(const TypingLayout& layout, CapsLock capsLock, KeyLevels levels = KeyLevels::two);
 
   /// The key that types the event's character, else the one in the place of its key code.
   [[nodiscard]] std::optional<CharacterKey> keyFor(const KeyboardEvent& event);
@@ -34,12 +39,13 @@ private:
                                            std::optional<std::uint8_t> first);
   std::optional<std::uint8_t> codeThatTypes(std::uint32_t character,
                                             std::optional<std::uint8_t> first, KeyBlock block);
-  void setState(std::uint32_t group, bool withShift);
+  void setState(std::uint32_t group, xkb_mod_mask_t modifiers);
 
   xkb_keymap& keymap_;
   std::uint32_t group_;
   std::unique_ptr<xkb_state, XkbStateUnref> state_;
   xkb_mod_mask_t shift_;
+  std::vector<xkb_mod_mask_t> levels_;
   xkb_mod_mask_t locked_;
 };
 

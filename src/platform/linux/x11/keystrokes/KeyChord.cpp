@@ -112,7 +112,10 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
       hasAny(events, {keyCode::option, rightOption, keyCode::control, rightControl});
   const bool isShortcut = hasCommand || hasOthers;
   // A shortcut is the same whether Caps Lock is on or off; a typed character is not.
-  CharacterKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock);
+  const bool isHandedOn =
+      std::ranges::find(events, KeyPurpose::handedOn, &KeyboardEvent::purpose) != events.end();
+  CharacterKeys typing(layout, isShortcut ? CapsLock::off : layout.capsLock,
+                       isHandedOn ? KeyLevels::four : KeyLevels::two);
   const auto shift = modifierKeyFor(layout.keymap, keyCode::shift);
   KeyChord chord{{}, layout.group, true};
   for (const KeyboardEvent& event : events) {
@@ -129,7 +132,7 @@ KeyChord keyChord(const std::vector<KeyboardEvent>& events, const TypingLayout& 
       continue;
     // Where digits need Shift, as on French keyboards, shortcuts are pressed without it.
     const bool takesShift =
-        key->withShift && !hasShift && !(isShortcut && isDigit(event.character));
+        key->withShift && !hasShift && !isHandedOn && !(isShortcut && isDigit(event.character));
     chord.group = key->group;
     appendKey(chord.keys, *key, takesShift ? shift : std::nullopt, event.direction);
   }

@@ -94,7 +94,9 @@ void KeystrokePoster::sendChord() {
   chordTimeout_.stop();
   const std::vector<KeyboardEvent> events = std::exchange(pendingEvents_, {});
   const KeyPurpose purpose = events.front().purpose;
-  if (purpose != KeyPurpose::keystroke && selectionHandler_)
+  const bool isForSelection =
+      purpose == KeyPurpose::copySelection || purpose == KeyPurpose::pasteSelection;
+  if (isForSelection && selectionHandler_)
     return selectionHandler_(purpose, process_);
   const XkbKeymap keymap = hasServer() ? server_->keymap() : nullptr;
   if (!keymap)

@@ -23,7 +23,7 @@ namespace tavrel {
 /// is posted as it is; one of which the keyboard lacks a key is not posted at all.
 class KeystrokePoster {
 public:
-  /// Called with a complete chord that is no plain keystroke, and the process it is for.
+  /// Called with a complete chord that copies or pastes, and the process it is for.
   using SelectionHandler = std::function<void(KeyPurpose, std::int32_t process)>;
 
   KeystrokePoster(DesktopWindows& windows, OwnKeystrokes& own);

@@ -135,6 +135,27 @@ TEST(KeyChord, ASlashIsTypedOnTheMainKeysAlsoWhereItNeedsShift) {
   }
 }
 
+// It was pressed as Ctrl and the key, whatever that takes to type the character.
+TEST(KeyChord, AShortcutIsHandedOnWithItsOwnModifiersAlone) {
+  struct Shortcut {
+    const char* layout;
+    char16_t character;
+    std::uint16_t usPlace;
+    std::uint8_t key;
+  };
+  for (const auto& [layout, character, usPlace, key] :
+       {Shortcut{"de", '/', 44, 16}, Shortcut{"de", '[', 33, 17}, Shortcut{"fr", '.', 47, 59},
+        Shortcut{"us", '/', 44, 61}}) {
+    const XkbKeymap keymap = layoutNamed(layout);
+    const std::vector<KeyboardEvent> chord{
+        {0, 55, KeyDirection::down},
+        {character, usPlace, KeyDirection::down, KeyPurpose::handedOn},
+        {character, usPlace, KeyDirection::up, KeyPurpose::handedOn},
+        {0, 55, KeyDirection::up}};
+    EXPECT_EQ(pressed(keyChord(chord, {*keymap})), (Keys{control, key})) << layout;
+  }
+}
+
 TEST(KeyChord, InsertIsTheKeyThatActsAsIt) {
   constexpr std::uint8_t insert = 118;
   const XkbKeymap us = layoutNamed("us");
